@@ -1,0 +1,62 @@
+#ifndef TESSEL_AREA_H
+#define TESSEL_AREA_H
+
+#include <objectbase/Coordinate.h>
+#include <objectbase/ITesselObject.h>
+#include <objectbase/objectbase_export.h>
+
+#include <QString>
+#include <QVector>
+
+namespace TESSEL {
+
+/// A named area on the earth: the corners of a polygon, in order. Complete when it has a name.
+class OBJECTBASE_EXPORT Area : public ITesselObject {
+public:
+    Area();
+    Area(const Area &other);
+    Area &operator=(const Area &other);
+    ~Area() override;
+
+    [[nodiscard]] const QString &GetName() const noexcept { return name; }
+    void SetName(const QString &text);
+
+    [[nodiscard]] QVector<Coordinate> &GetCoordinate() noexcept { return coordinates; }
+    [[nodiscard]] const QVector<Coordinate> &GetCoordinate() const noexcept { return coordinates; }
+    void AddCoordinate(const Coordinate &coordinate);
+
+    /// Name and coordinates are equal; the version is not compared.
+    [[nodiscard]] bool operator==(const Area &other) const;
+    [[nodiscard]] bool operator!=(const Area &other) const { return !(*this == other); }
+
+    [[nodiscard]] bool HasData() const override;
+    /// True when there is a name or a coordinate.
+    [[nodiscard]] bool AnyData() const;
+    void Reset() override;
+    using ITesselObject::Check;
+    /// \throws TesselException "...: Please set Name"
+    void Check() const override;
+    [[nodiscard]] const QString &GetVersion() const override;
+
+    /// \cond
+    void GetXml(QXmlStreamWriter &writer) const override;
+    /// \endcond
+    /// Reads the element. Its coordinates replace those that the area held.
+    void ProcessXml(QXmlStreamReader &reader) override;
+
+protected:
+    /// \cond
+    void ProcessXmlStartElement(QXmlStreamReader &reader) override;
+    /// \endcond
+
+private:
+    struct Xml;
+
+    QString version;
+    QString name;
+    QVector<Coordinate> coordinates;
+};
+
+} // namespace TESSEL
+
+#endif

@@ -1,0 +1,377 @@
+#include "objectbase/ITesselObject.h"
+
+#include <objectbase/BinaryForm_p.h>
+#include <objectbase/Constants_p.h>
+#include <objectbase/Messages_p.h>
+#include <objectbase/QtCompat_p.h>
+#include <objectbase/XmlForm_p.h>
+
+#include <QByteArray>
+#include <QDataStream>
+#include <QDateTime>
+#include <QFile>
+#include <QSaveFile>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+#include <cmath>
+#include <limits>
+#include <optional>
+#include <utility>
+
+namespace TESSEL {
+
+namespace {
+
+[[maybe_unused]] constexpr auto LogLevels = LogLevelNames;
+
+constexpr int Uncompressed = 0;
+constexpr int UsualCompression = -1;
+
+/// True when \a text holds surrogates or carriage returns. Looks at every character, so that it is done many
+/// at a time; hardly a document holds one.
+bool needsCloserLook(const QString &text)
+{
+    constexpr char16_t SurrogateMask = 0xF800;
+    constexpr char16_t Surrogates = 0xD800;
+    const auto *characters = reinterpret_cast<const char16_t *>(text.constData());
+    unsigned int found = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const char16_t c = characters[i];
+        found |= static_cast<unsigned int>((c & SurrogateMask) == Surrogates)
+            | static_cast<unsigned int>(c == u'\r');
+    }
+    return found != 0;
+}
+
+/// Qt's writer hands lone surrogates on as they are.
+bool hasLoneSurrogate(const QString &text)
+{
+    for (auto c = text.begin(); c != text.end(); ++c) {
+        if (!c->isSurrogate())
+            continue;
+        if (!c->isHighSurrogate() || ++c == text.end() || !c->isLowSurrogate())
+            return true;
+    }
+    return false;
+}
+
+bool readToEnd(QXmlStreamReader &reader)
+{
+    while (!reader.atEnd())
+        reader.readNext();
+    return !reader.hasError();
+}
+
+bool isDocumentOf(const QString &objectName, const QString &text)
+{
+    QXmlStreamReader reader(text);
+    return reader.readNextStartElement() && reader.name() == objectName && readToEnd(reader);
+}
+
+/// What the object hands on: its document, or nothing when it writes no element.
+std::optional<QString> documentOf(const ITesselObject &object)
+{
+    QString text = object.GetXmlString();
+    return object.HasData() ? std::optional(std::move(text)) : std::nullopt;
+}
+
+std::optional<QByteArray> binaryFormOf(const ITesselObject &object, int level)
+{
+    const auto xml = documentOf(object);
+    return xml ? BinaryForm::pack(object.GetObjectName(), *xml, level) : std::nullopt;
+}
+
+bool writeBinary(const ITesselObject &object, QDataStream &stream, int level)
+{
+    const auto bytes = binaryFormOf(object, level);
+    return bytes && stream.writeRawData(bytes->constData(), static_cast<int>(bytes->size())) == bytes->size()
+        && stream.status() == QDataStream::Ok;
+}
+
+/// The content of \a file from its position when it is open, else from its start.
+std::optional<QByteArray> readAll(QFile *file)
+{
+    if (!file)
+        return std::nullopt;
+    const bool wasOpen = file->isOpen();
+    if (!wasOpen && !file->open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const bool isReadable = file->isReadable();
+    QByteArray content = isReadable ? file->readAll() : QByteArray();
+    const bool failed = !isReadable || file->error() != QFileDevice::NoError;
+    if (!wasOpen)
+        file->close();
+    return failed ? std::nullopt : std::optional(std::move(content));
+}
+
+} // namespace
+
+ITesselObject::ITesselObject() = default;
+
+ITesselObject::ITesselObject(ObjectTypes type) : objectName(ObjectTypeToName(type)), objectType(type) { }
+
+ITesselObject::ITesselObject(const ITesselObject &other) = default;
+
+ITesselObject &ITesselObject::operator=(const ITesselObject &other) = default;
+
+ITesselObject::~ITesselObject() = default;
+
+void ITesselObject::Check(bool validate) const
+{
+    if (validate)
+        Check();
+}
+
+bool ITesselObject::IsValid(float value) const
+{
+    return !std::isnan(value);
+}
+
+bool ITesselObject::IsValid(bool /*value*/) const
+{
+    return true;
+}
+
+bool ITesselObject::IsValid(unsigned int value) const
+{
+    return value != std::numeric_limits<unsigned int>::max();
+}
+
+bool ITesselObject::IsValid(long long value) const
+{
+    return value != std::numeric_limits<long long>::min();
+}
+
+bool ITesselObject::IsValid(const QDateTime &value) const
+{
+    return value.isValid();
+}
+
+bool ITesselObject::IsValid(const QString &value) const
+{
+    return !value.isEmpty();
+}
+
+bool ITesselObject::IsValid(double value) const
+{
+    return !std::isnan(value);
+}
+
+bool ITesselObject::IsValid(int value) const
+{
+    return value != std::numeric_limits<int>::min();
+}
+
+void ITesselObject::SetInvalid(float &value) const
+{
+    value = std::numeric_limits<float>::quiet_NaN();
+}
+
+void ITesselObject::SetInvalid(unsigned int &value) const
+{
+    value = std::numeric_limits<unsigned int>::max();
+}
+
+void ITesselObject::SetInvalid(long long &value) const
+{
+    value = std::numeric_limits<long long>::min();
+}
+
+void ITesselObject::SetInvalid(QString &value) const
+{
+    value.clear();
+}
+
+void ITesselObject::SetInvalid(double &value) const
+{
+    value = std::numeric_limits<double>::quiet_NaN();
+}
+
+void ITesselObject::SetInvalid(int &value) const
+{
+    value = std::numeric_limits<int>::min();
+}
+
+bool ITesselObject::GetBinary(QDataStream &stream, int /*version*/, bool compress) const
+{
+    return writeBinary(*this, stream, compress ? UsualCompression : Uncompressed);
+}
+
+void ITesselObject::SetBinary(QDataStream &stream, int /*version*/)
+{
+    if (!SetBinaryRepresentation(stream)) {
+        stream.resetStatus(); // an earlier status, such as reading past the end, would stay
+        stream.setStatus(QDataStream::ReadCorruptData);
+    }
+}
+
+bool ITesselObject::SetXmlString(const QString &text, bool validate)
+{
+    QXmlStreamReader reader(text);
+    if (!reader.readNextStartElement() || (validate && reader.name() != GetObjectName()))
+        return false;
+    ProcessXml(reader);
+    return readToEnd(reader);
+}
+
+bool ITesselObject::SetBinaryRepresentation(QByteArray &data)
+{
+    QDataStream stream(&data, QIODevice::ReadOnly);
+    const auto xml = BinaryForm::unpack(stream, GetObjectName());
+    return xml && stream.atEnd() && isDocumentOf(GetObjectName(), *xml) && SetXmlString(*xml, true);
+}
+
+bool ITesselObject::SetBinaryRepresentation(QDataStream &stream)
+{
+    const auto xml = BinaryForm::unpack(stream, GetObjectName());
+    return xml && isDocumentOf(GetObjectName(), *xml) && SetXmlString(*xml, true);
+}
+
+bool ITesselObject::MergeTesselObject(const ITesselObject &other)
+{
+    if (other.GetObjectName() != GetObjectName())
+        return false;
+    const auto xml = documentOf(other);
+    return xml && SetXmlString(*xml, true);
+}
+
+ObjectTypes ITesselObject::GetObjectType() const
+{
+    return objectType;
+}
+
+const QString &ITesselObject::GetObjectName() const
+{
+    return objectName;
+}
+
+void ITesselObject::ProcessXml(QXmlStreamReader &reader)
+{
+    // A child may be read up to an end element deeper than its own, so ours is told by its name.
+    const QString ownName = reader.qualifiedName().toString();
+    while (!reader.atEnd()) {
+        reader.readNext();
+        if (reader.isEndElement() && reader.qualifiedName() == ownName)
+            return;
+        if (reader.isStartElement()) {
+            ProcessXmlStartElement(reader);
+            if (reader.isStartElement())
+                reader.skipCurrentElement();
+        }
+    }
+}
+
+QString ITesselObject::GetXmlString() const
+{
+    Check();
+    QString text;
+    QXmlStreamWriter writer(&text);
+    writer.setAutoFormatting(true);
+    useUtf8(writer);
+    writer.writeStartDocument();
+    GetXml(writer);
+    writer.writeEndDocument();
+    const bool isSpecial = needsCloserLook(text);
+    if (writer.hasError() || (isSpecial && hasLoneSurrogate(text)))
+        throwMessage(*this, u"Text cannot be represented in XML");
+    if (isSpecial) // a bare carriage return would be read back as a line feed; in attributes Qt writes the
+                   // reference
+        text.replace(u'\r', literal(u"&#13;"));
+    return text;
+}
+
+void ITesselObject::GetBinaryRepresentation(QDataStream &stream) const
+{
+    writeBinary(*this, stream, Uncompressed);
+}
+
+QByteArray ITesselObject::GetBinaryRepresentationAsQByteArray()
+{
+    return binaryFormOf(*this, Uncompressed).value_or(QByteArray());
+}
+
+void ITesselObject::GetCompressedBinaryRepresentation(QDataStream &stream, int level) const
+{
+    writeBinary(*this, stream, level);
+}
+
+QByteArray ITesselObject::GetCompressedBinaryRepresentationAsQByteArray(int level)
+{
+    return binaryFormOf(*this, level).value_or(QByteArray());
+}
+
+bool ITesselObject::LoadXml(const QString &path)
+{
+    QFile file(path);
+    return LoadXml(&file);
+}
+
+bool ITesselObject::LoadXml(QFile *file)
+{
+    const auto content = readAll(file);
+    return content && SetXmlString(QString::fromUtf8(*content), true);
+}
+
+bool ITesselObject::LoadBinary(QFile *file)
+{
+    auto content = readAll(file);
+    return content && SetBinaryRepresentation(*content);
+}
+
+bool ITesselObject::SaveXml(const QString &path) const
+{
+    const auto text = documentOf(*this);
+    if (!text)
+        return false;
+    const QByteArray bytes = text->toUtf8();
+    QSaveFile file(path);
+    // commit() alone would put a file in place that a full disk has cut short.
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush()
+        && file.commit();
+}
+
+void ITesselObject::SetValidate(bool validate) const
+{
+    validateFlag = validate;
+}
+
+bool ITesselObject::GetValidate() const
+{
+    return validateFlag;
+}
+
+void ITesselObject::SetLogger(std::shared_ptr<Logger> newLogger) const
+{
+    logger = std::move(newLogger);
+}
+
+void ITesselObject::ResetLogger() const
+{
+    logger.reset();
+}
+
+const QString &ITesselObject::GetVersion() const
+{
+    static const QString version = literal(DefaultVersion);
+    return version;
+}
+
+void ITesselObject::SetObjectType(ObjectTypes type)
+{
+    objectType = type;
+}
+
+void ITesselObject::SetObjectName(const QString &name)
+{
+    objectName = name;
+}
+
+void ITesselObject::ProcessXmlStartElement(QXmlStreamReader & /*reader*/) { }
+
+QString ITesselObject::GetTextValue(QXmlStreamReader &reader)
+{
+    return elementText(reader);
+}
+
+} // namespace TESSEL

@@ -1,0 +1,42 @@
+#ifndef TESSEL_LOGGER_H
+#define TESSEL_LOGGER_H
+
+#include <objectbase/objectbase_export.h>
+
+#include <QString>
+
+namespace TESSEL {
+
+/// Takes the log messages of an application's objects (see ITesselObject::SetLogger()). The library itself
+/// logs nothing. Derive from it and override Write() to send messages elsewhere than to Qt's message handler.
+class OBJECTBASE_EXPORT Logger {
+public:
+    enum class Level : qint32 {
+        Invalid = -1,
+        Info,
+        Warning,
+        Error,
+    };
+
+    Logger();
+    Logger(const Logger &) = delete;
+    Logger &operator=(const Logger &) = delete;
+    virtual ~Logger();
+
+    /// Hands \a message on to Write().
+    void Log(Level level, const QString &message);
+    void Info(const QString &message) { Log(Level::Info, message); }
+    void Warning(const QString &message) { Log(Level::Warning, message); }
+    void Error(const QString &message) { Log(Level::Error, message); }
+
+    /// "INFO", "WARNING" or "ERROR"; empty for any other value.
+    [[nodiscard]] static QString LevelToName(Level level);
+
+protected:
+    /// Writes "LEVEL: message" to Qt's message handler, with the message type that fits the level.
+    virtual void Write(Level level, const QString &message);
+};
+
+} // namespace TESSEL
+
+#endif

@@ -1,0 +1,29 @@
+#ifndef TESSEL_OBJECTTYPES_H
+#define TESSEL_OBJECTTYPES_H
+
+#include <objectbase/objectbase_export.h>
+
+#include <QString>
+
+namespace TESSEL {
+
+/// The types of object that bear a name of their own. The numbers are fixed: stored data refer to them.
+enum class ObjectTypes : qint32 {
+    Invalid = -1,
+    Area = 12,
+    AntennaData = 17,
+    GenericReceiver = 38,
+    Job = 40,
+    JobHeader = 41,
+};
+
+/// The name of objects of \a type, which is also the name of their XML element; empty when \a type is none
+/// of the enumerators.
+[[nodiscard]] OBJECTBASE_EXPORT QString ObjectTypeToName(ObjectTypes type);
+
+/// The type whose name is exactly \a name (case-sensitive), or ObjectTypes::Invalid.
+[[nodiscard]] OBJECTBASE_EXPORT ObjectTypes NameToObjectType(const QString &name);
+
+} // namespace TESSEL
+
+#endif

@@ -1,0 +1,21 @@
+// Not installed. Where Qt 5 and Qt 6 differ, the difference stands here.
+#ifndef TESSEL_QTCOMPAT_P_H
+#define TESSEL_QTCOMPAT_P_H
+
+#include <QTextStream>
+#include <QXmlStreamWriter>
+
+namespace TESSEL {
+
+/// Texts in UTF-8; Qt 6 does so by itself.
+template <class TextSink>
+void useUtf8([[maybe_unused]] TextSink &sink)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    sink.setCodec("UTF-8");
+#endif
+}
+
+} // namespace TESSEL
+
+#endif

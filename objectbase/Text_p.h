@@ -1,0 +1,187 @@
+// Not installed. Every conversion between a value and its text stands here, once: toText(value) writes,
+// fromText(text, value) reads. Whatever a text does not say properly reads as 0, false or an invalid date.
+// literal() makes a QString of a constant without copying it.
+#ifndef TESSEL_TEXT_P_H
+#define TESSEL_TEXT_P_H
+
+#include <objectbase/Converters.h>
+
+#include <QString>
+#include <QStringView>
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <iterator>
+#include <optional>
+#include <system_error>
+#include <type_traits>
+
+namespace TESSEL {
+
+/// The QString of a string literal. It refers to the literal's characters, so give it nothing shorter-lived.
+[[nodiscard]] inline QString literal(QStringView text)
+{
+    return text.isNull() ? QString() : QString::fromRawData(text.data(), static_cast<int>(text.size()));
+}
+
+// Reading
+
+/// An equal text stays: the version of nearly every document is the constant that a new object shares with
+/// all.
+inline void fromText(const QString &text, QString &value)
+{
+    if (value != text)
+        value = text;
+}
+
+/// True is the exact word; anything else is false.
+inline void fromText(const QString &text, bool &value)
+{
+    value = text == QStringView(u"true");
+}
+
+inline void fromText(const QString &text, QDateTime &value)
+{
+    value = Converters::ToDateTime(text);
+}
+
+namespace Detail {
+
+/// The number in a text of digits, minus signs and points, as all but a few are, without the copies that Qt
+/// makes. Nothing for any other text, and for one that is no number.
+template <class Number>
+std::optional<Number> plainNumber(QStringView text)
+{
+    constexpr std::size_t LongestPlainNumber = 32;
+    std::array<char, LongestPlainNumber> digits{};
+    const auto size = static_cast<std::size_t>(text.size());
+    if (size > digits.size())
+        return std::nullopt;
+    for (std::size_t i = 0; i < size; ++i) {
+        const char16_t c = text.utf16()[i];
+        if ((c < u'0' || c > u'9') && c != u'.' && c != u'-')
+            return std::nullopt;
+        digits[i] = static_cast<char>(c);
+    }
+    Number number{};
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + size, number);
+    return error == std::errc() && end == digits.data() + size ? std::optional(number) : std::nullopt;
+}
+
+/// \a convert is Qt's conversion. It gives infinity for a number that is too large, which reads as 0 here.
+template <class Number>
+Number number(const QString &text, Number (*convert)(const QString &, bool *))
+{
+    if (const auto plain = plainNumber<Number>(text))
+        return *plain;
+    bool ok = false;
+    const Number number = convert(text, &ok);
+    return ok ? number : Number(0);
+}
+
+} // namespace Detail
+
+inline void fromText(const QString &text, int &value)
+{
+    value = Detail::number<int>(text, [](const QString &t, bool *ok) { return t.toInt(ok); });
+}
+
+inline void fromText(const QString &text, unsigned int &value)
+{
+    value = Detail::number<unsigned int>(text, [](const QString &t, bool *ok) { return t.toUInt(ok); });
+}
+
+inline void fromText(const QString &text, long long &value)
+{
+    value = Detail::number<long long>(text, [](const QString &t, bool *ok) { return t.toLongLong(ok); });
+}
+
+inline void fromText(const QString &text, double &value)
+{
+    value = Detail::number<double>(text, [](const QString &t, bool *ok) { return t.toDouble(ok); });
+}
+
+/// As Qt rounds: to double first.
+inline void fromText(const QString &text, float &value)
+{
+    const auto plain = Detail::plainNumber<double>(text);
+    value = plain ? static_cast<float>(*plain)
+                  : Detail::number<float>(text, [](const QString &t, bool *ok) { return t.toFloat(ok); });
+}
+
+// Writing
+
+[[nodiscard]] inline QString toText(const QString &value)
+{
+    return value;
+}
+
+[[nodiscard]] inline QString toText(bool value)
+{
+    return literal(value ? QStringView(u"true") : QStringView(u"false"));
+}
+
+[[nodiscard]] inline QString toText(const QDateTime &value)
+{
+    return Converters::ToString(value);
+}
+
+[[nodiscard]] inline QString toText(int value)
+{
+    return QString::number(value);
+}
+
+[[nodiscard]] inline QString toText(unsigned int value)
+{
+    return QString::number(value);
+}
+
+[[nodiscard]] inline QString toText(long long value)
+{
+    return QString::number(value);
+}
+
+/// General form with 6 significant digits.
+[[nodiscard]] inline QString toText(float value)
+{
+    return QString::number(static_cast<double>(value), 'g', 6);
+}
+
+/// The shortest text that is read back as the same double, the sign of zero included; without an exponent as
+/// long as people would write it so.
+[[nodiscard]] inline QString toText(double value)
+{
+    if (std::isnan(value))
+        return literal(u"nan");
+    constexpr double LeastFixed = 1e-6;
+    constexpr double MostFixed = 1e16;
+    constexpr std::size_t LongestDouble = 32;
+    const double magnitude = std::abs(value);
+    const bool isFixed = magnitude == 0 || (magnitude >= LeastFixed && magnitude < MostFixed);
+    char buffer[LongestDouble];
+    const auto end = std::to_chars(std::begin(buffer), std::end(buffer), value,
+                                   isFixed ? std::chars_format::fixed : std::chars_format::scientific)
+                         .ptr;
+    return QString::fromLatin1(buffer, static_cast<int>(end - buffer));
+}
+
+/// Fixed-point with exactly \a decimals decimals.
+[[nodiscard]] inline QString fixedText(double value, int decimals)
+{
+    return QString::number(value, 'f', decimals);
+}
+
+/// A whole number, or the number of an enumerator, in decimal.
+template <class Value>
+[[nodiscard]] QString numberText(Value value)
+{
+    if constexpr (std::is_enum_v<Value>)
+        return QString::number(static_cast<std::underlying_type_t<Value>>(value));
+    else
+        return QString::number(value);
+}
+
+} // namespace TESSEL
+
+#endif
