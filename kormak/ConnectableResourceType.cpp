@@ -1,0 +1,54 @@
+#include "kormak/ConnectableResourceType.h"
+
+#include <objectbase/Constants_p.h>
+#include <objectbase/Vocabulary_p.h>
+
+namespace KORMAK::ConnectableResourceType {
+
+namespace {
+
+[[maybe_unused]] constexpr auto LogLevels = TESSEL::LogLevelNames;
+
+constexpr TESSEL::VocabularyRow<ConnectableResourceTypeValue> Rows[] = {
+    {DDCIPCVoiceHF, u"DDC IPC Voice HF"},
+    {DDCIPCVoiceVUHF, u"DDC IPC Voice V/UHF"},
+    {DDCIPCDataTransmissionHF, u"DDC IPC Data Transmission HF"},
+    {DDCIPCDataTransmissionVUHF, u"DDC IPC Data Transmission V/UHF"},
+    {DDCIPCClassifierHF, u"DDC IPC Classifier HF"},
+    {DDCIPCClassifierVUHF, u"DDC IPC Classifier V/UHF"},
+};
+constexpr TESSEL::Vocabulary ConnectableResourceTypes{Rows, u"undefined"};
+
+} // namespace
+
+QString ConnectableResourceTypeToName(ConnectableResourceTypeValue value)
+{
+    return ConnectableResourceTypes.nameOf(value);
+}
+
+ConnectableResourceTypeValue NameToConnectableResourceType(const QString &name)
+{
+    return ConnectableResourceTypes.valueOf(name);
+}
+
+ConnectableResourceTypeValue GetInvalidConnectableResourceType()
+{
+    return ConnectableResourceTypes.invalid();
+}
+
+bool IsValidConnectableResourceType(ConnectableResourceTypeValue value)
+{
+    return ConnectableResourceTypes.isValid(value);
+}
+
+bool IsHFResource(const ConnectableResourceTypeValue &value)
+{
+    return value == DDCIPCVoiceHF || value == DDCIPCDataTransmissionHF || value == DDCIPCClassifierHF;
+}
+
+bool IsVUHFResource(const ConnectableResourceTypeValue &value)
+{
+    return value == DDCIPCVoiceVUHF || value == DDCIPCDataTransmissionVUHF || value == DDCIPCClassifierVUHF;
+}
+
+} // namespace KORMAK::ConnectableResourceType
