@@ -1,0 +1,382 @@
+#include "kormak/ActivityGenerationData.h"
+
+#include <objectbase/Constants_p.h>
+#include <objectbase/Vocabulary_p.h>
+#include <objectbase/XmlForm_p.h>
+
+namespace KORMAK {
+
+using namespace TESSEL;
+
+namespace {
+
+[[maybe_unused]] constexpr auto LogLevels = LogLevelNames;
+
+using Data = ActivityGenerationData;
+
+constexpr QStringView ObjectName = u"ActivityGeneration";
+constexpr QStringView CurrentVersion = u"2.2";
+constexpr QStringView OldVersion = u"1.0";
+
+constexpr VocabularyRow<Data::ActivityGenerationMode> ModeRows[] = {
+    {Data::AGSC, u"AGSC"},
+    {Data::AGMC, u"AGMC"},
+    {Data::AGED, u"AGED"},
+};
+constexpr Vocabulary Modes{ModeRows};
+
+constexpr VocabularyRow<Data::EnergyActivityGenerationChannel> ChannelRows[] = {
+    {Data::ADem, u"ADem"},
+    {Data::DDem, u"DDem"},
+};
+constexpr Vocabulary Channels{ChannelRows};
+
+constexpr VocabularyRow<Data::ActivityGenerationDataBaseWriteMode> WriteModeRows[] = {
+    {Data::Never, u"Never"},
+    {Data::OnEnergyDetection, u"On Energy Detection"},
+    {Data::Always, u"Always"},
+};
+constexpr Vocabulary WriteModes{WriteModeRows};
+
+constexpr VocabularyRow<Data::DDemActiveCriteria> CriteriaRows[] = {
+    {Data::SignalDetection, u"Signal Detection"},
+    {Data::DemodulatorLocked, u"Demodulator Locked"},
+    {Data::DemodulatorAndDecoderLocked, u"Demodulator and Decoder Locked"},
+    {Data::MorseQualityOverThreshold, u"Morse Quality Over Threshold"},
+};
+constexpr Vocabulary Criteria{CriteriaRows};
+
+} // namespace
+
+struct ActivityGenerationData::Xml {
+    static void readVersion(Data &data, const QString &text) { data.version = text; }
+    static QString currentVersion(const Data & /*data*/) { return literal(CurrentVersion); }
+
+    static constexpr XmlAttribute<Data> attributes[] = {
+        {TagVersion, readVersion, currentVersion},
+        attribute<&Data::autoStartOn>(u"Autostart"),
+    };
+    static constexpr XmlElement<Data> elements[] = {
+        namedElement<&Data::mode, &Data::NameToActivityGenerationMode, &Data::ActivityGenerationModeToName>(
+            u"Mode"),
+        namedElement<&Data::energyChannel, &Data::NameToEnergyActivityGenerationChannel,
+                     &Data::EnergyActivityGenerationChannelToName>(u"EnergyChannel"),
+        element<&Data::levelMinBurstDuration>(u"LevelMinBurstDuration"),
+        element<&Data::levelMaxBreakDuration>(u"LevelMaxBreakDuration"),
+        namedElement<&Data::ddemActiveCriteria, &Data::NameToDDemActiveCriteria,
+                     &Data::DDemActiveCriteriaToName>(u"DDemActiveCriteria"),
+        element<&Data::ddemMinBurstDuration>(u"DDemMinBurstDuration"),
+        element<&Data::ddemMaxBreakDuration>(u"DDemMaxBreakDuration"),
+        element<&Data::ddemMorseQualityThreshold>(u"DDemMorseQualityThreshold"),
+        element<&Data::classIntermScore>(u"ClassIntermScore"),
+        element<&Data::classFinalScore>(u"ClassFinalScore"),
+        element<&Data::classStartScore>(u"ClassStartScore"),
+        element<&Data::classStopScore>(u"ClassStopScore"),
+        element<&Data::classMinConfidence>(u"ClassMinConfidence"),
+        element<&Data::detConvMinBurstDuration>(u"DetConvMinBurstDuration"),
+        element<&Data::dbWriteEnergy>(u"DbWriteEnergy"),
+        {u"DbWriteLevel", nullptr,
+         nullptr}, // in documents of older systems; there is no such setting any more
+        {u"DbWriteDc", nullptr, nullptr},
+        namedElement<&Data::dbWriteDDem, &Data::NameToActivityGenerationDataBaseWriteMode,
+                     &Data::ActivityGenerationDataBaseWriteModeToName>(u"DbWriteDDem"),
+        namedElement<&Data::dbWriteClass, &Data::NameToActivityGenerationDataBaseWriteMode,
+                     &Data::ActivityGenerationDataBaseWriteModeToName>(u"DbWriteClass"),
+        element<&Data::cutAtLocations>(u"CutAtLocations"),
+        element<&Data::sessionCloseTime>(u"SessionCloseTime"),
+        element<&Data::restartAttachmentsOnSessionClose>(u"RestartAttachmentsOnSessionClose"),
+    };
+};
+
+ActivityGenerationData::ActivityGenerationData()
+{
+    SetObjectName(literal(ObjectName));
+    ActivityGenerationData::Reset();
+}
+
+ActivityGenerationData::ActivityGenerationData(const ActivityGenerationData &other) = default;
+
+ActivityGenerationData &ActivityGenerationData::operator=(const ActivityGenerationData &other) = default;
+
+ActivityGenerationData::~ActivityGenerationData() = default;
+
+void ActivityGenerationData::SetActivtyGenerationMode(const ActivityGenerationMode &value)
+{
+    storeValid(*this, mode, value, IsValidActivityGenerationMode(value), u"ActivityGenerationMode");
+}
+
+void ActivityGenerationData::SetEnergyActivityGenerationChannel(const EnergyActivityGenerationChannel &value)
+{
+    storeValid(*this, energyChannel, value, IsValidEnergyActivityGenerationChannel(value),
+               u"EnergyActivityGenerationChannel");
+}
+
+void ActivityGenerationData::SetDDemActiveCriteria(DDemActiveCriteria value)
+{
+    storeValid(*this, ddemActiveCriteria, value, IsValidDDemActiveCriteria(value), u"DDemActiveCriteria");
+}
+
+void ActivityGenerationData::SetDbWriteDDem(ActivityGenerationDataBaseWriteMode value)
+{
+    storeValid(*this, dbWriteDDem, value, IsValidActivityGenerationDataBaseWriteMode(value),
+               u"ActivityGenerationDataBaseWriteMode");
+}
+
+void ActivityGenerationData::SetDbWriteClass(ActivityGenerationDataBaseWriteMode value)
+{
+    storeValid(*this, dbWriteClass, value, IsValidActivityGenerationDataBaseWriteMode(value),
+               u"ActivityGenerationDataBaseWriteMode");
+}
+
+void ActivityGenerationData::SetAutoStartOn(bool on)
+{
+    autoStartOn = on;
+}
+
+void ActivityGenerationData::SetLevelMinBurstDuration(float value)
+{
+    levelMinBurstDuration = value;
+}
+
+void ActivityGenerationData::SetLevelMaxBreakDuration(float value)
+{
+    levelMaxBreakDuration = value;
+}
+
+void ActivityGenerationData::SetDDemMinBurstDuration(float value)
+{
+    ddemMinBurstDuration = value;
+}
+
+void ActivityGenerationData::SetDDemMaxBreakDuration(float value)
+{
+    ddemMaxBreakDuration = value;
+}
+
+void ActivityGenerationData::SetDDemMorseQualityThreshold(int value)
+{
+    ddemMorseQualityThreshold = value;
+}
+
+void ActivityGenerationData::SetClassIntermScore(int value)
+{
+    classIntermScore = value;
+}
+
+void ActivityGenerationData::SetClassFinalScore(int value)
+{
+    classFinalScore = value;
+}
+
+void ActivityGenerationData::SetClassStartScore(int value)
+{
+    classStartScore = value;
+}
+
+void ActivityGenerationData::SetClassStopScore(int value)
+{
+    classStopScore = value;
+}
+
+void ActivityGenerationData::SetClassMinConfidence(int value)
+{
+    classMinConfidence = value;
+}
+
+void ActivityGenerationData::SetDetConvMinBurstDuration(float value)
+{
+    detConvMinBurstDuration = value;
+}
+
+void ActivityGenerationData::SetDbWriteEnergy(bool on)
+{
+    dbWriteEnergy = on;
+}
+
+void ActivityGenerationData::SetCutAtLocations(bool on)
+{
+    cutAtLocations = on;
+}
+
+void ActivityGenerationData::SetSessionCloseTime(float value)
+{
+    sessionCloseTime = value;
+}
+
+void ActivityGenerationData::SetRestartAttachmentsOnSessionClose(bool on)
+{
+    restartAttachmentsOnSessionClose = on;
+}
+
+QString ActivityGenerationData::ActivityGenerationModeToName(const ActivityGenerationMode &value) const
+{
+    return Modes.nameOf(value);
+}
+
+ActivityGenerationData::ActivityGenerationMode
+ActivityGenerationData::NameToActivityGenerationMode(const QString &name) const
+{
+    return Modes.valueOf(name);
+}
+
+bool ActivityGenerationData::IsValidActivityGenerationMode(const ActivityGenerationMode &value) const
+{
+    return Modes.isValid(value);
+}
+
+ActivityGenerationData::ActivityGenerationMode
+ActivityGenerationData::GetInvalidActivityGenerationMode() const
+{
+    return Modes.invalid();
+}
+
+QStringList ActivityGenerationData::GetActivityGenerationModeList() const
+{
+    return Modes.names();
+}
+
+QString ActivityGenerationData::EnergyActivityGenerationChannelToName(
+    const EnergyActivityGenerationChannel &value) const
+{
+    return Channels.nameOf(value);
+}
+
+ActivityGenerationData::EnergyActivityGenerationChannel
+ActivityGenerationData::NameToEnergyActivityGenerationChannel(const QString &name) const
+{
+    return Channels.valueOf(name);
+}
+
+bool ActivityGenerationData::IsValidEnergyActivityGenerationChannel(
+    const EnergyActivityGenerationChannel &value) const
+{
+    return Channels.isValid(value);
+}
+
+QStringList ActivityGenerationData::GetEnergyActivityGenerationChannelList(bool all) const
+{
+    return all ? Channels.names() : Channels.names().mid(0, 1);
+}
+
+QString ActivityGenerationData::ActivityGenerationDataBaseWriteModeToName(
+    const ActivityGenerationDataBaseWriteMode &value) const
+{
+    return WriteModes.nameOf(value);
+}
+
+ActivityGenerationData::ActivityGenerationDataBaseWriteMode
+ActivityGenerationData::NameToActivityGenerationDataBaseWriteMode(const QString &name) const
+{
+    return WriteModes.valueOf(name);
+}
+
+bool ActivityGenerationData::IsValidActivityGenerationDataBaseWriteMode(
+    const ActivityGenerationDataBaseWriteMode &value) const
+{
+    return WriteModes.isValid(value);
+}
+
+QStringList ActivityGenerationData::GetActivityGenerationDataBaseWriteModeList() const
+{
+    return WriteModes.names();
+}
+
+QString ActivityGenerationData::DDemActiveCriteriaToName(const DDemActiveCriteria &value) const
+{
+    return Criteria.nameOf(value);
+}
+
+ActivityGenerationData::DDemActiveCriteria
+ActivityGenerationData::NameToDDemActiveCriteria(const QString &name) const
+{
+    return Criteria.valueOf(name);
+}
+
+bool ActivityGenerationData::IsValidDDemActiveCriteria(const DDemActiveCriteria &value) const
+{
+    return Criteria.isValid(value);
+}
+
+QStringList ActivityGenerationData::GetDDemActiveCriteriaList(bool all) const
+{
+    return all ? Criteria.names() : Criteria.names().mid(0, 2);
+}
+
+bool ActivityGenerationData::operator==(const ActivityGenerationData &other) const
+{
+    return mode == other.mode;
+}
+
+bool ActivityGenerationData::HasData() const
+{
+    return IsValidActivityGenerationMode(mode);
+}
+
+bool ActivityGenerationData::AnyData() const
+{
+    return ActivityGenerationData::HasData();
+}
+
+void ActivityGenerationData::Reset()
+{
+    version = literal(CurrentVersion);
+    mode = GetInvalidActivityGenerationMode();
+    autoStartOn = false;
+    energyChannel = ADem;
+    levelMinBurstDuration = 0.5F;
+    levelMaxBreakDuration = 0.5F;
+    ddemMinBurstDuration = 0.5F;
+    ddemMaxBreakDuration = 0.5F;
+    ddemActiveCriteria = DemodulatorLocked;
+    ddemMorseQualityThreshold = 80;
+    classIntermScore = 1;
+    classFinalScore = 3;
+    classStartScore = 3;
+    classStopScore = 3;
+    classMinConfidence = 0;
+    detConvMinBurstDuration = 0.0F;
+    dbWriteEnergy = true;
+    dbWriteDDem = Never;
+    dbWriteClass = Never;
+    cutAtLocations = true;
+    sessionCloseTime = 10.0F;
+    restartAttachmentsOnSessionClose = false;
+}
+
+void ActivityGenerationData::Check() const
+{
+    if (!IsValidActivityGenerationMode(mode))
+        throwPleaseSet(*this, u"ActivityGenerationMode");
+}
+
+const QString &ActivityGenerationData::GetVersion() const
+{
+    return version;
+}
+
+void ActivityGenerationData::GetXml(QXmlStreamWriter &writer) const
+{
+    writeDocument<Xml>(*this, writer);
+}
+
+void ActivityGenerationData::ProcessXml(QXmlStreamReader &reader)
+{
+    readAttributes<Xml>(*this, reader);
+    if (version == OldVersion)
+        ProcessXmlStartElement(reader);
+    else
+        ITesselObject::ProcessXml(reader);
+}
+
+void ActivityGenerationData::ProcessXmlStartElement(QXmlStreamReader &reader)
+{
+    if (version != OldVersion) {
+        (void)readKnownChild<Xml>(*this, reader); // the base skips what no row stands for
+    } else if (reader.name() == ObjectName) {
+        mode = NameToActivityGenerationMode(GetTextValue(reader)); // in the older form the text is the mode
+    } else {
+        throwUnknownTag(*this, reader.name());
+    }
+}
+
+} // namespace KORMAK
