@@ -1,0 +1,88 @@
+#ifndef KORMAK_ENUMHANDLER_H
+#define KORMAK_ENUMHANDLER_H
+
+#include <kormak/kormak_export.h>
+#include <kormak/TypeHandler.h>
+
+#include <QString>
+#include <QVector>
+
+namespace KORMAK {
+
+/// Holds a choice from a list of entries: the list, the entry that is the default and the entry that is
+/// selected. The latter two are copies; they need not stand in the list, and Reset() empties the list alone.
+class KORMAK_EXPORT EnumHandler final : public TypeHandler {
+public:
+    /// An entry. The fields are called as the attributes of its XML element.
+    class KORMAK_EXPORT EnumValue {
+    public:
+        EnumValue();
+        EnumValue(const EnumValue &other);
+        EnumValue &operator=(const EnumValue &other);
+        ~EnumValue();
+
+        /// Default is compared as IsDefault().
+        [[nodiscard]] bool operator==(const EnumValue &other) const;
+        [[nodiscard]] bool operator!=(const EnumValue &other) const { return !(*this == other); }
+
+        /// True exactly when Default is the text "true".
+        [[nodiscard]] bool IsDefault() const;
+
+        qint32 Key = -1;
+        QString Name;
+        QString Identifier; ///< optional
+        double Value = 0.0;
+        QString Default; ///< "true" for the default entry of a list, otherwise "false" or empty
+    };
+
+    EnumHandler();
+    EnumHandler(const EnumHandler &other);
+    EnumHandler(EnumHandler &&other) noexcept;
+    EnumHandler &operator=(const EnumHandler &other);
+    EnumHandler &operator=(EnumHandler &&other) noexcept;
+    ~EnumHandler();
+
+    [[nodiscard]] QVector<EnumValue> &GetEnumList() noexcept { return enumList; }
+    [[nodiscard]] const QVector<EnumValue> &GetEnumList() const noexcept { return enumList; }
+    void SetEnumList(QVector<EnumValue> &list);
+    void AppendEnumValue(const EnumValue &entry);
+
+    [[nodiscard]] EnumValue &GetDefaultValue() noexcept { return defaultValue; }
+    [[nodiscard]] const EnumValue &GetDefaultValue() const noexcept { return defaultValue; }
+    void SetDefaultValue(const EnumValue &entry);
+
+    [[nodiscard]] EnumValue &GetSelectedEnumValue() noexcept { return selectedValue; }
+    [[nodiscard]] const EnumValue &GetSelectedEnumValue() const noexcept { return selectedValue; }
+    void SetSelectedEnumValue(const EnumValue &entry);
+
+    /// \name Look-up
+    /// The first entry with that name (case-sensitive), key or value (exactly), or else the default entry.
+    /// The reference is valid until the handler changes.
+    /// @{
+    [[nodiscard]] const EnumValue &GetEnumValue(const QString &name);
+    [[nodiscard]] const EnumValue &GetEnumValue(int key) const;
+    [[nodiscard]] const EnumValue &GetEnumValue(double value) const;
+    /// @}
+
+    /// The list has entries.
+    [[nodiscard]] bool HasData() const override;
+    /// As HasData().
+    [[nodiscard]] bool AnyData() const override;
+    void Reset() override;
+
+    [[nodiscard]] bool operator==(const EnumHandler &other) const;
+    [[nodiscard]] bool operator!=(const EnumHandler &other) const { return !(*this == other); }
+
+private:
+    QVector<EnumValue> enumList;
+    EnumValue defaultValue;
+    EnumValue selectedValue;
+};
+
+} // namespace KORMAK
+
+QT_BEGIN_NAMESPACE
+Q_DECLARE_TYPEINFO(KORMAK::EnumHandler::EnumValue, Q_MOVABLE_TYPE);
+QT_END_NAMESPACE
+
+#endif

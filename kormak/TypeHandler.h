@@ -1,0 +1,265 @@
+#ifndef KORMAK_TYPEHANDLER_H
+#define KORMAK_TYPEHANDLER_H
+
+#include <kormak/kormak_export.h>
+
+#include <QString>
+#include <QVector>
+
+#include <utility>
+
+namespace KORMAK {
+
+/// A text or list of a handler. Moving it into a new handler copies it; assigning it by move exchanges it
+/// with the source, which stays fully usable.
+template <class Value>
+class Exchanged {
+public:
+    Exchanged() = default;
+    Exchanged(const Exchanged &other) = default;
+    // NOLINTNEXTLINE(performance-move-constructor-init): the source keeps what it holds
+    Exchanged(Exchanged &&other) noexcept : value(other.value) { }
+    Exchanged &operator=(const Exchanged &other) = default;
+    Exchanged &operator=(Exchanged &&other) noexcept
+    {
+        value.swap(other.value);
+        return *this;
+    }
+    ~Exchanged() = default;
+
+    Value value;
+};
+
+/// Base of the value holders of a Parameter: the two names that every one of them bears, and whether it holds
+/// anything. A handler stores what it is given without a test; judging values is its owner's business.
+///
+/// Handlers are values: they live in their owner and are never destroyed through this base. All of them are
+/// copied field by field. Moving one into a new handler copies it, too; assigning it by move copies its
+/// numbers and flags and exchanges its texts and lists with the source.
+class KORMAK_EXPORT TypeHandler {
+public:
+    /// True when the handler holds what a document needs.
+    [[nodiscard]] virtual bool HasData() const = 0;
+    /// True when anything differs from the reset state.
+    [[nodiscard]] virtual bool AnyData() const = 0;
+    /// Puts the fields back to their defaults; each class says which it leaves alone. Names stay.
+    virtual void Reset() = 0;
+
+    /// The name under which the value is represented.
+    virtual void SetRepresentationName(const QString &name);
+    [[nodiscard]] virtual const QString &GetRepresentationName() const;
+
+    /// The name of the parameter that owns the handler.
+    virtual void SetUniqueParameterName(const QString &name);
+    [[nodiscard]] virtual const QString &GetUniqueParameterName() const;
+
+protected:
+    TypeHandler();
+    TypeHandler(const TypeHandler &other);
+    TypeHandler(TypeHandler &&other) noexcept;
+    TypeHandler &operator=(const TypeHandler &other);
+    TypeHandler &operator=(TypeHandler &&other) noexcept;
+    ~TypeHandler() = default;
+
+    [[nodiscard]] bool hasNamesOf(const TypeHandler &other) const;
+
+private:
+    Exchanged<QString> representationName;
+    Exchanged<QString> uniqueParameterName;
+};
+
+/// What the handlers of numbers share: a value with its limits, its default and a multiplier between shown
+/// and stored value. Such a handler always holds data.
+template <class Number>
+class NumericHandler : public TypeHandler {
+public:
+    [[nodiscard]] const Number &GetMinimum() const noexcept { return minimum; }
+    void SetMinimum(Number number) noexcept { minimum = number; }
+
+    [[nodiscard]] const Number &GetMaximum() const noexcept { return maximum; }
+    void SetMaximum(Number number) noexcept { maximum = number; }
+
+    [[nodiscard]] const Number &GetDefault() const noexcept { return defaultValue; }
+    void SetDefault(Number number) noexcept { defaultValue = number; }
+
+    [[nodiscard]] const Number &GetValue() const noexcept { return value; }
+    void SetValue(Number number) noexcept { value = number; }
+
+    [[nodiscard]] const double &GetMultiplier() const noexcept { return multiplier; }
+    void SetMultiplier(double factor) noexcept { multiplier = factor; }
+
+    [[nodiscard]] bool HasData() const override { return true; }
+    [[nodiscard]] bool AnyData() const override { return true; }
+
+protected:
+    NumericHandler() = default;
+    NumericHandler(const NumericHandler &other) = default;
+    NumericHandler(NumericHandler &&other) noexcept = default;
+    NumericHandler &operator=(const NumericHandler &other) = default;
+    NumericHandler &operator=(NumericHandler &&other) noexcept = default;
+    ~NumericHandler() = default;
+
+    /// Limits as given, default 0, multiplier 1. The value stays.
+    void resetLimits(Number least, Number most)
+    {
+        minimum = least;
+        maximum = most;
+        defaultValue = 0;
+        multiplier = 1.0;
+    }
+
+    /// Limits, default and value, compared exactly.
+    [[nodiscard]] bool hasNumbersOf(const NumericHandler &other) const
+    {
+        return minimum == other.minimum && maximum == other.maximum && defaultValue == other.defaultValue
+            && value == other.value;
+    }
+
+private:
+    double multiplier = 1.0;
+    Number minimum = 0;
+    Number maximum = 0;
+    Number defaultValue = 0;
+    Number value = 0;
+};
+
+/// Holds a bool. It always holds data.
+class KORMAK_EXPORT BooleanHandler final : public TypeHandler {
+public:
+    [[nodiscard]] const bool &GetValue() const noexcept { return value; }
+    void SetValue(bool on) noexcept { value = on; }
+
+    [[nodiscard]] bool HasData() const override;
+    [[nodiscard]] bool AnyData() const override;
+    void Reset() override;
+
+    [[nodiscard]] bool operator==(const BooleanHandler &other) const;
+    [[nodiscard]] bool operator!=(const BooleanHandler &other) const { return !(*this == other); }
+
+private:
+    bool value = false;
+};
+
+/// Holds a 32-bit integer. Its limits are those of 16 bits unless others are set. Reset() leaves the value
+/// alone.
+class KORMAK_EXPORT IntegerHandler final : public NumericHandler<qint32> {
+public:
+    IntegerHandler();
+
+    void Reset() override;
+
+    /// The multiplier is not compared.
+    [[nodiscard]] bool operator==(const IntegerHandler &other) const;
+    [[nodiscard]] bool operator!=(const IntegerHandler &other) const { return !(*this == other); }
+};
+
+/// Holds a 32-bit integer, whatever the width of `long`. Its limits are -2147483647 and 2147483647 unless
+/// others are set. Reset() leaves the value alone.
+class KORMAK_EXPORT LongHandler final : public NumericHandler<qint32> {
+public:
+    LongHandler();
+
+    void Reset() override;
+
+    /// The multiplier is not compared.
+    [[nodiscard]] bool operator==(const LongHandler &other) const;
+    [[nodiscard]] bool operator!=(const LongHandler &other) const { return !(*this == other); }
+};
+
+/// Holds a 64-bit integer; the unit of time is the document's.
+class KORMAK_EXPORT TimeStampHandler final : public NumericHandler<long long> {
+public:
+    TimeStampHandler();
+
+    void Reset() override;
+
+    /// The multiplier is not compared.
+    [[nodiscard]] bool operator==(const TimeStampHandler &other) const;
+    [[nodiscard]] bool operator!=(const TimeStampHandler &other) const { return !(*this == other); }
+};
+
+/// Holds a float.
+class KORMAK_EXPORT FloatHandler final : public NumericHandler<float> {
+public:
+    FloatHandler();
+
+    /// Number of decimals that are shown.
+    [[nodiscard]] const int &GetPrecision() const noexcept { return precision; }
+    void SetPrecision(int decimals) noexcept { precision = decimals; }
+
+    void Reset() override;
+
+    /// Multiplier and precision are not compared. A NaN equals nothing.
+    [[nodiscard]] bool operator==(const FloatHandler &other) const;
+    [[nodiscard]] bool operator!=(const FloatHandler &other) const { return !(*this == other); }
+
+private:
+    int precision = 0;
+};
+
+/// Holds a double, or a list of doubles when it is used as a list. The value -111111.11 means that none is
+/// set.
+class KORMAK_EXPORT DoubleHandler final : public NumericHandler<double> {
+public:
+    DoubleHandler();
+
+    [[nodiscard]] const bool &IsDoubleList() const noexcept { return useAsList; }
+    /// Neither the list nor the single value changes.
+    void SetUseAsList(bool on) noexcept { useAsList = on; }
+
+    [[nodiscard]] QVector<double> &GetDoubleList() noexcept { return doubleList.value; }
+    [[nodiscard]] const QVector<double> &GetDoubleList() const noexcept { return doubleList.value; }
+    void SetDoubleList(QVector<double> &list);
+    void AppendDoubleValue(const double &number);
+
+    /// Information for the document; the list may grow beyond it. 0: none declared. Reset() leaves it alone.
+    [[nodiscard]] const int &GetMaxDoubleListLength() const noexcept { return maxDoubleListLength; }
+    void SetMaxDoubleListLength(int length) noexcept { maxDoubleListLength = length; }
+
+    /// Number of decimals that are shown.
+    [[nodiscard]] const int &GetPrecision() const noexcept { return precision; }
+    void SetPrecision(int decimals) noexcept { precision = decimals; }
+
+    /// As a list: it has elements or a maximum length. Otherwise: a value is set.
+    [[nodiscard]] bool HasData() const override;
+    /// True when limits, default or value differ from the reset state, or there is anything of a list.
+    [[nodiscard]] bool AnyData() const override;
+    void Reset() override;
+
+    /// Compares lists, limits, default, value, precision and, only when this handler (the left one) is used
+    /// as a list, the maximum lengths. The multiplier is not compared. A NaN equals nothing.
+    [[nodiscard]] bool operator==(const DoubleHandler &other) const;
+    [[nodiscard]] bool operator!=(const DoubleHandler &other) const { return !(*this == other); }
+
+private:
+    Exchanged<QVector<double>> doubleList;
+    int maxDoubleListLength = 0;
+    int precision = 0;
+    bool useAsList = false;
+};
+
+/// Holds a text. It holds data when the value is not empty. Reset() also clears the handler's names.
+class KORMAK_EXPORT StringHandler final : public TypeHandler {
+public:
+    [[nodiscard]] const QString &GetDefault() const noexcept { return defaultValue.value; }
+    void SetDefault(const QString &text) { defaultValue.value = text; }
+
+    [[nodiscard]] const QString &GetValue() const noexcept { return value.value; }
+    void SetValue(const QString &text) { value.value = text; }
+
+    [[nodiscard]] bool HasData() const override;
+    /// True when value, default or one of the names is not empty.
+    [[nodiscard]] bool AnyData() const override;
+    void Reset() override;
+
+    [[nodiscard]] bool operator==(const StringHandler &other) const;
+    [[nodiscard]] bool operator!=(const StringHandler &other) const { return !(*this == other); }
+
+private:
+    Exchanged<QString> defaultValue;
+    Exchanged<QString> value;
+};
+
+} // namespace KORMAK
+
+#endif
