@@ -1,0 +1,261 @@
+#ifndef KORMAK_PARAMETER_H
+#define KORMAK_PARAMETER_H
+
+#include <kormak/EnumHandler.h>
+#include <kormak/kormak_export.h>
+#include <kormak/TypeHandler.h>
+#include <objectbase/ITesselObject.h>
+
+#include <QString>
+
+namespace KORMAK {
+
+/// The kind of value that a parameter carries; it selects the handler that holds it.
+enum class ParameterType : qint32 {
+    Invalid = -1,
+    Boolean,
+    Long,
+    Integer,
+    String,
+    Double,
+    DoubleList,
+    Float,
+    Enum,
+    TimeStamp,
+};
+
+/// The name that documents bear for \a type; empty when it is not valid.
+[[nodiscard]] KORMAK_EXPORT QString ParameterTypeToName(ParameterType type);
+
+/// The type whose name is exactly \a name (case-sensitive), or Invalid.
+[[nodiscard]] KORMAK_EXPORT ParameterType NameToParameterType(const QString &name);
+
+/// A setting of a generic receiver: its names, how a user interface shows and edits it, and its value with
+/// limits and default in one of eight handlers. All handlers are there at all times; the parameter type says
+/// which one counts. The others keep what they hold.
+///
+/// Three things are not read back as they were written: the type of a boolean parameter is not written, the
+/// default of a string parameter is written as an attribute and read from an element, and the values of a
+/// double list are not written at all.
+class KORMAK_EXPORT Parameter : public TESSEL::ITesselObject {
+public:
+    /// How a user interface presents the value.
+    enum ValueType : qint32 {
+        InvalidValueType = -1,
+        ValueSelection,
+        ValueBoolean,
+        ValueNumericInt,
+        ValueNumericFloat,
+        ValueString,
+        ValueNumericInt64,
+        ValueFrequency,
+        ValueFloatList,
+    };
+
+    /// How a user interface edits the value.
+    enum ControlType : qint32 {
+        InvalidControlType = -1,
+        VCFrequency,
+        VCLineEdit,
+        VCLineEditFrequency,
+        VCTimeEdit,
+    };
+
+    Parameter();
+    Parameter(const Parameter &other);
+    Parameter &operator=(const Parameter &other);
+    ~Parameter() override;
+
+    /// \name Names and display
+    /// The names are handed on to the handler of the current type: set the type first, or set them again
+    /// after it.
+    /// @{
+
+    /// The key of the parameter. Mandatory.
+    [[nodiscard]] const QString &GetUniqueParameterName() const noexcept { return uniqueName; }
+    void SetUniqueParameterName(const QString &name);
+
+    /// The name of the parameter as the receiver knows it. Mandatory.
+    [[nodiscard]] const QString &GetRepresenationName() const noexcept { return representationName; }
+    void SetRepresenationName(const QString &name);
+
+    /// A label for a user interface.
+    [[nodiscard]] const QString &GetDisplayName() const noexcept { return displayName; }
+    void SetDisplayName(const QString &text);
+
+    /// The unit shown behind the value. A character outside Latin-1 becomes "?" when it is set here, but is
+    /// kept when a document is read.
+    [[nodiscard]] const QString &GetDisplaySuffix() const noexcept { return displaySuffix; }
+    void SetDisplaySuffix(const QString &text);
+    [[nodiscard]] bool HasSuffix() { return !displaySuffix.isEmpty(); }
+    [[nodiscard]] bool HasSuffix() const { return !displaySuffix.isEmpty(); }
+
+    [[nodiscard]] const QString &GetToolTip() const noexcept { return toolTip; }
+    void SetToolTip(const QString &text);
+
+    /// The factor between shown and stored value; handed on to the handler of the current type, as the names
+    /// are, where it has one.
+    [[nodiscard]] const double &GetMultiplier() const noexcept { return multiplier; }
+    void SetMultiplier(double factor);
+
+    /// Only reading and Reset() change it.
+    [[nodiscard]] bool IsEnabled() const noexcept { return enabled; }
+    /// @}
+
+    /// \name Types
+    /// The setters store any value.
+    /// @{
+
+    /// Mandatory.
+    [[nodiscard]] ParameterType &GetParameterType() noexcept { return parameterType; }
+    [[nodiscard]] const ParameterType &GetParameterType() const noexcept { return parameterType; }
+    void SetParameterType(const ParameterType &type);
+
+    /// Mandatory.
+    [[nodiscard]] ValueType &GetValueType() noexcept { return valueType; }
+    [[nodiscard]] const ValueType &GetValueType() const noexcept { return valueType; }
+    void SetValueType(const ValueType &type);
+
+    [[nodiscard]] ControlType &GetControlType() noexcept { return controlType; }
+    [[nodiscard]] const ControlType &GetControlType() const noexcept { return controlType; }
+    void SetControlType(const ControlType &type);
+    [[nodiscard]] bool HasControlType() { return IsValidControlType(controlType); }
+    [[nodiscard]] bool HasControlType() const { return IsValidControlType(controlType); }
+
+    [[nodiscard]] bool IsBoolean() const noexcept { return parameterType == ParameterType::Boolean; }
+    [[nodiscard]] bool IsLong() const noexcept { return parameterType == ParameterType::Long; }
+    [[nodiscard]] bool IsInteger() const noexcept { return parameterType == ParameterType::Integer; }
+    [[nodiscard]] bool IsString() const noexcept { return parameterType == ParameterType::String; }
+    /// False for a double list.
+    [[nodiscard]] bool IsDouble() const noexcept { return parameterType == ParameterType::Double; }
+    [[nodiscard]] bool IsDoubleList() const noexcept { return parameterType == ParameterType::DoubleList; }
+    [[nodiscard]] bool IsFloat() const noexcept { return parameterType == ParameterType::Float; }
+    [[nodiscard]] bool IsEnum() const noexcept { return parameterType == ParameterType::Enum; }
+    [[nodiscard]] bool IsTimeStamp() const noexcept { return parameterType == ParameterType::TimeStamp; }
+
+    /// \throws TesselException "...: Invalid ValueType '...'" for an unknown name
+    [[nodiscard]] ValueType NameToValueType(const QString &name) const;
+    /// \throws TesselException "...: Invalid ValueType '...'", too, for an unknown name
+    [[nodiscard]] ControlType NameToControlType(const QString &name) const;
+    /// \throws TesselException "...: Invalid ValueType '...'" for a value outside the vocabulary
+    [[nodiscard]] const QString &ValueTypeToName(ValueType type) const;
+    /// \throws TesselException "...: Invalid ControlType '...'" for a value outside the vocabulary
+    [[nodiscard]] const QString &ControlTypeToName(ControlType type) const;
+    /// @}
+
+    /// \name Handlers
+    /// @{
+    [[nodiscard]] BooleanHandler &GetBooleanHandler() noexcept { return booleanHandler; }
+    [[nodiscard]] const BooleanHandler &GetBooleanHandler() const noexcept { return booleanHandler; }
+    void SetBooleanHandler(const BooleanHandler &handler);
+
+    [[nodiscard]] IntegerHandler &GetIntegerHandler() noexcept { return integerHandler; }
+    [[nodiscard]] const IntegerHandler &GetIntegerHandler() const noexcept { return integerHandler; }
+    void SetIntegerHandler(const IntegerHandler &handler);
+
+    [[nodiscard]] LongHandler &GetLongHandler() noexcept { return longHandler; }
+    [[nodiscard]] const LongHandler &GetLongHandler() const noexcept { return longHandler; }
+    void SetLongHandler(const LongHandler &handler);
+
+    [[nodiscard]] FloatHandler &GetFloatHandler() noexcept { return floatHandler; }
+    [[nodiscard]] const FloatHandler &GetFloatHandler() const noexcept { return floatHandler; }
+    void SetFloatHandler(const FloatHandler &handler);
+
+    /// For double lists, too.
+    [[nodiscard]] DoubleHandler &GetDoubleHandler() noexcept { return doubleHandler; }
+    [[nodiscard]] const DoubleHandler &GetDoubleHandler() const noexcept { return doubleHandler; }
+    void SetDoubleHandler(const DoubleHandler &handler);
+
+    [[nodiscard]] StringHandler &GetStringHandler() noexcept { return stringHandler; }
+    [[nodiscard]] const StringHandler &GetStringHandler() const noexcept { return stringHandler; }
+    void SetStringHandler(const StringHandler &handler);
+
+    [[nodiscard]] TimeStampHandler &GetTimeStampHandler() noexcept { return timeStampHandler; }
+    [[nodiscard]] const TimeStampHandler &GetTimeStampHandler() const noexcept { return timeStampHandler; }
+    void SetTimeStampHandler(const TimeStampHandler &handler);
+
+    [[nodiscard]] EnumHandler &GetEnumHandler() noexcept { return enumHandler; }
+    [[nodiscard]] const EnumHandler &GetEnumHandler() const noexcept { return enumHandler; }
+    void SetEnumHandler(const EnumHandler &handler);
+    /// @}
+
+    /// The handler of the current type holds data; false when no type is set.
+    [[nodiscard]] bool IsValidParameter() const;
+
+    /// Compares unique name, representation name, parameter type, display name, enabled flag and the handlers
+    /// of that type. Two parameters without a type are never equal.
+    [[nodiscard]] bool operator==(const Parameter &other) const;
+    [[nodiscard]] bool operator!=(const Parameter &other) const { return !(*this == other); }
+
+    /// Both names, the parameter type and the value type are set, and the handler holds data.
+    [[nodiscard]] bool HasData() const override;
+    /// True when the representation name or one of the types is set, or the handler holds data.
+    [[nodiscard]] bool AnyData() const;
+    void Reset() override;
+    using ITesselObject::Check;
+    /// A parameter whose handler lacks data passes.
+    /// \throws TesselException "...: Please set " followed by ParameterType, ValueType, UniqueName attribute
+    /// or RepresentationName, in this order
+    void Check() const override;
+
+    /// \cond
+    void GetXml(QXmlStreamWriter &writer) const override;
+    void ProcessXml(QXmlStreamReader &reader) override;
+    /// \endcond
+
+protected:
+    /// Sets the type by its name (case-sensitive); an unknown name changes nothing.
+    void SetParameterType(const QString &name);
+
+    /// \name Reading the block of a type
+    /// \a reader stands on the start element of the block and is left on the next end element of the block's
+    /// name, or at the end of the document when there is none. \throws TesselException the error of \a reader
+    /// @{
+    void ProcessDoubleList(QXmlStreamReader &reader);
+    void ProcessEnumList(QXmlStreamReader &reader);
+    void ProcessFloatList(QXmlStreamReader &reader);
+    void ProcessIntegerList(QXmlStreamReader &reader);
+    void ProcessLongList(QXmlStreamReader &reader);
+    void ProcessStringList(QXmlStreamReader &reader);
+    void ProcessTimeStampList(QXmlStreamReader &reader);
+    /// @}
+
+    /// \cond
+    void ProcessXmlStartElement(QXmlStreamReader &reader) override;
+    /// \endcond
+
+private:
+    struct Xml;
+
+    [[nodiscard]] static bool IsValidValueType(ValueType type);
+    [[nodiscard]] static bool IsValidControlType(ControlType type);
+    [[nodiscard]] ValueType ToValueType(const QString &name) const;
+    [[nodiscard]] ControlType ToControlType(const QString &name) const;
+
+    template <class Visitor>
+    auto visitHandler(Visitor visit) const;
+
+    QString version;
+    QString uniqueName;
+    QString representationName;
+    QString toolTip;
+    QString displayName;
+    QString displaySuffix;
+    double multiplier;
+    bool enabled;
+    ValueType valueType;
+    ControlType controlType;
+    ParameterType parameterType;
+    TimeStampHandler timeStampHandler;
+    BooleanHandler booleanHandler;
+    EnumHandler enumHandler;
+    IntegerHandler integerHandler;
+    DoubleHandler doubleHandler;
+    FloatHandler floatHandler;
+    LongHandler longHandler;
+    StringHandler stringHandler;
+};
+
+} // namespace KORMAK
+
+#endif
