@@ -1,0 +1,32 @@
+# Runs before the other package tests: clears their folders and installs the build to a fresh folder, which is then
+# moved, for nothing may depend on where it was installed. Every public header is there and no private one.
+
+file(REMOVE_RECURSE "${PREFIX}")
+foreach(program Embedding Headers Subdirectory OtherQt NextMajor)
+    file(REMOVE_RECURSE "${PROGRAMS_DIR}/${program}")
+endforeach()
+
+execute_process(
+    COMMAND "${CMAKE_COMMAND}" --install "${BINARY_DIR}" --config "${CONFIG}" --prefix "${PREFIX} first"
+    COMMAND_ERROR_IS_FATAL ANY
+    OUTPUT_QUIET
+)
+file(RENAME "${PREFIX} first" "${PREFIX}")
+
+# compare(what installed expected): both are lists of relative paths.
+function(compare what installed expected)
+    list(SORT installed)
+    list(SORT expected)
+    if(NOT installed STREQUAL expected)
+        message(FATAL_ERROR "Installed ${what}:\n  ${installed}\nExpected:\n  ${expected}")
+    endif()
+endfunction()
+
+file(GLOB_RECURSE installed RELATIVE "${PREFIX}/include" "${PREFIX}/include/*")
+set(public "")
+foreach(folder objectbase kormak)
+    file(GLOB headers RELATIVE "${SOURCE_DIR}" "${SOURCE_DIR}/${folder}/*.h")
+    list(APPEND public ${headers} "${folder}/${folder}_export.h")
+endforeach()
+list(FILTER public EXCLUDE REGEX "_p\\.h$")
+compare("headers" "${installed}" "${public}")
