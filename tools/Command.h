@@ -1,0 +1,43 @@
+// What main() needs to know of a command. A new command is one source file with its Command, the declaration
+// of that below and its line in the table in main.cpp.
+#ifndef KORMAK_TOOLS_COMMAND_H
+#define KORMAK_TOOLS_COMMAND_H
+
+#include <QCommandLineOption>
+#include <QList>
+#include <QString>
+#include <QStringView>
+
+QT_BEGIN_NAMESPACE
+class QCommandLineParser;
+QT_END_NAMESPACE
+
+/// In order of weight: the greatest of several is the one that the tool ends with.
+enum ExitStatus {
+    Good = 0,
+    Faulty = 1, ///< a document is at fault
+    Failed = 2, ///< something cannot be read or written, or the call is wrong
+};
+
+struct Command {
+    enum class Files { One, Many };
+
+    QStringView name;
+    QStringView summary; ///< one line
+    QStringView description;
+    QStringView example;
+    Files files;
+    QList<QCommandLineOption> (*options)();
+    ExitStatus (*run)(const QCommandLineParser &parser);
+};
+
+/// Thrown for a call that is wrong.
+struct UsageError {
+    QString message;
+};
+
+extern const Command checkCommand;
+extern const Command formatCommand;
+extern const Command showCommand;
+
+#endif

@@ -1,0 +1,54 @@
+// Reading a document from a file: its text, its kind, its object, or what is wrong and where.
+#ifndef KORMAK_TOOLS_DOCUMENTFILE_H
+#define KORMAK_TOOLS_DOCUMENTFILE_H
+
+#include <objectbase/ITesselObject.h>
+#include <tools/Command.h>
+#include <tools/DocumentKind.h>
+#include <tools/TextPosition.h>
+
+#include <QString>
+#include <QStringView>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+struct Document {
+    QString text;
+    const DocumentKind *kind;
+    std::unique_ptr<TESSEL::ITesselObject> object;
+};
+
+/// Why a document cannot be used. Without a position it is not the document that is at fault: the file cannot
+/// be read.
+struct DocumentError {
+    QString message;
+    std::optional<TextPosition> position = std::nullopt;
+};
+
+/// Reads the file \a path, "-" being standard input. \throws DocumentError
+[[nodiscard]] Document readDocument(const QString &path);
+
+/// \throws DocumentError when Check() of the document throws, at the element that it is about
+void checkDocument(const Document &document);
+
+/// \throws DocumentError with \a message, at the root element
+[[noreturn]] void throwAtRoot(const Document &document, const QString &message);
+
+/// Whether \a document is complete and, if not, why: "Job, not complete: JobHeader: Please set Author"
+[[nodiscard]] QString stateOf(const Document &document);
+
+/// Does \a work on the document in the file \a path. When reading or \a work throws a DocumentError, that is
+/// complained about.
+[[nodiscard]] ExitStatus onDocument(const QString &path,
+                                    const std::function<ExitStatus(const Document &)> &work);
+
+/// One line "PATH:LINE:COLUMN: SEVERITY: MESSAGE" for each finding.
+void complainAbout(const QString &path, const Document &document, QStringView severity,
+                   const Findings &findings);
+
+/// The file at \a path as complaints name it, with the message.
+void complainAbout(const QString &path, const DocumentError &error);
+
+#endif

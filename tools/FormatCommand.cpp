@@ -1,0 +1,138 @@
+#include <objectbase/TesselException.h>
+#include <tools/Command.h>
+#include <tools/Console.h>
+#include <tools/DocumentFile.h>
+#include <tools/XmlLosses.h>
+
+#include <QCommandLineParser>
+#include <QSaveFile>
+
+#include <algorithm>
+
+namespace {
+
+constexpr QStringView OutputOption = u"o";
+constexpr QStringView InPlaceOption = u"in-place";
+constexpr QStringView DropCommentsOption = u"drop-comments";
+constexpr QStringView StandardStream = u"-";
+
+QList<QCommandLineOption> options()
+{
+    return {
+        {OutputOption.toString(), QStringLiteral("Write to the file OUT."), QStringLiteral("OUT")},
+        {InPlaceOption.toString(), QStringLiteral("Write to FILE itself.")},
+        {DropCommentsOption.toString(), QStringLiteral("Write even if comments are lost.")},
+    };
+}
+
+/// \throws DocumentError when the document is not complete: nothing would be written
+QString canonicalText(const Document &document)
+{
+    checkDocument(document);
+    if (!document.object->HasData())
+        throwAtRoot(document, stateOf(document));
+    try {
+        return document.object->GetXmlString();
+    } catch (const TESSEL::TesselException &exception) {
+        throwAtRoot(document, exception.GetErrorMessage());
+    }
+}
+
+void complainAboutLosses(const QString &path, const Document &document, const std::vector<XmlLoss> &losses)
+{
+    Findings findings;
+    for (const XmlLoss &loss : losses)
+        findings.push_back({loss.offset, loss.message});
+    complainAbout(path, document, u"loss", findings);
+    const bool hasComments =
+        std::any_of(losses.begin(), losses.end(), [](const XmlLoss &loss) { return loss.isComment; });
+    Console::complain(
+        path + QStringLiteral(": error: not written, since the lines above would be lost")
+        + (hasComments ? QStringLiteral(" (--drop-comments allows to lose comments)") : QString()));
+}
+
+std::vector<XmlLoss> lossesIn(const QString &text, const XmlTree &original, const XmlDefaults &defaults,
+                              bool dropsComments)
+{
+    std::vector<XmlLoss> losses = findLosses(original, XmlTree(text), defaults);
+    if (dropsComments) {
+        losses.erase(
+            std::remove_if(losses.begin(), losses.end(), [](const XmlLoss &loss) { return loss.isComment; }),
+            losses.end());
+    }
+    return losses;
+}
+
+ExitStatus write(const QString &text, const QString &path)
+{
+    if (path == StandardStream) {
+        Console::write(text);
+        return Good;
+    }
+    QSaveFile file(path);
+    const QByteArray bytes = text.toUtf8();
+    // Without the flush a full disk would go unnoticed, and the file be replaced by a part of the document.
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() && file.commit())
+        return Good;
+    complainAbout(path, {QStringLiteral("cannot be written: ") + file.errorString()});
+    return Failed;
+}
+
+/// Writes the document to \a target unless it cannot be written or something of it would be lost.
+/// \throws DocumentError
+ExitStatus format(const Document &document, const QString &source, const QString &target, bool dropsComments)
+{
+    const DocumentKind &kind = *document.kind;
+    const XmlTree tree(document.text);
+    if (kind.obstacles) {
+        const Findings obstacles = kind.obstacles(*document.object, tree);
+        complainAbout(source, document, u"error", obstacles);
+        if (!obstacles.empty())
+            return Faulty;
+    }
+    const QString text = canonicalText(document);
+    const auto losses = lossesIn(text, tree, kind.defaults, dropsComments);
+    if (losses.empty())
+        return write(text, target);
+    complainAboutLosses(source, document, losses);
+    return Faulty;
+}
+
+/// \throws UsageError
+QString targetOf(const QCommandLineParser &parser, const QString &source)
+{
+    const bool isInPlace = parser.isSet(InPlaceOption.toString());
+    const QStringList outputs = parser.values(OutputOption.toString());
+    if (outputs.size() + (isInPlace ? 1 : 0) > 1)
+        throw UsageError{QStringLiteral("only one of -o and --in-place can be given, and only once")};
+    if (isInPlace && source == StandardStream)
+        throw UsageError{QStringLiteral("standard input cannot be written in place")};
+    if (isInPlace)
+        return source;
+    return outputs.isEmpty() ? StandardStream.toString() : outputs.constFirst();
+}
+
+ExitStatus run(const QCommandLineParser &parser)
+{
+    const QString source = parser.positionalArguments().constFirst();
+    const QString target = targetOf(parser, source);
+    const bool dropsComments = parser.isSet(DropCommentsOption.toString());
+    return onDocument(
+        source, [&](const Document &document) { return format(document, source, target, dropsComments); });
+}
+
+} // namespace
+
+const Command formatCommand{
+    u"format",
+    u"write a document in canonical form",
+    u"Reads the document and writes it as the library writes it, to standard output unless told otherwise,\n"
+    u"all of it or nothing. When the rewritten document would not say all that FILE says, nothing is\n"
+    u"written, and standard error tells what would be lost as FILE:LINE:COLUMN: loss: PATH: ...\n"
+    u"Exit status: 0 it is written, 1 the document is at fault or something would be lost,\n"
+    u"2 a file cannot be read or written.",
+    u"kormak format -o tidy.xml job.xml",
+    Command::Files::One,
+    options,
+    run,
+};

@@ -1,0 +1,55 @@
+#include "tools/Obstacles.h"
+
+#include <kormak/AutomaticWorkflow.h>
+#include <kormak/Parameter.h>
+#include <objectbase/TesselException.h>
+
+using namespace KORMAK;
+
+namespace {
+
+constexpr QStringView ModeName = u"Mode";
+
+} // namespace
+
+std::optional<QString> complaintOf(const TESSEL::ITesselObject &object)
+{
+    try {
+        object.Check();
+    } catch (const TESSEL::TesselException &exception) {
+        return exception.GetErrorMessage();
+    }
+    return std::nullopt;
+}
+
+Findings modeNotReadBack(const AutomaticWorkflow &workflow, const XmlTree &tree)
+{
+    const XmlTree::Element &root = tree.element(XmlTree::Root);
+    const XmlTree::Index child = tree.findChild(XmlTree::Root, ModeName);
+    if (child != XmlTree::None && workflow.HasData()) {
+        return {{tree.element(child).offset,
+                 QStringLiteral(
+                     "the mode would be written as the attribute \"Mode\", but it is read only from an "
+                     "element \"Mode\": the rewritten document would not be complete")}};
+    }
+    if (child == XmlTree::None && tree.findAttribute(root, ModeName)) {
+        return {
+            {root.offset,
+             QStringLiteral("the mode stands in the attribute \"Mode\", but it is read only from an element "
+                            "\"Mode\": the document is not complete")}};
+    }
+    return {};
+}
+
+Findings incompleteParameters(const std::vector<ParameterElement> &parameters)
+{
+    Findings findings;
+    for (const ParameterElement &element : parameters) {
+        if (element.parameter.HasData())
+            continue;
+        const QString reason =
+            complaintOf(element.parameter).value_or(QStringLiteral("its handler holds no data"));
+        findings.push_back(element.finding(element.index, QStringLiteral("not complete: ") + reason));
+    }
+    return findings;
+}

@@ -1,0 +1,49 @@
+// The "Parameter" elements of a document, each with the parameter that was read from it.
+#ifndef KORMAK_TOOLS_PARAMETERELEMENTS_H
+#define KORMAK_TOOLS_PARAMETERELEMENTS_H
+
+#include <tools/Finding.h>
+#include <tools/XmlTree.h>
+
+#include <QString>
+#include <QStringView>
+
+#include <vector>
+
+namespace KORMAK {
+class GenericReceiver;
+class Parameter;
+} // namespace KORMAK
+
+class ParameterElement {
+public:
+    const XmlTree &tree;
+    XmlTree::Index index;
+    const KORMAK::Parameter &parameter;
+    bool isInReceiver;
+    bool hasReplaced; ///< an element before it bears the same unique name
+
+    /// The elements called \a name in the blocks of the parameter's type, at any depth, as reading finds
+    /// them.
+    [[nodiscard]] std::vector<XmlTree::Index> inBlocks(QStringView name) const;
+
+    /// At \a element: "Parameter 'NAME': MESSAGE"
+    [[nodiscard]] Finding finding(XmlTree::Index element, const QString &message) const;
+    /// At the last of the elements called \a name in the blocks, at the last block, or at the parameter,
+    /// whichever there is.
+    [[nodiscard]] Finding findingInBlocks(QStringView name, const QString &message) const;
+    /// At the last block or at the parameter.
+    [[nodiscard]] Finding findingAtBlock(const QString &message) const;
+
+private:
+    [[nodiscard]] std::vector<XmlTree::Index> blocks() const;
+};
+
+/// In the order of the document. An element is left out when a later one has taken its place, and when its
+/// parameter was not read.
+[[nodiscard]] std::vector<ParameterElement> parameterElements(const KORMAK::GenericReceiver &receiver,
+                                                              const XmlTree &tree);
+[[nodiscard]] std::vector<ParameterElement> parameterElements(const KORMAK::Parameter &parameter,
+                                                              const XmlTree &tree);
+
+#endif

@@ -1,0 +1,10 @@
+#ifndef KORMAK_TOOLS_UTF8_H
+#define KORMAK_TOOLS_UTF8_H
+
+#include <QByteArray>
+
+/// The index of the first byte in \a bytes that does not belong to a character in UTF-8, or its size when all
+/// do. Qt itself would put a replacement character there and say nothing.
+[[nodiscard]] qsizetype firstByteOutsideUtf8(const QByteArray &bytes);
+
+#endif

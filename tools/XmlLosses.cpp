@@ -1,0 +1,221 @@
+#include "tools/XmlLosses.h"
+
+#include <tools/Console.h>
+
+#include <QHash>
+#include <QPair>
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+namespace {
+
+constexpr int LongestQuotation = 200;
+
+std::optional<qint64> asInteger(const QString &text)
+{
+    bool ok = false;
+    const qint64 number = text.toLongLong(&ok);
+    return ok ? std::optional(number) : std::nullopt;
+}
+
+std::optional<double> asDouble(const QString &text)
+{
+    bool ok = false;
+    const double number = text.toDouble(&ok);
+    return ok ? std::optional(number) : std::nullopt;
+}
+
+/// Exact, although not every 64-bit integer is a double.
+bool isSame(qint64 integer, double number)
+{
+    constexpr double Limit = 9223372036854775808.0;
+    return number >= -Limit && number < Limit && number == std::floor(number)
+        && static_cast<qint64>(number) == integer;
+}
+
+bool isSame(double a, double b)
+{
+    return a == b || (std::isnan(a) && std::isnan(b));
+}
+
+bool isSameNumber(const QString &a, const QString &b)
+{
+    const auto integerA = asInteger(a);
+    const auto integerB = asInteger(b);
+    if (integerA && integerB)
+        return integerA == integerB;
+    const auto doubleA = asDouble(a);
+    const auto doubleB = asDouble(b);
+    if (!doubleA || !doubleB)
+        return false;
+    if (integerA)
+        return isSame(*integerA, *doubleB);
+    return integerB ? isSame(*integerB, *doubleA) : isSame(*doubleA, *doubleB);
+}
+
+bool saysSame(const QString &a, const QString &b)
+{
+    return a == b || isSameNumber(a, b);
+}
+
+QString quoted(const QString &text)
+{
+    const QString shown = text.size() > LongestQuotation ? text.left(LongestQuotation) + QChar(0x2026) : text;
+    return QLatin1Char('"') + Console::oneLine(shown) + QLatin1Char('"');
+}
+
+QString kindName(XmlTree::Aside::Kind kind)
+{
+    switch (kind) {
+    case XmlTree::Aside::Kind::Comment:
+        return QStringLiteral("the comment");
+    case XmlTree::Aside::Kind::Instruction:
+        return QStringLiteral("the processing instruction");
+    default:
+        return QStringLiteral("the document type");
+    }
+}
+
+class LossFinder {
+public:
+    LossFinder(const XmlTree &originalTree, const XmlTree &rewrittenTree, const XmlDefaults &defaultRows)
+        : original(originalTree), rewritten(rewrittenTree), defaults(defaultRows)
+    {
+    }
+
+    std::vector<XmlLoss> find()
+    {
+        if (original.element(XmlTree::Root).name == rewritten.element(XmlTree::Root).name)
+            compare(XmlTree::Root, XmlTree::Root);
+        else
+            loseElement(XmlTree::Root);
+        loseAsides();
+        std::stable_sort(losses.begin(), losses.end(),
+                         [](const XmlLoss &a, const XmlLoss &b) { return a.offset < b.offset; });
+        return std::move(losses);
+    }
+
+private:
+    using Index = XmlTree::Index;
+    /// Name and unique name.
+    using Key = QPair<QString, QString>;
+
+    static Key keyOf(const XmlTree &tree, Index index)
+    {
+        const XmlTree::Element &element = tree.element(index);
+        const XmlTree::Attribute *uniqueName = tree.findAttribute(element, UniqueNameAttribute);
+        return {element.name, uniqueName ? uniqueName->value : QString()};
+    }
+
+    /// As deep as both documents go, so no deeper than the library writes.
+    void compare(Index was, Index willBe)
+    {
+        const QString &text = original.element(was).text;
+        if (!text.isEmpty() && !saysSame(text, rewritten.element(willBe).text))
+            lose(was, QString(), text, rewritten.element(willBe).text);
+        compareAttributes(was, willBe);
+        compareChildren(was, willBe);
+    }
+
+    void compareAttributes(Index was, Index willBe)
+    {
+        const XmlTree::Element &element = original.element(was);
+        for (Index i = element.firstAttribute; i < element.attributesEnd; ++i) {
+            const XmlTree::Attribute &attribute = original.attribute(i);
+            const auto *counterpart = rewritten.findAttribute(rewritten.element(willBe), attribute.name);
+            const QString place = QStringLiteral("/@") + attribute.name;
+            if (!counterpart && !isDefault(element.name, attribute.name, attribute.value))
+                lose(was, place, attribute.value, std::nullopt);
+            else if (counterpart && !saysSame(attribute.value, counterpart->value))
+                lose(was, place, attribute.value, counterpart->value);
+        }
+    }
+
+    void compareChildren(Index was, Index willBe)
+    {
+        const Index firstChild = original.element(was).firstChild;
+        if (firstChild == XmlTree::None)
+            return;
+        QHash<Key, std::vector<Index>> counterparts;
+        for (Index i = rewritten.element(willBe).firstChild; i != XmlTree::None;
+             i = rewritten.element(i).nextSibling)
+            counterparts[keyOf(rewritten, i)].push_back(i);
+        QHash<Key, std::size_t> seen;
+        for (Index i = firstChild; i != XmlTree::None; i = original.element(i).nextSibling) {
+            const Key key = keyOf(original, i);
+            const std::size_t number = seen[key]++;
+            const auto found = counterparts.constFind(key);
+            if (found != counterparts.constEnd() && number < found->size())
+                compare(i, (*found)[number]);
+            else
+                loseElement(i);
+        }
+    }
+
+    void lose(Index was, const QString &place, const QString &text, const std::optional<QString> &instead)
+    {
+        const QString outcome = instead ? quoted(*instead) : QStringLiteral("missing");
+        add(original.element(was).offset,
+            original.path(was) + place + QStringLiteral(": was ") + quoted(text)
+                + QStringLiteral(", would be ") + outcome);
+    }
+
+    void loseElement(Index was)
+    {
+        const XmlTree::Element &element = original.element(was);
+        if (saysNothing(element))
+            return;
+        if (element.firstChild == XmlTree::None)
+            lose(was, QString(), element.text, std::nullopt);
+        else
+            add(element.offset,
+                original.path(was) + QStringLiteral(": would be missing with all that is in it"));
+    }
+
+    [[nodiscard]] bool saysNothing(const XmlTree::Element &element) const
+    {
+        return element.firstChild == XmlTree::None && element.firstAttribute == element.attributesEnd
+            && (element.text.isEmpty() || isDefault(element.name, {}, element.text));
+    }
+
+    [[nodiscard]] bool isDefault(QStringView element, QStringView attribute, const QString &text) const
+    {
+        return std::any_of(defaults.begin(), defaults.end(), [&](const XmlDefault &row) {
+            return row.element == element && row.attribute == attribute
+                && saysSame(text, row.text.toString());
+        });
+    }
+
+    void loseAsides()
+    {
+        for (const XmlTree::Aside &aside : original.allAsides()) {
+            const QString place = aside.parent == XmlTree::None
+                ? QString()
+                : original.path(aside.parent) + QStringLiteral(": ");
+            add(aside.offset,
+                place + kindName(aside.kind) + QLatin1Char(' ') + quoted(aside.text)
+                    + QStringLiteral(" would be missing"),
+                aside.kind == XmlTree::Aside::Kind::Comment);
+        }
+    }
+
+    void add(qsizetype offset, const QString &message, bool isComment = false)
+    {
+        losses.push_back({offset, message, isComment});
+    }
+
+    const XmlTree &original;
+    const XmlTree &rewritten;
+    const XmlDefaults defaults;
+    std::vector<XmlLoss> losses;
+};
+
+} // namespace
+
+std::vector<XmlLoss> findLosses(const XmlTree &original, const XmlTree &rewritten,
+                                const XmlDefaults &defaults)
+{
+    return LossFinder(original, rewritten, defaults).find();
+}
