@@ -55,6 +55,28 @@ if(TARGET kormak-cli)
     kormak_install_tool(kormak-cli)
 endif()
 
+# For editors and validators. One file for each kind of document; what they share stands in types/.
+set(kormak_schema_dir "${CMAKE_INSTALL_DATADIR}/kormak/schemas")
+install(FILES
+    "${PROJECT_SOURCE_DIR}/schemas/ActivityGeneration.xsd"
+    "${PROJECT_SOURCE_DIR}/schemas/AntennaData.xsd"
+    "${PROJECT_SOURCE_DIR}/schemas/Area.xsd"
+    "${PROJECT_SOURCE_DIR}/schemas/AutomaticWorkflow.xsd"
+    "${PROJECT_SOURCE_DIR}/schemas/GenericReceiver.xsd"
+    "${PROJECT_SOURCE_DIR}/schemas/Job.xsd"
+    "${PROJECT_SOURCE_DIR}/schemas/JobHeader.xsd"
+    "${PROJECT_SOURCE_DIR}/schemas/Parameter.xsd"
+    DESTINATION "${kormak_schema_dir}" COMPONENT Runtime
+)
+install(FILES
+    "${PROJECT_SOURCE_DIR}/schemas/types/AntennaData.xsd"
+    "${PROJECT_SOURCE_DIR}/schemas/types/Area.xsd"
+    "${PROJECT_SOURCE_DIR}/schemas/types/JobHeader.xsd"
+    "${PROJECT_SOURCE_DIR}/schemas/types/Parameter.xsd"
+    "${PROJECT_SOURCE_DIR}/schemas/types/Texts.xsd"
+    DESTINATION "${kormak_schema_dir}/types" COMPONENT Runtime
+)
+
 install(EXPORT KormakTargets NAMESPACE Kormak:: DESTINATION "${kormak_package_dir}" COMPONENT Devel)
 
 # A program needs at least the Qt that the libraries were built with.

@@ -30,3 +30,7 @@ foreach(folder objectbase kormak)
 endforeach()
 list(FILTER public EXCLUDE REGEX "_p\\.h$")
 compare("headers" "${installed}" "${public}")
+
+file(GLOB_RECURSE installed RELATIVE "${PREFIX}/share/kormak/schemas" "${PREFIX}/share/kormak/schemas/*")
+file(GLOB_RECURSE schemas RELATIVE "${SOURCE_DIR}/schemas" "${SOURCE_DIR}/schemas/*.xsd")
+compare("schemas" "${installed}" "${schemas}")

@@ -1,0 +1,114 @@
+// What the tests of the schemas share: validation by xmllint, and the documents' objects by name.
+#ifndef KORMAK_SCHEMASUPPORT_H
+#define KORMAK_SCHEMASUPPORT_H
+
+#include "../TestSupport.h"
+
+#include <kormak/ActivityGenerationData.h>
+#include <kormak/AutomaticWorkflow.h>
+#include <kormak/GenericReceiver.h>
+#include <kormak/Job.h>
+#include <objectbase/Area.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <memory>
+#include <stdexcept>
+
+namespace SchemaSupport {
+
+/// The kinds of documents: the names of their objects, which are those of their schemas.
+inline QStringList kinds()
+{
+    return {"ActivityGeneration", "AntennaData", "Area",      "AutomaticWorkflow",
+            "GenericReceiver",    "Job",         "JobHeader", "Parameter"};
+}
+
+inline std::unique_ptr<TESSEL::ITesselObject> newObject(const QString &kind)
+{
+    if (kind == "ActivityGeneration")
+        return std::make_unique<KORMAK::ActivityGenerationData>();
+    if (kind == "AntennaData")
+        return std::make_unique<TESSEL::AntennaData>();
+    if (kind == "Area")
+        return std::make_unique<TESSEL::Area>();
+    if (kind == "AutomaticWorkflow")
+        return std::make_unique<KORMAK::AutomaticWorkflow>();
+    if (kind == "GenericReceiver")
+        return std::make_unique<KORMAK::GenericReceiver>();
+    if (kind == "Job")
+        return std::make_unique<KORMAK::Job>();
+    if (kind == "JobHeader")
+        return std::make_unique<KORMAK::JobHeader>();
+    if (kind == "Parameter")
+        return std::make_unique<KORMAK::Parameter>();
+    throw std::invalid_argument(kind.toStdString());
+}
+
+inline QString schemaPath(const QString &file)
+{
+    return QDir(SCHEMAS_DIR).filePath(file);
+}
+
+/// Why a test cannot run; empty when it can.
+inline QByteArray obstacle()
+{
+    return QStandardPaths::findExecutable("xmllint").isEmpty()
+        ? QByteArray("xmllint, a part of libxml2, is needed to test the schemas")
+        : QByteArray();
+}
+
+/// What xmllint says of each document under the schema of \a kind: nothing when it validates. It is called
+/// once for all of them.
+inline QStringList complaints(const QString &kind, const QList<QByteArray> &documents)
+{
+    const QTemporaryDir folder;
+    QStringList names;
+    for (const QByteArray &document : documents) {
+        names << QString::number(names.size()) + ".xml";
+        QFile file(folder.filePath(names.last()));
+        if (!file.open(QIODevice::WriteOnly) || file.write(document) != document.size())
+            throw std::runtime_error(file.errorString().toStdString());
+    }
+
+    QProcess xmllint;
+    xmllint.setWorkingDirectory(folder.path());
+    xmllint.start("xmllint",
+                  QStringList{"--noout", "--nonet", "--schema", schemaPath(kind + ".xsd")} + names);
+    constexpr int Milliseconds = 120'000;
+    if (!xmllint.waitForFinished(Milliseconds) || xmllint.exitStatus() != QProcess::NormalExit)
+        throw std::runtime_error(xmllint.errorString().toStdString());
+    const QString output = QString::fromUtf8(xmllint.readAllStandardError());
+    const QStringList lines = output.split('\n');
+
+    QStringList complaints;
+    for (const QString &name : names) {
+        const QStringList verdict = lines.filter(QRegularExpression('^' + name + "[ :]"));
+        if (verdict.isEmpty())
+            throw std::runtime_error(output.toStdString());
+        complaints << (verdict == QStringList(name + " validates") ? QString() : verdict.join('\n'));
+    }
+    return complaints;
+}
+
+/// The texts of \a paths, byte by byte.
+inline QList<QByteArray> contentsOf(const QStringList &paths)
+{
+    QList<QByteArray> contents;
+    for (const QString &path : paths) {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly))
+            throw std::runtime_error(path.toStdString());
+        contents << file.readAll();
+    }
+    return contents;
+}
+
+} // namespace SchemaSupport
+
+#endif
