@@ -48,6 +48,19 @@ inline QString document(const QString &elements)
     return QStringLiteral("<?xml version=\"1.0\"?>\n") + elements;
 }
 
+/// A document object that bears another name, or can be given one. What is protected there is open here.
+template <class Document>
+class Renamed : public Document {
+public:
+    Renamed() = default;
+    explicit Renamed(const QString &otherName, const Document &other = Document()) : Document(other)
+    {
+        this->SetObjectName(otherName);
+    }
+    using Document::ProcessXmlStartElement;
+    using Document::SetObjectName;
+};
+
 } // namespace TestSupport
 
 #endif

@@ -452,7 +452,7 @@ void ActivityGenerationDataTest::reset()
 
 void ActivityGenerationDataTest::resetKeepsTheName()
 {
-    Renamable<Data> data;
+    Renamed<Data> data;
     data.SetObjectName("Other");
     data.Reset();
     QCOMPARE(data.GetObjectName(), QString("Other"));
@@ -559,7 +559,7 @@ void ActivityGenerationDataTest::settersOfSwitches()
 
 void ActivityGenerationDataTest::messagesNameTheObject()
 {
-    Renamable<Data> data;
+    Renamed<Data> data;
     data.SetObjectName("Night %2 watch");
     const auto setMode = [&] { data.SetActivtyGenerationMode(static_cast<Mode>(3)); };
     const auto readOlderForm = [&] { process(data, "<Watch Version=\"1.0\">AGED</Watch>"); };
@@ -1285,7 +1285,7 @@ void ActivityGenerationDataTest::equality()
             QCOMPARE(data != other, mode != otherMode);
         }
     }
-    Renamable<Data> renamed;
+    Renamed<Data> renamed;
     renamed.SetObjectName("Other");
     renamed.SetSessionCloseTime(std::numeric_limits<float>::quiet_NaN());
     QVERIFY(renamed == Data());
@@ -1294,7 +1294,7 @@ void ActivityGenerationDataTest::equality()
 
 void ActivityGenerationDataTest::copies()
 {
-    Renamable<Data> original;
+    Renamed<Data> original;
     process(original, writtenElement(fullChildren(), true).replace("\"2.2\"", "\"4.2\""));
     original.SetObjectName("Original");
     original.SetValidate(false);
@@ -1312,7 +1312,7 @@ void ActivityGenerationDataTest::copies()
 
 void ActivityGenerationDataTest::assignment()
 {
-    Renamable<Data> original;
+    Renamed<Data> original;
     process(original, writtenElement(fullChildren(), true).replace("\"2.2\"", "\"4.2\""));
     original.SetObjectName("Original");
     original.SetValidate(false);

@@ -291,7 +291,7 @@ void AutomaticWorkflowTest::reset()
 
 void AutomaticWorkflowTest::resetKeepsTheName()
 {
-    Renamable<AutomaticWorkflow> workflow;
+    Renamed<AutomaticWorkflow> workflow;
     workflow.SetObjectName("Other");
     workflow.Reset();
     QCOMPARE(workflow.GetObjectName(), QString("Other"));
@@ -397,7 +397,7 @@ void AutomaticWorkflowTest::setHFBitstreamClassification()
 
 void AutomaticWorkflowTest::messagesNameTheObject()
 {
-    Renamable<AutomaticWorkflow> workflow;
+    Renamed<AutomaticWorkflow> workflow;
     workflow.SetObjectName("Night %2 watch");
     const auto read = [&](const QString &child) { process(workflow, element(child)); };
 
@@ -593,7 +593,7 @@ void AutomaticWorkflowTest::writing()
 
 void AutomaticWorkflowTest::writesUnderItsName()
 {
-    Renamable<AutomaticWorkflow> workflow;
+    Renamed<AutomaticWorkflow> workflow;
     workflow.SetObjectName("NightWatch");
     workflow.SetWorkflowMode(AutomaticWorkflow::ManualMode);
     QCOMPARE(elementOf(workflow), QString("<NightWatch Version=\"1.0\" Mode=\"ManualMode\"/>"));
@@ -1048,7 +1048,7 @@ void AutomaticWorkflowTest::equality()
         QCOMPARE(other != workflow, !areEqual);
     }
 
-    Renamable<AutomaticWorkflow> renamed;
+    Renamed<AutomaticWorkflow> renamed;
     renamed.SetObjectName("Other");
     QVERIFY(renamed == AutomaticWorkflow());
     AutomaticWorkflow negativeZero;
@@ -1093,7 +1093,7 @@ void AutomaticWorkflowTest::notANumberIsUnequal()
 
 void AutomaticWorkflowTest::copies()
 {
-    Renamable<AutomaticWorkflow> original;
+    Renamed<AutomaticWorkflow> original;
     process(original,
             "<AutomaticWorkflow Version=\"4.2\"><Mode>AutomaticMode</Mode>" + fullChildren()
                 + "</AutomaticWorkflow>");
@@ -1116,7 +1116,7 @@ void AutomaticWorkflowTest::copies()
 
 void AutomaticWorkflowTest::assignment()
 {
-    Renamable<AutomaticWorkflow> original;
+    Renamed<AutomaticWorkflow> original;
     process(original,
             "<AutomaticWorkflow Version=\"4.2\"><Mode>AutomaticMode</Mode>" + fullChildren()
                 + "</AutomaticWorkflow>");

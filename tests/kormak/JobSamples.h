@@ -10,17 +10,6 @@
 
 namespace TestSupport {
 
-/// A document object that bears another name. What is protected there is open here.
-template <class Document>
-class Renamed : public Document {
-public:
-    explicit Renamed(const QString &otherName, const Document &other = Document()) : Document(other)
-    {
-        this->SetObjectName(otherName);
-    }
-    using Document::ProcessXmlStartElement;
-};
-
 /// A header with nothing missing and without a description.
 inline KORMAK::JobHeader completeHeader(int jobType = 0)
 {

@@ -12,14 +12,6 @@
 
 namespace SettingsSamples {
 
-/// A document object that can be given another name.
-template <class Document>
-class Renamable : public Document {
-public:
-    Renamable() = default;
-    using Document::SetObjectName;
-};
-
 /// \a fields ("Name=value"), but for \a changes, which are of the same form.
 inline QStringList with(QStringList fields, const QStringList &changes)
 {
