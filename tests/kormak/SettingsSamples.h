@@ -29,7 +29,7 @@ inline QStringList with(QStringList fields, const QStringList &changes)
 /// The paths of the example documents whose file names match \a pattern.
 inline QStringList examples(const QString &pattern)
 {
-    const QDir folder(QFINDTESTDATA("../../examples/settings"));
+    const QDir folder(QDir(EXAMPLES_DIR).filePath("settings"));
     QStringList paths;
     for (const QString &name : folder.entryList({pattern}, QDir::Files, QDir::Name))
         paths << folder.filePath(name);
