@@ -53,25 +53,103 @@ bool EnumHandler::EnumValue::IsDefault() const
     return isDefault;
 }
 
+/// Most handlers never choose an entry, and many parameters read one after the other carry the same choice:
+/// copies share it.
+struct EnumHandler::Choice : QSharedData {
+    EnumValue defaultValue;
+    EnumValue selectedValue;
+};
+
+const EnumHandler::Choice &EnumHandler::chosen() const
+{
+    static const Choice none;
+    return choice ? *choice : none;
+}
+
+EnumHandler::Choice &EnumHandler::editableChoice()
+{
+    if (!choice)
+        choice = new Choice;
+    return *choice;
+}
+
+EnumHandler::Choice &EnumHandler::lentChoice()
+{
+    isChoiceLent = true;
+    return editableChoice();
+}
+
 EnumHandler::EnumHandler() = default;
 
-EnumHandler::EnumHandler(const EnumHandler &other) = default;
+EnumHandler::EnumHandler(const EnumHandler &other)
+    : TypeHandler(other), enumList(other.enumList), choice(other.choice)
+{
+    if (other.isChoiceLent)
+        choice.detach();
+}
 
 // NOLINTNEXTLINE(performance-move-constructor-init): the source keeps what it holds
 EnumHandler::EnumHandler(EnumHandler &&other) noexcept : EnumHandler(std::as_const(other)) { }
 
-EnumHandler &EnumHandler::operator=(const EnumHandler &other) = default;
+EnumHandler &EnumHandler::operator=(const EnumHandler &other)
+{
+    TypeHandler::operator=(other);
+    enumList = other.enumList;
+    if (isChoiceLent || other.isChoiceLent) {
+        SetDefaultValue(other.GetDefaultValue());
+        SetSelectedEnumValue(other.GetSelectedEnumValue());
+    } else {
+        choice = other.choice;
+    }
+    return *this;
+}
 
 EnumHandler &EnumHandler::operator=(EnumHandler &&other) noexcept
 {
     TypeHandler::operator=(std::move(other));
     enumList.swap(other.enumList);
-    exchangeTexts(defaultValue, other.defaultValue);
-    exchangeTexts(selectedValue, other.selectedValue);
+    if (choice || other.choice) {
+        Choice &target = editableChoice();
+        Choice &source = other.editableChoice();
+        exchangeTexts(target.defaultValue, source.defaultValue);
+        exchangeTexts(target.selectedValue, source.selectedValue);
+    }
     return *this;
 }
 
 EnumHandler::~EnumHandler() = default;
+
+EnumHandler::EnumValue &EnumHandler::GetDefaultValue()
+{
+    return lentChoice().defaultValue;
+}
+
+const EnumHandler::EnumValue &EnumHandler::GetDefaultValue() const
+{
+    return chosen().defaultValue;
+}
+
+void EnumHandler::SetDefaultValue(const EnumValue &entry)
+{
+    const EnumValue lasting = entry; // which may be one of the entries that are no longer shared then
+    editableChoice().defaultValue = lasting;
+}
+
+EnumHandler::EnumValue &EnumHandler::GetSelectedEnumValue()
+{
+    return lentChoice().selectedValue;
+}
+
+const EnumHandler::EnumValue &EnumHandler::GetSelectedEnumValue() const
+{
+    return chosen().selectedValue;
+}
+
+void EnumHandler::SetSelectedEnumValue(const EnumValue &entry)
+{
+    const EnumValue lasting = entry; // as above
+    editableChoice().selectedValue = lasting;
+}
 
 void EnumHandler::SetEnumList(QVector<EnumValue> &list)
 {
@@ -83,30 +161,22 @@ void EnumHandler::AppendEnumValue(const EnumValue &entry)
     enumList.append(entry);
 }
 
-void EnumHandler::SetDefaultValue(const EnumValue &entry)
-{
-    defaultValue = entry;
-}
-
-void EnumHandler::SetSelectedEnumValue(const EnumValue &entry)
-{
-    selectedValue = entry;
-}
-
 const EnumHandler::EnumValue &EnumHandler::GetEnumValue(const QString &name)
 {
     enumList.detach(); // the entry that is returned belongs to this handler alone
-    return findEntry(enumList, defaultValue, [&name](const EnumValue &entry) { return entry.Name == name; });
+    return findEntry(enumList, editableChoice().defaultValue,
+                     [&name](const EnumValue &entry) { return entry.Name == name; });
 }
 
 const EnumHandler::EnumValue &EnumHandler::GetEnumValue(int key) const
 {
-    return findEntry(enumList, defaultValue, [key](const EnumValue &entry) { return entry.Key == key; });
+    return findEntry(enumList, chosen().defaultValue,
+                     [key](const EnumValue &entry) { return entry.Key == key; });
 }
 
 const EnumHandler::EnumValue &EnumHandler::GetEnumValue(double value) const
 {
-    return findEntry(enumList, defaultValue,
+    return findEntry(enumList, chosen().defaultValue,
                      [value](const EnumValue &entry) { return entry.Value == value; });
 }
 
@@ -122,7 +192,7 @@ bool EnumHandler::AnyData() const
 
 void EnumHandler::Reset()
 {
-    enumList.clear();
+    enumList = {}; // clear() would keep memory for as many entries
 }
 
 bool EnumHandler::operator==(const EnumHandler &other) const
@@ -130,7 +200,8 @@ bool EnumHandler::operator==(const EnumHandler &other) const
     // Not the operator of the list, which takes lists that share their data for equal even when they hold a
     // NaN.
     return std::equal(enumList.begin(), enumList.end(), other.enumList.begin(), other.enumList.end())
-        && defaultValue == other.defaultValue && selectedValue == other.selectedValue && hasNamesOf(other);
+        && chosen().defaultValue == other.chosen().defaultValue
+        && chosen().selectedValue == other.chosen().selectedValue && hasNamesOf(other);
 }
 
 } // namespace KORMAK

@@ -4,6 +4,7 @@
 #include <kormak/kormak_export.h>
 #include <kormak/TypeHandler.h>
 
+#include <QSharedDataPointer>
 #include <QString>
 #include <QVector>
 
@@ -47,13 +48,17 @@ public:
     void SetEnumList(QVector<EnumValue> &list);
     void AppendEnumValue(const EnumValue &entry);
 
-    [[nodiscard]] EnumValue &GetDefaultValue() noexcept { return defaultValue; }
-    [[nodiscard]] const EnumValue &GetDefaultValue() const noexcept { return defaultValue; }
+    /// \name Default and selected entry
+    /// A reference to a const entry is valid until the handler changes.
+    /// @{
+    [[nodiscard]] EnumValue &GetDefaultValue();
+    [[nodiscard]] const EnumValue &GetDefaultValue() const;
     void SetDefaultValue(const EnumValue &entry);
 
-    [[nodiscard]] EnumValue &GetSelectedEnumValue() noexcept { return selectedValue; }
-    [[nodiscard]] const EnumValue &GetSelectedEnumValue() const noexcept { return selectedValue; }
+    [[nodiscard]] EnumValue &GetSelectedEnumValue();
+    [[nodiscard]] const EnumValue &GetSelectedEnumValue() const;
     void SetSelectedEnumValue(const EnumValue &entry);
+    /// @}
 
     /// \name Look-up
     /// The first entry with that name (case-sensitive), key or value (exactly), or else the default entry.
@@ -74,9 +79,14 @@ public:
     [[nodiscard]] bool operator!=(const EnumHandler &other) const { return !(*this == other); }
 
 private:
+    struct Choice;
+    [[nodiscard]] const Choice &chosen() const;
+    [[nodiscard]] Choice &editableChoice();
+    [[nodiscard]] Choice &lentChoice();
+
     QVector<EnumValue> enumList;
-    EnumValue defaultValue;
-    EnumValue selectedValue;
+    QSharedDataPointer<Choice> choice; // null: both entries are as they start
+    bool isChoiceLent = false; // someone may hold a reference through which it changes: no sharing any more
 };
 
 } // namespace KORMAK

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace KORMAK {
 
@@ -17,36 +18,68 @@ constexpr double NoValue = -111111.11;
 template <class Number>
 using Limits = std::numeric_limits<Number>;
 
+const QString &noName()
+{
+    static const QString none;
+    return none;
+}
+
 } // namespace
+
+struct TypeHandler::Names : QSharedData {
+    QString representation;
+    QString uniqueParameter;
+};
 
 TypeHandler::TypeHandler() = default;
 
 TypeHandler::TypeHandler(const TypeHandler &other) = default;
 
-TypeHandler::TypeHandler(TypeHandler &&other) noexcept = default;
+// NOLINTNEXTLINE(performance-move-constructor-init): the source keeps what it holds
+TypeHandler::TypeHandler(TypeHandler &&other) noexcept : TypeHandler(std::as_const(other)) { }
 
 TypeHandler &TypeHandler::operator=(const TypeHandler &other) = default;
 
-TypeHandler &TypeHandler::operator=(TypeHandler &&other) noexcept = default;
+TypeHandler &TypeHandler::operator=(TypeHandler &&other) noexcept
+{
+    names.swap(other.names);
+    return *this;
+}
+
+TypeHandler::~TypeHandler() = default;
+
+TypeHandler::Names &TypeHandler::editableNames()
+{
+    if (!names)
+        names = new Names;
+    return *names;
+}
+
+void TypeHandler::clearNames()
+{
+    names = nullptr;
+}
 
 void TypeHandler::SetRepresentationName(const QString &name)
 {
-    representationName.value = name;
+    const QString lasting = name; // which may be one of the names that are no longer shared then
+    editableNames().representation = lasting;
 }
 
 const QString &TypeHandler::GetRepresentationName() const
 {
-    return representationName.value;
+    return names ? names->representation : noName();
 }
 
 void TypeHandler::SetUniqueParameterName(const QString &name)
 {
-    uniqueParameterName.value = name;
+    const QString lasting = name; // as above
+    editableNames().uniqueParameter = lasting;
 }
 
 const QString &TypeHandler::GetUniqueParameterName() const
 {
-    return uniqueParameterName.value;
+    return names ? names->uniqueParameter : noName();
 }
 
 bool TypeHandler::hasNamesOf(const TypeHandler &other) const
@@ -173,7 +206,7 @@ void DoubleHandler::Reset()
     SetValue(NoValue);
     precision = DefaultPrecision;
     useAsList = false;
-    doubleList.value.clear();
+    doubleList.value = {}; // clear() would keep memory for as many numbers
 }
 
 bool DoubleHandler::operator==(const DoubleHandler &other) const
@@ -202,8 +235,7 @@ void StringHandler::Reset()
 {
     defaultValue.value.clear();
     value.value.clear();
-    SetRepresentationName(QString());
-    SetUniqueParameterName(QString());
+    clearNames();
 }
 
 bool StringHandler::operator==(const StringHandler &other) const

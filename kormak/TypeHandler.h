@@ -3,6 +3,7 @@
 
 #include <kormak/kormak_export.h>
 
+#include <QSharedDataPointer>
 #include <QString>
 #include <QVector>
 
@@ -45,6 +46,11 @@ public:
     /// Puts the fields back to their defaults; each class says which it leaves alone. Names stay.
     virtual void Reset() = 0;
 
+    /// \name Names
+    /// The references are valid until a name changes: copies share their names, since a parameter has eight
+    /// handlers, and most of them bear names that other parameters' handlers bear, too.
+    /// @{
+
     /// The name under which the value is represented.
     virtual void SetRepresentationName(const QString &name);
     [[nodiscard]] virtual const QString &GetRepresentationName() const;
@@ -52,6 +58,7 @@ public:
     /// The name of the parameter that owns the handler.
     virtual void SetUniqueParameterName(const QString &name);
     [[nodiscard]] virtual const QString &GetUniqueParameterName() const;
+    /// @}
 
 protected:
     TypeHandler();
@@ -59,13 +66,16 @@ protected:
     TypeHandler(TypeHandler &&other) noexcept;
     TypeHandler &operator=(const TypeHandler &other);
     TypeHandler &operator=(TypeHandler &&other) noexcept;
-    ~TypeHandler() = default;
+    ~TypeHandler();
 
     [[nodiscard]] bool hasNamesOf(const TypeHandler &other) const;
+    void clearNames();
 
 private:
-    Exchanged<QString> representationName;
-    Exchanged<QString> uniqueParameterName;
+    struct Names;
+    [[nodiscard]] Names &editableNames();
+
+    QSharedDataPointer<Names> names; // null: both are empty
 };
 
 /// What the handlers of numbers share: a value with its limits, its default and a multiplier between shown

@@ -65,7 +65,11 @@ struct XmlElement {
 /// becomes an error of \a reader.
 [[nodiscard]] inline QString elementText(QXmlStreamReader &reader)
 {
-    return reader.readElementText(QXmlStreamReader::ErrorOnUnexpectedElement);
+    QString text = reader.readElementText(QXmlStreamReader::ErrorOnUnexpectedElement);
+    constexpr int MostSpare = 8; // Qt leaves room for as much text again, and documents live long
+    if (text.capacity() - text.size() > MostSpare)
+        text.squeeze();
+    return text;
 }
 
 namespace Detail {

@@ -155,6 +155,8 @@ private Q_SLOTS:
     void appendElementOfItself();
     void setEntries();
     void editInPlace();
+    void entriesEditedThroughReferencesStayApart();
+    void assignmentReachesReferences();
     void listIsShared();
     void movedListIsExchanged();
     void equalityOfHandlers_data();
@@ -366,6 +368,45 @@ void EnumHandlerTest::editInPlace()
     QCOMPARE(constant.GetDefaultValue().Key, 70);
     QCOMPARE(constant.GetSelectedEnumValue().Key, 80);
     QVERIFY(copy == lowAndHigh());
+}
+
+/// Copies share their default and selected entries until someone may change them.
+void EnumHandlerTest::entriesEditedThroughReferencesStayApart()
+{
+    EnumHandler handler = lowAndHigh();
+    EnumValue &defaultValue = handler.GetDefaultValue();
+    EnumValue &selected = handler.GetSelectedEnumValue();
+
+    const EnumHandler copy = handler;
+    EnumHandler assigned;
+    assigned = handler;
+    defaultValue.Name = "Changed";
+    selected.Name = "Chosen";
+
+    QCOMPARE(std::as_const(handler).GetDefaultValue().Name, QString("Changed"));
+    QCOMPARE(std::as_const(handler).GetSelectedEnumValue().Name, QString("Chosen"));
+    QVERIFY(copy == lowAndHigh());
+    QVERIFY(assigned == lowAndHigh());
+}
+
+void EnumHandlerTest::assignmentReachesReferences()
+{
+    EnumHandler handler;
+    EnumValue &defaultValue = handler.GetDefaultValue();
+    EnumValue &selected = handler.GetSelectedEnumValue();
+    const EnumHandler source = lowAndHigh();
+
+    handler = source;
+    QVERIFY(defaultValue == source.GetDefaultValue());
+    QVERIFY(selected == source.GetSelectedEnumValue());
+
+    defaultValue.Key = 70;
+    selected.Key = 80;
+    QVERIFY(source == lowAndHigh());
+
+    handler = EnumHandler(source);
+    QVERIFY(defaultValue == source.GetDefaultValue());
+    QVERIFY(selected == source.GetSelectedEnumValue());
 }
 
 void EnumHandlerTest::listIsShared()
