@@ -55,12 +55,12 @@ has_qt() {
     return $status
 }
 
-has_sanitizers() {
+# runs_under SANITIZERS COMPILER SOURCE: the compiler makes a program of the source that starts and ends.
+runs_under() {
     local dir status=0
     dir=$(mktemp -d)
-    echo 'int main() {}' >"$dir/probe.cpp"
-    { "${CXX:-c++}" -fsanitize=address,undefined "$dir/probe.cpp" -o "$dir/probe" && "$dir/probe"; } \
-        >/dev/null 2>&1 || status=1
+    echo "$3" >"$dir/probe.cpp"
+    { "$2" "-fsanitize=$1" "$dir/probe.cpp" -o "$dir/probe" && "$dir/probe" -runs=0; } >/dev/null 2>&1 || status=1
     rm -rf "$dir"
     return $status
 }
@@ -73,7 +73,11 @@ has() {
         qt6 | qt5) has_qt "${1#qt}" ;;
         xmllint) command -v xmllint >/dev/null ;;
         clang) command -v clang++ >/dev/null ;;
-        sanitizers) has_sanitizers ;;
+        sanitizers) runs_under address,undefined "${CXX:-c++}" 'int main() {}' ;;
+        fuzzer)
+            runs_under fuzzer,address,undefined clang++ \
+                'extern "C" int LLVMFuzzerTestOneInput(const char *, unsigned long) { return 0; }'
+            ;;
     esac
 }
 
@@ -86,6 +90,7 @@ describe() {
         xmllint) echo "libxml2's xmllint" ;;
         clang) echo "Clang (clang++)" ;;
         sanitizers) echo "AddressSanitizer and UndefinedBehaviorSanitizer for ${CXX:-c++}" ;;
+        fuzzer) echo "libFuzzer and the sanitizers for clang++" ;;
     esac
 }
 
@@ -98,6 +103,7 @@ debian_package() {
         qt5) echo qtbase5-dev ;;
         xmllint) echo libxml2-utils ;;
         clang) echo clang ;;
+        fuzzer) echo libclang-rt-dev ;;
     esac
 }
 
