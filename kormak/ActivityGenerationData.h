@@ -17,6 +17,7 @@ namespace KORMAK {
 /// them.
 class KORMAK_EXPORT ActivityGenerationData : public TESSEL::ITesselObject {
 public:
+    /// The names are in \ref vocabulary_activity_generation_mode.
     enum ActivityGenerationMode : qint32 {
         InvalidActivityGenerationMode = -1,
         AGSC,
@@ -24,14 +25,15 @@ public:
         AGED,
     };
 
-    /// The demodulation channel that drives energy-based generation.
+    /// The demodulation channel that drives energy-based generation. The names are in
+    /// \ref vocabulary_energy_channel.
     enum EnergyActivityGenerationChannel : qint32 {
         InvalidEnergyActivityGenerationChannel = -1,
         ADem,
         DDem,
     };
 
-    /// When results are written to the database.
+    /// When results are written to the database. The names are in \ref vocabulary_write_mode.
     enum ActivityGenerationDataBaseWriteMode : qint32 {
         InvalidActivityGenerationDataBaseWriteMode = -1,
         Never,
@@ -39,7 +41,7 @@ public:
         Always,
     };
 
-    /// What marks a demodulated signal as active.
+    /// What marks a demodulated signal as active. The names are in \ref vocabulary_criteria.
     enum DDemActiveCriteria : qint32 {
         InvalidDDemActiveCriteria = -1,
         SignalDetection,

@@ -17,13 +17,14 @@ namespace KORMAK {
 /// mode as an element.
 class KORMAK_EXPORT AutomaticWorkflow : public TESSEL::ITesselObject {
 public:
+    /// The names are in \ref vocabulary_workflow_mode.
     enum WorkflowMode : qint32 {
         InvalidWorkflowMode = -1,
         ManualMode,
         AutomaticMode,
     };
 
-    /// The order in which detected signals are taken up.
+    /// The order in which detected signals are taken up. The names are in \ref vocabulary_search_strategy.
     enum SearchStrategy : qint32 {
         InvalidSearchStrategy = -1,
         LowestIdFirst,
@@ -62,6 +63,7 @@ public:
     [[nodiscard]] SearchStrategy GetSearchStrategy() const noexcept { return searchStrategy; }
     void SetSearchStrategy(SearchStrategy value);
 
+    /// Written in automatic mode only.
     [[nodiscard]] bool GetHFBitstreamClassification() const noexcept { return hfBitstreamClassification; }
     void SetHFBitstreamClassification(bool on);
 
@@ -81,6 +83,7 @@ public:
     /// @}
 
     /// \name Valid values
+    /// What HasData() and the checking setters ask.
     /// @{
     [[nodiscard]] static bool IsValidWorkflowMode(WorkflowMode value);
     [[nodiscard]] static bool IsValidSearchStrategy(SearchStrategy value);

@@ -10,6 +10,7 @@ namespace KORMAK {
 /// The resources that a search job can connect to.
 namespace ConnectableResourceType {
 
+/// The names are in \ref vocabulary_connectable_resource.
 enum ConnectableResourceTypeValue : qint32 {
     Invalid = -1,
     DDCIPCVoiceHF,

@@ -23,16 +23,19 @@ public:
     Job &operator=(const Job &other);
     ~Job() override;
 
+    /// Mandatory, in that the header must be complete.
     [[nodiscard]] JobHeader &GetJobHeader() noexcept { return jobHeader; }
     [[nodiscard]] const JobHeader &GetJobHeader() const noexcept { return jobHeader; }
     void SetJobHeader(const JobHeader &header);
 
+    /// Reachable on every resource; they count on the antenna resource only.
     [[nodiscard]] TESSEL::AntennaData &GetAntennaData() noexcept { return antennaData; }
     [[nodiscard]] const TESSEL::AntennaData &GetAntennaData() const noexcept { return antennaData; }
     /// \throws TesselException "Antenna data cannot be set for resource '...' in '...'." when the resource
     /// type is not the antenna; the antenna data are then unchanged
     void SetAntennaData(const TESSEL::AntennaData &data);
 
+    /// Mandatory.
     [[nodiscard]] TESSEL::ResourceType::ResourceTypeValue GetResourceType() const noexcept
     {
         return resourceType;

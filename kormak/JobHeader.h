@@ -29,6 +29,7 @@ public:
     /// \throws TesselException "...: Invalid JobType '...'"; the job type is then unchanged
     void SetJobType(const JobType::JobTypeValue &value);
 
+    /// ConnectableResourceType::Invalid: nothing sets it; see the class.
     [[nodiscard]] ConnectableResourceType::ConnectableResourceTypeValue
     GetConnectableResource() const noexcept
     {

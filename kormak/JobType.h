@@ -10,6 +10,7 @@ namespace KORMAK {
 /// What a job does. SC: single channel, MC: multi channel.
 namespace JobType {
 
+/// The names are in \ref vocabulary_job_type.
 enum JobTypeValue : qint32 {
     Invalid = -1,
     ProductionSCHF,

@@ -10,6 +10,7 @@ namespace KORMAK {
 /// The parts that a job is carried out in. For applications; no document of this library holds one.
 namespace SubjobType {
 
+/// The names are in \ref vocabulary_subjob_type.
 enum SubjobTypeValue : qint32 {
     Invalid = -1,
     MCReception,

@@ -13,6 +13,7 @@ namespace TESSEL {
 /// missing.
 class OBJECTBASE_EXPORT AntennaData : public ITesselObject {
 public:
+    /// The names are in \ref vocabulary_polarization.
     enum Polarization : qint32 {
         InvalidPolarization = -1,
         Horizontal,

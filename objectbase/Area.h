@@ -18,9 +18,11 @@ public:
     Area &operator=(const Area &other);
     ~Area() override;
 
+    /// Mandatory.
     [[nodiscard]] const QString &GetName() const noexcept { return name; }
     void SetName(const QString &text);
 
+    /// The corners in order; any number of them, none included.
     [[nodiscard]] QVector<Coordinate> &GetCoordinate() noexcept { return coordinates; }
     [[nodiscard]] const QVector<Coordinate> &GetCoordinate() const noexcept { return coordinates; }
     void AddCoordinate(const Coordinate &coordinate);

@@ -6,6 +6,7 @@ namespace TESSEL {
 /// A point on the earth in decimal degrees. Any double is stored as given; nothing is checked or normalised.
 class Coordinate {
 public:
+    /// Degrees; without arguments 0, 0.
     constexpr Coordinate(double degreesNorth = 0, double degreesEast = 0) noexcept
         : latitude(degreesNorth), longitude(degreesEast)
     {

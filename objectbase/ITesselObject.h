@@ -117,6 +117,7 @@ public:
     /// \throws TesselException as GetXmlString() of \a other and reading that text
     virtual bool MergeTesselObject(const ITesselObject &other);
 
+    /// ObjectTypes::Invalid for an object whose class has no type number.
     [[nodiscard]] virtual ObjectTypes GetObjectType() const;
 
     /// The name of the object and of its XML element; it also stands in messages.
@@ -169,7 +170,10 @@ public:
     [[nodiscard]] virtual const QString &GetVersion() const;
 
 protected:
+    /// For constructors of derived classes. The name of the object does not change with its type.
     virtual void SetObjectType(ObjectTypes type);
+    /// For constructors of derived classes: the object is written, and expected in what is read, as an
+    /// element of this name.
     virtual void SetObjectName(const QString &name);
 
     /// Reads one child; \a reader stands on its start element. Must leave \a reader on the child's end

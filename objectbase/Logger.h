@@ -11,6 +11,7 @@ namespace TESSEL {
 /// logs nothing. Derive from it and override Write() to send messages elsewhere than to Qt's message handler.
 class OBJECTBASE_EXPORT Logger {
 public:
+    /// The names are in \ref vocabulary_level.
     enum class Level : qint32 {
         Invalid = -1,
         Info,

@@ -10,6 +10,7 @@ namespace TESSEL {
 /// The resources of a monitoring system that a job can run on.
 namespace ResourceType {
 
+/// The names are in \ref vocabulary_resource_type.
 enum ResourceTypeValue : qint32 {
     Invalid = -1,
     ReceiverHF,

@@ -13,6 +13,7 @@ namespace TESSEL {
 /// An error with a message for people. Base of all exceptions that this library throws.
 class OBJECTBASE_EXPORT TesselBaseException : public std::exception {
 public:
+    /// \a text is the message, complete.
     explicit TesselBaseException(const QString &text);
     TesselBaseException(const TesselBaseException &) = default;
     TesselBaseException &operator=(const TesselBaseException &) = default;
@@ -33,6 +34,7 @@ private:
 /// invalid or what was not understood, and in which object.
 class OBJECTBASE_EXPORT TesselException : public TesselBaseException {
 public:
+    /// \a text is the message, complete.
     explicit TesselException(const QString &text);
     TesselException(const TesselException &) = default;
     TesselException &operator=(const TesselException &) = default;

@@ -78,6 +78,7 @@ has() {
             runs_under fuzzer,address,undefined clang++ \
                 'extern "C" int LLVMFuzzerTestOneInput(const char *, unsigned long) { return 0; }'
             ;;
+        doxygen) command -v doxygen >/dev/null ;;
     esac
 }
 
@@ -89,6 +90,7 @@ describe() {
         qt6 | qt5) echo "Qt ${1#qt}, $(minimum "$1") or newer, with Qt Core, Qt Test and their CMake packages" ;;
         xmllint) echo "libxml2's xmllint" ;;
         clang) echo "Clang (clang++)" ;;
+        doxygen) echo "Doxygen (doxygen)" ;;
         sanitizers) echo "AddressSanitizer and UndefinedBehaviorSanitizer for ${CXX:-c++}" ;;
         fuzzer) echo "libFuzzer and the sanitizers for clang++" ;;
     esac
@@ -104,6 +106,7 @@ debian_package() {
         xmllint) echo libxml2-utils ;;
         clang) echo clang ;;
         fuzzer) echo libclang-rt-dev ;;
+        doxygen) echo doxygen ;;
     esac
 }
 

@@ -10,6 +10,7 @@
 
 namespace {
 
+//! [job]
 KORMAK::Job surveillanceJob()
 {
     KORMAK::Job job;
@@ -22,6 +23,7 @@ KORMAK::Job surveillanceJob()
     job.GetAntennaData().SetMaximumFrequency(30e6);
     return job;
 }
+//! [job]
 
 } // namespace
 
@@ -39,6 +41,7 @@ int main()
             std::cout << "The draft is refused: " << incomplete.what() << '\n';
         }
 
+        //! [write and read]
         const KORMAK::Job job = surveillanceJob();
         const QString document = job.GetXmlString();
         std::cout << "The job is written:\n" << document.toStdString();
@@ -52,6 +55,7 @@ int main()
             std::cerr << "The job read back differs from the one written.\n";
             return EXIT_FAILURE;
         }
+        //! [write and read]
         std::cout << "Read back, the job is the same.\n";
         return EXIT_SUCCESS;
     } catch (const TESSEL::TesselException &error) {
