@@ -29,10 +29,10 @@ public:
         /// True exactly when Default is the text "true".
         [[nodiscard]] bool IsDefault() const;
 
-        qint32 Key = -1;
-        QString Name;
+        qint32 Key = -1; ///< need not be unique
+        QString Name; ///< what GetEnumValue() looks for; need not be unique
         QString Identifier; ///< optional
-        double Value = 0.0;
+        double Value = 0.0; ///< the number that the entry stands for
         QString Default; ///< "true" for the default entry of a list, otherwise "false" or empty
     };
 
@@ -43,22 +43,23 @@ public:
     EnumHandler &operator=(EnumHandler &&other) noexcept;
     ~EnumHandler();
 
+    /// The entries in the order of the document. Setting or appending them checks nothing and leaves the
+    /// default and the selected entry as they are.
     [[nodiscard]] QVector<EnumValue> &GetEnumList() noexcept { return enumList; }
     [[nodiscard]] const QVector<EnumValue> &GetEnumList() const noexcept { return enumList; }
     void SetEnumList(QVector<EnumValue> &list);
     void AppendEnumValue(const EnumValue &entry);
 
-    /// \name Default and selected entry
-    /// A reference to a const entry is valid until the handler changes.
-    /// @{
+    /// The entry that is the default, and that a look-up gives when it finds none. The reference to a const
+    /// entry is valid until the handler changes.
     [[nodiscard]] EnumValue &GetDefaultValue();
     [[nodiscard]] const EnumValue &GetDefaultValue() const;
     void SetDefaultValue(const EnumValue &entry);
 
+    /// The entry that is selected; the reference is as that to the default.
     [[nodiscard]] EnumValue &GetSelectedEnumValue();
     [[nodiscard]] const EnumValue &GetSelectedEnumValue() const;
     void SetSelectedEnumValue(const EnumValue &entry);
-    /// @}
 
     /// \name Look-up
     /// The first entry with that name (case-sensitive), key or value (exactly), or else the default entry.
@@ -75,6 +76,7 @@ public:
     [[nodiscard]] bool AnyData() const override;
     void Reset() override;
 
+    /// Compares lists in their order, default and selected entries, and names.
     [[nodiscard]] bool operator==(const EnumHandler &other) const;
     [[nodiscard]] bool operator!=(const EnumHandler &other) const { return !(*this == other); }
 

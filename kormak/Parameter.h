@@ -10,7 +10,8 @@
 
 namespace KORMAK {
 
-/// The kind of value that a parameter carries; it selects the handler that holds it.
+/// The kind of value that a parameter carries; it selects the handler that holds it. The names are in
+/// \ref vocabulary_parameter_type.
 enum class ParameterType : qint32 {
     Invalid = -1,
     Boolean,
@@ -39,7 +40,7 @@ enum class ParameterType : qint32 {
 /// double list are not written at all.
 class KORMAK_EXPORT Parameter : public TESSEL::ITesselObject {
 public:
-    /// How a user interface presents the value.
+    /// How a user interface presents the value. The names are in \ref vocabulary_value_type.
     enum ValueType : qint32 {
         InvalidValueType = -1,
         ValueSelection,
@@ -52,7 +53,7 @@ public:
         ValueFloatList,
     };
 
-    /// How a user interface edits the value.
+    /// How a user interface edits the value. The names are in \ref vocabulary_control_type.
     enum ControlType : qint32 {
         InvalidControlType = -1,
         VCFrequency,
@@ -144,6 +145,7 @@ public:
     /// @}
 
     /// \name Handlers
+    /// All are there at all times; the one of the current type counts. Setting one copies it, names included.
     /// @{
     [[nodiscard]] BooleanHandler &GetBooleanHandler() noexcept { return booleanHandler; }
     [[nodiscard]] const BooleanHandler &GetBooleanHandler() const noexcept { return booleanHandler; }

@@ -28,7 +28,7 @@ public:
     }
     ~Exchanged() = default;
 
-    Value value;
+    Value value; ///< the text or list itself
 };
 
 /// Base of the value holders of a Parameter: the two names that every one of them bears, and whether it holds
@@ -68,7 +68,9 @@ protected:
     TypeHandler &operator=(TypeHandler &&other) noexcept;
     ~TypeHandler();
 
+    /// Both names are equal.
     [[nodiscard]] bool hasNamesOf(const TypeHandler &other) const;
+    /// Makes both empty.
     void clearNames();
 
 private:
@@ -83,21 +85,27 @@ private:
 template <class Number>
 class NumericHandler : public TypeHandler {
 public:
+    /// The least value. Nothing enforces it.
     [[nodiscard]] const Number &GetMinimum() const noexcept { return minimum; }
     void SetMinimum(Number number) noexcept { minimum = number; }
 
+    /// The greatest value. Nothing enforces it.
     [[nodiscard]] const Number &GetMaximum() const noexcept { return maximum; }
     void SetMaximum(Number number) noexcept { maximum = number; }
 
+    /// Setting it leaves the value alone.
     [[nodiscard]] const Number &GetDefault() const noexcept { return defaultValue; }
     void SetDefault(Number number) noexcept { defaultValue = number; }
 
+    /// Any number, within the limits or not.
     [[nodiscard]] const Number &GetValue() const noexcept { return value; }
     void SetValue(Number number) noexcept { value = number; }
 
+    /// The factor between shown and stored value; the handler itself multiplies nothing.
     [[nodiscard]] const double &GetMultiplier() const noexcept { return multiplier; }
     void SetMultiplier(double factor) noexcept { multiplier = factor; }
 
+    /// Always true: any number is data.
     [[nodiscard]] bool HasData() const override { return true; }
     [[nodiscard]] bool AnyData() const override { return true; }
 
@@ -136,6 +144,7 @@ private:
 /// Holds a bool. It always holds data.
 class KORMAK_EXPORT BooleanHandler final : public TypeHandler {
 public:
+    /// False in a new handler.
     [[nodiscard]] const bool &GetValue() const noexcept { return value; }
     void SetValue(bool on) noexcept { value = on; }
 
@@ -143,6 +152,7 @@ public:
     [[nodiscard]] bool AnyData() const override;
     void Reset() override;
 
+    /// Compares value and names.
     [[nodiscard]] bool operator==(const BooleanHandler &other) const;
     [[nodiscard]] bool operator!=(const BooleanHandler &other) const { return !(*this == other); }
 
@@ -213,10 +223,11 @@ class KORMAK_EXPORT DoubleHandler final : public NumericHandler<double> {
 public:
     DoubleHandler();
 
+    /// Whether the list counts or the single value. Setting it changes neither.
     [[nodiscard]] const bool &IsDoubleList() const noexcept { return useAsList; }
-    /// Neither the list nor the single value changes.
     void SetUseAsList(bool on) noexcept { useAsList = on; }
 
+    /// The values of the list, which need not be used as one.
     [[nodiscard]] QVector<double> &GetDoubleList() noexcept { return doubleList.value; }
     [[nodiscard]] const QVector<double> &GetDoubleList() const noexcept { return doubleList.value; }
     void SetDoubleList(QVector<double> &list);
@@ -251,9 +262,11 @@ private:
 /// Holds a text. It holds data when the value is not empty. Reset() also clears the handler's names.
 class KORMAK_EXPORT StringHandler final : public TypeHandler {
 public:
+    /// Setting it leaves the value alone.
     [[nodiscard]] const QString &GetDefault() const noexcept { return defaultValue.value; }
     void SetDefault(const QString &text) { defaultValue.value = text; }
 
+    /// Any text; an empty one is no data.
     [[nodiscard]] const QString &GetValue() const noexcept { return value.value; }
     void SetValue(const QString &text) { value.value = text; }
 
@@ -262,6 +275,7 @@ public:
     [[nodiscard]] bool AnyData() const override;
     void Reset() override;
 
+    /// Compares default, value and names.
     [[nodiscard]] bool operator==(const StringHandler &other) const;
     [[nodiscard]] bool operator!=(const StringHandler &other) const { return !(*this == other); }
 
