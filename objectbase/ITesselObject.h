@@ -105,8 +105,8 @@ public:
     virtual bool SetXmlString(const QString &text, bool validate);
 
     /// Reads a binary form that fills \a data entirely.
-    /// \return false when the data are truncated, damaged or of an object with another name; the object then
-    /// stays as it was
+    /// \return false when the data are truncated, damaged or of an object with another name (the object then
+    /// stays as it was), and, for a form that no object wrote, as SetXmlString()
     /// \throws TesselException as reading the XML
     virtual bool SetBinaryRepresentation(QByteArray &data);
     /// Reads a binary form from \a stream, which is left behind it.
