@@ -1,14 +1,8 @@
-// What the tests of the schemas share: validation by xmllint, and the documents' objects by name.
+// What the tests of the schemas share: validation by xmllint.
 #ifndef KORMAK_SCHEMASUPPORT_H
 #define KORMAK_SCHEMASUPPORT_H
 
-#include "../TestSupport.h"
-
-#include <kormak/ActivityGenerationData.h>
-#include <kormak/AutomaticWorkflow.h>
-#include <kormak/GenericReceiver.h>
-#include <kormak/Job.h>
-#include <objectbase/Area.h>
+#include "../DocumentKinds.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,38 +11,12 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
-#include <memory>
 #include <stdexcept>
 
 namespace SchemaSupport {
 
-/// The kinds of documents: the names of their objects, which are those of their schemas.
-inline QStringList kinds()
-{
-    return {"ActivityGeneration", "AntennaData", "Area",      "AutomaticWorkflow",
-            "GenericReceiver",    "Job",         "JobHeader", "Parameter"};
-}
-
-inline std::unique_ptr<TESSEL::ITesselObject> newObject(const QString &kind)
-{
-    if (kind == "ActivityGeneration")
-        return std::make_unique<KORMAK::ActivityGenerationData>();
-    if (kind == "AntennaData")
-        return std::make_unique<TESSEL::AntennaData>();
-    if (kind == "Area")
-        return std::make_unique<TESSEL::Area>();
-    if (kind == "AutomaticWorkflow")
-        return std::make_unique<KORMAK::AutomaticWorkflow>();
-    if (kind == "GenericReceiver")
-        return std::make_unique<KORMAK::GenericReceiver>();
-    if (kind == "Job")
-        return std::make_unique<KORMAK::Job>();
-    if (kind == "JobHeader")
-        return std::make_unique<KORMAK::JobHeader>();
-    if (kind == "Parameter")
-        return std::make_unique<KORMAK::Parameter>();
-    throw std::invalid_argument(kind.toStdString());
-}
+using TestSupport::kinds;
+using TestSupport::newObject;
 
 inline QString schemaPath(const QString &file)
 {

@@ -1,5 +1,6 @@
 // The schemas, held against what the library writes, the examples and the vocabularies.
-#include "RandomDocuments.h"
+#include "../RandomDocuments.h"
+#include "SchemaSupport.h"
 
 #include <objectbase/ResourceType.h>
 
@@ -8,6 +9,7 @@
 using namespace KORMAK;
 using namespace TESSEL;
 using namespace SchemaSupport;
+using TestSupport::RandomDocuments;
 
 using FromName = std::function<int(const QString &)>;
 using IsValid = std::function<bool(int)>;

@@ -1,16 +1,16 @@
-// Documents that the library writes, of every kind, with random values: texts with markup and from many
+// Complete objects of every kind, and the documents that they write, with random values: texts with markup and from many
 // scripts, numbers up to the limits of their types and beyond.
 #ifndef KORMAK_RANDOMDOCUMENTS_H
 #define KORMAK_RANDOMDOCUMENTS_H
 
-#include "SchemaSupport.h"
+#include "DocumentKinds.h"
 
 #include <QRandomGenerator>
 
 #include <cstring>
 #include <limits>
 
-namespace SchemaSupport {
+namespace TestSupport {
 
 class RandomDocuments {
 public:
@@ -110,6 +110,9 @@ private:
     QString version() { return maybe() ? attribute("Version", text()) : QString(); }
     QString boolean() { return maybe() ? "true" : "false"; }
 
+public:
+    /// \name Complete objects
+    /// @{
     TESSEL::Area area()
     {
         TESSEL::Area area;
@@ -205,6 +208,9 @@ private:
         return data;
     }
 
+    /// @}
+
+private:
     KORMAK::EnumHandler::EnumValue enumValue()
     {
         KORMAK::EnumHandler::EnumValue entry;
@@ -226,6 +232,7 @@ private:
         handler.SetValue(number<Number>());
     }
 
+public:
     KORMAK::Parameter parameter(int index)
     {
         constexpr int ParameterTypes = 9;
@@ -265,9 +272,10 @@ private:
         return receiver;
     }
 
+private:
     QRandomGenerator random;
 };
 
-} // namespace SchemaSupport
+} // namespace TestSupport
 
 #endif
