@@ -1,5 +1,6 @@
 // Documents that are taken apart in every way, and what reading makes of them: the answer, the message, the
 // whole state of the object, and what Check() says afterwards.
+#include "../RowNames.h"
 #include "ReadingModel.h"
 
 #include <QDateTime>
@@ -182,6 +183,112 @@ QString firstFault(const QString &kind, const QVector<QPair<QString, Document>> 
     return {};
 }
 
+/// At, below and above the limits of every type of number, and what may look like a number.
+QStringList numberTexts()
+{
+    return {"0",
+            "-0",
+            "+1",
+            " 7 ",
+            "\t7\n",
+            "00012",
+            "1",
+            "10",
+            "11",
+            "23",
+            "24",
+            "999",
+            "1000",
+            "-1",
+            "-2",
+            "12.0",
+            "1.",
+            ".5",
+            "-.5",
+            "1e3",
+            "1E3",
+            "1e-3",
+            "0x10",
+            "010",
+            "1_000",
+            "1,5",
+            "1 000",
+            "1'000",
+            "\u0661\u0662",
+            "\u00a07",
+            "--1",
+            "+-1",
+            "1-",
+            "1x",
+            "x1",
+            "-",
+            "+",
+            ".",
+            "e5",
+            "true",
+            "NaN",
+            "nan",
+            "-nan",
+            "inf",
+            "-inf",
+            "INF",
+            "Infinity",
+            "127",
+            "128",
+            "32767",
+            "32768",
+            "-32768",
+            "-32769",
+            "65535",
+            "65536",
+            "2147483647",
+            "2147483648",
+            "-2147483648",
+            "-2147483649",
+            "4294967295",
+            "4294967296",
+            "4294967297",
+            "9223372036854775807",
+            "9223372036854775808",
+            "-9223372036854775808",
+            "-9223372036854775809",
+            "18446744073709551616",
+            "3.4028234e38",
+            "3.4028235e38",
+            "3.4028236e38",
+            "3.5e38",
+            "-3.5e38",
+            "1e-45",
+            "1e-46",
+            "1.17549435e-38",
+            "16777217",
+            "0.1",
+            "1.7976931348623157e308",
+            "1.7976931348623158e308",
+            "1.8e308",
+            "-1.8e308",
+            "1e400",
+            "4.9e-324",
+            "1e-400",
+            "9007199254740993",
+            "-111111.11",
+            QString(400, '9'),
+            '0' + QString(400, '0') + '7',
+            "0." + QString(400, '0') + '7',
+            "1e" + QString(50, '9')};
+}
+
+/// \a text in place of every text and every attribute.
+Variants withText(const Node &root, const QString &text)
+{
+    return changedElements(
+               root, "text", [&text](Node &node) { node.children = {Node::textOf(text)}; },
+               [](const Node &node) {
+                   return node.children.size() == 1 && node.children[0].kind == Node::Text;
+               })
+        + changedAttributes(root, "value", [&text](Node &node, int i) { node.attributes[i].second = text; });
+}
+
 using VariantsOf = std::function<Variants(const Node &)>;
 
 /// Something that is put into every place of every element.
@@ -326,6 +433,8 @@ private Q_SLOTS:
     void wholeDocumentsAreRead();
     void spoiltDocuments_data();
     void spoiltDocuments();
+    void numbers_data();
+    void numbers();
     void prefixes_data();
     void prefixes();
 };
@@ -371,6 +480,27 @@ void BadDocumentsTest::spoiltDocuments()
         QVERIFY2(fault.isEmpty(), qPrintable(fault));
     }
     QVERIFY(count >= wholeDocuments().size());
+}
+
+void BadDocumentsTest::numbers_data()
+{
+    QTest::addColumn<QString>("text");
+
+    for (const QString &text : numberTexts())
+        QTest::newRow(RowNames::quoted(text.left(50))) << text;
+}
+
+void BadDocumentsTest::numbers()
+{
+    QFETCH(QString, text);
+
+    for (const auto &whole : wholeDocuments()) {
+        QVector<QPair<QString, Document>> documents;
+        for (const Variant &variant : withText(treeOf(whole.second), text))
+            documents.append({variant.name, documentOf(variant.root)});
+        const QString fault = firstFault(whole.first, documents);
+        QVERIFY2(fault.isEmpty(), qPrintable(fault));
+    }
 }
 
 void BadDocumentsTest::prefixes_data()

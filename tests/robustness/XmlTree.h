@@ -81,6 +81,12 @@ inline bool hasDuplicates(const Attributes &attributes)
     return false;
 }
 
+inline QString attributeText(const QString &value)
+{
+    QString text = value.toHtmlEscaped();
+    return text.replace('\n', "&#10;").replace('\t', "&#9;");
+}
+
 inline void add(Document &document, Event::Kind kind, const QString &source, const Node &node)
 {
     const int from = static_cast<int>(document.text.size());
@@ -107,7 +113,7 @@ inline void render(Document &document, const Node &node)
     case Node::Element:
         QString start = '<' + node.name;
         for (const auto &attribute : node.attributes)
-            start += ' ' + attribute.first + "=\"" + attribute.second.toHtmlEscaped() + '"';
+            start += ' ' + attribute.first + "=\"" + attributeText(attribute.second) + '"';
         add(document, hasDuplicates(node.attributes) ? Event::Fault : Event::Start, start + '>', node);
         for (const Node &child : node.children)
             render(document, child);
