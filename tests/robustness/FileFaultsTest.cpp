@@ -1,0 +1,316 @@
+// Files that are not what they should be, and a tool that is killed: a document is there as it was or as it
+// was written, whole, and nothing else is touched. Full disks, missing places and folders stand in the tests
+// of the files and of the tool.
+#include "../TestSupport.h"
+#include "../tools/ToolSupport.h"
+
+#include <kormak/Job.h>
+
+#include <QElapsedTimer>
+#include <QRandomGenerator>
+
+#include <algorithm>
+#include <functional>
+
+#ifdef Q_OS_UNIX
+#include <csignal>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
+using namespace TestSupport;
+using namespace ToolSupport;
+
+#ifdef Q_OS_UNIX
+
+namespace {
+
+constexpr mode_t Everything = 0777;
+
+/// Runs \a work in a process without the rights of root, and gives its result.
+int withoutRights(const std::function<int()> &work)
+{
+    constexpr int NoResult = 99;
+    const pid_t child = fork();
+    if (child == 0) {
+        constexpr uid_t Nobody = 65534;
+        if (geteuid() == 0 && (setgid(Nobody) != 0 || setuid(Nobody) != 0))
+            _exit(NoResult);
+        _exit(work());
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : NoResult;
+}
+
+KORMAK::Job job()
+{
+    KORMAK::Job job;
+    if (!job.SetXmlString(QString::fromUtf8(completeJob()), true))
+        qFatal("the sample cannot be read");
+    return job;
+}
+
+/// A process has a temporary file open while it writes; its name, if it has one, is not known yet.
+bool hasTemporaryFile(pid_t process)
+{
+    const QDir descriptors(QString("/proc/%1/fd").arg(process));
+    for (const QString &descriptor : descriptors.entryList(QDir::Files | QDir::System)) {
+        char target[1000];
+        const QByteArray link = descriptors.filePath(descriptor).toLocal8Bit();
+        const auto size = readlink(link.constData(), target, sizeof target);
+        const QByteArray name(target, static_cast<int>(std::max<ssize_t>(size, 0)));
+        if (name.contains("/#") || name.contains("job.xml."))
+            return true;
+    }
+    return false;
+}
+
+bool changeMode(const QString &path, mode_t mode)
+{
+    return chmod(path.toLocal8Bit().constData(), mode) == 0;
+}
+
+} // namespace
+
+class FileFaultsTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void permissions_data();
+    void permissions();
+    void links();
+    void vanishingFile();
+    void vanishingFolder();
+    void whatIsNoFile();
+    void deviceWithoutData();
+    void killedTool();
+};
+
+void FileFaultsTest::permissions_data()
+{
+    QTest::addColumn<int>("modeOfFolder");
+    QTest::addColumn<int>("modeOfFile");
+    QTest::addColumn<bool>("isLoaded");
+    QTest::addColumn<bool>("isSaved");
+
+    QTest::newRow("all") << 0777 << 0666 << true << true;
+    QTest::newRow("file not to be read") << 0777 << 0222 << false << true;
+    QTest::newRow("file not to be written") << 0777 << 0444 << true << false;
+    QTest::newRow("file neither to be read nor written") << 0777 << 0000 << false << false;
+    QTest::newRow("folder not to be written") << 0555 << 0444 << true << false;
+    QTest::newRow("folder not to be listed") << 0333 << 0666 << true << true;
+    QTest::newRow("folder not to be entered") << 0666 << 0666 << false << false;
+}
+
+void FileFaultsTest::permissions()
+{
+    QFETCH(int, modeOfFolder);
+    QFETCH(int, modeOfFile);
+    QFETCH(bool, isLoaded);
+    QFETCH(bool, isSaved);
+
+    const Folder folder;
+    const QString inner = folder.path("inner");
+    const QString path = inner + "/job.xml";
+    QVERIFY(QDir().mkdir(inner));
+    folder.write("inner/job.xml", completeJob());
+    QVERIFY(changeMode(folder.path("."), Everything));
+    QVERIFY(changeMode(path, static_cast<mode_t>(modeOfFile)));
+    QVERIFY(changeMode(inner, static_cast<mode_t>(modeOfFolder)));
+
+    const KORMAK::Job sample = job();
+    KORMAK::Job other = sample;
+    other.GetJobHeader().SetAuthor("another");
+    const int answer = withoutRights([&] {
+        KORMAK::Job read;
+        const int loaded = read.LoadXml(path) ? 1 : 0;
+        const int isRight = (loaded == 1 ? read == sample : read == KORMAK::Job()) ? 2 : 0;
+        const int saved = other.SaveXml(path) ? 4 : 0;
+        return loaded + isRight + saved;
+    });
+    QVERIFY(changeMode(inner, Everything));
+    QVERIFY(changeMode(path, Everything));
+    QCOMPARE(answer, (isLoaded ? 1 : 0) + 2 + (isSaved ? 4 : 0));
+    QCOMPARE(folder.read("inner/job.xml"), isSaved ? other.GetXmlString() : sample.GetXmlString());
+    QCOMPARE(QDir(inner).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+             QStringList("job.xml"));
+}
+
+void FileFaultsTest::links()
+{
+    const Folder folder;
+    folder.write("target.xml", "old");
+    QVERIFY(QFile::link("target.xml", folder.path("link.xml")));
+    QVERIFY(QFile::link("loop.xml", folder.path("loop.xml")));
+    QVERIFY(job().SaveXml(folder.path("link.xml")));
+    QVERIFY(QFileInfo(folder.path("link.xml")).isSymLink());
+    QCOMPARE(folder.read("target.xml"), job().GetXmlString());
+
+    KORMAK::Job read;
+    QVERIFY(read.LoadXml(folder.path("link.xml")));
+    QVERIFY(read == job());
+    QVERIFY(!read.LoadXml(folder.path("loop.xml")));
+    QCOMPARE(folder.run({"check", "loop.xml"}).status, 2);
+    QVERIFY(QFile::remove(folder.path("loop.xml")));
+    QCOMPARE(folder.names(), (QStringList{"link.xml", "target.xml"}));
+}
+
+void FileFaultsTest::vanishingFile()
+{
+    const Folder folder;
+    folder.write("job.xml", completeJob());
+    QFile file(folder.path("job.xml"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(QFile::remove(file.fileName()));
+    KORMAK::Job read;
+    QVERIFY(read.LoadXml(&file)); // open is open
+    QVERIFY(read == job());
+    file.close();
+    QVERIFY(!read.LoadXml(&file));
+    QVERIFY(read == job());
+    QCOMPARE(folder.names(), QStringList());
+}
+
+void FileFaultsTest::vanishingFolder()
+{
+    const Folder folder;
+    const QString inner = folder.path("inner");
+    QVERIFY(QDir().mkdir(inner));
+    const pid_t child = fork();
+    if (child == 0) {
+        const bool isThere = chdir(inner.toLocal8Bit().constData()) == 0;
+        const bool isGone = isThere && rmdir(inner.toLocal8Bit().constData()) == 0;
+        KORMAK::Job read;
+        _exit(isGone && !job().SaveXml("job.xml") && !read.LoadXml("job.xml") ? 0 : 1);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    QCOMPARE(status, 0);
+    QCOMPARE(folder.names(), QStringList());
+}
+
+/// Never /dev/full and its like: a save that goes wrong would put a file in their place.
+void FileFaultsTest::whatIsNoFile()
+{
+    const Folder folder;
+    folder.write("job.xml", completeJob());
+    const QByteArray pipe = folder.path("pipe").toLocal8Bit();
+    QCOMPARE(mkfifo(pipe.constData(), 0666), 0);
+    const auto isPipe = [&pipe] {
+        struct stat status { };
+        return stat(pipe.constData(), &status) == 0 && S_ISFIFO(status.st_mode);
+    };
+
+    const bool isSaved = job().SaveXml(QString::fromLocal8Bit(pipe));
+    QEXPECT_FAIL("", "what is no file is replaced by one", Continue);
+    QVERIFY(isPipe() && !isSaved);
+    QFile::remove(folder.path("pipe"));
+    QCOMPARE(mkfifo(pipe.constData(), 0666), 0);
+    const Run run = folder.run({"format", "job.xml", "-o", "pipe"});
+    QEXPECT_FAIL("", "what is no file is replaced by one", Continue);
+    QVERIFY(isPipe() && run.status == 2);
+}
+
+void FileFaultsTest::deviceWithoutData()
+{
+    KORMAK::Job read = job();
+    QVERIFY(!read.LoadXml("/dev/null"));
+    QVERIFY(read == job());
+    const Folder folder;
+    QCOMPARE(folder.run({"check", "/dev/null"}).status, 1);
+}
+
+/// The file is always the old one or the new one. A temporary file may be left beside it.
+void FileFaultsTest::killedTool()
+{
+    constexpr int Kills = 200;
+    constexpr int TextSize = 2'000'000;
+    const QByteArray formatted = jobWith("Mara Lind", QByteArray(TextSize, 'x'));
+    const QByteArray untidy = QByteArray(formatted).replace("    <", "\t<");
+    const Folder folder;
+    const QByteArray path = folder.path("job.xml").toLocal8Bit();
+
+    const auto start = [&path] {
+        const pid_t child = fork();
+        if (child == 0) {
+            execl(KORMAK_TOOL, KORMAK_TOOL, "format", "--in-place", path.constData(),
+                  static_cast<char *>(nullptr));
+            _exit(127);
+        }
+        return child;
+    };
+    const auto contentOf = [&path] {
+        QFile file(QString::fromLocal8Bit(path));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+
+    folder.write("job.xml", untidy);
+    QElapsedTimer timer;
+    timer.start();
+    int status = 0;
+    waitpid(start(), &status, 0);
+    QCOMPARE(status, 0);
+    QVERIFY(contentOf() == formatted);
+    const auto usual = static_cast<int>(timer.nsecsElapsed() / 1000);
+
+    auto &random = *QRandomGenerator::global();
+    int before = 0;
+    int during = 0;
+    int behind = 0;
+    int leftovers = 0;
+    for (int i = 0; i < Kills; ++i) {
+        folder.write("job.xml", untidy);
+        const pid_t child = start();
+        bool isWriting = false;
+        if (i % 2 == 0) {
+            usleep(static_cast<useconds_t>(random.bounded(usual)));
+        } else { // as soon as it writes, or a little later
+            timer.start();
+            while (!(isWriting = hasTemporaryFile(child)) && timer.nsecsElapsed() / 1000 < 3 * usual) { }
+            constexpr int LongestDelay = 3000;
+            usleep(static_cast<useconds_t>(random.bounded(LongestDelay)));
+        }
+        kill(child, SIGKILL);
+        waitpid(child, &status, 0);
+
+        const QByteArray content = contentOf();
+        QVERIFY2(content == untidy || content == formatted,
+                 qPrintable(QString("kill %1 left %2 bytes").arg(i).arg(content.size())));
+        const QStringList names = folder.names();
+        if (content == formatted)
+            ++behind;
+        else if (isWriting)
+            ++during;
+        else
+            ++before;
+        leftovers += static_cast<int>(names.size()) - 1;
+        for (const QString &name : names) {
+            QVERIFY2(name.startsWith("job.xml"), qPrintable(name));
+            if (name != "job.xml")
+                QVERIFY(QFile::remove(folder.path(name)));
+        }
+    }
+    qInfo("%d kills before writing, %d while a temporary file was open, %d when the file was replaced; "
+          "%d temporary files were left",
+          before, during, behind, leftovers);
+    QCOMPARE(before + during + behind, Kills);
+    QVERIFY(before > 0);
+    if (QFile::exists("/proc/self/fd"))
+        QVERIFY(during + behind > 0);
+}
+
+#else
+
+class FileFaultsTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void notHere() { skip("needs processes and permissions as Unix has them"); }
+};
+
+#endif
+
+QTEST_GUILESS_MAIN(FileFaultsTest)
+#include "FileFaultsTest.moc"
