@@ -43,16 +43,22 @@ has_cmake() {
     [ "$(printf '%s\n' "$wanted" "$found" | sort -V | head -n 1)" = "$wanted" ]
 }
 
-has_qt() {
+# finds PACKAGE...: whether CMake finds the package; the arguments are those of find_package.
+finds() {
     local dir status=0
     dir=$(mktemp -d)
     {
         printf 'cmake_minimum_required(VERSION %s)\nproject(probe LANGUAGES CXX)\n' "$(minimum cmake)"
-        printf 'find_package(Qt%s %s REQUIRED COMPONENTS Core Test)\n' "$1" "$(minimum "qt$1")"
+        printf 'find_package(%s)\n' "$*"
     } >"$dir/CMakeLists.txt"
     cmake -G Ninja -S "$dir" -B "$dir/build" >/dev/null 2>&1 || status=1
     rm -rf "$dir"
     return $status
+}
+
+has_valgrind() {
+    command -v valgrind >/dev/null &&
+        echo '#include <valgrind/callgrind.h>' | "${CXX:-c++}" -x c++ -fsyntax-only - >/dev/null 2>&1
 }
 
 # runs_under SANITIZERS COMPILER SOURCE: the compiler makes a program of the source that starts and ends.
@@ -70,7 +76,13 @@ has() {
         compiler) command -v "${CXX:-c++}" >/dev/null ;;
         cmake) has_cmake ;;
         ninja) command -v ninja >/dev/null ;;
-        qt6 | qt5) has_qt "${1#qt}" ;;
+        qt6 | qt5) finds "Qt${1#qt}" "$(minimum "$1")" REQUIRED COMPONENTS Core Test ;;
+        qt6-xml) finds Qt6 "$(minimum qt6)" REQUIRED COMPONENTS Xml ;;
+        benchmark | pugixml) finds "$1" REQUIRED ;;
+        boost) finds Boost REQUIRED COMPONENTS serialization ;;
+        xerces) finds XercesC REQUIRED ;;
+        xsd) command -v xsdcxx >/dev/null ;;
+        valgrind) has_valgrind ;;
         xmllint) command -v xmllint >/dev/null ;;
         clang) command -v clang++ >/dev/null ;;
         sanitizers) runs_under address,undefined "${CXX:-c++}" 'int main() {}' ;;
@@ -88,6 +100,13 @@ describe() {
         cmake) echo "CMake $(minimum cmake) or newer (cmake)" ;;
         ninja) echo "Ninja (ninja)" ;;
         qt6 | qt5) echo "Qt ${1#qt}, $(minimum "$1") or newer, with Qt Core, Qt Test and their CMake packages" ;;
+        qt6-xml) echo "Qt Xml of Qt 6" ;;
+        benchmark) echo "Google Benchmark and its CMake package" ;;
+        pugixml) echo "pugixml and its CMake package" ;;
+        boost) echo "Boost.Serialization" ;;
+        xerces) echo "Xerces-C++" ;;
+        xsd) echo "CodeSynthesis XSD (xsdcxx)" ;;
+        valgrind) echo "Valgrind with its headers" ;;
         xmllint) echo "libxml2's xmllint" ;;
         clang) echo "Clang (clang++)" ;;
         doxygen) echo "Doxygen (doxygen)" ;;
@@ -101,8 +120,14 @@ debian_package() {
         compiler | sanitizers) echo g++ ;;
         cmake) echo cmake ;;
         ninja) echo ninja-build ;;
-        qt6) echo qt6-base-dev ;;
+        qt6 | qt6-xml) echo qt6-base-dev ;;
         qt5) echo qtbase5-dev ;;
+        benchmark) echo libbenchmark-dev ;;
+        pugixml) echo libpugixml-dev ;;
+        boost) echo libboost-serialization-dev ;;
+        xerces) echo libxerces-c-dev ;;
+        xsd) echo xsdcxx ;;
+        valgrind) echo valgrind ;;
         xmllint) echo libxml2-utils ;;
         clang) echo clang ;;
         fuzzer) echo libclang-rt-dev ;;
