@@ -21,6 +21,7 @@
 #include <memory>
 #include <optional>
 #include <random>
+#include <utility>
 
 namespace {
 
@@ -44,11 +45,11 @@ Document readDocument(const QString &text)
 struct Sample {
     explicit Sample(int parameters)
         : input(Documents::receiver(parameters)), receiver(readDocument<GenericReceiver>(input)),
-          same(readDocument<GenericReceiver>(input)), output(receiver.GetXmlString()), calls(output),
+          same(readDocument<GenericReceiver>(input)), calls(receiver.GetXmlString()),
           names(receiver.GetParameterList().keys())
     {
         require(receiver.HasData(), QStringLiteral("an incomplete receiver"));
-        require(calls.replay() == output, QStringLiteral("replay"));
+        require(calls.replay() == receiver.GetXmlString(), QStringLiteral("replay"));
         constexpr unsigned int Seed = 1;
         std::shuffle(names.begin(), names.end(), std::mt19937(Seed));
     }
@@ -56,7 +57,6 @@ struct Sample {
     QString input;
     GenericReceiver receiver;
     GenericReceiver same;
-    QString output;
     Limits::Calls calls;
     QStringList names; ///< of the parameters, in no order
 };
@@ -67,14 +67,33 @@ const Sample &sample(int parameters)
     return samples.try_emplace(parameters, parameters).first->second;
 }
 
-benchmark::internal::Benchmark *measure(const QString &name, std::function<void()> operation)
+/// Times \a operation after \a prepare has been called once.
+benchmark::internal::Benchmark *measure(
+    const QString &name, std::function<void()> operation, std::function<void()> prepare = [] {})
 {
     return benchmark::RegisterBenchmark(name.toStdString().c_str(),
-                                        [operation = std::move(operation)](benchmark::State &state) {
-                                            operation(); // makes what is made once
+                                        [operation = std::move(operation), prepare = std::move(prepare),
+                                         isPrepared = std::make_shared<bool>()](benchmark::State &state) {
+                                            if (!std::exchange(*isPrepared, true))
+                                                prepare();
                                             for ([[maybe_unused]] auto step : state)
                                                 operation();
                                         });
+}
+
+/// Times an operation on a receiver. Where it takes seconds, few times are enough.
+void measureReceiver(
+    const char *operationName, const char *subject, int size, std::function<void()> operation,
+    std::function<void()> prepare = [] {})
+{
+    auto *registered = measure(Names::of(operationName, subject, size), std::move(operation),
+                               [size, prepare = std::move(prepare)] {
+                                   (void)sample(size);
+                                   prepare();
+                               });
+    constexpr int FewRepetitions = 3;
+    if (size == Names::Most)
+        registered->Repetitions(FewRepetitions);
 }
 
 template <class Value>
@@ -97,32 +116,35 @@ auto lazily(Make make)
 
 void measureLimits(int size)
 {
-    measure(Names::of("read", "tokens", size), [size] { keep(Limits::readTokens(sample(size).input)); });
-    measure(Names::of("read", "texts", size), [size] { keep(Limits::readTexts(sample(size).input)); });
-    measure(Names::of("write", "replay", size), [size] { keep(sample(size).calls.replay()); });
+    measureReceiver("read", "tokens", size, [size] { keep(Limits::readTokens(sample(size).input)); });
+    measureReceiver("read", "texts", size, [size] { keep(Limits::readTexts(sample(size).input)); });
+    measureReceiver("write", "replay", size, [size] { keep(sample(size).calls.replay()); });
 }
 
 void measureOwn(int size)
 {
-    measure(Names::of("read", "Kormak", size),
-            [size] { keep(readDocument<GenericReceiver>(sample(size).input)); });
-    measure(Names::of("write", "Kormak", size), [size] { keep(sample(size).receiver.GetXmlString()); });
-    measure(Names::of("copy", "Kormak", size), [size] { keep(GenericReceiver(sample(size).receiver)); });
-    measure(Names::of("compare", "Kormak", size),
-            [size] { keep(sample(size).same == sample(size).receiver); });
-    measure(Names::of("look-up", "Kormak", size), [size] {
+    measureReceiver("read", "Kormak", size,
+                    [size] { keep(readDocument<GenericReceiver>(sample(size).input)); });
+    measureReceiver("write", "Kormak", size, [size] { keep(sample(size).receiver.GetXmlString()); });
+    measureReceiver("copy", "Kormak", size, [size] { keep(GenericReceiver(sample(size).receiver)); });
+    measureReceiver("compare", "Kormak", size, [size] { keep(sample(size).same == sample(size).receiver); });
+    measureReceiver("look-up", "Kormak", size, [size] {
         for (const QString &name : sample(size).names)
             keep(sample(size).receiver.GetParameter(name));
     });
-    measure(Names::of("write binary", "Kormak", size),
-            [size] { keep(GenericReceiver(sample(size).receiver).GetBinaryRepresentationAsQByteArray()); });
+    measureReceiver("write binary", "Kormak", size, [size] {
+        keep(GenericReceiver(sample(size).receiver).GetBinaryRepresentationAsQByteArray());
+    });
     const auto form = lazily(
         [size] { return GenericReceiver(sample(size).receiver).GetBinaryRepresentationAsQByteArray(); });
-    measure(Names::of("read binary", "Kormak", size), [form] {
-        GenericReceiver receiver;
-        require(receiver.SetBinaryRepresentation(form()), QStringLiteral("a binary form"));
-        keep(receiver);
-    });
+    measureReceiver(
+        "read binary", "Kormak", size,
+        [form] {
+            GenericReceiver receiver;
+            require(receiver.SetBinaryRepresentation(form()), QStringLiteral("a binary form"));
+            keep(receiver);
+        },
+        [form] { (void)form(); });
 }
 
 /// One way to read and write a receiver. \a Text is what it works on.
@@ -130,11 +152,12 @@ template <class Text, class Result>
 void measureAlternative(const QString &name, int size, Text (*inputOf)(const Sample &),
                         Result (*read)(const Text &), Text (*write)(const Lean::Receiver &))
 {
-    measure(Names::of("read", name, size),
-            [read, input = lazily([=] { return inputOf(sample(size)); })] { keep(read(input())); });
-    measure(Names::of("write", name, size), [write, receiver = lazily([=] {
-                                                        return Lean::receiverOf(sample(size).receiver);
-                                                    })] { keep(write(receiver())); });
+    const auto input = lazily([=] { return inputOf(sample(size)); });
+    measure(
+        Names::of("read", name, size), [=] { keep(read(input())); }, [=] { (void)input(); });
+    const auto receiver = lazily([=] { return Lean::receiverOf(sample(size).receiver); });
+    measure(
+        Names::of("write", name, size), [=] { keep(write(receiver())); }, [=] { (void)receiver(); });
 }
 
 QString text(const Sample &sample)
@@ -159,7 +182,7 @@ void compare(const QString &name, const Sample &sample, const Text &input, Read 
         document = written;
     else
         document = QString::fromStdString(written);
-    require(Lean::contentOf(document) == Lean::contentOf(sample.output),
+    require(Lean::contentOf(document) == Lean::contentOf(sample.receiver.GetXmlString()),
             name + QStringLiteral(" writes otherwise"));
 }
 
@@ -168,7 +191,8 @@ void measureAlternatives(int size)
     const QStringList names = Names::alternatives();
 
     compare(names[0], sample(size), sample(size).input, HandWritten::read, HandWritten::write);
-    require(HandWritten::write(Lean::receiverOf(sample(size).receiver)) == sample(size).output,
+    require(HandWritten::write(Lean::receiverOf(sample(size).receiver))
+                == sample(size).receiver.GetXmlString(),
             QStringLiteral("the hand-written document"));
     measureAlternative(names[0], size, text, HandWritten::read, HandWritten::write);
 #ifdef HAVE_DOM
@@ -191,11 +215,11 @@ void measureAlternatives(int size)
     static std::map<int, std::string> inputs;
     static std::map<int, XsdTree::Owned> trees; // of what the library writes
     inputs[size] = utf8(sample(size));
-    trees[size] = XsdTree::read(sample(size).output.toStdString());
+    trees[size] = XsdTree::read(sample(size).receiver.GetXmlString().toStdString());
     require(XsdTree::receiverOf(*XsdTree::read(inputs[size])) == Lean::receiverOf(sample(size).receiver),
             QStringLiteral("the generated classes read other fields"));
     require(Lean::contentOf(QString::fromStdString(XsdTree::write(*trees[size])))
-                == Lean::contentOf(sample(size).output),
+                == Lean::contentOf(sample(size).receiver.GetXmlString()),
             QStringLiteral("the generated classes write otherwise"));
     measure(Names::of("read", names[4], size), [size] { keep(XsdTree::read(inputs[size])); });
     measure(Names::of("write", names[4], size), [size] { keep(XsdTree::write(*trees[size])); });
@@ -271,7 +295,7 @@ int main(int argc, char *argv[])
 
     // What stands on the command line comes later and prevails.
     std::string interleaving = "--benchmark_enable_random_interleaving=true";
-    std::string repetitions = isQuick ? "--benchmark_repetitions=3" : "--benchmark_repetitions=7";
+    std::string repetitions = isQuick ? "--benchmark_repetitions=3" : "--benchmark_repetitions=5";
     std::string time = isQuick ? "--benchmark_min_time=0.01" : "--benchmark_min_time=0.05";
     arguments.insert(arguments.begin() + 1, {interleaving.data(), repetitions.data(), time.data()});
     int count = static_cast<int>(arguments.size());
