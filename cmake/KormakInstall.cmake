@@ -1,9 +1,14 @@
-# Installs the libraries, their public headers and the CMake package "Kormak". Component Runtime is what a program
-# needs to run, component Devel what is needed to build one.
+# Installs the libraries, their public headers, the CMake and pkg-config packages, the tool and the schemas. Builds with
+# Qt 6 and with Qt 5 fit into the same folder: what differs between them carries the major version of Qt in its name.
+#
+# Components: Runtime is what a program needs to run, Devel what is needed to build one, DevelCommon what is the same
+# for every Qt, Tools what people run and edit with.
 
 include(CMakePackageConfigHelpers)
 
-set(kormak_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/Kormak")
+set(kormak_package "KormakQt${QT_VERSION_MAJOR}")
+set(kormak_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/${kormak_package}")
+set(kormak_schema_dir "${CMAKE_INSTALL_DATADIR}/kormak/schemas")
 
 # kormak_install_library(target): public is the header beside a source, a header among the sources, and the generated
 # export header; what ends in _p.h is not.
@@ -19,11 +24,11 @@ function(kormak_install_library target)
             list(APPEND headers "${header}")
         endif()
     endforeach()
-    install(FILES ${headers} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/${target}" COMPONENT Devel)
+    install(FILES ${headers} DESTINATION "${KORMAK_INSTALL_INCLUDEDIR}/${target}" COMPONENT Devel)
 
     kormak_find_libraries_beside(${target} "")
     install(TARGETS ${target}
-        EXPORT KormakTargets
+        EXPORT ${kormak_package}Targets
         RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT Runtime
         LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT Runtime NAMELINK_COMPONENT Devel
         ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT Devel
@@ -34,7 +39,7 @@ endfunction()
 function(kormak_install_tool target)
     file(RELATIVE_PATH to_libraries "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
     kormak_find_libraries_beside(${target} "/${to_libraries}")
-    install(TARGETS ${target} RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT Runtime)
+    install(TARGETS ${target} RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT Tools)
 endfunction()
 
 # An installation works from any folder: what is installed looks for the libraries relative to itself.
@@ -49,14 +54,59 @@ function(kormak_find_libraries_beside target path)
     endif()
 endfunction()
 
+# kormak_install_pkgconfig(target requires description): the file names the folders relative to itself, unless they are
+# installed to absolute ones.
+function(kormak_install_pkgconfig target pc_requires pc_description)
+    get_target_property(pc_library ${target} OUTPUT_NAME)
+    set(pc_name "${pc_library}")
+    set(pkgconfig_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+    set(pc_prefix "${CMAKE_INSTALL_PREFIX}")
+    if(NOT IS_ABSOLUTE "${pkgconfig_dir}")
+        file(RELATIVE_PATH pc_prefix "/${pkgconfig_dir}" "/")
+        string(REGEX REPLACE "/$" "" pc_prefix "\${pcfiledir}/${pc_prefix}")
+    endif()
+    set(pc_includedir "\${prefix}")
+    set(pc_libdir "\${prefix}")
+    cmake_path(APPEND pc_includedir "${KORMAK_INSTALL_INCLUDEDIR}")
+    cmake_path(APPEND pc_libdir "${CMAKE_INSTALL_LIBDIR}")
+    set(pc_flags "")
+    if(QT_VERSION_MAJOR EQUAL 5)
+        string(APPEND pc_flags " -fPIC") # which the headers of Qt 5 demand, though its own file does not say so
+    endif()
+    if(NOT BUILD_SHARED_LIBS)
+        string(TOUPPER " -D${target}_STATIC_DEFINE" definition)
+        string(APPEND pc_flags "${definition}")
+    endif()
+    set(file "${PROJECT_BINARY_DIR}/${pc_library}.pc")
+    configure_file("${PROJECT_SOURCE_DIR}/cmake/library.pc.in" "${file}" @ONLY)
+    install(FILES "${file}" DESTINATION "${pkgconfig_dir}" COMPONENT Devel)
+endfunction()
+
+# A program needs at least the Qt that the libraries were built with.
+string(REGEX MATCH "^[0-9]+\\.[0-9]+" KORMAK_QT_VERSION "${Qt${QT_VERSION_MAJOR}_VERSION}")
+math(EXPR KORMAK_QT_OTHER_MAJOR "11 - ${QT_VERSION_MAJOR}")
+
 kormak_install_library(objectbase)
 kormak_install_library(kormak)
+kormak_install_pkgconfig(objectbase "Qt${QT_VERSION_MAJOR}Core >= ${KORMAK_QT_VERSION}"
+    "What every document that steers a radio-monitoring system is"
+)
+kormak_install_pkgconfig(kormak "objectbase-qt${QT_VERSION_MAJOR} = ${PROJECT_VERSION}" "${PROJECT_DESCRIPTION}")
 if(TARGET kormak-cli)
     kormak_install_tool(kormak-cli)
 endif()
 
+# kormak_install_if_there(file folder): what the tool comes with, once it is written.
+function(kormak_install_if_there file folder)
+    if(EXISTS "${PROJECT_SOURCE_DIR}/${file}")
+        install(FILES "${PROJECT_SOURCE_DIR}/${file}" DESTINATION "${folder}" COMPONENT Tools)
+    endif()
+endfunction()
+kormak_install_if_there(tools/kormak.1 "${CMAKE_INSTALL_MANDIR}/man1")
+kormak_install_if_there(tools/completions/kormak "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
+kormak_install_if_there(tools/completions/_kormak "${CMAKE_INSTALL_DATADIR}/zsh/site-functions")
+
 # For editors and validators. One file for each kind of document; what they share stands in types/.
-set(kormak_schema_dir "${CMAKE_INSTALL_DATADIR}/kormak/schemas")
 install(FILES
     "${PROJECT_SOURCE_DIR}/schemas/ActivityGeneration.xsd"
     "${PROJECT_SOURCE_DIR}/schemas/AntennaData.xsd"
@@ -66,7 +116,7 @@ install(FILES
     "${PROJECT_SOURCE_DIR}/schemas/Job.xsd"
     "${PROJECT_SOURCE_DIR}/schemas/JobHeader.xsd"
     "${PROJECT_SOURCE_DIR}/schemas/Parameter.xsd"
-    DESTINATION "${kormak_schema_dir}" COMPONENT Runtime
+    DESTINATION "${kormak_schema_dir}" COMPONENT Tools
 )
 install(FILES
     "${PROJECT_SOURCE_DIR}/schemas/types/AntennaData.xsd"
@@ -74,28 +124,30 @@ install(FILES
     "${PROJECT_SOURCE_DIR}/schemas/types/JobHeader.xsd"
     "${PROJECT_SOURCE_DIR}/schemas/types/Parameter.xsd"
     "${PROJECT_SOURCE_DIR}/schemas/types/Texts.xsd"
-    DESTINATION "${kormak_schema_dir}/types" COMPONENT Runtime
+    DESTINATION "${kormak_schema_dir}/types" COMPONENT Tools
 )
 
-install(EXPORT KormakTargets NAMESPACE Kormak:: DESTINATION "${kormak_package_dir}" COMPONENT Devel)
-
-# A program needs at least the Qt that the libraries were built with.
-if(QT_VERSION_MAJOR EQUAL 6)
-    set(KORMAK_QT_OTHER_MAJOR 5)
-else()
-    set(KORMAK_QT_OTHER_MAJOR 6)
-endif()
-string(REGEX MATCH "^[0-9]+\\.[0-9]+" KORMAK_QT_VERSION "${Qt${QT_VERSION_MAJOR}_VERSION}")
+# The package of this build, and the package "Kormak" that chooses between the builds beside it.
+install(EXPORT ${kormak_package}Targets NAMESPACE Kormak:: DESTINATION "${kormak_package_dir}" COMPONENT Devel)
 configure_package_config_file(
-    "${PROJECT_SOURCE_DIR}/cmake/KormakConfig.cmake.in"
-    "${PROJECT_BINARY_DIR}/KormakConfig.cmake"
+    "${PROJECT_SOURCE_DIR}/cmake/KormakQtConfig.cmake.in"
+    "${PROJECT_BINARY_DIR}/${kormak_package}Config.cmake"
     INSTALL_DESTINATION "${kormak_package_dir}"
     NO_SET_AND_CHECK_MACRO
 )
-write_basic_package_version_file("${PROJECT_BINARY_DIR}/KormakConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/${kormak_package}ConfigVersion.cmake"
+    COMPATIBILITY SameMajorVersion
+)
 install(FILES
-    "${PROJECT_BINARY_DIR}/KormakConfig.cmake"
-    "${PROJECT_BINARY_DIR}/KormakConfigVersion.cmake"
+    "${PROJECT_BINARY_DIR}/${kormak_package}Config.cmake"
+    "${PROJECT_BINARY_DIR}/${kormak_package}ConfigVersion.cmake"
     DESTINATION "${kormak_package_dir}"
     COMPONENT Devel
+)
+install(FILES
+    "${PROJECT_SOURCE_DIR}/cmake/KormakConfig.cmake"
+    "${PROJECT_SOURCE_DIR}/cmake/KormakConfigVersion.cmake"
+    "${PROJECT_SOURCE_DIR}/cmake/KormakQtMajor.cmake"
+    DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/Kormak"
+    COMPONENT DevelCommon
 )

@@ -2,6 +2,8 @@
 
 include(GenerateExportHeader)
 
+set(KORMAK_INSTALL_INCLUDEDIR "${CMAKE_INSTALL_INCLUDEDIR}/kormak-qt${QT_VERSION_MAJOR}")
+
 if(KORMAK_SANITIZE)
     add_compile_options(-fsanitize=${KORMAK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=${KORMAK_SANITIZE})
@@ -41,16 +43,23 @@ function(kormak_add_library target)
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}
         EXPORT_NAME ${target}
+        OUTPUT_NAME ${target}-qt${QT_VERSION_MAJOR}
+        INTERFACE_QT_MAJOR_VERSION ${QT_VERSION_MAJOR}
     )
+    set_property(TARGET ${target} APPEND PROPERTY COMPATIBLE_INTERFACE_STRING QT_MAJOR_VERSION)
     generate_export_header(${target})
     if(NOT BUILD_SHARED_LIBS)
         string(TOUPPER ${target} prefix)
         target_compile_definitions(${target} PUBLIC ${prefix}_STATIC_DEFINE)
+    elseif(UNIX AND NOT APPLE)
+        set(exports "${PROJECT_SOURCE_DIR}/cmake/exports.map")
+        target_link_options(${target} PRIVATE "LINKER:--version-script=${exports}")
+        set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS "${exports}")
     endif()
     get_filename_component(binary_root "${CMAKE_CURRENT_BINARY_DIR}" DIRECTORY)
     target_include_directories(${target} PUBLIC
         "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>"
         "$<BUILD_INTERFACE:${binary_root}>"
-        "$<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>"
+        "$<INSTALL_INTERFACE:${KORMAK_INSTALL_INCLUDEDIR}>"
     )
 endfunction()

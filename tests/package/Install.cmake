@@ -2,8 +2,10 @@
 # moved, for nothing may depend on where it was installed. Every public header is there and no private one.
 
 file(REMOVE_RECURSE "${PREFIX}")
-foreach(program Embedding Headers Subdirectory OtherQt NextMajor)
-    file(REMOVE_RECURSE "${PROGRAMS_DIR}/${program}")
+file(GLOB leftovers "${PROGRAMS_DIR}/*/CMakeCache.txt")
+foreach(leftover IN LISTS leftovers)
+    get_filename_component(program_dir "${leftover}" DIRECTORY)
+    file(REMOVE_RECURSE "${program_dir}")
 endforeach()
 
 execute_process(
@@ -22,7 +24,8 @@ function(compare what installed expected)
     endif()
 endfunction()
 
-file(GLOB_RECURSE installed RELATIVE "${PREFIX}/include" "${PREFIX}/include/*")
+set(include_dir "${PREFIX}/include/kormak-qt${QT_MAJOR}")
+file(GLOB_RECURSE installed RELATIVE "${include_dir}" "${PREFIX}/include/*")
 set(public "")
 foreach(folder objectbase kormak)
     file(GLOB headers RELATIVE "${SOURCE_DIR}" "${SOURCE_DIR}/${folder}/*.h")
