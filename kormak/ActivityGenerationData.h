@@ -195,7 +195,7 @@ protected:
     /// \endcond
 
 private:
-    struct Xml;
+    struct KORMAK_NO_EXPORT Xml;
 
     QString version;
     ActivityGenerationMode mode;

@@ -119,7 +119,7 @@ protected:
     /// \endcond
 
 private:
-    struct Xml;
+    struct KORMAK_NO_EXPORT Xml;
 
     QString version;
     WorkflowMode workflowMode;

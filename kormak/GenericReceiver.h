@@ -77,7 +77,7 @@ protected:
     /// \endcond
 
 private:
-    struct Xml;
+    struct KORMAK_NO_EXPORT Xml;
 
     QString version;
     Parameter readingParameter; // reset before each use; see ProcessXml() for what a reset leaves

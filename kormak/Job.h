@@ -73,7 +73,7 @@ protected:
     /// \endcond
 
 private:
-    struct Xml;
+    struct KORMAK_NO_EXPORT Xml;
 
     QString version;
     JobHeader jobHeader;

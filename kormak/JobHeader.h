@@ -81,10 +81,10 @@ protected:
     /// \endcond
 
 private:
-    struct Xml;
+    struct KORMAK_NO_EXPORT Xml;
 
-    [[nodiscard]] bool IsSearchMCJob() const;
-    [[nodiscard]] bool
+    [[nodiscard]] KORMAK_NO_EXPORT bool IsSearchMCJob() const;
+    [[nodiscard]] KORMAK_NO_EXPORT bool
     IsValidConnectableRessource(const ConnectableResourceType::ConnectableResourceTypeValue &value) const;
 
     JobType::JobTypeValue jobType;

@@ -78,10 +78,10 @@ protected:
     /// \endcond
 
 private:
-    struct Xml;
+    struct OBJECTBASE_NO_EXPORT Xml;
 
-    [[nodiscard]] bool isMinimumFrequencyValid() const;
-    [[nodiscard]] bool isMaximumFrequencyValid() const;
+    [[nodiscard]] OBJECTBASE_NO_EXPORT bool isMinimumFrequencyValid() const;
+    [[nodiscard]] OBJECTBASE_NO_EXPORT bool isMaximumFrequencyValid() const;
 
     QString version;
     QString name;

@@ -52,7 +52,7 @@ protected:
     /// \endcond
 
 private:
-    struct Xml;
+    struct OBJECTBASE_NO_EXPORT Xml;
 
     QString version;
     QString name;
