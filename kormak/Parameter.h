@@ -227,12 +227,12 @@ protected:
     /// \endcond
 
 private:
-    struct Xml;
+    struct KORMAK_NO_EXPORT Xml;
 
-    [[nodiscard]] static bool IsValidValueType(ValueType type);
+    [[nodiscard]] KORMAK_NO_EXPORT static bool IsValidValueType(ValueType type);
     [[nodiscard]] static bool IsValidControlType(ControlType type);
-    [[nodiscard]] ValueType ToValueType(const QString &name) const;
-    [[nodiscard]] ControlType ToControlType(const QString &name) const;
+    [[nodiscard]] KORMAK_NO_EXPORT ValueType ToValueType(const QString &name) const;
+    [[nodiscard]] KORMAK_NO_EXPORT ControlType ToControlType(const QString &name) const;
 
     template <class Visitor>
     auto visitHandler(Visitor visit) const;
