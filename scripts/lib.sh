@@ -71,68 +71,51 @@ runs_under() {
     return $status
 }
 
+# requirement NAME PACKAGE TEST DESCRIPTION: what a script may ask for, the Debian package that brings it, and the command
+# that succeeds when it is there.
+declare -A package_of test_of description_of
+requirement() {
+    package_of[$1]=$2 test_of[$1]=$3 description_of[$1]=$4
+}
+
+# requirement_program NAME PACKAGE DESCRIPTION: a program of that name.
+requirement_program() {
+    requirement "$1" "$2" "command -v $1" "$3 ($1)"
+}
+
+cxx=${CXX:-c++}
+requirement compiler g++ "command -v $cxx" "a C++17 compiler ($cxx)"
+requirement sanitizers g++ "runs_under address,undefined $cxx 'int main() {}'" \
+    "AddressSanitizer and UndefinedBehaviorSanitizer for $cxx"
+requirement fuzzer libclang-rt-dev \
+    "runs_under fuzzer,address,undefined clang++ 'extern \"C\" int LLVMFuzzerTestOneInput(const char *, unsigned long) { return 0; }'" \
+    "libFuzzer and the sanitizers for clang++"
+requirement_program clang++ clang "Clang"
+requirement_program clang-tidy clang-tidy "clang-tidy"
+requirement cmake cmake has_cmake "CMake $(minimum cmake) or newer (cmake)"
+requirement_program ninja ninja-build "Ninja"
+requirement_program make make "GNU make"
+for qt in 6 5; do
+    requirement "qt$qt" "$([ $qt = 6 ] && echo qt6-base-dev || echo qtbase5-dev)" \
+        "finds Qt$qt $(minimum qt$qt) REQUIRED COMPONENTS Core Concurrent Test" \
+        "Qt $qt, $(minimum qt$qt) or newer, with Core, Concurrent, Test and their CMake packages"
+done
+requirement qt6-xml qt6-base-dev "finds Qt6 $(minimum qt6) REQUIRED COMPONENTS Xml" "Qt Xml of Qt 6"
+requirement_program pkg-config pkg-config "pkg-config"
+requirement dpkg dpkg-dev "command -v dpkg-deb && command -v dpkg-shlibdeps" "dpkg's tools for making packages"
+requirement_program abidw abigail-tools "libabigail"
+requirement_program python3 python3 "Python 3"
+requirement_program xmllint libxml2-utils "libxml2's xmllint"
+requirement_program doxygen doxygen "Doxygen"
+requirement valgrind valgrind has_valgrind "Valgrind with its headers"
+requirement benchmark libbenchmark-dev "finds benchmark REQUIRED" "Google Benchmark and its CMake package"
+requirement pugixml libpugixml-dev "finds pugixml REQUIRED" "pugixml and its CMake package"
+requirement boost libboost-serialization-dev "finds Boost REQUIRED COMPONENTS serialization" "Boost.Serialization"
+requirement xerces libxerces-c-dev "finds XercesC REQUIRED" "Xerces-C++"
+requirement_program xsdcxx xsdcxx "CodeSynthesis XSD"
+
 has() {
-    case $1 in
-        compiler) command -v "${CXX:-c++}" >/dev/null ;;
-        cmake) has_cmake ;;
-        ninja) command -v ninja >/dev/null ;;
-        qt6 | qt5) finds "Qt${1#qt}" "$(minimum "$1")" REQUIRED COMPONENTS Core Test ;;
-        qt6-xml) finds Qt6 "$(minimum qt6)" REQUIRED COMPONENTS Xml ;;
-        benchmark | pugixml) finds "$1" REQUIRED ;;
-        boost) finds Boost REQUIRED COMPONENTS serialization ;;
-        xerces) finds XercesC REQUIRED ;;
-        xsd) command -v xsdcxx >/dev/null ;;
-        valgrind) has_valgrind ;;
-        xmllint) command -v xmllint >/dev/null ;;
-        clang) command -v clang++ >/dev/null ;;
-        sanitizers) runs_under address,undefined "${CXX:-c++}" 'int main() {}' ;;
-        fuzzer)
-            runs_under fuzzer,address,undefined clang++ \
-                'extern "C" int LLVMFuzzerTestOneInput(const char *, unsigned long) { return 0; }'
-            ;;
-        doxygen) command -v doxygen >/dev/null ;;
-    esac
-}
-
-describe() {
-    case $1 in
-        compiler) echo "a C++17 compiler (${CXX:-c++})" ;;
-        cmake) echo "CMake $(minimum cmake) or newer (cmake)" ;;
-        ninja) echo "Ninja (ninja)" ;;
-        qt6 | qt5) echo "Qt ${1#qt}, $(minimum "$1") or newer, with Qt Core, Qt Test and their CMake packages" ;;
-        qt6-xml) echo "Qt Xml of Qt 6" ;;
-        benchmark) echo "Google Benchmark and its CMake package" ;;
-        pugixml) echo "pugixml and its CMake package" ;;
-        boost) echo "Boost.Serialization" ;;
-        xerces) echo "Xerces-C++" ;;
-        xsd) echo "CodeSynthesis XSD (xsdcxx)" ;;
-        valgrind) echo "Valgrind with its headers" ;;
-        xmllint) echo "libxml2's xmllint" ;;
-        clang) echo "Clang (clang++)" ;;
-        doxygen) echo "Doxygen (doxygen)" ;;
-        sanitizers) echo "AddressSanitizer and UndefinedBehaviorSanitizer for ${CXX:-c++}" ;;
-        fuzzer) echo "libFuzzer and the sanitizers for clang++" ;;
-    esac
-}
-
-debian_package() {
-    case $1 in
-        compiler | sanitizers) echo g++ ;;
-        cmake) echo cmake ;;
-        ninja) echo ninja-build ;;
-        qt6 | qt6-xml) echo qt6-base-dev ;;
-        qt5) echo qtbase5-dev ;;
-        benchmark) echo libbenchmark-dev ;;
-        pugixml) echo libpugixml-dev ;;
-        boost) echo libboost-serialization-dev ;;
-        xerces) echo libxerces-c-dev ;;
-        xsd) echo xsdcxx ;;
-        valgrind) echo valgrind ;;
-        xmllint) echo libxml2-utils ;;
-        clang) echo clang ;;
-        fuzzer) echo libclang-rt-dev ;;
-        doxygen) echo doxygen ;;
-    esac
+    eval "${test_of[$1]}" >/dev/null 2>&1
 }
 
 # find_missing REQUIREMENT...: sets `missing`. Qt cannot be found without the tools that look for it.
@@ -167,7 +150,7 @@ require() {
     find_missing "$@"
     if [ ${#missing[@]} -gt 0 ] && command -v apt-get >/dev/null; then
         for requirement in "${missing[@]}"; do
-            packages+=("$(debian_package "$requirement")")
+            packages+=("${package_of[$requirement]}")
         done
         install_packages "${packages[@]}"
         find_missing "$@"
@@ -175,14 +158,14 @@ require() {
     if [ ${#missing[@]} -gt 0 ]; then
         complain "Not found on this machine; please install:"
         for requirement in "${missing[@]}"; do
-            complain "  - $(describe "$requirement")"
+            complain "  - ${description_of[$requirement]}"
         done
         exit 1
     fi
 }
 
-# build_and_test PRESET FOLDER: configures build/FOLDER, builds it and runs its tests.
+# build_and_test PRESET FOLDER [OPTION...]: configures build/FOLDER, builds it and runs its tests.
 build_and_test() {
-    cmake --preset "$1" -B "$project_dir/build/$2" && cmake --build "$project_dir/build/$2" &&
+    cmake --preset "$1" -B "$project_dir/build/$2" "${@:3}" && cmake --build "$project_dir/build/$2" &&
         ctest --test-dir "$project_dir/build/$2" --output-on-failure --no-tests=error --parallel "$jobs"
 }
