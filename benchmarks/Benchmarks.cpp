@@ -91,9 +91,8 @@ void measureReceiver(
                                    (void)sample(size);
                                    prepare();
                                });
-    constexpr int FewRepetitions = 3;
     if (size == Names::Most)
-        registered->Repetitions(FewRepetitions);
+        registered->Repetitions(QByteArray(operationName).contains("binary") ? 1 : 3);
 }
 
 template <class Value>
