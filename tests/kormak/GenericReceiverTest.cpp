@@ -42,6 +42,7 @@ private Q_SLOTS:
     void completeness();
     void anyData();
     void check();
+    void checkOfAnEmptyReceiverThatIsNotComplete();
 
     void writingNothing();
     void writing();
@@ -311,6 +312,19 @@ void GenericReceiverTest::anyData()
     QVERIFY(receiver.AnyData());
     receiver.Reset();
     QVERIFY(receiver.AnyData());
+}
+
+void GenericReceiverTest::checkOfAnEmptyReceiverThatIsNotComplete()
+{
+    class DemandingReceiver : public GenericReceiver {
+    public:
+        using GenericReceiver::Check;
+        bool HasData() const override { return !GetParameterList().isEmpty() && GenericReceiver::HasData(); }
+    };
+    DemandingReceiver receiver;
+    QCOMPARE(messageOf([&] { receiver.Check(); }), QString("GenericReceiver: Please set ParameterList"));
+    receiver.AddParameter(Parameter());
+    QCOMPARE(messageOf([&] { receiver.Check(); }), QString());
 }
 
 void GenericReceiverTest::check()

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void unknownTags_data();
     void unknownTags();
     void untouchedDescendantsAreNotUnknown();
+    void baseLeavesEveryChildUntouched();
     void malformedChildrenEndTheLoop_data();
     void malformedChildrenEndTheLoop();
     void textValues_data();
@@ -220,6 +221,17 @@ void XmlReadingTest::untouchedDescendantsAreNotUnknown()
     QVERIFY(
         binder.SetXmlString("<Binder><Other><X/><Note><Y/></Note></Other><Title>a</Title></Binder>", true));
     QCOMPARE(binder.title, QString("a"));
+}
+
+void XmlReadingTest::baseLeavesEveryChildUntouched()
+{
+    BareDocument document;
+    QXmlStreamReader reader(QStringLiteral("<Bare>a<b><Bare>c</Bare></b><d/></Bare><e/>"));
+    reader.readNextStartElement();
+    document.ProcessXml(reader);
+    QVERIFY(reader.isEndElement());
+    QCOMPARE(reader.characterOffset(), 39); // the first of the two elements
+    QVERIFY(!reader.hasError());
 }
 
 void XmlReadingTest::malformedChildrenEndTheLoop_data()

@@ -10,6 +10,8 @@
 
 #include <array>
 #include <atomic>
+#include <cstdio>
+#include <cstdlib>
 #include <thread>
 #include <vector>
 
@@ -155,31 +157,21 @@ int faultsOfObjects(int number)
 
 } // namespace
 
-class ThreadsTest : public QObject {
-    Q_OBJECT
-
-private Q_SLOTS:
-    void firstUse();
-    void objects();
-};
-
-/// First: afterwards every table has been used.
-void ThreadsTest::firstUse()
+/// Not a test of Qt Test, which starts a thread of its own; ThreadSanitizer sees only half of what Qt does
+/// there.
+int main()
 {
-    QCOMPARE(faultsOfAll([](int number) { return faultsOfNames() + faultsOfObjects(number); }), 0);
-}
-
-void ThreadsTest::objects()
-{
+    // First of all, since afterwards every table has been used.
+    const int faultsOfFirstUse =
+        faultsOfAll([](int number) { return faultsOfNames() + faultsOfObjects(number); });
     constexpr int Rounds = 200;
-    QCOMPARE(faultsOfAll([](int number) {
-                 int faults = 0;
-                 for (int round = 0; round < Rounds; ++round)
-                     faults += faultsOfNames() + faultsOfObjects(number);
-                 return faults;
-             }),
-             0);
+    const int faults = faultsOfAll([](int number) {
+        int sum = 0;
+        for (int round = 0; round < Rounds; ++round)
+            sum += faultsOfNames() + faultsOfObjects(number);
+        return sum;
+    });
+    std::printf("%d threads: %d faults at first use, %d faults in %d rounds\n", Threads, faultsOfFirstUse,
+                faults, Rounds);
+    return faultsOfFirstUse + faults == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
 }
-
-QTEST_GUILESS_MAIN(ThreadsTest)
-#include "ThreadsTest.moc"
