@@ -44,7 +44,7 @@ const Command checkCommand{
     u"that the library accepts as FILE:LINE:COLUMN: warning: MESSAGE. All files are gone through.\n"
     u"Exit status: 0 all are good, warnings or not, 1 a document is at fault, 2 a file cannot be read.",
     u"kormak check jobs/*.xml",
-    Command::Files::Many,
+    ManyFiles,
     [] { return QList<QCommandLineOption>(); },
     run,
 };

@@ -19,14 +19,26 @@ enum ExitStatus {
     Failed = 2, ///< something cannot be read or written, or the call is wrong
 };
 
-struct Command {
-    enum class Files { One, Many };
+/// What stands behind the options of a call.
+struct Arguments {
+    static constexpr int Unlimited = 0x7FFFFFFF;
 
+    QStringView name; ///< as messages call one of them
+    QStringView usage; ///< as the help shows them all
+    int least;
+    int most;
+};
+
+inline constexpr QStringView FileName = u"FILE"; ///< of which "-" may be one
+inline constexpr Arguments OneFile{FileName, u"FILE", 1, 1};
+inline constexpr Arguments ManyFiles{FileName, u"FILE...", 1, Arguments::Unlimited};
+
+struct Command {
     QStringView name;
     QStringView summary; ///< one line
     QStringView description;
     QStringView example;
-    Files files;
+    Arguments arguments;
     QList<QCommandLineOption> (*options)();
     ExitStatus (*run)(const QCommandLineParser &parser);
 };
@@ -37,7 +49,10 @@ struct UsageError {
 };
 
 extern const Command checkCommand;
+extern const Command diffCommand;
 extern const Command formatCommand;
+extern const Command listCommand;
+extern const Command newCommand;
 extern const Command showCommand;
 
 #endif

@@ -1,10 +1,10 @@
-// What show tells of each kind of document; one fieldsOf() per kind.
+// The fields of each kind of document, and what it lacks where Check() of the library is silent.
 #ifndef KORMAK_TOOLS_DOCUMENTFIELDS_H
 #define KORMAK_TOOLS_DOCUMENTFIELDS_H
 
 #include <tools/Field.h>
 
-#include <vector>
+#include <QStringList>
 
 namespace KORMAK {
 class ActivityGenerationData;
@@ -14,10 +14,16 @@ class Job;
 class Parameter;
 } // namespace KORMAK
 
-[[nodiscard]] std::vector<Field> fieldsOf(const KORMAK::ActivityGenerationData &data);
-[[nodiscard]] std::vector<Field> fieldsOf(const KORMAK::AutomaticWorkflow &workflow);
-[[nodiscard]] std::vector<Field> fieldsOf(const KORMAK::GenericReceiver &receiver);
-[[nodiscard]] std::vector<Field> fieldsOf(const KORMAK::Job &job);
-[[nodiscard]] std::vector<Field> fieldsOf(const KORMAK::Parameter &parameter);
+extern const FieldTable ActivityGenerationFields;
+extern const FieldTable AutomaticWorkflowFields;
+extern const FieldTable GenericReceiverFields;
+extern const FieldTable JobFields;
+extern const FieldTable ParameterFields;
+
+[[nodiscard]] QStringList missingBeyondCheck(const KORMAK::ActivityGenerationData &data);
+[[nodiscard]] QStringList missingBeyondCheck(const KORMAK::AutomaticWorkflow &workflow);
+[[nodiscard]] QStringList missingBeyondCheck(const KORMAK::GenericReceiver &receiver);
+[[nodiscard]] QStringList missingBeyondCheck(const KORMAK::Job &job);
+[[nodiscard]] QStringList missingBeyondCheck(const KORMAK::Parameter &parameter);
 
 #endif

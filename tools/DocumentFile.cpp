@@ -16,7 +16,6 @@
 namespace {
 
 constexpr QStringView StandardInput = u"-";
-constexpr QStringView SilentlyIncomplete = u"the library accepts it but would write nothing for it";
 
 [[noreturn]] void throwAt(const QString &text, qsizetype offset, const QString &message)
 {
@@ -120,10 +119,8 @@ void throwAtRoot(const Document &document, const QString &message)
 QString stateOf(const Document &document)
 {
     const QString kind = document.kind->rootElement.toString();
-    if (document.object->HasData())
-        return kind + QStringLiteral(", complete");
-    return kind + QStringLiteral(", not complete: ")
-        + complaintOf(*document.object).value_or(SilentlyIncomplete.toString());
+    const auto reason = whyIncomplete(*document.object);
+    return kind + (reason ? QStringLiteral(", not complete: ") + *reason : QStringLiteral(", complete"));
 }
 
 ExitStatus onDocument(const QString &path, const std::function<ExitStatus(const Document &)> &work)

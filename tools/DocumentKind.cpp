@@ -17,20 +17,29 @@ namespace {
 using TESSEL::ITesselObject;
 
 template <class Document>
-constexpr DocumentKind kind(QStringView rootElement)
+const Document &as(const ITesselObject &document)
+{
+    return static_cast<const Document &>(document);
+}
+
+template <class Document>
+constexpr DocumentKind kind(QStringView rootElement, const FieldTable &fields)
 {
     return {
         rootElement,
         []() -> std::unique_ptr<ITesselObject> { return std::make_unique<Document>(); },
-        [](const ITesselObject &document) { return fieldsOf(static_cast<const Document &>(document)); },
+        &fields,
+        [](const ITesselObject &document) -> const void * { return &as<Document>(document); },
+        [](const ITesselObject &a, const ITesselObject &b) { return as<Document>(a) == as<Document>(b); },
+        [](const ITesselObject &document) { return missingBeyondCheck(as<Document>(document)); },
     };
 }
 
 constexpr DocumentKind workflowKind()
 {
-    DocumentKind row = kind<KORMAK::AutomaticWorkflow>(u"AutomaticWorkflow");
+    DocumentKind row = kind<KORMAK::AutomaticWorkflow>(u"AutomaticWorkflow", AutomaticWorkflowFields);
     row.obstacles = [](const ITesselObject &document, const XmlTree &tree) {
-        return modeNotReadBack(static_cast<const KORMAK::AutomaticWorkflow &>(document), tree);
+        return modeNotReadBack(as<KORMAK::AutomaticWorkflow>(document), tree);
     };
     return row;
 }
@@ -43,25 +52,25 @@ constexpr XmlDefault ParameterDefaults[] = {
 
 /// A kind that is made of parameters.
 template <class Document>
-constexpr DocumentKind parameterKind(QStringView rootElement)
+constexpr DocumentKind parameterKind(QStringView rootElement, const FieldTable &fields)
 {
-    DocumentKind row = kind<Document>(rootElement);
+    DocumentKind row = kind<Document>(rootElement, fields);
     row.lint = [](const ITesselObject &document, const XmlTree &tree) {
-        return lint(parameterElements(static_cast<const Document &>(document), tree));
+        return lint(parameterElements(as<Document>(document), tree));
     };
     row.obstacles = [](const ITesselObject &document, const XmlTree &tree) {
-        return incompleteParameters(parameterElements(static_cast<const Document &>(document), tree));
+        return incompleteParameters(parameterElements(as<Document>(document), tree));
     };
     row.defaults = ParameterDefaults;
     return row;
 }
 
 constexpr DocumentKind Kinds[] = {
-    kind<KORMAK::Job>(u"Job"),
+    kind<KORMAK::Job>(u"Job", JobFields),
     workflowKind(),
-    kind<KORMAK::ActivityGenerationData>(u"ActivityGeneration"),
-    parameterKind<KORMAK::GenericReceiver>(u"GenericReceiver"),
-    parameterKind<KORMAK::Parameter>(u"Parameter"),
+    kind<KORMAK::ActivityGenerationData>(u"ActivityGeneration", ActivityGenerationFields),
+    parameterKind<KORMAK::GenericReceiver>(u"GenericReceiver", GenericReceiverFields),
+    parameterKind<KORMAK::Parameter>(u"Parameter", ParameterFields),
 };
 
 } // namespace

@@ -1,4 +1,5 @@
-// The kinds of document that the tool knows. A new kind is one row of the table and its fieldsOf().
+// The kinds of document that the tool knows. A new kind is one row of the table, with the table of
+// its fields.
 #ifndef KORMAK_TOOLS_DOCUMENTKIND_H
 #define KORMAK_TOOLS_DOCUMENTKIND_H
 
@@ -11,7 +12,6 @@
 #include <QStringView>
 
 #include <memory>
-#include <vector>
 
 namespace TESSEL {
 class ITesselObject;
@@ -22,7 +22,13 @@ struct DocumentKind {
 
     QStringView rootElement; ///< tells the kind of a document, and is how people call it
     std::unique_ptr<TESSEL::ITesselObject> (*create)();
-    std::vector<Field> (*fields)(const TESSEL::ITesselObject &document);
+    const FieldTable *fields;
+    /// What the rows of the table take for \a document.
+    const void *(*address)(const TESSEL::ITesselObject &document);
+    /// By the operator of the class. The documents are of this kind.
+    bool (*areEqual)(const TESSEL::ITesselObject &a, const TESSEL::ITesselObject &b);
+    /// What keeps a document from being written that passes Check() but is not complete.
+    QStringList (*missing)(const TESSEL::ITesselObject &document);
     Examination lint = nullptr; ///< what is suspicious about a document that is accepted; null: nothing
     Examination obstacles = nullptr; ///< what keeps a document from being rewritten; null: nothing special
     XmlDefaults defaults = {}; ///< what a rewritten document need not say

@@ -1,83 +1,28 @@
 #include "tools/Field.h"
 
-#include <QDateTime>
-#include <QLocale>
-
 #include <cmath>
-#include <utility>
+#include <type_traits>
 
-namespace {
-
-constexpr struct {
-    double hertz;
-    QStringView unit;
-} FrequencyUnits[] = {{1e9, u"GHz"}, {1e6, u"MHz"}, {1e3, u"kHz"}};
-
-/// Enough for a frequency in any unit, and few enough to hide what the division adds.
-constexpr int DigitsInUnit = 15;
-
-constexpr int FloatDigits = 6;
-
-QString plainNumber(double value)
+bool areSame(const FieldValue &a, const FieldValue &b)
 {
-    constexpr double MostWhole = 1e15;
-    const bool isWhole = std::abs(value) < MostWhole && value == std::floor(value);
-    return isWhole ? QString::number(value, 'f', 0)
-                   : QString::number(value, 'g', QLocale::FloatingPointShortest);
+    return a.index() == b.index()
+        && std::visit(
+               [&b](const auto &value) {
+                   using Value = std::decay_t<decltype(value)>;
+                   const auto &other = std::get<Value>(b);
+                   if constexpr (std::is_floating_point_v<Value>)
+                       return value == other || (std::isnan(value) && std::isnan(other));
+                   else
+                       return value == other;
+               },
+               a);
 }
 
-QString withUnit(const QString &number, QStringView unit)
+QString bracketed(const FieldParts &parts, const QString &key)
 {
-    return number + QLatin1Char(' ') + unit.toString();
-}
-
-} // namespace
-
-Field group(const QString &label, std::vector<Field> fields)
-{
-    return {label, QString(), std::move(fields)};
-}
-
-FieldValue textValue(const QString &text)
-{
-    return text.isEmpty() ? std::nullopt : FieldValue(text);
-}
-
-FieldValue yesOrNo(bool value)
-{
-    return value ? QStringLiteral("yes") : QStringLiteral("no");
-}
-
-FieldValue number(float value)
-{
-    return QString::number(static_cast<double>(value), 'g', FloatDigits);
-}
-
-FieldValue number(double value)
-{
-    return plainNumber(value);
-}
-
-FieldValue dateValue(const QDateTime &dateTime)
-{
-    if (!dateTime.isValid())
-        return std::nullopt;
-    return dateTime.toUTC().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz 'UTC'"));
-}
-
-FieldValue quantity(double value, QStringView unit)
-{
-    return std::isnan(value) ? std::nullopt : FieldValue(withUnit(plainNumber(value), unit));
-}
-
-FieldValue frequency(double hertz)
-{
-    FieldValue text = quantity(hertz, u"Hz");
-    for (const auto &row : FrequencyUnits) {
-        if (std::abs(hertz) >= row.hertz && std::isfinite(hertz)) {
-            const QString number = QString::number(hertz / row.hertz, 'g', DigitsInUnit);
-            return *text + QStringLiteral(" (%1)").arg(withUnit(number, row.unit));
-        }
-    }
-    return text;
+    if (parts.kind == FieldParts::Kind::One)
+        return {};
+    QString text = key;
+    text.replace(QLatin1Char('\\'), QStringLiteral("\\\\")).replace(QLatin1Char(']'), QStringLiteral("\\]"));
+    return QLatin1Char('[') + text + QLatin1Char(']');
 }

@@ -2,10 +2,10 @@
 #include <tools/Command.h>
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
+#include <tools/Output.h>
 #include <tools/XmlLosses.h>
 
 #include <QCommandLineParser>
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -14,7 +14,6 @@ namespace {
 constexpr QStringView OutputOption = u"o";
 constexpr QStringView InPlaceOption = u"in-place";
 constexpr QStringView DropCommentsOption = u"drop-comments";
-constexpr QStringView StandardStream = u"-";
 
 QList<QCommandLineOption> options()
 {
@@ -63,21 +62,6 @@ std::vector<XmlLoss> lossesIn(const QString &text, const XmlTree &original, cons
     return losses;
 }
 
-ExitStatus write(const QString &text, const QString &path)
-{
-    if (path == StandardStream) {
-        Console::write(text);
-        return Good;
-    }
-    QSaveFile file(path);
-    const QByteArray bytes = text.toUtf8();
-    // Without the flush a full disk would go unnoticed, and the file be replaced by a part of the document.
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() && file.commit())
-        return Good;
-    complainAbout(path, {QStringLiteral("cannot be written: ") + file.errorString()});
-    return Failed;
-}
-
 /// Writes the document to \a target unless it cannot be written or something of it would be lost.
 /// \throws DocumentError
 ExitStatus format(const Document &document, const QString &source, const QString &target, bool dropsComments)
@@ -93,7 +77,7 @@ ExitStatus format(const Document &document, const QString &source, const QString
     const QString text = canonicalText(document);
     const auto losses = lossesIn(text, tree, kind.defaults, dropsComments);
     if (losses.empty())
-        return write(text, target);
+        return writeOutput(text, target);
     complainAboutLosses(source, document, losses);
     return Faulty;
 }
@@ -132,7 +116,7 @@ const Command formatCommand{
     u"Exit status: 0 it is written, 1 the document is at fault or something would be lost,\n"
     u"2 a file cannot be read or written.",
     u"kormak format -o tidy.xml job.xml",
-    Command::Files::One,
+    OneFile,
     options,
     run,
 };

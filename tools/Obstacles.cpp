@@ -22,6 +22,14 @@ std::optional<QString> complaintOf(const TESSEL::ITesselObject &object)
     return std::nullopt;
 }
 
+std::optional<QString> whyIncomplete(const TESSEL::ITesselObject &object)
+{
+    if (object.HasData())
+        return std::nullopt;
+    return complaintOf(object).value_or(
+        QStringLiteral("the library accepts it but would write nothing for it"));
+}
+
 Findings modeNotReadBack(const AutomaticWorkflow &workflow, const XmlTree &tree)
 {
     const XmlTree::Element &root = tree.element(XmlTree::Root);

@@ -22,6 +22,9 @@ class ITesselObject;
 /// The message of Check(); nothing when it passes.
 [[nodiscard]] std::optional<QString> complaintOf(const TESSEL::ITesselObject &object);
 
+/// Why nothing is written for \a object; nothing when it is complete.
+[[nodiscard]] std::optional<QString> whyIncomplete(const TESSEL::ITesselObject &object);
+
 /// The mode that is not read where it stands, or would not be where it would be written.
 [[nodiscard]] Findings modeNotReadBack(const KORMAK::AutomaticWorkflow &workflow, const XmlTree &tree);
 

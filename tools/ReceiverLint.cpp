@@ -1,7 +1,7 @@
 #include "tools/ReceiverLint.h"
 
 #include <kormak/Parameter.h>
-#include <tools/Field.h>
+#include <tools/FieldText.h>
 
 #include <QHash>
 
@@ -52,10 +52,10 @@ Findings limitsThatExcludeAll(const Element &element)
         if (!(handler.GetMinimum() > handler.GetMaximum()))
             return {};
         const QStringView place = element.inBlocks(MinimumTag).empty() ? MaximumTag : MinimumTag;
-        return {
-            element.findingInBlocks(place,
-                                    QStringLiteral("the minimum %1 is above the maximum %2")
-                                        .arg(*number(handler.GetMinimum()), *number(handler.GetMaximum())))};
+        return {element.findingInBlocks(
+            place,
+            QStringLiteral("the minimum %1 is above the maximum %2")
+                .arg(numberText(handler.GetMinimum()), numberText(handler.GetMaximum())))};
     });
 }
 
@@ -70,10 +70,10 @@ Findings defaultOutsideLimits(const Element &element)
         if (handler.GetMinimum() > handler.GetMaximum() || (!isBelow && !(value > handler.GetMaximum())))
             return {};
         const QString limit = isBelow
-            ? QStringLiteral("below the minimum %1").arg(*number(handler.GetMinimum()))
-            : QStringLiteral("above the maximum %1").arg(*number(handler.GetMaximum()));
-        return {element.findingInBlocks(DefaultTag,
-                                        QStringLiteral("the default %1 is %2").arg(*number(value), limit))};
+            ? QStringLiteral("below the minimum %1").arg(numberText(handler.GetMinimum()))
+            : QStringLiteral("above the maximum %1").arg(numberText(handler.GetMaximum()));
+        return {element.findingInBlocks(
+            DefaultTag, QStringLiteral("the default %1 is %2").arg(numberText(value), limit))};
     });
 }
 

@@ -1,79 +1,164 @@
 #include <kormak/ActivityGenerationData.h>
 #include <kormak/AutomaticWorkflow.h>
 #include <tools/DocumentFields.h>
+#include <tools/FieldRows.h>
+#include <tools/FieldText.h>
+#include <tools/NameLists.h>
 
 using namespace KORMAK;
 using namespace TESSEL;
 
 namespace {
 
-std::vector<Field> fieldsOf(const Area &area)
+using CoordinateRow = FieldRows<Coordinate>;
+
+constexpr FieldRow CoordinateRows[] = {
+    CoordinateRow::value<&Coordinate::GetLatitude, &Coordinate::SetLatitude>(u"Latitude", u"Latitude")
+        .in(u"degrees"),
+    CoordinateRow::value<&Coordinate::GetLongitude, &Coordinate::SetLongitude>(u"Longitude", u"Longitude")
+        .in(u"degrees"),
+};
+
+QString coordinateText(const void *object)
 {
-    std::vector<Field> fields{
-        {QStringLiteral("Version"), textValue(area.GetVersion())},
-        {QStringLiteral("Name"), textValue(area.GetName())},
-    };
-    for (const Coordinate &coordinate : area.GetCoordinate()) {
-        fields.push_back({QStringLiteral("Coordinate"),
-                          QStringLiteral("latitude %1, longitude %2")
-                              .arg(*number(coordinate.GetLatitude()), *number(coordinate.GetLongitude()))});
-    }
-    return fields;
+    const auto &coordinate = *static_cast<const Coordinate *>(object);
+    return QStringLiteral("latitude %1, longitude %2")
+        .arg(numberText(coordinate.GetLatitude()), numberText(coordinate.GetLongitude()));
 }
+
+constexpr FieldTable CoordinateFields{CoordinateRows, coordinateText};
+
+const QVector<Coordinate> &coordinatesOf(const Area &area)
+{
+    return area.GetCoordinate();
+}
+
+QVector<Coordinate> &coordinatesIn(Area &area)
+{
+    return area.GetCoordinate();
+}
+
+void addCoordinate(Area &area)
+{
+    area.AddCoordinate(Coordinate());
+}
+
+using AreaRow = FieldRows<Area>;
+
+constexpr FieldParts Coordinates =
+    AreaRow::list<coordinatesOf, coordinatesIn, addCoordinate>(CoordinateFields);
+
+constexpr FieldRow AreaRows[] = {
+    AreaRow::value<&Area::GetVersion>(u"Version", u"Version"),
+    AreaRow::value<&Area::GetName, &Area::SetName>(u"Name", u"Name"),
+    AreaRow::parts(u"Coordinate", u"Coordinate", Coordinates),
+};
+constexpr FieldTable AreaFields{AreaRows};
+
+const Area &areaOf(const AutomaticWorkflow &workflow)
+{
+    return workflow.GetArea();
+}
+
+void changeArea(AutomaticWorkflow &workflow, const FieldChange &work)
+{
+    work(&workflow.GetArea());
+}
+
+bool hasArea(const AutomaticWorkflow &workflow)
+{
+    return workflow.GetArea().AnyData();
+}
+
+constexpr qint64 MostClassifiers = 23;
+constexpr qint64 LongestClassificationTime = 999;
+constexpr qint64 MostClassificationResults = 10;
+
+using WF = AutomaticWorkflow;
+using WorkflowRow = FieldRows<WF>;
+
+constexpr FieldParts AreaPart = WorkflowRow::one<areaOf, changeArea>(AreaFields);
+
+constexpr FieldRow WorkflowRows[] = {
+    WorkflowRow::value<&WF::GetVersion>(u"Version", u"Version"),
+    WorkflowRow::name<&WF::GetWorkflowMode, &WF::SetWorkflowMode>(u"Mode", u"Workflow mode", WorkflowModes),
+    WorkflowRow::value<&WF::GetNumberClassifiers, &WF::SetNumberClassifiers>(u"Classifiers", u"Classifiers")
+        .from(1, MostClassifiers),
+    WorkflowRow::value<&WF::GetClassificationTime, &WF::SetClassificationTime>(u"ClassificationTime",
+                                                                               u"Classification time")
+        .from(1, LongestClassificationTime),
+    WorkflowRow::value<&WF::GetClassificationResults, &WF::SetClassificationResults>(
+        u"ClassificationResult", u"Classification results")
+        .from(1, MostClassificationResults),
+    WorkflowRow::name<&WF::GetSearchStrategy, &WF::SetSearchStrategy>(u"SearchStrategy", u"Search strategy",
+                                                                      SearchStrategies),
+    WorkflowRow::value<&WF::GetHFBitstreamClassification, &WF::SetHFBitstreamClassification>(
+        u"BitstreamClassification", u"HF bitstream classification"),
+    WorkflowRow::parts(u"Area", u"Area", AreaPart).shownIf<hasArea>(),
+};
+
+using AG = ActivityGenerationData;
+using GenerationRow = FieldRows<AG>;
+
+constexpr FieldRow GenerationRows[] = {
+    GenerationRow::value<&AG::GetVersion>(u"Version", u"Version"),
+    GenerationRow::name<&AG::GetActivtyGenerationMode, &AG::SetActivtyGenerationMode>(
+        u"Mode", u"Generation mode", GenerationModes),
+    GenerationRow::value<&AG::GetAutoStartOn, &AG::SetAutoStartOn>(u"Autostart", u"Starts by itself"),
+    GenerationRow::name<&AG::GetEnergyActivityGenerationChannel, &AG::SetEnergyActivityGenerationChannel>(
+        u"EnergyChannel", u"Energy channel", EnergyChannels),
+    GenerationRow::value<&AG::GetLevelMinBurstDuration, &AG::SetLevelMinBurstDuration>(
+        u"LevelMinBurstDuration", u"Level: minimum burst duration"),
+    GenerationRow::value<&AG::GetLevelMaxBreakDuration, &AG::SetLevelMaxBreakDuration>(
+        u"LevelMaxBreakDuration", u"Level: maximum break duration"),
+    GenerationRow::name<&AG::GetDDemActiveCriteria, &AG::SetDDemActiveCriteria>(
+        u"DDemActiveCriteria", u"Demodulator: active criteria", ActiveCriteria),
+    GenerationRow::value<&AG::GetDDemMinBurstDuration, &AG::SetDDemMinBurstDuration>(
+        u"DDemMinBurstDuration", u"Demodulator: minimum burst duration"),
+    GenerationRow::value<&AG::GetDDemMaxBreakDuration, &AG::SetDDemMaxBreakDuration>(
+        u"DDemMaxBreakDuration", u"Demodulator: maximum break duration"),
+    GenerationRow::value<&AG::GetDDemMorseQualityThreshold, &AG::SetDDemMorseQualityThreshold>(
+        u"DDemMorseQualityThreshold", u"Demodulator: Morse quality threshold"),
+    GenerationRow::value<&AG::GetClassIntermScore, &AG::SetClassIntermScore>(
+        u"ClassIntermScore", u"Classifier: intermediate score"),
+    GenerationRow::value<&AG::GetClassFinalScore, &AG::SetClassFinalScore>(u"ClassFinalScore",
+                                                                           u"Classifier: final score"),
+    GenerationRow::value<&AG::GetClassStartScore, &AG::SetClassStartScore>(u"ClassStartScore",
+                                                                           u"Classifier: start score"),
+    GenerationRow::value<&AG::GetClassStopScore, &AG::SetClassStopScore>(u"ClassStopScore",
+                                                                         u"Classifier: stop score"),
+    GenerationRow::value<&AG::GetClassMinConfidence, &AG::SetClassMinConfidence>(
+        u"ClassMinConfidence", u"Classifier: minimum confidence"),
+    GenerationRow::value<&AG::GetDetConvMinBurstDuration, &AG::SetDetConvMinBurstDuration>(
+        u"DetConvMinBurstDuration", u"Detection converter: minimum burst duration"),
+    GenerationRow::value<&AG::GetDbWriteEnergy, &AG::SetDbWriteEnergy>(u"DbWriteEnergy",
+                                                                       u"Database: energy detections"),
+    GenerationRow::name<&AG::GetDbWriteDDem, &AG::SetDbWriteDDem>(
+        u"DbWriteDDem", u"Database: demodulator results", DatabaseWriteModes),
+    GenerationRow::name<&AG::GetDbWriteClass, &AG::SetDbWriteClass>(
+        u"DbWriteClass", u"Database: classifier results", DatabaseWriteModes),
+    GenerationRow::value<&AG::GetCutAtLocations, &AG::SetCutAtLocations>(u"CutAtLocations",
+                                                                         u"Cut at locations"),
+    GenerationRow::value<&AG::GetSessionCloseTime, &AG::SetSessionCloseTime>(u"SessionCloseTime",
+                                                                             u"Session close time"),
+    GenerationRow::value<&AG::GetRestartAttachmentsOnSessionClose, &AG::SetRestartAttachmentsOnSessionClose>(
+        u"RestartAttachmentsOnSessionClose", u"Restart attachments on session close"),
+};
 
 } // namespace
 
-std::vector<Field> fieldsOf(const AutomaticWorkflow &workflow)
+const FieldTable AutomaticWorkflowFields{WorkflowRows};
+const FieldTable ActivityGenerationFields{GenerationRows};
+
+QStringList missingBeyondCheck(const AutomaticWorkflow &workflow)
 {
-    std::vector<Field> fields{
-        {QStringLiteral("Version"), textValue(workflow.GetVersion())},
-        {QStringLiteral("Workflow mode"),
-         nameOf(workflow.GetWorkflowMode(), AutomaticWorkflow::IsValidWorkflowMode,
-                AutomaticWorkflow::WorkflowModeToName)},
-        {QStringLiteral("Classifiers"), number(workflow.GetNumberClassifiers())},
-        {QStringLiteral("Classification time"), number(workflow.GetClassificationTime())},
-        {QStringLiteral("Classification results"), number(workflow.GetClassificationResults())},
-        {QStringLiteral("Search strategy"),
-         nameOf(workflow.GetSearchStrategy(), AutomaticWorkflow::IsValidSearchStrategy,
-                AutomaticWorkflow::SearchStrategyToName)},
-        {QStringLiteral("HF bitstream classification"), yesOrNo(workflow.GetHFBitstreamClassification())},
-    };
-    if (workflow.GetArea().AnyData())
-        fields.push_back(group(QStringLiteral("Area"), fieldsOf(workflow.GetArea())));
-    return fields;
+    QStringList missing;
+    if (!AutomaticWorkflow::IsValidSearchStrategy(workflow.GetSearchStrategy()))
+        missing += QStringLiteral("AutomaticWorkflow: Please set SearchStrategy");
+    return missing;
 }
 
-std::vector<Field> fieldsOf(const ActivityGenerationData &data)
+QStringList missingBeyondCheck(const ActivityGenerationData & /*data*/)
 {
-    return {
-        {QStringLiteral("Version"), textValue(data.GetVersion())},
-        {QStringLiteral("Generation mode"),
-         textValue(data.ActivityGenerationModeToName(data.GetActivtyGenerationMode()))},
-        {QStringLiteral("Starts by itself"), yesOrNo(data.GetAutoStartOn())},
-        {QStringLiteral("Energy channel"),
-         textValue(data.EnergyActivityGenerationChannelToName(data.GetEnergyActivityGenerationChannel()))},
-        {QStringLiteral("Level: minimum burst duration"), number(data.GetLevelMinBurstDuration())},
-        {QStringLiteral("Level: maximum break duration"), number(data.GetLevelMaxBreakDuration())},
-        {QStringLiteral("Demodulator: active criteria"),
-         textValue(data.DDemActiveCriteriaToName(data.GetDDemActiveCriteria()))},
-        {QStringLiteral("Demodulator: minimum burst duration"), number(data.GetDDemMinBurstDuration())},
-        {QStringLiteral("Demodulator: maximum break duration"), number(data.GetDDemMaxBreakDuration())},
-        {QStringLiteral("Demodulator: Morse quality threshold"), number(data.GetDDemMorseQualityThreshold())},
-        {QStringLiteral("Classifier: intermediate score"), number(data.GetClassIntermScore())},
-        {QStringLiteral("Classifier: final score"), number(data.GetClassFinalScore())},
-        {QStringLiteral("Classifier: start score"), number(data.GetClassStartScore())},
-        {QStringLiteral("Classifier: stop score"), number(data.GetClassStopScore())},
-        {QStringLiteral("Classifier: minimum confidence"), number(data.GetClassMinConfidence())},
-        {QStringLiteral("Detection converter: minimum burst duration"),
-         number(data.GetDetConvMinBurstDuration())},
-        {QStringLiteral("Database: energy detections"), yesOrNo(data.GetDbWriteEnergy())},
-        {QStringLiteral("Database: demodulator results"),
-         textValue(data.ActivityGenerationDataBaseWriteModeToName(data.GetDbWriteDDem()))},
-        {QStringLiteral("Database: classifier results"),
-         textValue(data.ActivityGenerationDataBaseWriteModeToName(data.GetDbWriteClass()))},
-        {QStringLiteral("Cut at locations"), yesOrNo(data.GetCutAtLocations())},
-        {QStringLiteral("Session close time"), number(data.GetSessionCloseTime())},
-        {QStringLiteral("Restart attachments on session close"),
-         yesOrNo(data.GetRestartAttachmentsOnSessionClose())},
-    };
+    return {}; // Check() says it all
 }

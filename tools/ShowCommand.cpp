@@ -1,66 +1,48 @@
 #include <tools/Command.h>
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
+#include <tools/FieldLines.h>
+#include <tools/Json.h>
+#include <tools/Obstacles.h>
+#include <tools/OutputFormat.h>
 
 #include <QCommandLineParser>
 
-#include <algorithm>
-
 namespace {
 
-constexpr int IndentWidth = 2;
-constexpr QStringView NotSet = u"not set";
-
-QString indented(const Field &field, int depth)
+QString jsonOf(const Document &document)
 {
-    const int width = depth * IndentWidth;
-    return QString(width, QLatin1Char(' ')) + Console::oneLine(field.label) + QLatin1Char(':');
+    const auto reason = whyIncomplete(*document.object);
+    JsonWriter json(JsonWriter::Layout::Indented);
+    json.beginObject();
+    json.key(u"kind");
+    json.value(jsonText(document.kind->rootElement));
+    json.key(u"complete");
+    json.value(jsonBool(!reason));
+    json.key(u"reason");
+    json.value(reason ? jsonText(*reason) : QStringLiteral("null"));
+    json.key(u"fields");
+    json.fields(*document.kind->fields, document.kind->address(*document.object));
+    json.endObject();
+    return json.text();
 }
 
-bool hasValue(const Field &field)
+void printText(const Document &document)
 {
-    return !field.value || !field.value->isEmpty();
-}
-
-/// The width of the longest label that a value stands beside.
-qsizetype labelWidth(const std::vector<Field> &fields, int depth)
-{
-    qsizetype width = 0;
-    for (const Field &field : fields) {
-        if (hasValue(field))
-            width = std::max<qsizetype>(width, indented(field, depth).size());
-        width = std::max(width, labelWidth(field.fields, depth + 1));
-    }
-    return width;
-}
-
-QString valueLines(const FieldValue &value, qsizetype column)
-{
-    if (!value)
-        return NotSet.toString();
-    QStringList lines = value->split(QLatin1Char('\n'));
-    std::transform(lines.begin(), lines.end(), lines.begin(), Console::oneLine);
-    return lines.join(QLatin1Char('\n') + QString(static_cast<int>(column), QLatin1Char(' ')));
-}
-
-void printFields(const std::vector<Field> &fields, int depth, qsizetype column)
-{
-    for (const Field &field : fields) {
-        const QString label = indented(field, depth);
-        if (hasValue(field))
-            Console::print(label.leftJustified(static_cast<int>(column)) + valueLines(field.value, column));
-        else
-            Console::print(label);
-        printFields(field.fields, depth + 1, column);
-    }
+    Console::print(stateOf(document));
+    const QStringList lines = fieldLines(*document.kind->fields, document.kind->address(*document.object));
+    for (const QString &line : lines)
+        Console::print(line);
 }
 
 ExitStatus run(const QCommandLineParser &parser)
 {
-    return onDocument(parser.positionalArguments().constFirst(), [](const Document &document) {
-        const std::vector<Field> fields = document.kind->fields(*document.object);
-        Console::print(stateOf(document));
-        printFields(fields, 0, labelWidth(fields, 0) + IndentWidth);
+    const OutputFormat format = outputFormat(parser);
+    return onDocument(parser.positionalArguments().constFirst(), [format](const Document &document) {
+        if (format == OutputFormat::Json)
+            Console::print(jsonOf(document));
+        else
+            printText(document);
         return Good;
     });
 }
@@ -69,11 +51,13 @@ ExitStatus run(const QCommandLineParser &parser)
 
 const Command showCommand{
     u"show",
-    u"show a document for people to read",
+    u"show what a document holds",
     u"Shows what the document holds, complete or not: labels, values and their units, and whether it is\n"
-    u"complete and, if not, why.",
-    u"kormak show job.xml",
-    Command::Files::One,
-    [] { return QList<QCommandLineOption>(); },
+    u"complete and, if not, why. JSON holds every field under the keys that 'new' and 'diff' call it by,\n"
+    u"what is not set as null.\n"
+    u"Exit status: 0 it is shown, 1 the document is at fault, 2 the file cannot be read.",
+    u"kormak show --format json job.xml",
+    OneFile,
+    [] { return QList<QCommandLineOption>{formatOption()}; },
     run,
 };

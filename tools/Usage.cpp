@@ -46,11 +46,16 @@ QString optionTable(const QList<QCommandLineOption> &options)
     return table(QStringLiteral("Options"), rows);
 }
 
+QString callOf(const Command &command)
+{
+    return command.name.toString() + QLatin1Char(' ') + command.arguments.usage.toString();
+}
+
 QString commandTable(const Usage::Commands &commands)
 {
     std::vector<Row> rows;
     for (const Command *command : commands)
-        rows.push_back({command->name.toString(), command->summary.toString()});
+        rows.push_back({callOf(*command), command->summary.toString()});
     return table(QStringLiteral("Commands"), rows);
 }
 
@@ -59,31 +64,62 @@ QString example(QStringView call)
     return QStringLiteral("\nExample:\n  ") + call.toString() + QLatin1Char('\n');
 }
 
+QString numberWord(int number)
+{
+    return number == 1 ? QStringLiteral("one")
+        : number == 2  ? QStringLiteral("two")
+                       : QString::number(number);
+}
+
 } // namespace
 
 QString Usage::brief(const Commands &commands)
 {
-    return QStringLiteral("Usage: kormak COMMAND [OPTIONS] FILE...\nCommands: %1\nTry 'kormak --help'.")
+    return QStringLiteral("Usage: kormak COMMAND [OPTIONS] ARGUMENT...\nCommands: %1\nTry 'kormak --help'.")
         .arg(commandNames(commands));
 }
 
 QString Usage::ofTool(const Commands &commands, const QList<QCommandLineOption> &options)
 {
-    return QStringLiteral("Usage: kormak COMMAND [OPTIONS] FILE...\n\n"
-                          "Checks, shows and rewrites the documents of a radio-monitoring system.\n"
-                          "The file - is standard input.\n")
+    return QStringLiteral(
+               "Usage: kormak COMMAND [OPTIONS] ARGUMENT...\n\n"
+               "Checks, shows, compares, rewrites and makes the documents of a radio-monitoring "
+               "system.\n"
+               "The file - is standard input. Results go to standard output, complaints to standard "
+               "error.\n"
+               "Exit status: 0 all is well, 1 a document is at fault or two differ,\n"
+               "2 a file cannot be read or written, or the call is wrong.\n")
         + commandTable(commands) + optionTable(options)
         + QStringLiteral("\n'kormak COMMAND --help' tells more of a command.\n")
-        + example(u"kormak check job.xml");
+        + example(u"kormak new Job --set JobHeader.JobType=Antenna --set JobHeader.Author=\"M. Keller\" \\\n"
+                  u"    --set JobHeader.Creation=now --set ResourceType=Antenna --set AntennaData.Name=North "
+                  u"\\\n"
+                  u"    --set AntennaData.MinimumFrequency=1.5e6 --set AntennaData.MaximumFrequency=30e6 -o "
+                  u"job.xml\n"
+                  u"  kormak check job.xml");
 }
 
 QString Usage::ofCommand(const Command &command, const QList<QCommandLineOption> &options)
 {
-    const QString files =
-        command.files == Command::Files::Many ? QStringLiteral("FILE...") : QStringLiteral("FILE");
-    return QStringLiteral("Usage: kormak %1 [OPTIONS] %2\n\n%3\nThe file - is standard input.\n")
-               .arg(command.name.toString(), files, command.description.toString())
+    const QString input =
+        command.arguments.name == FileName ? QStringLiteral("The file - is standard input.\n") : QString();
+    return QStringLiteral("Usage: kormak %1 [OPTIONS] %2\n\n%3\n%4")
+               .arg(command.name.toString(), command.arguments.usage.toString(),
+                    command.description.toString(), input)
         + optionTable(options) + example(command.example);
+}
+
+void Usage::checkCount(const Arguments &arguments, int count)
+{
+    const QString name = arguments.name.toString();
+    if (count >= arguments.least && count <= arguments.most)
+        return;
+    if (count == 0)
+        throw UsageError{QStringLiteral("no %1 given").arg(name)};
+    throw UsageError{
+        QStringLiteral("takes %1 %2%3, not %4")
+            .arg(numberWord(arguments.most), name, arguments.most == 1 ? QString() : QStringLiteral("s"))
+            .arg(count)};
 }
 
 QString Usage::commandNames(const Commands &commands)

@@ -16,6 +16,9 @@ using Commands = QList<const Command *>;
 [[nodiscard]] QString ofCommand(const Command &command, const QList<QCommandLineOption> &options);
 
 [[nodiscard]] QString commandNames(const Commands &commands);
+/// \throws UsageError when \a count is not as \a arguments say
+void checkCount(const Arguments &arguments, int count);
+
 /// "-h, --help, -o OUT"
 [[nodiscard]] QString optionNames(const QList<QCommandLineOption> &options);
 

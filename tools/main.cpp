@@ -15,7 +15,8 @@
 
 namespace {
 
-const Usage::Commands Commands{&checkCommand, &showCommand, &formatCommand};
+const Usage::Commands Commands{&checkCommand,  &showCommand, &diffCommand,
+                               &formatCommand, &newCommand,  &listCommand};
 
 QCommandLineOption helpOption()
 {
@@ -47,11 +48,7 @@ ExitStatus runCommand(const Command &command, const QStringList &arguments)
         Console::write(Usage::ofCommand(command, options));
         return Good;
     }
-    const auto count = parser.positionalArguments().size();
-    if (count == 0)
-        throw UsageError{QStringLiteral("no FILE given")};
-    if (count > 1 && command.files == Command::Files::One)
-        throw UsageError{QStringLiteral("takes one FILE, not %1").arg(count)};
+    Usage::checkCount(command.arguments, static_cast<int>(parser.positionalArguments().size()));
     return command.run(parser);
 }
 

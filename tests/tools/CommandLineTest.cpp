@@ -25,15 +25,21 @@ void CommandLineTest::help_data()
     QTest::addColumn<QString>("text");
 
     const QString ofTool =
-        "Usage: kormak COMMAND [OPTIONS] FILE...\n"
+        "Usage: kormak COMMAND [OPTIONS] ARGUMENT...\n"
         "\n"
-        "Checks, shows and rewrites the documents of a radio-monitoring system.\n"
-        "The file - is standard input.\n"
+        "Checks, shows, compares, rewrites and makes the documents of a radio-monitoring system.\n"
+        "The file - is standard input. Results go to standard output, complaints to standard error.\n"
+        "Exit status: 0 all is well, 1 a document is at fault or two differ,\n"
+        "2 a file cannot be read or written, or the call is wrong.\n"
         "\n"
         "Commands:\n"
-        "  check   tell of each file what kind of document it is, and whether it is complete and right\n"
-        "  show    show a document for people to read\n"
-        "  format  write a document in canonical form\n"
+        "  check FILE...      tell of each file what kind of document it is, and whether it is complete and "
+        "right\n"
+        "  show FILE          show what a document holds\n"
+        "  diff FILE FILE     tell in which fields two documents of a kind differ\n"
+        "  format FILE        write a document in canonical form\n"
+        "  new KIND           make a document with the given fields\n"
+        "  list [VOCABULARY]  list the vocabularies, or the names in one of them\n"
         "\n"
         "Options:\n"
         "  -h, --help     Show this help.\n"
@@ -42,6 +48,9 @@ void CommandLineTest::help_data()
         "'kormak COMMAND --help' tells more of a command.\n"
         "\n"
         "Example:\n"
+        "  kormak new Job --set JobHeader.JobType=Antenna --set JobHeader.Author=\"M. Keller\" \\\n"
+        "    --set JobHeader.Creation=now --set ResourceType=Antenna --set AntennaData.Name=North \\\n"
+        "    --set AntennaData.MinimumFrequency=1.5e6 --set AntennaData.MaximumFrequency=30e6 -o job.xml\n"
         "  kormak check job.xml\n";
     const QString ofCheck =
         "Usage: kormak check [OPTIONS] FILE...\n"
@@ -62,14 +71,84 @@ void CommandLineTest::help_data()
         "Usage: kormak show [OPTIONS] FILE\n"
         "\n"
         "Shows what the document holds, complete or not: labels, values and their units, and whether it is\n"
-        "complete and, if not, why.\n"
+        "complete and, if not, why. JSON holds every field under the keys that 'new' and 'diff' call it by,\n"
+        "what is not set as null.\n"
+        "Exit status: 0 it is shown, 1 the document is at fault, 2 the file cannot be read.\n"
         "The file - is standard input.\n"
         "\n"
         "Options:\n"
-        "  -h, --help  Show this help.\n"
+        "  --format FORMAT  text (for people, the default) or json (for scripts).\n"
+        "  -h, --help       Show this help.\n"
         "\n"
         "Example:\n"
-        "  kormak show job.xml\n";
+        "  kormak show --format json job.xml\n";
+    const QString ofDiff =
+        "Usage: kormak diff [OPTIONS] FILE FILE\n"
+        "\n"
+        "Compares what two documents hold, field by field, however they are written: one line per field "
+        "that\n"
+        "differs, FIELD: BEFORE -> AFTER. Parameters are matched by their unique names, elements of lists "
+        "by\n"
+        "their places; what only one document has is said to be removed or added. Values that are no "
+        "numbers\n"
+        "are alike here. A last line tells when the library's own comparison comes to another result: it "
+        "leaves\n"
+        "out some fields, and nothing equals what is no number.\n"
+        "Exit status: 0 no field differs, 1 some do, 2 a document cannot be read or they are of different "
+        "kinds.\n"
+        "The file - is standard input.\n"
+        "\n"
+        "Options:\n"
+        "  --format FORMAT  text (for people, the default) or json (for scripts).\n"
+        "  -h, --help       Show this help.\n"
+        "\n"
+        "Example:\n"
+        "  kormak diff old.xml new.xml\n";
+    const QString ofNew =
+        "Usage: kormak new [OPTIONS] KIND\n"
+        "\n"
+        "Makes a document of the given KIND: Job, AutomaticWorkflow, ActivityGeneration, GenericReceiver or\n"
+        "Parameter. What is not set has the library's default. The document is checked, then written to\n"
+        "standard output unless told otherwise; when something is missing, nothing is written.\n"
+        "Fields are called as 'show --format json' calls them. An element of a list has its index in "
+        "brackets,\n"
+        "a parameter of a receiver its unique name (there \\] is a ] and \\\\ a \\); a list without an index "
+        "takes\n"
+        "another element, its fields separated by commas. The order of the options does not matter but "
+        "there.\n"
+        "What the library writes but does not read again as it was set, a warning tells.\n"
+        "Exit status: 0 it is written, 1 it is not complete, 2 there is no such kind, field or value, or "
+        "the\n"
+        "file cannot be written.\n"
+        "\n"
+        "Options:\n"
+        "  --set FIELD=VALUE  Set a field; can be given many times.\n"
+        "  -o OUT             Write to the file OUT.\n"
+        "  --list-fields      List the fields of KIND and what they can be set to.\n"
+        "  -h, --help         Show this help.\n"
+        "\n"
+        "Example:\n"
+        "  kormak new GenericReceiver --set 'Parameter[Gain].ParameterType=Integer' \\\n"
+        "    --set 'Parameter[Gain].ValueType=ValueNumericInt' --set "
+        "'Parameter[Gain].RepresentationName=rx.gain' \\\n"
+        "    --set 'Parameter[Gain].Integer.Minimum=0' --set 'Parameter[Gain].Integer.Maximum=40' -o "
+        "receiver.xml\n";
+    const QString ofList =
+        "Usage: kormak list [OPTIONS] [VOCABULARY]\n"
+        "\n"
+        "Without an argument, lists the vocabularies of the documents. With one, lists its names as "
+        "documents\n"
+        "hold them, each behind its number. Where the library writes a value in another way than it reads "
+        "it,\n"
+        "that is said behind the name.\n"
+        "Exit status: 0 it is listed, 2 there is no such vocabulary.\n"
+        "\n"
+        "Options:\n"
+        "  --format FORMAT  text (for people, the default) or json (for scripts).\n"
+        "  -h, --help       Show this help.\n"
+        "\n"
+        "Example:\n"
+        "  kormak list JobType\n";
     const QString ofFormat =
         "Usage: kormak format [OPTIONS] FILE\n"
         "\n"
@@ -96,7 +175,10 @@ void CommandLineTest::help_data()
     QTest::newRow("check, short") << QStringList{"check", "-h"} << ofCheck;
     QTest::newRow("check, behind a file") << QStringList{"check", "job.xml", "--help"} << ofCheck;
     QTest::newRow("show") << QStringList{"show", "--help"} << ofShow;
+    QTest::newRow("diff") << QStringList{"diff", "--help"} << ofDiff;
     QTest::newRow("format") << QStringList{"format", "--help"} << ofFormat;
+    QTest::newRow("new") << QStringList{"new", "--help"} << ofNew;
+    QTest::newRow("list") << QStringList{"list", "--help"} << ofList;
 }
 
 void CommandLineTest::help()
@@ -134,20 +216,22 @@ void CommandLineTest::wrongCalls_data()
     QTest::addColumn<QString>("complaint");
 
     QTest::newRow("no arguments") << QStringList()
-                                  << "Usage: kormak COMMAND [OPTIONS] FILE...\n"
-                                     "Commands: check, show, format\n"
+                                  << "Usage: kormak COMMAND [OPTIONS] ARGUMENT...\n"
+                                     "Commands: check, show, diff, format, new, list\n"
                                      "Try 'kormak --help'.\n";
-    QTest::newRow("unknown command") << QStringList{"chek", "job.xml"}
-                                     << "kormak: Unknown command 'chek'. Allowed: check, show, format\n";
-    QTest::newRow("command in capitals") << QStringList{"Check", "job.xml"}
-                                         << "kormak: Unknown command 'Check'. Allowed: check, show, format\n";
+    QTest::newRow("unknown command") << QStringList{
+        "chek",
+        "job.xml"} << "kormak: Unknown command 'chek'. Allowed: check, show, diff, format, new, list\n";
+    QTest::newRow("command in capitals")
+        << QStringList{"Check", "job.xml"}
+        << "kormak: Unknown command 'Check'. Allowed: check, show, diff, format, new, list\n";
     QTest::newRow("unknown option of the tool")
         << QStringList{"--foo"} << "kormak: Unknown option 'foo'. Allowed: -h, --help, -v, --version\n";
     QTest::newRow("unknown option of check") << QStringList{"check", "--foo", "job.xml"}
                                              << "kormak check: Unknown option 'foo'. Allowed: -h, --help\n";
     QTest::newRow("option of the tool behind a command")
         << QStringList{"show", "--version", "job.xml"}
-        << "kormak show: Unknown option 'version'. Allowed: -h, --help\n";
+        << "kormak show: Unknown option 'version'. Allowed: --format FORMAT, -h, --help\n";
     QTest::newRow("unknown option of format")
         << QStringList{"format", "job.xml", "--bar"}
         << "kormak format: Unknown option 'bar'. Allowed: -o OUT, --in-place, --drop-comments, -h, --help\n";
@@ -158,6 +242,23 @@ void CommandLineTest::wrongCalls_data()
     QTest::newRow("show without a file") << QStringList{"show"} << "kormak show: no FILE given\n";
     QTest::newRow("format without a file")
         << QStringList{"format", "--in-place"} << "kormak format: no FILE given\n";
+    QTest::newRow("diff without files") << QStringList{"diff"} << "kormak diff: no FILE given\n";
+    QTest::newRow("diff of one file")
+        << QStringList{"diff", "job.xml"} << "kormak diff: takes two FILEs, not 1\n";
+    QTest::newRow("diff of three files")
+        << QStringList{"diff", "job.xml", "job.xml", "job.xml"} << "kormak diff: takes two FILEs, not 3\n";
+    QTest::newRow("diff of standard input with itself")
+        << QStringList{"diff", "-", "-"} << "kormak diff: only one of the files can be standard input\n";
+    QTest::newRow("new without a kind") << QStringList{"new"} << "kormak new: no KIND given\n";
+    QTest::newRow("new of two kinds")
+        << QStringList{"new", "Job", "Job"} << "kormak new: takes one KIND, not 2\n";
+    QTest::newRow("new to two files") << QStringList{"new", "Job", "-o", "a.xml", "-o", "b.xml"}
+                                      << "kormak new: -o can be given only once\n";
+    QTest::newRow("new with fields to list and to set")
+        << QStringList{"new", "Job", "--list-fields", "--set", "a=b"}
+        << "kormak new: --list-fields stands alone\n";
+    QTest::newRow("list of two vocabularies")
+        << QStringList{"list", "JobType", "ValueType"} << "kormak list: takes one VOCABULARY, not 2\n";
     QTest::newRow("show of two files")
         << QStringList{"show", "job.xml", "job.xml"} << "kormak show: takes one FILE, not 2\n";
     QTest::newRow("format of three files")

@@ -1,5 +1,7 @@
 #include "ToolSupport.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QRegularExpression>
 
 using namespace ToolSupport;
@@ -12,6 +14,14 @@ private Q_SLOTS:
     void documents();
     void parameterTypes_data();
     void parameterTypes();
+    void jobTypeWrittenAsAnother();
+    void oddDataHeaderFlag();
+    void json_data();
+    void json();
+    void jsonOfAnyDocument_data();
+    void jsonOfAnyDocument();
+    void unknownFormat_data();
+    void unknownFormat();
     void frequencies_data();
     void frequencies();
     void controlCharacters();
@@ -200,45 +210,76 @@ void ShowCommandTest::documents_data()
            "Cut at locations:                             yes\n"
            "Session close time:                           0.123457\n"
            "Restart attachments on session close:         no\n";
-    QTest::newRow("receiver") << completeReceiver()
-                              << "GenericReceiver, complete\n"
-                                 "Version:                1.0\n"
-                                 "Parameters:             2\n"
-                                 "Filter:\n"
-                                 "  Representation name:  rx.filter\n"
-                                 "  Value type:           ValueSelection\n"
-                                 "  Parameter type:       Enum\n"
-                                 "  Entry 1:              Narrow (0.5)\n"
-                                 "  Entry 2:              Wide (2, w), default\n"
-                                 "Level:\n"
-                                 "  Representation name:  rx.level\n"
-                                 "  Value type:           ValueNumericFloat\n"
-                                 "  Parameter type:       Float\n"
-                                 "  Limits:               -20 to 120\n"
-                                 "  Default:              0\n"
-                                 "  Decimals:             1\n";
+    QTest::newRow("receiver")
+        << completeReceiver()
+        << "GenericReceiver, complete\n"
+           "Version:     1.0\n"
+           "Parameters:  2\n"
+           "  Unique name  Parameter type  Minimum  Maximum  Default        Decimals  Representation name  "
+           "Value type\n"
+           "  Filter       Enum                              2 Wide (2, w)            rx.filter            "
+           "ValueSelection\n"
+           "    Entry:  1 Narrow (0.5)\n"
+           "    Entry:  2 Wide (2, w)\n"
+           "  Level        Float           -20      120      0              1         rx.level             "
+           "ValueNumericFloat\n";
+    QTest::newRow("receiver without parameters") << QByteArray("<GenericReceiver Version='2'/>")
+                                                 << "GenericReceiver, complete\n"
+                                                    "Version:     2\n"
+                                                    "Parameters:  0\n";
     QTest::newRow("receiver with incomplete parameters")
         << QByteArray("<GenericReceiver Version='1.0'><Parameter UniqueName='a&#10;long, long, long name'/>"
                       "<Parameter/></GenericReceiver>")
         << "GenericReceiver, not complete: the library accepts it but would write nothing for it\n"
-           "Version:                1.0\n"
-           "Parameters:             2\n"
-           "(no unique name):\n"
-           "  Representation name:  not set\n"
-           "  Value type:           not set\n"
-           "  Parameter type:       not set\n"
-           "a\\nlong, long, long name:\n"
-           "  Representation name:  not set\n"
-           "  Value type:           not set\n"
-           "  Parameter type:       not set\n";
+           "Version:     1.0\n"
+           "Parameters:  2\n"
+           "  Unique name               Parameter type  Representation name  Value type\n"
+           "  not set                   not set         not set              not set\n"
+           "  a\\nlong, long, long name  not set         not set              not set\n";
+    QTest::newRow("receiver with long texts")
+        << with(completeReceiver(), "<RepresentationName>rx.filter</RepresentationName>",
+                "<RepresentationName>a.name.that.is.too.long.for.a.cell</RepresentationName>"
+                "<DisplayName>two\nlines</DisplayName><ToolTip>short</ToolTip><Multiplier>0.25</Multiplier>")
+        << "GenericReceiver, complete\n"
+           "Version:     1.0\n"
+           "Parameters:  2\n"
+           "  Unique name  Parameter type  Minimum  Maximum  Default        Decimals  Representation name  "
+           "Value type         Multiplier\n"
+           "  Filter       Enum                              2 Wide (2, w)                                 "
+           "ValueSelection     0.25\n"
+           "    Entry:                1 Narrow (0.5)\n"
+           "    Entry:                2 Wide (2, w)\n"
+           "    Representation name:  a.name.that.is.too.long.for.a.cell\n"
+           "    Display name:         two\n"
+           "                          lines\n"
+           "    Tool tip:             short\n"
+           "  Level        Float           -20      120      0              1         rx.level             "
+           "ValueNumericFloat\n";
+    QTest::newRow("receiver with a disabled parameter on a control")
+        << with(completeReceiver().replace("<Enable>true</Enable>", "<Enable>false</Enable>"),
+                "<ValueType>ValueNumericFloat</ValueType>",
+                "<ValueType>ValueNumericFloat</ValueType><ControlType>VCLineEdit</ControlType>"
+                "<DisplaySuffix>dB\xC2\xB5V</DisplaySuffix><DisplayName>Level</DisplayName>")
+        << QString("GenericReceiver, complete\n"
+                   "Version:     1.0\n"
+                   "Parameters:  2\n"
+                   "  Unique name  Parameter type  Unit  Minimum  Maximum  Default        Decimals  "
+                   "Representation name  Value type         Control type  Enabled  Display name\n"
+                   "  Filter       Enum                                    2 Wide (2, w)            "
+                   "rx.filter            ValueSelection                   no\n"
+                   "    Entry:  1 Narrow (0.5)\n"
+                   "    Entry:  2 Wide (2, w)\n"
+                   "  Level        Float           dB\u00B5V  -20      120      0              1         "
+                   "rx.level             ValueNumericFloat  VCLineEdit    no       Level\n");
     QTest::newRow("parameter") << completeParameter()
                                << "Parameter, complete\n"
                                   "Unique name:          Gain\n"
-                                  "Representation name:  rx.gain\n"
-                                  "Value type:           ValueNumericInt\n"
                                   "Parameter type:       Integer\n"
-                                  "Limits:               0 to 40\n"
-                                  "Default:              20\n";
+                                  "Minimum:              0\n"
+                                  "Maximum:              40\n"
+                                  "Default:              20\n"
+                                  "Representation name:  rx.gain\n"
+                                  "Value type:           ValueNumericInt\n";
     QTest::newRow("parameter with everything set")
         << with(completeParameter(), "<ValueType>",
                 "<DisplayName>Gain</DisplayName><ToolTip>first\nsecond</ToolTip><ControlType>VCLineEdit</"
@@ -247,24 +288,25 @@ void ShowCommandTest::documents_data()
                .replace(">true<", ">false<")
         << "Parameter, complete\n"
            "Unique name:          Gain\n"
+           "Parameter type:       Integer\n"
+           "Unit:                 dB\n"
+           "Minimum:              0\n"
+           "Maximum:              40\n"
+           "Default:              20\n"
            "Representation name:  rx.gain\n"
-           "Display name:         Gain\n"
-           "Tool tip:             first\n"
-           "                      second\n"
            "Value type:           ValueNumericInt\n"
            "Control type:         VCLineEdit\n"
-           "Unit:                 dB\n"
            "Multiplier:           0.25\n"
            "Enabled:              no\n"
-           "Parameter type:       Integer\n"
-           "Limits:               0 to 40\n"
-           "Default:              20\n";
+           "Display name:         Gain\n"
+           "Tool tip:             first\n"
+           "                      second\n";
     QTest::newRow("empty parameter") << QByteArray("<Parameter/>")
                                      << "Parameter, not complete: Parameter: Please set ParameterType\n"
                                         "Unique name:          not set\n"
+                                        "Parameter type:       not set\n"
                                         "Representation name:  not set\n"
-                                        "Value type:           not set\n"
-                                        "Parameter type:       not set\n";
+                                        "Value type:           not set\n";
 }
 
 void ShowCommandTest::parameterTypes_data()
@@ -273,14 +315,16 @@ void ShowCommandTest::parameterTypes_data()
     QTest::addColumn<QString>("type");
     QTest::addColumn<QString>("shown"); // behind the type
 
-    QTest::newRow("boolean") << QByteArray("<Boolean>true</Boolean>") << "Boolean"
+    QTest::newRow("boolean") << QByteArray("<Boolean>true</Boolean>") << "Boolean (never written)"
                              << "Value: yes\n";
     QTest::newRow("long") << QByteArray("<Long><Minimum>-2147483647</Minimum><Maximum>7</Maximum></Long>")
                           << "Long"
-                          << "Limits: -2147483647 to 7\n"
+                          << "Minimum: -2147483647\n"
+                             "Maximum: 7\n"
                              "Default: 0\n";
     QTest::newRow("integer without limits") << QByteArray() << "Integer"
-                                            << "Limits: -32768 to 32767\n"
+                                            << "Minimum: -32768\n"
+                                               "Maximum: 32767\n"
                                                "Default: 0\n";
     QTest::newRow("string") << QByteArray("<String><Default>north</Default></String>") << "String"
                             << "Default: north\n";
@@ -289,29 +333,34 @@ void ShowCommandTest::parameterTypes_data()
     QTest::newRow("double") << QByteArray("<Double><Minimum>0.1</Minimum><Maximum>1234567.125</Maximum>"
                                           "<Default>1e20</Default><Precision>3</Precision></Double>")
                             << "Double"
-                            << "Limits: 0.1 to 1234567.125\n"
+                            << "Minimum: 0.1\n"
+                               "Maximum: 1234567.125\n"
                                "Default: 1e+20\n"
                                "Decimals: 3\n";
     QTest::newRow("double without limits") << QByteArray() << "Double"
-                                           << "Limits: none\n"
+                                           << "Minimum: none\n"
+                                              "Maximum: none\n"
                                               "Default: 0\n"
                                               "Decimals: 2\n";
     QTest::newRow("double list") << QByteArray(
         "<Double><Minimum>1</Minimum><MaxDoubleListLength>8</MaxDoubleListLength></Double>")
                                  << "DoubleList"
-                                 << "Limits: at least 1\n"
+                                 << "Minimum: 1\n"
+                                    "Maximum: none\n"
                                     "Default: 0\n"
                                     "Decimals: 2\n"
                                     "Maximum length: 8\n";
     QTest::newRow("float") << QByteArray("<Float><Maximum>0.1234567</Maximum></Float>") << "Float"
-                           << "Limits: at most 0.123457\n"
+                           << "Minimum: none\n"
+                              "Maximum: 0.123457\n"
                               "Default: 0\n"
                               "Decimals: 2\n";
     QTest::newRow("enumeration without entries") << QByteArray("<Enum/>") << "Enum"
                                                  << "";
     QTest::newRow("time stamp") << QByteArray("<TimeStamp><Default>253402300799999</Default></TimeStamp>")
                                 << "TimeStamp"
-                                << "Limits: -9223372036854775808 to 9223372036854775807\n"
+                                << "Minimum: -9223372036854775808\n"
+                                   "Maximum: 9223372036854775807\n"
                                    "Default: 253402300799999\n";
 }
 
@@ -323,12 +372,13 @@ void ShowCommandTest::parameterTypes()
 
     Folder folder;
     folder.write("p.xml",
-                 "<Parameter><ParameterType>" + type.toUtf8() + "</ParameterType>" + content
-                     + "</Parameter>");
+                 "<Parameter><ParameterType>" + type.section(' ', 0, 0).toUtf8() + "</ParameterType>"
+                     + content + "</Parameter>");
     const Run run = folder.run({"show", "p.xml"});
     const QString label = "Parameter type:";
     const QString lines = run.out.mid(run.out.indexOf(label)).replace(QRegularExpression(": +"), ": ");
-    QCOMPARE(lines, label + " " + type + "\n" + shown);
+    QCOMPARE(lines,
+             label + " " + type + "\n" + shown + "Representation name: not set\nValue type: not set\n");
     QCOMPARE(run.err, QString());
     QCOMPARE(run.status, 0);
 }
@@ -344,6 +394,236 @@ void ShowCommandTest::documents()
     QCOMPARE(run.err, QString());
     QCOMPARE(run.out, shown);
     QCOMPARE(run.status, 0);
+}
+
+void ShowCommandTest::jobTypeWrittenAsAnother()
+{
+    Folder folder;
+    folder.write("job.xml", jobWith(">Antenna</JobType>", ">Search MC VUHF</JobType>"));
+    const Run run = folder.run({"show", "job.xml"});
+    QCOMPARE(run.out.split('\n').filter("Job type"),
+             QStringList{"  Job type:              Search MC VUHF (written as \"Surveillance MC VUHF\")"});
+}
+
+void ShowCommandTest::oddDataHeaderFlag()
+{
+    Folder folder;
+    folder.write("odd.xml", jobWith(">true</ShowJDH>", ">T&amp;RUE</ShowJDH>"));
+    QCOMPARE(folder.run({"show", "odd.xml"}).out.split('\n').filter("data header"),
+             (QStringList{"  Show data header:              no", "  Show data header, as written:  T&RUE"}));
+    folder.write("empty.xml", jobWith(">true</ShowJDH>", "></ShowJDH>"));
+    QCOMPARE(
+        folder.run({"show", "empty.xml"}).out.split('\n').filter("data header"),
+        (QStringList{"  Show data header:              no", "  Show data header, as written:  not set"}));
+}
+
+void ShowCommandTest::json_data()
+{
+    QTest::addColumn<QByteArray>("document");
+    QTest::addColumn<QString>("shown");
+
+    QTest::newRow("job") << completeJob().replace("Mara Lind", "M\xC3\xA4r\xC3\xA4 \"L\"&#9;\xF0\x9F\x93\xA1")
+                         << QString("{\n"
+                                    "  \"kind\": \"Job\",\n"
+                                    "  \"complete\": true,\n"
+                                    "  \"reason\": null,\n"
+                                    "  \"fields\": {\n"
+                                    "    \"Version\": \"1.0\",\n"
+                                    "    \"JobHeader\": {\n"
+                                    "      \"Version\": \"1.0\",\n"
+                                    "      \"JobType\": \"Antenna\",\n"
+                                    "      \"Author\": \"M\u00E4r\u00E4 \\\"L\\\"\\t\U0001F4E1\",\n"
+                                    "      \"Creation\": \"2026-03-29T00:59:59,250Z\",\n"
+                                    "      \"ShowJDH\": true,\n"
+                                    "      \"Description\": null,\n"
+                                    "      \"ConnectableResource\": null\n"
+                                    "    },\n"
+                                    "    \"ResourceType\": \"Antenna\",\n"
+                                    "    \"AntennaData\": {\n"
+                                    "      \"Version\": \"1.0\",\n"
+                                    "      \"Name\": \"East\",\n"
+                                    "      \"MinimumFrequency\": 1500000,\n"
+                                    "      \"MaximumFrequency\": 30000000,\n"
+                                    "      \"Azimuth\": null,\n"
+                                    "      \"Polarization\": null\n"
+                                    "    }\n"
+                                    "  }\n"
+                                    "}\n");
+    QTest::newRow("workflow") << completeWorkflow().replace("-7.1", "nan").replace("53.55", "0.1")
+                              << QString("{\n"
+                                         "  \"kind\": \"AutomaticWorkflow\",\n"
+                                         "  \"complete\": true,\n"
+                                         "  \"reason\": null,\n"
+                                         "  \"fields\": {\n"
+                                         "    \"Version\": \"1.0\",\n"
+                                         "    \"Mode\": \"AutomaticMode\",\n"
+                                         "    \"Classifiers\": 8,\n"
+                                         "    \"ClassificationTime\": 25,\n"
+                                         "    \"ClassificationResult\": 4,\n"
+                                         "    \"SearchStrategy\": \"LowestLevelFirst\",\n"
+                                         "    \"BitstreamClassification\": true,\n"
+                                         "    \"Area\": {\n"
+                                         "      \"Version\": \"1.0\",\n"
+                                         "      \"Name\": \"North\",\n"
+                                         "      \"Coordinate\": [\n"
+                                         "        {\n"
+                                         "          \"Latitude\": 0.1,\n"
+                                         "          \"Longitude\": null\n"
+                                         "        }\n"
+                                         "      ]\n"
+                                         "    }\n"
+                                         "  }\n"
+                                         "}\n");
+    QTest::newRow("receiver")
+        << QByteArray("<GenericReceiver Version='2'><Parameter Version='9&lt;' UniqueName='a.b[c]'>"
+                      "<RepresentationName>t</RepresentationName><Multiplier>2.5</Multiplier>"
+                      "<Enable>no</Enable><ParameterType>TimeStamp</ParameterType><TimeStamp>"
+                      "<Maximum>9007199254740993</Maximum><Default>-1</Default></TimeStamp></Parameter>"
+                      "</GenericReceiver>")
+        << QString("{\n"
+                   "  \"kind\": \"GenericReceiver\",\n"
+                   "  \"complete\": false,\n"
+                   "  \"reason\": \"the library accepts it but would write nothing for it\",\n"
+                   "  \"fields\": {\n"
+                   "    \"Version\": \"2\",\n"
+                   "    \"Parameter\": {\n"
+                   "      \"a.b[c]\": {\n"
+                   "        \"UniqueName\": \"a.b[c]\",\n"
+                   "        \"ParameterType\": \"TimeStamp\",\n"
+                   "        \"DisplaySuffix\": null,\n"
+                   "        \"TimeStamp\": {\n"
+                   "          \"Minimum\": -9223372036854775808,\n"
+                   "          \"Maximum\": 9007199254740993,\n"
+                   "          \"Default\": -1,\n"
+                   "          \"Value\": -1,\n"
+                   "          \"Multiplier\": 1,\n"
+                   "          \"RepresentationName\": \"t\",\n"
+                   "          \"UniqueParameterName\": \"a.b[c]\"\n"
+                   "        },\n"
+                   "        \"RepresentationName\": \"t\",\n"
+                   "        \"ValueType\": null,\n"
+                   "        \"ControlType\": null,\n"
+                   "        \"Multiplier\": 2.5,\n"
+                   "        \"Enable\": false,\n"
+                   "        \"DisplayName\": null,\n"
+                   "        \"ToolTip\": null,\n"
+                   "        \"Version\": \"9<\"\n"
+                   "      }\n"
+                   "    }\n"
+                   "  }\n"
+                   "}\n");
+    QTest::newRow("enumeration, its default and selected entries included")
+        << QByteArray("<Parameter UniqueName='e'><ParameterType>Enum</ParameterType><Enum>"
+                      "<EnumValue Key='1' Name='A' Value='1e30'/></Enum></Parameter>")
+        << QString("{\n"
+                   "  \"kind\": \"Parameter\",\n"
+                   "  \"complete\": false,\n"
+                   "  \"reason\": \"Parameter: Please set ValueType\",\n"
+                   "  \"fields\": {\n"
+                   "    \"UniqueName\": \"e\",\n"
+                   "    \"ParameterType\": \"Enum\",\n"
+                   "    \"DisplaySuffix\": null,\n"
+                   "    \"Enum\": {\n"
+                   "      \"EnumValue\": [\n"
+                   "        {\n"
+                   "          \"Key\": 1,\n"
+                   "          \"Name\": \"A\",\n"
+                   "          \"Identifier\": null,\n"
+                   "          \"Value\": 1e+30,\n"
+                   "          \"Default\": false\n"
+                   "        }\n"
+                   "      ],\n"
+                   "      \"DefaultValue\": {\n"
+                   "        \"Key\": 1,\n"
+                   "        \"Name\": \"A\",\n"
+                   "        \"Identifier\": null,\n"
+                   "        \"Value\": 1e+30,\n"
+                   "        \"Default\": false\n"
+                   "      },\n"
+                   "      \"SelectedEnumValue\": {\n"
+                   "        \"Key\": 1,\n"
+                   "        \"Name\": \"A\",\n"
+                   "        \"Identifier\": null,\n"
+                   "        \"Value\": 1e+30,\n"
+                   "        \"Default\": false\n"
+                   "      },\n"
+                   "      \"RepresentationName\": null,\n"
+                   "      \"UniqueParameterName\": \"e\"\n"
+                   "    },\n"
+                   "    \"RepresentationName\": null,\n"
+                   "    \"ValueType\": null,\n"
+                   "    \"ControlType\": null,\n"
+                   "    \"Multiplier\": 1,\n"
+                   "    \"Enable\": true,\n"
+                   "    \"DisplayName\": null,\n"
+                   "    \"ToolTip\": null,\n"
+                   "    \"Version\": null\n"
+                   "  }\n"
+                   "}\n");
+}
+
+void ShowCommandTest::json()
+{
+    QFETCH(QByteArray, document);
+    QFETCH(QString, shown);
+
+    Folder folder;
+    folder.write("document.xml", document);
+    const Run run = folder.run({"show", "--format", "json", "document.xml"});
+    QCOMPARE(run.err, QString());
+    QCOMPARE(run.out, shown);
+    QCOMPARE(run.status, 0);
+}
+
+void ShowCommandTest::jsonOfAnyDocument_data()
+{
+    QTest::addColumn<QByteArray>("document");
+
+    QTest::newRow("job") << completeJob();
+    QTest::newRow("workflow") << completeWorkflow();
+    QTest::newRow("generation") << completeGeneration();
+    QTest::newRow("receiver") << completeReceiver();
+    QTest::newRow("parameter") << completeParameter();
+    QTest::newRow("infinite") << jobWith(">1500000<", ">-inf<");
+    QTest::newRow("empty") << QByteArray("<GenericReceiver/>");
+    QTest::newRow("empty list") << QByteArray("<AutomaticWorkflow/>");
+}
+
+void ShowCommandTest::jsonOfAnyDocument()
+{
+    QFETCH(QByteArray, document);
+
+    Folder folder;
+    folder.write("document.xml", document);
+    const Run run = folder.run({"show", "--format", "json", "document.xml"});
+    QJsonParseError error;
+    const QJsonObject json = QJsonDocument::fromJson(run.out.toUtf8(), &error).object();
+    QCOMPARE(error.errorString(), QString("no error occurred"));
+    QCOMPARE(json.value("fields").toObject().isEmpty(), false);
+}
+
+void ShowCommandTest::unknownFormat_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QString>("complaint");
+
+    QTest::newRow("unknown") << QStringList{"--format", "yaml"}
+                             << "kormak show: Unknown format 'yaml'. Allowed: text, json\n";
+    QTest::newRow("twice") << QStringList{"--format", "json", "--format", "text"}
+                           << "kormak show: --format can be given only once\n";
+}
+
+void ShowCommandTest::unknownFormat()
+{
+    QFETCH(QStringList, options);
+    QFETCH(QString, complaint);
+
+    Folder folder;
+    folder.write("job.xml", completeJob());
+    const Run run = folder.run(QStringList("show") + options + QStringList("job.xml"));
+    QCOMPARE(run.out, QString());
+    QCOMPARE(run.err, complaint);
+    QCOMPARE(run.status, 2);
 }
 
 void ShowCommandTest::frequencies_data()

@@ -1,0 +1,95 @@
+#include <kormak/GenericReceiver.h>
+#include <tools/DocumentFields.h>
+#include <tools/FieldAssignment.h>
+
+#include <QtTest>
+
+using namespace KORMAK;
+
+class FieldAssignmentTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void order();
+    void namesReachTheHandler();
+    void fieldsThatDocumentsDoNotHold();
+    void explicitFieldsOfTheHandlerWin();
+};
+
+namespace {
+
+QStringList pathsOf(const FieldTable &table, const QStringList &texts)
+{
+    QStringList paths;
+    for (const FieldAssignment &assignment : assignments(table, texts))
+        paths += assignment.path + '=' + assignment.text;
+    return paths;
+}
+
+template <class Object>
+Object made(const FieldTable &table, const QStringList &texts)
+{
+    Object object;
+    for (const FieldAssignment &assignment : assignments(table, texts))
+        assign(assignment, &object);
+    return object;
+}
+
+} // namespace
+
+void FieldAssignmentTest::order()
+{
+    QCOMPARE(pathsOf(ParameterFields,
+                     {"ToolTip=t", "Enum.EnumValue[10].Name=k", "Enum.EnumValue[2].Name=c",
+                      "Enum.EnumValue=2", "Enum.EnumValue=1", "UniqueName=u", "ParameterType=Enum"}),
+             (QStringList{"ParameterType=Enum", "UniqueName=u", "ToolTip=t", "Enum.EnumValue=2",
+                          "Enum.EnumValue=1", "Enum.EnumValue[2].Name=c", "Enum.EnumValue[10].Name=k"}));
+}
+
+void FieldAssignmentTest::namesReachTheHandler()
+{
+    const auto receiver =
+        made<GenericReceiver>(GenericReceiverFields,
+                              {"Parameter[a].RepresentationName=r", "Parameter[a].Multiplier=2",
+                               "Parameter[a].ParameterType=Float"});
+    const Parameter parameter = receiver.GetParameter("a");
+    QCOMPARE(parameter.GetFloatHandler().GetUniqueParameterName(), QString("a"));
+    QCOMPARE(parameter.GetFloatHandler().GetRepresentationName(), QString("r"));
+    QCOMPARE(parameter.GetFloatHandler().GetMultiplier(), 2.0);
+}
+
+void FieldAssignmentTest::fieldsThatDocumentsDoNotHold()
+{
+    const auto parameter =
+        made<Parameter>(ParameterFields,
+                        {"ParameterType=DoubleList", "Double.DoubleList=1,2", "Double.DoubleList=3",
+                         "Double.DoubleList[1]=2.5", "Double.Value=4", "Double.UseAsList=true"});
+    QCOMPARE(parameter.GetDoubleHandler().GetDoubleList(), (QVector<double>{1, 2.5, 3}));
+    QCOMPARE(parameter.GetDoubleHandler().GetValue(), 4.0);
+    QCOMPARE(parameter.GetDoubleHandler().IsDoubleList(), true);
+
+    const auto choice = made<Parameter>(
+        ParameterFields,
+        {"ParameterType=Enum", "Enum.SelectedEnumValue=3,C,c,0.5,true", "Enum.DefaultValue.Name=D"});
+    EnumHandler::EnumValue selected;
+    selected.Key = 3;
+    selected.Name = "C";
+    selected.Identifier = "c";
+    selected.Value = 0.5;
+    selected.Default = "true";
+    QCOMPARE(choice.GetEnumHandler().GetSelectedEnumValue() == selected, true);
+    QCOMPARE(choice.GetEnumHandler().GetDefaultValue().Name, QString("D"));
+}
+
+void FieldAssignmentTest::explicitFieldsOfTheHandlerWin()
+{
+    const auto parameter = made<Parameter>(ParameterFields,
+                                           {"Long.RepresentationName=h", "ParameterType=Long",
+                                            "RepresentationName=r", "Long.Multiplier=3", "Multiplier=2"});
+    QCOMPARE(parameter.GetRepresenationName(), QString("r"));
+    QCOMPARE(parameter.GetLongHandler().GetRepresentationName(), QString("h"));
+    QCOMPARE(parameter.GetLongHandler().GetMultiplier(), 3.0);
+}
+
+QTEST_GUILESS_MAIN(FieldAssignmentTest)
+#include "FieldAssignmentTest.moc"

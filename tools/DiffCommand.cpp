@@ -1,0 +1,128 @@
+#include <tools/Command.h>
+#include <tools/Console.h>
+#include <tools/DocumentFile.h>
+#include <tools/FieldDiff.h>
+#include <tools/Json.h>
+#include <tools/Output.h>
+#include <tools/OutputFormat.h>
+
+#include <QCommandLineParser>
+
+namespace {
+
+struct Comparison {
+    const DocumentKind &kind;
+    std::vector<FieldDifference> differences;
+    bool areEqualToLibrary; ///< by the operator of the class
+};
+
+Comparison compare(const Document &a, const Document &b)
+{
+    const DocumentKind &kind = *a.kind;
+    return {kind, differences(*kind.fields, kind.address(*a.object), kind.address(*b.object)),
+            kind.areEqual(*a.object, *b.object)};
+}
+
+void printText(const Comparison &comparison)
+{
+    const bool areSame = comparison.differences.empty();
+    for (const FieldDifference &difference : comparison.differences)
+        Console::print(difference.toLine());
+    if (areSame == comparison.areEqualToLibrary)
+        return;
+    Console::print(areSame
+                       ? QStringLiteral("The library's own comparison calls the documents different, though "
+                                        "no field differs.")
+                       : QStringLiteral("The library's own comparison calls the documents equal, though "
+                                        "fields differ."));
+}
+
+void printJson(const Comparison &comparison)
+{
+    JsonWriter json(JsonWriter::Layout::Indented);
+    json.beginObject();
+    json.key(u"kind");
+    json.value(jsonText(comparison.kind.rootElement));
+    json.key(u"equal");
+    json.value(jsonBool(comparison.differences.empty()));
+    json.key(u"equalToLibrary");
+    json.value(jsonBool(comparison.areEqualToLibrary));
+    json.key(u"differences");
+    json.beginArray();
+    for (const FieldDifference &difference : comparison.differences) {
+        json.beginObject();
+        json.key(u"field");
+        json.value(jsonText(difference.path));
+        if (!difference.before.json.isEmpty()) {
+            json.key(u"before");
+            json.value(difference.before.json);
+        }
+        if (!difference.after.json.isEmpty()) {
+            json.key(u"after");
+            json.value(difference.after.json);
+        }
+        json.endObject();
+    }
+    json.endArray();
+    json.endObject();
+    Console::print(json.text());
+}
+
+ExitStatus compareFiles(const QStringList &paths, OutputFormat format)
+{
+    // Both are read, so that both complaints are seen.
+    Document documents[2];
+    ExitStatus status = Good;
+    for (int i = 0; i < 2; ++i) {
+        try {
+            documents[i] = readDocument(paths.at(i));
+        } catch (const DocumentError &error) {
+            complainAbout(paths.at(i), error);
+            status = Failed;
+        }
+    }
+    if (status != Good)
+        return status;
+    const auto &[a, b] = documents;
+    if (a.kind != b.kind) {
+        complainAbout(
+            paths.at(1),
+            {QStringLiteral("is of kind %1, but %2 is of kind %3: they cannot be compared")
+                 .arg(b.kind->rootElement.toString(), paths.at(0), a.kind->rootElement.toString())});
+        return Failed;
+    }
+    const Comparison comparison = compare(a, b);
+    if (format == OutputFormat::Json)
+        printJson(comparison);
+    else
+        printText(comparison);
+    return comparison.differences.empty() ? Good : Faulty;
+}
+
+ExitStatus run(const QCommandLineParser &parser)
+{
+    const OutputFormat format = outputFormat(parser);
+    const QStringList paths = parser.positionalArguments();
+    if (paths.at(0) == StandardStream && paths.at(1) == StandardStream)
+        throw UsageError{QStringLiteral("only one of the files can be standard input")};
+    return compareFiles(paths, format);
+}
+
+} // namespace
+
+const Command diffCommand{
+    u"diff",
+    u"tell in which fields two documents of a kind differ",
+    u"Compares what two documents hold, field by field, however they are written: one line per field that\n"
+    u"differs, FIELD: BEFORE -> AFTER. Parameters are matched by their unique names, elements of lists by\n"
+    u"their places; what only one document has is said to be removed or added. Values that are no numbers\n"
+    u"are alike here. A last line tells when the library's own comparison comes to another result: it "
+    u"leaves\n"
+    u"out some fields, and nothing equals what is no number.\n"
+    u"Exit status: 0 no field differs, 1 some do, 2 a document cannot be read or they are of different "
+    u"kinds.",
+    u"kormak diff old.xml new.xml",
+    {FileName, u"FILE FILE", 2, 2},
+    [] { return QList<QCommandLineOption>{formatOption()}; },
+    run,
+};

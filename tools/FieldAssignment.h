@@ -1,0 +1,45 @@
+// Setting fields by their paths: "AntennaData.Azimuth=45", "Area.Coordinate=52.1,13.4",
+// "Parameter[Gain].Integer.Minimum=0".
+#ifndef KORMAK_TOOLS_FIELDASSIGNMENT_H
+#define KORMAK_TOOLS_FIELDASSIGNMENT_H
+
+#include <tools/Field.h>
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+/// A field of one of the objects that a document is made of.
+struct FieldStep {
+    const FieldRow *row;
+    qsizetype place; ///< of the row in its table
+    bool hasKey = false; ///< there are brackets
+    QString key = {};
+};
+
+/// What one FIELD=VALUE asks for.
+struct FieldAssignment {
+    QString path;
+    std::vector<FieldStep> steps;
+    QString text;
+};
+
+/// What each of \a texts asks for, FIELD=VALUE, in the order in which it is to be done: by the ranks of the
+/// fields, then as they stand in the table. So it does not matter in which order they
+/// are given, but for values that are added to a list.
+/// \throws FieldError for what is no field, cannot be set or is set twice
+[[nodiscard]] std::vector<FieldAssignment> assignments(const FieldTable &table, const QStringList &texts);
+
+/// Does what \a assignment asks for. \throws FieldError
+void assign(const FieldAssignment &assignment, void *object);
+
+/// A field that can be set and what it may be set to.
+struct SettableField {
+    QString path; ///< N stands for an index, NAME for a name
+    QString allowed;
+};
+
+[[nodiscard]] std::vector<SettableField> settableFields(const FieldTable &table);
+
+#endif

@@ -1,0 +1,240 @@
+#include "tools/FieldLines.h"
+
+#include <tools/Console.h>
+#include <tools/FieldText.h>
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
+namespace {
+
+using Kind = FieldParts::Kind;
+
+constexpr int IndentWidth = 2;
+constexpr int LongestCell = 32;
+constexpr QStringView NotSet = u"not set";
+
+struct Line {
+    QString label;
+    std::optional<QString> value = {}; ///< nothing: not set
+    std::vector<Line> fields = {};
+    bool isHeading = false; ///< it has no value but fields
+    bool isElement = false; ///< one of several lines with the same label
+    QStringList table = {};
+};
+
+std::vector<Line> linesOf(const FieldTable &table, const void *object);
+
+QString spaces(qsizetype count)
+{
+    return QString(static_cast<int>(count), QLatin1Char(' '));
+}
+
+QString justified(const QString &text, qsizetype width)
+{
+    return text.leftJustified(static_cast<int>(width));
+}
+
+// Tables
+
+struct Row {
+    std::vector<QString> cells;
+    std::vector<Line> beneath; ///< what no cell can hold
+};
+
+/// The labels that rows of a table may have.
+void addColumns(QStringList &columns, const FieldTable &table)
+{
+    for (const FieldRow &row : table) {
+        const bool isBeneath = row.isProse || (row.parts && row.parts->kind != Kind::One);
+        if (row.parts && row.label.isEmpty())
+            addColumns(columns, row.parts->table);
+        else if (!isBeneath && row.shown != FieldRow::Shown::Never && !columns.contains(row.label.toString()))
+            columns += row.label.toString();
+    }
+}
+
+bool fitsInCell(const Line &line)
+{
+    return !line.isElement && line.value.value_or(QString()).size() <= LongestCell
+        && !line.value.value_or(QString()).contains(QLatin1Char('\n'));
+}
+
+Row rowOf(const QStringList &columns, const FieldTable &table, const void *object)
+{
+    Row row;
+    row.cells.resize(static_cast<std::size_t>(columns.size()));
+    std::vector<Line> lines = linesOf(table, object);
+    for (Line &line : lines) {
+        const auto column = columns.indexOf(line.label);
+        if (column == 0 || (column > 0 && fitsInCell(line)))
+            row.cells[static_cast<std::size_t>(column)] =
+                Console::oneLine(line.value.value_or(NotSet.toString()));
+        else
+            row.beneath.push_back(std::move(line));
+    }
+    return row;
+}
+
+/// The columns that some row has something in; the first one does not push others away.
+std::vector<qsizetype> widthsOf(const QStringList &columns, const std::vector<Row> &rows)
+{
+    std::vector<qsizetype> widths(static_cast<std::size_t>(columns.size()));
+    for (const Row &row : rows) {
+        for (std::size_t i = 0; i < widths.size(); ++i)
+            widths[i] = std::max(widths[i], std::min<qsizetype>(row.cells[i].size(), LongestCell));
+    }
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+        if (widths[i] > 0)
+            widths[i] = std::max<qsizetype>(widths[i], columns[static_cast<int>(i)].size());
+    }
+    return widths;
+}
+
+template <class Cells>
+QString tableLine(const Cells &cells, const std::vector<qsizetype> &widths)
+{
+    QString line;
+    auto width = widths.begin();
+    for (const QString &cell : cells) {
+        if (*width > 0)
+            line += justified(cell, *width + IndentWidth);
+        ++width;
+    }
+    while (line.endsWith(QLatin1Char(' ')))
+        line.chop(1);
+    return line;
+}
+
+void addLines(QStringList &text, const std::vector<Line> &lines, int depth, qsizetype column);
+qsizetype labelWidth(const std::vector<Line> &lines, int depth);
+
+QStringList tableOf(const FieldParts &parts, const std::vector<FieldPart> &all)
+{
+    QStringList columns;
+    addColumns(columns, parts.table);
+    std::vector<Row> rows;
+    rows.reserve(all.size());
+    std::transform(all.begin(), all.end(), std::back_inserter(rows),
+                   [&](const FieldPart &part) { return rowOf(columns, parts.table, part.object); });
+    const std::vector<qsizetype> widths = widthsOf(columns, rows);
+    QStringList text;
+    if (!rows.empty())
+        text += tableLine(columns, widths);
+    for (const Row &row : rows) {
+        text += tableLine(row.cells, widths);
+        addLines(text, row.beneath, 1, labelWidth(row.beneath, 1) + IndentWidth);
+    }
+    return text;
+}
+
+// Fields
+
+Line lineOf(const FieldRow &row, const FieldPart &part)
+{
+    Line line{row.label.toString()};
+    if (row.parts->table.inLine) {
+        line.value = row.parts->table.inLine(part.object);
+    } else {
+        line.isHeading = true;
+        line.fields = linesOf(row.parts->table, part.object);
+    }
+    return line;
+}
+
+/// All values of a list in one line.
+QString plainValues(const FieldTable &table, const std::vector<FieldPart> &all)
+{
+    QStringList texts;
+    for (const FieldPart &part : all)
+        texts += shownText(table.rows->form, table.rows->get(part.object)).value_or(NotSet.toString());
+    return texts.join(QStringLiteral(", "));
+}
+
+void addParts(std::vector<Line> &lines, const FieldRow &row, const void *object)
+{
+    const FieldParts &parts = *row.parts;
+    const std::vector<FieldPart> all = parts.all(object);
+    if (parts.table.isPlain()) {
+        lines.push_back({row.label.toString(), plainValues(parts.table, all)});
+    } else if (parts.kind == Kind::Map) {
+        Line line{row.label.toString(), QString::number(static_cast<int>(all.size()))};
+        line.table = tableOf(parts, all);
+        lines.push_back(std::move(line));
+    } else if (row.label.isEmpty()) {
+        std::vector<Line> own = linesOf(parts.table, all.front().object);
+        std::move(own.begin(), own.end(), std::back_inserter(lines));
+    } else {
+        for (const FieldPart &part : all) {
+            lines.push_back(lineOf(row, part));
+            lines.back().isElement = parts.kind == Kind::List;
+        }
+    }
+}
+
+std::vector<Line> linesOf(const FieldTable &table, const void *object)
+{
+    std::vector<Line> lines;
+    for (const FieldRow &row : table) {
+        if (!row.isShownOf(object))
+            continue;
+        if (row.parts)
+            addParts(lines, row, object);
+        else
+            lines.push_back({row.label.toString(), shownText(row.form, row.get(object))});
+        const QStringView remark = row.remark ? row.remark(object) : QStringView();
+        if (!remark.isEmpty())
+            lines.back().label += QStringLiteral(" (%1)").arg(remark.toString());
+    }
+    return lines;
+}
+
+QString indented(const Line &line, int depth)
+{
+    return spaces(depth * IndentWidth) + line.label + QLatin1Char(':');
+}
+
+/// The width of the longest label that a value stands beside.
+qsizetype labelWidth(const std::vector<Line> &lines, int depth)
+{
+    qsizetype width = 0;
+    for (const Line &line : lines) {
+        if (!line.isHeading)
+            width = std::max<qsizetype>(width, indented(line, depth).size());
+        width = std::max(width, labelWidth(line.fields, depth + 1));
+    }
+    return width;
+}
+
+QString valueLines(const std::optional<QString> &value, qsizetype column)
+{
+    if (!value)
+        return NotSet.toString();
+    QStringList lines = value->split(QLatin1Char('\n'));
+    std::transform(lines.begin(), lines.end(), lines.begin(), Console::oneLine);
+    return lines.join(QLatin1Char('\n') + spaces(column));
+}
+
+void addLines(QStringList &text, const std::vector<Line> &lines, int depth, qsizetype column)
+{
+    for (const Line &line : lines) {
+        const QString label = indented(line, depth);
+        text += line.isHeading ? label : justified(label, column) + valueLines(line.value, column);
+        addLines(text, line.fields, depth + 1, column);
+        for (const QString &row : line.table) // may hold several lines
+            text += spaces((depth + 1) * IndentWidth)
+                + QString(row).replace(QLatin1Char('\n'),
+                                       QLatin1Char('\n') + spaces((depth + 1) * IndentWidth));
+    }
+}
+
+} // namespace
+
+QStringList fieldLines(const FieldTable &table, const void *object)
+{
+    const std::vector<Line> lines = linesOf(table, object);
+    QStringList text;
+    addLines(text, lines, 0, labelWidth(lines, 0) + IndentWidth);
+    return text;
+}

@@ -1,0 +1,13 @@
+// What show tells people of an object: labelled values, and a table of what bears names.
+#ifndef KORMAK_TOOLS_FIELDLINES_H
+#define KORMAK_TOOLS_FIELDLINES_H
+
+#include <tools/Field.h>
+
+#include <QString>
+#include <QStringList>
+
+/// One line per field that people need to see, aligned; the lines of texts that have several follow.
+[[nodiscard]] QStringList fieldLines(const FieldTable &table, const void *object);
+
+#endif

@@ -1,0 +1,31 @@
+// The values of fields as people read and write them.
+#ifndef KORMAK_TOOLS_FIELDTEXT_H
+#define KORMAK_TOOLS_FIELDTEXT_H
+
+#include <tools/Field.h>
+
+#include <QString>
+
+#include <optional>
+#include <type_traits>
+
+/// With as many digits as tell it from every other number.
+[[nodiscard]] QString numberText(double value);
+/// With 6 significant digits, as documents say it.
+[[nodiscard]] QString numberText(float value);
+template <class Integer, std::enable_if_t<std::is_integral_v<Integer>, bool> = true>
+[[nodiscard]] QString numberText(Integer value)
+{
+    return QString::number(value);
+}
+
+/// \a value with its unit; nothing when it is not set.
+[[nodiscard]] std::optional<QString> shownText(const FieldForm &form, const FieldValue &value);
+
+/// What \a text says. \throws FieldError that tells what is allowed
+[[nodiscard]] FieldValue valueOfText(const FieldForm &form, const QString &text);
+
+/// What a text may say: "whole number from 1 to 23", "number in Hz"
+[[nodiscard]] QString describe(const FieldForm &form);
+
+#endif

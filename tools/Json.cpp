@@ -1,0 +1,202 @@
+#include "tools/Json.h"
+
+#include <objectbase/Converters.h>
+#include <tools/NameLists.h>
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <type_traits>
+
+namespace {
+
+constexpr int IndentWidth = 2;
+
+bool isPlain(QChar c)
+{
+    return c != QLatin1Char('"') && c != QLatin1Char('\\') && c.category() != QChar::Other_Control
+        && c != QChar::LineSeparator && c != QChar::ParagraphSeparator && !c.isSurrogate();
+}
+
+QString escaped(QChar c)
+{
+    switch (c.unicode()) {
+    case '"':
+    case '\\':
+        return QLatin1Char('\\') + QString(c);
+    case '\n':
+        return QStringLiteral("\\n");
+    case '\r':
+        return QStringLiteral("\\r");
+    case '\t':
+        return QStringLiteral("\\t");
+    default:
+        return QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
+    }
+}
+
+/// The fewest digits that are read back as the same number of its type; without an exponent as long as people
+/// would write it so.
+template <class Number>
+QString shortest(Number value)
+{
+    constexpr Number LeastFixed = static_cast<Number>(1e-6);
+    constexpr Number MostFixed = static_cast<Number>(1e16);
+    constexpr std::size_t Longest = 32;
+    const Number magnitude = std::abs(value);
+    const bool isFixed = magnitude == 0 || (magnitude >= LeastFixed && magnitude < MostFixed);
+    std::array<char, Longest> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                   isFixed ? std::chars_format::fixed : std::chars_format::scientific)
+                         .ptr;
+    return QString::fromLatin1(digits.data(), static_cast<int>(end - digits.data()));
+}
+
+template <class Value>
+QString jsonOf(const FieldForm &form, const Value &value)
+{
+    if constexpr (std::is_same_v<Value, std::monostate>) {
+        return QStringLiteral("null");
+    } else if constexpr (std::is_same_v<Value, bool>) {
+        return jsonBool(value);
+    } else if constexpr (std::is_same_v<Value, qint64>) {
+        return form.names ? jsonText(form.names->nameOf(static_cast<qint32>(value))) : QString::number(value);
+    } else if constexpr (std::is_same_v<Value, QString>) {
+        return jsonText(value);
+    } else if constexpr (std::is_same_v<Value, QDateTime>) {
+        return jsonText(TESSEL::Converters::ToString(value));
+    } else {
+        if (std::isnan(value))
+            return QStringLiteral("null");
+        return std::isinf(value) ? jsonText(shortest(value)) : shortest(value);
+    }
+}
+
+} // namespace
+
+void JsonWriter::key(QStringView name)
+{
+    separate();
+    json += jsonText(name) + QStringLiteral(": ");
+    isBehindKey = true;
+}
+
+void JsonWriter::value(const QString &text)
+{
+    separate();
+    json += text;
+}
+
+void JsonWriter::fields(const FieldTable &table, const void *object)
+{
+    beginObject();
+    rowsOf(table, object);
+    endObject();
+}
+
+void JsonWriter::rowsOf(const FieldTable &table, const void *object)
+{
+    for (const FieldRow &row : table) {
+        if (!row.existsIn(object))
+            continue;
+        key(row.key);
+        if (row.parts)
+            partsOf(*row.parts, object);
+        else
+            value(jsonValue(row.form, row.get(object)));
+    }
+}
+
+void JsonWriter::partsOf(const FieldParts &parts, const void *object)
+{
+    using Kind = FieldParts::Kind;
+    if (parts.kind == Kind::List)
+        beginArray();
+    else if (parts.kind == Kind::Map)
+        beginObject();
+    for (const FieldPart &part : parts.all(object)) {
+        if (parts.kind == Kind::Map)
+            key(part.key);
+        if (parts.table.isPlain())
+            value(jsonValue(parts.table.rows->form, parts.table.rows->get(part.object)));
+        else
+            fields(parts.table, part.object);
+    }
+    if (parts.kind == Kind::List)
+        endArray();
+    else if (parts.kind == Kind::Map)
+        endObject();
+}
+
+void JsonWriter::begin(QChar bracket)
+{
+    separate();
+    json += bracket;
+    ++depth;
+    isFirst = true;
+}
+
+void JsonWriter::end(QChar bracket)
+{
+    --depth;
+    if (!isFirst)
+        breakLine();
+    json += bracket;
+    isFirst = false;
+}
+
+/// Puts what belongs between the value before and the one that follows.
+void JsonWriter::separate()
+{
+    if (isBehindKey) {
+        isBehindKey = false;
+        return;
+    }
+    if (!isFirst)
+        json += layout == Layout::OneLine ? QStringLiteral(", ") : QStringLiteral(",");
+    if (depth > 0)
+        breakLine();
+    isFirst = false;
+}
+
+void JsonWriter::breakLine()
+{
+    if (layout == Layout::Indented)
+        json += QLatin1Char('\n') + QString(depth * IndentWidth, QLatin1Char(' '));
+}
+
+QString jsonText(QStringView text)
+{
+    QString quoted(QLatin1Char('"'));
+    quoted.reserve(static_cast<int>(text.size()) + 2);
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text[i];
+        const bool isPair = c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        if (isPair) {
+            quoted += c;
+            quoted += text[++i];
+        } else if (isPlain(c)) {
+            quoted += c;
+        } else {
+            quoted += escaped(c);
+        }
+    }
+    return quoted + QLatin1Char('"');
+}
+
+QString jsonBool(bool value)
+{
+    return value ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+QString jsonValue(const FieldForm &form, const FieldValue &value)
+{
+    return std::visit([&form](const auto &held) { return jsonOf(form, held); }, value);
+}
+
+QString jsonObject(const FieldTable &table, const void *object)
+{
+    JsonWriter writer(JsonWriter::Layout::OneLine);
+    writer.fields(table, object);
+    return writer.text();
+}

@@ -1,0 +1,57 @@
+// Writes JSON, object by object, in the order in which it is told. QJsonDocument would sort the keys, and
+// with Qt 5 it has no whole numbers beyond 53 bits.
+#ifndef KORMAK_TOOLS_JSON_H
+#define KORMAK_TOOLS_JSON_H
+
+#include <tools/Field.h>
+
+#include <QString>
+#include <QStringView>
+
+class JsonWriter {
+public:
+    enum class Layout { OneLine, Indented };
+
+    explicit JsonWriter(Layout layoutOfText) : layout(layoutOfText) { }
+
+    void beginObject() { begin(QLatin1Char('{')); }
+    void endObject() { end(QLatin1Char('}')); }
+    void beginArray() { begin(QLatin1Char('[')); }
+    void endArray() { end(QLatin1Char(']')); }
+
+    /// The name of the value or object that is written next.
+    void key(QStringView name);
+    /// \a json is a value that is written already.
+    void value(const QString &json);
+
+    /// An object with the fields of \a object.
+    void fields(const FieldTable &table, const void *object);
+
+    [[nodiscard]] const QString &text() const noexcept { return json; }
+
+private:
+    void begin(QChar bracket);
+    void end(QChar bracket);
+    void separate();
+    void breakLine();
+    void rowsOf(const FieldTable &table, const void *object);
+    void partsOf(const FieldParts &parts, const void *object);
+
+    QString json;
+    Layout layout;
+    int depth = 0;
+    bool isFirst = true; ///< nothing stands before the next value in its object or array
+    bool isBehindKey = false;
+};
+
+/// A text in quotes. Characters that could steer a terminal are escaped.
+[[nodiscard]] QString jsonText(QStringView text);
+[[nodiscard]] QString jsonBool(bool value);
+/// Numbers as numbers, exactly; the name of a value in a vocabulary; dates as documents say them; null for
+/// what is not set and for NaN; "inf" and "-inf", which are no numbers in JSON.
+[[nodiscard]] QString jsonValue(const FieldForm &form, const FieldValue &value);
+
+/// \a object with its fields, in one line.
+[[nodiscard]] QString jsonObject(const FieldTable &table, const void *object);
+
+#endif

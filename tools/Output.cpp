@@ -1,0 +1,21 @@
+#include "tools/Output.h"
+
+#include <tools/Console.h>
+#include <tools/DocumentFile.h>
+
+#include <QSaveFile>
+
+ExitStatus writeOutput(const QString &text, const QString &path)
+{
+    if (path == StandardStream) {
+        Console::write(text);
+        return Good;
+    }
+    QSaveFile file(path);
+    const QByteArray bytes = text.toUtf8();
+    // Without the flush a full disk would go unnoticed, and the file be replaced by a part of the document.
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() && file.commit())
+        return Good;
+    complainAbout(path, {QStringLiteral("cannot be written: ") + file.errorString()});
+    return Failed;
+}

@@ -1,0 +1,33 @@
+#include "tools/OutputFormat.h"
+
+#include <tools/Command.h>
+
+#include <QCommandLineParser>
+
+namespace {
+
+constexpr QStringView OptionName = u"format";
+constexpr QStringView TextName = u"text";
+constexpr QStringView JsonName = u"json";
+
+} // namespace
+
+QCommandLineOption formatOption()
+{
+    return {OptionName.toString(), QStringLiteral("text (for people, the default) or json (for scripts)."),
+            QStringLiteral("FORMAT")};
+}
+
+OutputFormat outputFormat(const QCommandLineParser &parser)
+{
+    const QStringList formats = parser.values(OptionName.toString());
+    if (formats.size() > 1)
+        throw UsageError{QStringLiteral("--format can be given only once")};
+    if (formats.isEmpty() || formats.constFirst() == TextName)
+        return OutputFormat::Text;
+    if (formats.constFirst() != JsonName) {
+        throw UsageError{
+            QStringLiteral("Unknown format '%1'. Allowed: text, json").arg(formats.constFirst())};
+    }
+    return OutputFormat::Json;
+}
