@@ -30,8 +30,10 @@ struct Arguments {
 };
 
 inline constexpr QStringView FileName = u"FILE"; ///< of which "-" may be one
+inline constexpr QStringView PathName = u"PATH"; ///< of a file or a folder; "-" may be one
 inline constexpr Arguments OneFile{FileName, u"FILE", 1, 1};
 inline constexpr Arguments ManyFiles{FileName, u"FILE...", 1, Arguments::Unlimited};
+inline constexpr Arguments ManyPaths{PathName, u"PATH...", 1, Arguments::Unlimited};
 
 struct Command {
     QStringView name;

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QChar>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 
@@ -32,7 +33,11 @@ bool isHarmless(QChar c)
 
 void Console::write(const QString &text)
 {
-    const QByteArray bytes = text.toUtf8();
+    writeBytes(text.toUtf8());
+}
+
+void Console::writeBytes(const QByteArray &bytes)
+{
     const auto size = static_cast<std::size_t>(bytes.size());
     if (std::fwrite(bytes.constData(), 1, size, stdout) != size)
         throw OutputError{errno};
@@ -51,15 +56,35 @@ void Console::flush()
 
 void Console::complain(const QString &line)
 {
+    complainInBytes((line + QLatin1Char('\n')).toUtf8());
+}
+
+void Console::complainInBytes(const QByteArray &lines)
+{
+    if (lines.isEmpty())
+        return;
     std::fflush(stdout);
-    std::fputs((line + QLatin1Char('\n')).toUtf8().constData(), stderr);
+    std::fwrite(lines.constData(), 1, static_cast<std::size_t>(lines.size()), stderr);
 }
 
 QString Console::oneLine(const QString &text)
 {
+    if (std::all_of(text.begin(), text.end(), isHarmless))
+        return text;
     QString line;
     line.reserve(text.size());
     for (const QChar c : text)
         line += isHarmless(c) ? QString(c) : escaped(c);
     return line;
+}
+
+QString Console::shortened(const QString &text)
+{
+    constexpr int Longest = 200;
+    return text.size() > Longest ? text.left(Longest) + QChar(0x2026) : text;
+}
+
+QString Console::quoted(const QString &text)
+{
+    return QLatin1Char('"') + oneLine(shortened(text)) + QLatin1Char('"');
 }

@@ -3,6 +3,7 @@
 #ifndef KORMAK_TOOLS_CONSOLE_H
 #define KORMAK_TOOLS_CONSOLE_H
 
+#include <QByteArray>
 #include <QString>
 
 namespace Console {
@@ -14,6 +15,8 @@ struct OutputError {
 
 /// Writes \a text as it stands. \throws OutputError
 void write(const QString &text);
+/// The same for a text that is UTF-8 already. \throws OutputError
+void writeBytes(const QByteArray &bytes);
 /// Writes \a line and ends it. \throws OutputError
 void print(const QString &line);
 /// Writes out what is still held back. \throws OutputError
@@ -22,8 +25,17 @@ void flush();
 /// Writes \a line to standard error, behind everything printed so far.
 void complain(const QString &line);
 
+/// Writes \a lines, in UTF-8 and each ended, likewise.
+void complainInBytes(const QByteArray &lines);
+
 /// \a text on one line, with nothing in it that could steer a terminal: control characters as escapes.
 [[nodiscard]] QString oneLine(const QString &text);
+
+/// \a text, cut when it is long.
+[[nodiscard]] QString shortened(const QString &text);
+
+/// \a text between quotation marks, on one line and cut when it is long.
+[[nodiscard]] QString quoted(const QString &text);
 
 } // namespace Console
 

@@ -3,6 +3,7 @@
 #include <objectbase/TesselException.h>
 #include <tools/Console.h>
 #include <tools/Obstacles.h>
+#include <tools/Terminal.h>
 #include <tools/Utf8.h>
 #include <tools/XmlPlaces.h>
 
@@ -17,9 +18,10 @@ namespace {
 
 constexpr QStringView StandardInput = u"-";
 
-[[noreturn]] void throwAt(const QString &text, qsizetype offset, const QString &message)
+[[noreturn]] void throwAt(const QString &text, qsizetype offset, const QString &message,
+                          QStringView id = FindingId::Refused, const QStringList &allowed = {})
 {
-    throw DocumentError{message, TextPositions(text).at(offset)};
+    throw DocumentError{message, TextPositions(text).at(offset), id, allowed};
 }
 
 [[noreturn]] void throwUnreadable(const QString &reason)
@@ -48,67 +50,88 @@ QString decoded(const QByteArray &bytes)
     const qsizetype end = firstByteOutsideUtf8(bytes);
     QString text = QString::fromUtf8(bytes.constData(), static_cast<int>(end));
     if (const auto nul = text.indexOf(QChar(QChar::Null)); nul >= 0)
-        throwAt(text, nul, QStringLiteral("the text holds a NUL byte"));
+        throwAt(text, nul, QStringLiteral("the text holds a NUL byte"), FindingId::Encoding);
     if (end < bytes.size()) {
         throwAt(text, text.size(),
                 QStringLiteral("byte 0x%1 is not UTF-8")
-                    .arg(static_cast<uchar>(bytes.at(static_cast<int>(end))), 2, 16, QLatin1Char('0')));
+                    .arg(static_cast<uchar>(bytes.at(static_cast<int>(end))), 2, 16, QLatin1Char('0')),
+                FindingId::Encoding);
     }
     return text;
 }
 
-[[noreturn]] void throwError(const QXmlStreamReader &reader, const QString &text)
+Rejection errorOf(const QXmlStreamReader &reader, const QString &text)
 {
-    throwAt(text, placeOfError(reader, text), reader.errorString());
+    return {reader.errorString(), placeOfError(reader, text)};
 }
 
-const DocumentKind &kindOf(const QXmlStreamReader &reader, const QString &text)
+[[noreturn]] void throwRejection(const Rejection &rejection, const QString &text)
 {
-    const DocumentKind *kind = findDocumentKind(reader.name());
-    if (!kind) {
-        throwAt(text, startOfToken(reader, text),
-                QStringLiteral("unknown kind of document '%1' (known: %2)")
-                    .arg(reader.name().toString(), documentKindNames().join(QStringLiteral(", "))));
-    }
-    return *kind;
-}
-
-void readInto(TESSEL::ITesselObject &object, QXmlStreamReader &reader, const QString &text)
-{
-    try {
-        object.ProcessXml(reader);
-    } catch (const TESSEL::TesselException &exception) {
-        if (reader.hasError())
-            throwError(reader, text);
-        throwAt(text, elementReadAt(text, reader.characterOffset()), exception.GetErrorMessage());
-    }
-    while (!reader.atEnd())
-        reader.readNext();
-    if (reader.hasError())
-        throwError(reader, text);
+    throwAt(text, rejection.offset, rejection.message);
 }
 
 } // namespace
 
+QString readText(const QString &path)
+{
+    return decoded(readBytes(path));
+}
+
+const DocumentKind &kindOf(const QString &text)
+{
+    QXmlStreamReader reader(text);
+    if (!reader.readNextStartElement()) {
+        const Rejection error = errorOf(reader, text);
+        throwAt(text, error.offset, error.message, FindingId::NotWellFormed);
+    }
+    const DocumentKind *kind = findDocumentKind(reader.name());
+    if (!kind) {
+        throwAt(text, startOfToken(reader, text),
+                QStringLiteral("unknown kind of document '%1'").arg(reader.name().toString()),
+                FindingId::UnknownKind, documentKindNames());
+    }
+    return *kind;
+}
+
+std::optional<Rejection> readObject(Document &document)
+{
+    QXmlStreamReader reader(document.text);
+    reader.readNextStartElement();
+    try {
+        document.object->ProcessXml(reader);
+    } catch (const TESSEL::TesselException &exception) {
+        if (!reader.hasError())
+            return Rejection{exception.GetErrorMessage(),
+                             elementReadAt(document.text, reader.characterOffset())};
+    }
+    while (!reader.atEnd())
+        reader.readNext();
+    return reader.hasError() ? std::optional(errorOf(reader, document.text)) : std::nullopt;
+}
+
+std::optional<Rejection> checkObject(const Document &document)
+{
+    const auto complaint = complaintOf(*document.object);
+    if (!complaint)
+        return std::nullopt;
+    const QString objectName = complaint->section(QLatin1Char(':'), 0, 0);
+    return Rejection{*complaint, elementNamed(document.text, objectName)};
+}
+
 Document readDocument(const QString &path)
 {
-    Document document{decoded(readBytes(path)), nullptr, nullptr};
-    QXmlStreamReader reader(document.text);
-    if (!reader.readNextStartElement())
-        throwError(reader, document.text);
-    document.kind = &kindOf(reader, document.text);
+    Document document{readText(path), nullptr, nullptr};
+    document.kind = &kindOf(document.text);
     document.object = document.kind->create();
-    readInto(*document.object, reader, document.text);
+    if (const auto rejection = readObject(document))
+        throwRejection(*rejection, document.text);
     return document;
 }
 
 void checkDocument(const Document &document)
 {
-    const auto complaint = complaintOf(*document.object);
-    if (!complaint)
-        return;
-    const QString objectName = complaint->section(QLatin1Char(':'), 0, 0);
-    throwAt(document.text, elementNamed(document.text, objectName), *complaint);
+    if (const auto rejection = checkObject(document))
+        throwRejection(*rejection, document.text);
 }
 
 void throwAtRoot(const Document &document, const QString &message)
@@ -139,17 +162,31 @@ void complainAbout(const QString &path, const Document &document, QStringView se
     if (findings.empty())
         return;
     const TextPositions positions(document.text);
-    for (const Finding &finding : findings) {
-        Console::complain(QStringLiteral("%1:%2: %3: %4")
-                              .arg(path, toText(positions.at(finding.offset)), severity.toString(),
-                                   Console::oneLine(finding.message)));
-    }
+    for (const Finding &finding : findings)
+        Console::complain(complaintLine(path, positions.at(finding.offset), severity, finding));
+}
+
+QString complaintLine(const QString &path, const std::optional<TextPosition> &position, QStringView severity,
+                      const Finding &finding)
+{
+    const QString place = finding.path.isEmpty() ? QString() : finding.path + QStringLiteral(": ");
+    return complaintLine(path, position, severity, place + finding.message, finding.allowed);
 }
 
 void complainAbout(const QString &path, const DocumentError &error)
 {
+    Console::complain(complaintLine(path, error.position, u"error", error.message, error.allowed));
+}
+
+QString complaintLine(const QString &path, const std::optional<TextPosition> &position, QStringView severity,
+                      const QString &message, const QStringList &allowed)
+{
     QString line = path;
-    if (error.position)
-        line += QLatin1Char(':') + toText(*error.position);
-    Console::complain(line + QStringLiteral(": error: ") + Console::oneLine(error.message));
+    if (position)
+        line += QLatin1Char(':') + toText(*position);
+    line += QStringLiteral(": ") + Terminal::coloured(severity) + QStringLiteral(": ")
+        + Console::oneLine(message);
+    if (!allowed.isEmpty())
+        line += QStringLiteral(" (allowed: ") + allowed.join(QStringLiteral(", ")) + QLatin1Char(')');
+    return line;
 }

@@ -5,6 +5,7 @@
 #include <kormak/GenericReceiver.h>
 #include <kormak/Job.h>
 #include <tools/DocumentFields.h>
+#include <tools/DocumentForm.h>
 #include <tools/Obstacles.h>
 #include <tools/ParameterElements.h>
 #include <tools/ReceiverLint.h>
@@ -23,7 +24,8 @@ const Document &as(const ITesselObject &document)
 }
 
 template <class Document>
-constexpr DocumentKind kind(QStringView rootElement, const FieldTable &fields)
+constexpr DocumentKind kind(QStringView rootElement, const FieldTable &fields,
+                            const ObjectForm &(*form)(const XmlTree &))
 {
     return {
         rootElement,
@@ -32,12 +34,14 @@ constexpr DocumentKind kind(QStringView rootElement, const FieldTable &fields)
         [](const ITesselObject &document) -> const void * { return &as<Document>(document); },
         [](const ITesselObject &a, const ITesselObject &b) { return as<Document>(a) == as<Document>(b); },
         [](const ITesselObject &document) { return missingBeyondCheck(as<Document>(document)); },
+        form,
     };
 }
 
 constexpr DocumentKind workflowKind()
 {
-    DocumentKind row = kind<KORMAK::AutomaticWorkflow>(u"AutomaticWorkflow", AutomaticWorkflowFields);
+    DocumentKind row =
+        kind<KORMAK::AutomaticWorkflow>(u"AutomaticWorkflow", AutomaticWorkflowFields, workflowForm);
     row.obstacles = [](const ITesselObject &document, const XmlTree &tree) {
         return modeNotReadBack(as<KORMAK::AutomaticWorkflow>(document), tree);
     };
@@ -52,9 +56,10 @@ constexpr XmlDefault ParameterDefaults[] = {
 
 /// A kind that is made of parameters.
 template <class Document>
-constexpr DocumentKind parameterKind(QStringView rootElement, const FieldTable &fields)
+constexpr DocumentKind parameterKind(QStringView rootElement, const FieldTable &fields,
+                                     const ObjectForm &(*form)(const XmlTree &))
 {
-    DocumentKind row = kind<Document>(rootElement, fields);
+    DocumentKind row = kind<Document>(rootElement, fields, form);
     row.lint = [](const ITesselObject &document, const XmlTree &tree) {
         return lint(parameterElements(as<Document>(document), tree));
     };
@@ -66,11 +71,11 @@ constexpr DocumentKind parameterKind(QStringView rootElement, const FieldTable &
 }
 
 constexpr DocumentKind Kinds[] = {
-    kind<KORMAK::Job>(u"Job", JobFields),
+    kind<KORMAK::Job>(u"Job", JobFields, jobForm),
     workflowKind(),
-    kind<KORMAK::ActivityGenerationData>(u"ActivityGeneration", ActivityGenerationFields),
-    parameterKind<KORMAK::GenericReceiver>(u"GenericReceiver", GenericReceiverFields),
-    parameterKind<KORMAK::Parameter>(u"Parameter", ParameterFields),
+    kind<KORMAK::ActivityGenerationData>(u"ActivityGeneration", ActivityGenerationFields, generationForm),
+    parameterKind<KORMAK::GenericReceiver>(u"GenericReceiver", GenericReceiverFields, receiverForm),
+    parameterKind<KORMAK::Parameter>(u"Parameter", ParameterFields, parameterForm),
 };
 
 } // namespace

@@ -1,5 +1,5 @@
 // The kinds of document that the tool knows. A new kind is one row of the table, with the table of
-// its fields.
+// its fields and its form.
 #ifndef KORMAK_TOOLS_DOCUMENTKIND_H
 #define KORMAK_TOOLS_DOCUMENTKIND_H
 
@@ -17,6 +17,8 @@ namespace TESSEL {
 class ITesselObject;
 }
 
+struct ObjectForm;
+
 struct DocumentKind {
     using Examination = Findings (*)(const TESSEL::ITesselObject &document, const XmlTree &tree);
 
@@ -29,6 +31,7 @@ struct DocumentKind {
     bool (*areEqual)(const TESSEL::ITesselObject &a, const TESSEL::ITesselObject &b);
     /// What keeps a document from being written that passes Check() but is not complete.
     QStringList (*missing)(const TESSEL::ITesselObject &document);
+    const ObjectForm &(*form)(const XmlTree &tree); ///< how the document should be written
     Examination lint = nullptr; ///< what is suspicious about a document that is accepted; null: nothing
     Examination obstacles = nullptr; ///< what keeps a document from being rewritten; null: nothing special
     XmlDefaults defaults = {}; ///< what a rewritten document need not say

@@ -38,13 +38,15 @@ Findings modeNotReadBack(const AutomaticWorkflow &workflow, const XmlTree &tree)
         return {{tree.element(child).offset,
                  QStringLiteral(
                      "the mode would be written as the attribute \"Mode\", but it is read only from an "
-                     "element \"Mode\": the rewritten document would not be complete")}};
+                     "element \"Mode\": the rewritten document would not be complete"),
+                 tree.path(child)}};
     }
     if (child == XmlTree::None && tree.findAttribute(root, ModeName)) {
         return {
             {root.offset,
              QStringLiteral("the mode stands in the attribute \"Mode\", but it is read only from an element "
-                            "\"Mode\": the document is not complete")}};
+                            "\"Mode\": the document is not complete"),
+             tree.path(XmlTree::Root)}};
     }
     return {};
 }

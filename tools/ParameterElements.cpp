@@ -46,8 +46,7 @@ std::vector<Index> ParameterElement::inBlocks(QStringView name) const
 
 Finding ParameterElement::finding(Index element, const QString &message) const
 {
-    return {tree.element(element).offset,
-            QStringLiteral("Parameter '%1': %2").arg(parameter.GetUniqueParameterName(), message)};
+    return {tree.element(element).offset, message, tree.path(element)};
 }
 
 Finding ParameterElement::findingInBlocks(QStringView name, const QString &message) const

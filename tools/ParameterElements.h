@@ -27,7 +27,7 @@ public:
     /// them.
     [[nodiscard]] std::vector<XmlTree::Index> inBlocks(QStringView name) const;
 
-    /// At \a element: "Parameter 'NAME': MESSAGE"
+    /// At \a element.
     [[nodiscard]] Finding finding(XmlTree::Index element, const QString &message) const;
     /// At the last of the elements called \a name in the blocks, at the last block, or at the parameter,
     /// whichever there is.

@@ -93,6 +93,17 @@ Findings enumerationWithoutEntries(const Element &element)
     return {element.findingAtBlock(QStringLiteral("the enumeration has no entries"))};
 }
 
+/// The library is content with it, but writes nothing for it.
+Findings noValue(const Element &element)
+{
+    const Parameter &parameter = element.parameter;
+    const bool hasType = parameter.GetParameterType() != ParameterType::Invalid;
+    if (!hasType || parameter.IsEnum() || parameter.IsValidParameter())
+        return {};
+    return {element.findingAtBlock(
+        QStringLiteral("there is no value, so the parameter is not complete, and nothing would be written"))};
+}
+
 /// One finding for each entry to which \a clashesWith gives an earlier one.
 template <class ClashesWith>
 Findings clashes(const Element &element, ClashesWith clashesWith, const QString &clash)
@@ -188,9 +199,17 @@ Findings blockWithoutEnd(const Element &element)
 }
 
 constexpr Findings (*Rules[])(const Element &) = {
-    uniqueNameGivenBefore, limitsThatExcludeAll,   defaultOutsideLimits, enumerationWithoutEntries,
-    entriesOfOneKey,       entriesMarkedAsDefault, booleanType,          valueLeftByAnother,
-    lengthLeftByAnother,   blockWithoutEnd,
+    uniqueNameGivenBefore,
+    limitsThatExcludeAll,
+    defaultOutsideLimits,
+    enumerationWithoutEntries,
+    noValue,
+    entriesOfOneKey,
+    entriesMarkedAsDefault,
+    booleanType,
+    valueLeftByAnother,
+    lengthLeftByAnother,
+    blockWithoutEnd,
 };
 
 } // namespace

@@ -101,8 +101,8 @@ QString Usage::ofTool(const Commands &commands, const QList<QCommandLineOption> 
 
 QString Usage::ofCommand(const Command &command, const QList<QCommandLineOption> &options)
 {
-    const QString input =
-        command.arguments.name == FileName ? QStringLiteral("The file - is standard input.\n") : QString();
+    const bool takesFiles = command.arguments.name == FileName || command.arguments.name == PathName;
+    const QString input = takesFiles ? QStringLiteral("The file - is standard input.\n") : QString();
     return QStringLiteral("Usage: kormak %1 [OPTIONS] %2\n\n%3\n%4")
                .arg(command.name.toString(), command.arguments.usage.toString(),
                     command.description.toString(), input)

@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr int LongestQuotation = 200;
-
 std::optional<qint64> asInteger(const QString &text)
 {
     bool ok = false;
@@ -58,12 +56,6 @@ bool isSameNumber(const QString &a, const QString &b)
 bool saysSame(const QString &a, const QString &b)
 {
     return a == b || isSameNumber(a, b);
-}
-
-QString quoted(const QString &text)
-{
-    const QString shown = text.size() > LongestQuotation ? text.left(LongestQuotation) + QChar(0x2026) : text;
-    return QLatin1Char('"') + Console::oneLine(shown) + QLatin1Char('"');
 }
 
 QString kindName(XmlTree::Aside::Kind kind)
@@ -156,9 +148,9 @@ private:
 
     void lose(Index was, const QString &place, const QString &text, const std::optional<QString> &instead)
     {
-        const QString outcome = instead ? quoted(*instead) : QStringLiteral("missing");
+        const QString outcome = instead ? Console::quoted(*instead) : QStringLiteral("missing");
         add(original.element(was).offset,
-            original.path(was) + place + QStringLiteral(": was ") + quoted(text)
+            original.path(was) + place + QStringLiteral(": was ") + Console::quoted(text)
                 + QStringLiteral(", would be ") + outcome);
     }
 
@@ -195,7 +187,7 @@ private:
                 ? QString()
                 : original.path(aside.parent) + QStringLiteral(": ");
             add(aside.offset,
-                place + kindName(aside.kind) + QLatin1Char(' ') + quoted(aside.text)
+                place + kindName(aside.kind) + QLatin1Char(' ') + Console::quoted(aside.text)
                     + QStringLiteral(" would be missing"),
                 aside.kind == XmlTree::Aside::Kind::Comment);
         }

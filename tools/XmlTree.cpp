@@ -1,5 +1,6 @@
 #include "tools/XmlTree.h"
 
+#include <tools/Console.h>
 #include <tools/XmlPlaces.h>
 
 #include <QSet>
@@ -34,6 +35,8 @@ public:
                 break;
             }
         }
+        tree.isCut = reader.hasError();
+        tree.brokenElement = currentIndex();
     }
 
 private:
@@ -149,11 +152,16 @@ XmlTree::Index XmlTree::findChild(Index parent, QStringView name) const
 
 QString XmlTree::path(Index index) const
 {
+    constexpr int MostSteps = 20;
     QStringList steps;
-    for (; index != None; index = element(index).parent) {
+    for (; index != None && steps.size() < MostSteps; index = element(index).parent) {
         const Element &step = element(index);
         const Attribute *uniqueName = findAttribute(step, UniqueNameAttribute);
-        steps.prepend(uniqueName ? QStringLiteral("%1[%2]").arg(step.name, uniqueName->value) : step.name);
+        const QString name = Console::shortened(step.name);
+        steps.prepend(uniqueName ? QStringLiteral("%1[%2]").arg(name, Console::shortened(uniqueName->value))
+                                 : name);
     }
+    if (index != None)
+        steps.prepend(QString(QChar(0x2026)));
     return steps.join(QLatin1Char('/'));
 }

@@ -38,8 +38,12 @@ public:
 
     static constexpr Index Root = 0;
 
-    /// \a text is known to be well-formed.
+    /// When \a text is not well-formed, the tree holds what stands before the place where it breaks.
     explicit XmlTree(const QString &text);
+
+    [[nodiscard]] bool isBroken() const noexcept { return isCut; }
+    /// The innermost element that a broken text breaks off in; None when it does so outside the root.
+    [[nodiscard]] Index brokenIn() const noexcept { return brokenElement; }
 
     [[nodiscard]] const Element &element(Index index) const
     {
@@ -59,7 +63,8 @@ public:
     /// The first child called \a name, or None.
     [[nodiscard]] Index findChild(Index parent, QStringView name) const;
 
-    /// The names down to the element, the unique names of those that have one included.
+    /// The names down to the element, the unique names of those that have one included. Long names are cut,
+    /// and of a deep path only the end is told.
     [[nodiscard]] QString path(Index index) const;
 
 private:
@@ -68,7 +73,15 @@ private:
     std::vector<Element> elements;
     std::vector<Attribute> attributes;
     std::vector<Aside> asides;
+    bool isCut = false;
+    Index brokenElement = None;
 };
+
+/// The name of an element without its prefix.
+[[nodiscard]] inline QStringView localName(QStringView name)
+{
+    return name.mid(name.lastIndexOf(QLatin1Char(':')) + 1);
+}
 
 /// The attribute that tells apart elements of the same name.
 inline constexpr QStringView UniqueNameAttribute = u"UniqueName";

@@ -69,8 +69,15 @@ QStringList filesOf(const QList<QStringList> &rows)
     QStringList files;
     for (const QStringList &row : rows)
         files += row.first();
+    files.removeDuplicates();
     files.sort();
     return files;
+}
+
+/// What the tool says, without the names that are allowed.
+QString withoutNames(QString text)
+{
+    return text.remove(QRegularExpression(QStringLiteral(" \\(allowed: [^)]*\\)")));
 }
 
 const QString JobsHeading = QStringLiteral("## Jobs");
@@ -132,7 +139,10 @@ void ExamplesTest::jobs()
         ? QStringLiteral("Job, complete")
         : QStringLiteral("Job, not complete: the library accepts it but would write nothing for it");
     const Outcome check = runTool({QStringLiteral("check"), file});
-    QCOMPARE(check.errors, QString());
+    const QRegularExpression oneWarning(
+        QStringLiteral("^%1:\\d+:\\d+: warning: [^\n]+\n$").arg(QRegularExpression::escape(file)));
+    QVERIFY2(complete ? check.errors.isEmpty() : oneWarning.match(check.errors).hasMatch(),
+             qPrintable(check.errors));
     QCOMPARE(check.output, file + QStringLiteral(": ") + state + QLatin1Char('\n'));
     QCOMPARE(check.exitCode, 0);
 
@@ -169,7 +179,9 @@ void ExamplesTest::settingsAndReceivers()
     const Outcome check = runTool({QStringLiteral("check"), file});
     const QString line =
         file + (isFaulty ? QStringLiteral(":") : QStringLiteral(": ")) + saying + QLatin1Char('\n');
-    QCOMPARE(isFaulty ? check.errors : check.output, line);
+    if (isFaulty)
+        QCOMPARE(withoutNames(check.errors).section(QLatin1Char('\n'), -2), line); // behind a warning
+    QCOMPARE(check.output, isFaulty ? QString() : line);
     QCOMPARE(check.exitCode, isFaulty ? 1 : 0);
 
     const Outcome format = runTool({QStringLiteral("format"), file});
@@ -181,25 +193,30 @@ void ExamplesTest::settingsAndReceivers()
 void ExamplesTest::faulty_data()
 {
     QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("place");
-    QTest::addColumn<QString>("message");
+    QTest::addColumn<QStringList>("complaints");
 
     const auto rows = rowsOf(section(FaultyHeading));
-    for (const QStringList &row : rows) {
-        QCOMPARE(row.size(), 4);
-        QTest::newRow(qPrintable(row.first()))
-            << QStringLiteral("faulty/") + row.first() << row.at(2) << row.at(3);
+    for (const QString &name : filesOf(rows)) {
+        QStringList complaints;
+        for (const QStringList &row : rows) {
+            QCOMPARE(row.size(), 4);
+            if (row.first() == name)
+                complaints += row.at(2) + QStringLiteral(": error: ") + row.at(3);
+        }
+        QTest::newRow(qPrintable(name)) << QStringLiteral("faulty/") + name << complaints;
     }
 }
 
 void ExamplesTest::faulty()
 {
     QFETCH(QString, file);
-    QFETCH(QString, place);
-    QFETCH(QString, message);
+    QFETCH(QStringList, complaints);
 
+    QString errors;
+    for (const QString &complaint : complaints)
+        errors += file + QLatin1Char(':') + complaint + QLatin1Char('\n');
     const Outcome check = runTool({QStringLiteral("check"), file});
-    QCOMPARE(check.errors, QStringLiteral("%1:%2: error: %3\n").arg(file, place, message));
+    QCOMPARE(withoutNames(check.errors), errors);
     QCOMPARE(check.output, QString());
     QCOMPARE(check.exitCode, 1);
 }

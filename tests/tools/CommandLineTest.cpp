@@ -33,7 +33,7 @@ void CommandLineTest::help_data()
         "2 a file cannot be read or written, or the call is wrong.\n"
         "\n"
         "Commands:\n"
-        "  check FILE...      tell of each file what kind of document it is, and whether it is complete and "
+        "  check PATH...      tell of each file what kind of document it is, and whether it is complete and "
         "right\n"
         "  show FILE          show what a document holds\n"
         "  diff FILE FILE     tell in which fields two documents of a kind differ\n"
@@ -53,20 +53,44 @@ void CommandLineTest::help_data()
         "    --set AntennaData.MinimumFrequency=1.5e6 --set AntennaData.MaximumFrequency=30e6 -o job.xml\n"
         "  kormak check job.xml\n";
     const QString ofCheck =
-        "Usage: kormak check [OPTIONS] FILE...\n"
+        "Usage: kormak check [OPTIONS] PATH...\n"
         "\n"
-        "Tells the kind of each document from its root element and whether it is complete. What is wrong\n"
-        "goes to standard error as FILE:LINE:COLUMN: error: MESSAGE, and what is suspicious about a "
-        "document\n"
-        "that the library accepts as FILE:LINE:COLUMN: warning: MESSAGE. All files are gone through.\n"
+        "Tells the kind of each document from its root element and whether it is complete, and everything "
+        "that\n"
+        "is wrong with it. Of a folder, its *.xml files are checked, in the order of their names.\n"
+        "\n"
+        "Problems go to standard error as FILE:LINE:COLUMN: SEVERITY: PATH: MESSAGE, where PATH tells the\n"
+        "element or attribute (Job/JobHeader/Author). An \"error\" is what the library refuses the document "
+        "for;\n"
+        "a \"warning\" is what it accepts, but reads otherwise than it looks, or not at all. More than one "
+        "file, or\n"
+        "a folder, is summed up in the end.\n"
         "Exit status: 0 all are good, warnings or not, 1 a document is at fault, 2 a file cannot be read.\n"
+        "\n"
+        "With --format json everything goes to standard output, an object in each line. All have a "
+        "\"type\":\n"
+        "  finding  file, line, column, severity, id, path, message, found, allowed, complaint\n"
+        "  file     behind its findings: file, status, kind, complete, findings (how many)\n"
+        "  summary  in the end: files, good, faulty, unreadable (how many)\n"
+        "line and column count from 1 and are null if the file cannot be read. severity is error or warning, "
+        "status\n"
+        "good, faulty or unreadable. found is the text that is there, allowed lists the names that could be "
+        "there,\n"
+        "complaint is what the library says; these, path and kind are null where there is none.\n"
+        "id tells findings apart: bad-value, encoding, misplaced-element, missing-attribute, "
+        "missing-element,\n"
+        "not-well-formed, refused, repeated, stray-text, suspicious, unknown-attribute, unknown-element,\n"
+        "unknown-kind, unread, unreadable.\n"
         "The file - is standard input.\n"
         "\n"
         "Options:\n"
-        "  -h, --help  Show this help.\n"
+        "  -r, --recursive  Go through the folders below a folder, too.\n"
+        "  -j, --jobs N     Check N files at a time (default: one per processor core).\n"
+        "  --format FORMAT  text (for people, the default) or json (for scripts).\n"
+        "  -h, --help       Show this help.\n"
         "\n"
         "Example:\n"
-        "  kormak check jobs/*.xml\n";
+        "  kormak check -r --format json jobs settings/workflow.xml\n";
     const QString ofShow =
         "Usage: kormak show [OPTIONS] FILE\n"
         "\n"
@@ -228,7 +252,8 @@ void CommandLineTest::wrongCalls_data()
     QTest::newRow("unknown option of the tool")
         << QStringList{"--foo"} << "kormak: Unknown option 'foo'. Allowed: -h, --help, -v, --version\n";
     QTest::newRow("unknown option of check") << QStringList{"check", "--foo", "job.xml"}
-                                             << "kormak check: Unknown option 'foo'. Allowed: -h, --help\n";
+                                             << "kormak check: Unknown option 'foo'. Allowed: -r, "
+                                                "--recursive, -j, --jobs N, --format FORMAT, -h, --help\n";
     QTest::newRow("option of the tool behind a command")
         << QStringList{"show", "--version", "job.xml"}
         << "kormak show: Unknown option 'version'. Allowed: --format FORMAT, -h, --help\n";
@@ -238,7 +263,7 @@ void CommandLineTest::wrongCalls_data()
     QTest::newRow("option without its value") << QStringList{"format", "job.xml", "-o"}
                                               << "kormak format: Missing value after '-o'. Allowed: -o OUT, "
                                                  "--in-place, --drop-comments, -h, --help\n";
-    QTest::newRow("check without a file") << QStringList{"check"} << "kormak check: no FILE given\n";
+    QTest::newRow("check without a file") << QStringList{"check"} << "kormak check: no PATH given\n";
     QTest::newRow("show without a file") << QStringList{"show"} << "kormak show: no FILE given\n";
     QTest::newRow("format without a file")
         << QStringList{"format", "--in-place"} << "kormak format: no FILE given\n";
@@ -263,6 +288,20 @@ void CommandLineTest::wrongCalls_data()
         << QStringList{"show", "job.xml", "job.xml"} << "kormak show: takes one FILE, not 2\n";
     QTest::newRow("format of three files")
         << QStringList{"format", "job.xml", "a", "b"} << "kormak format: takes one FILE, not 3\n";
+    QTest::newRow("check with no thread")
+        << QStringList{"check", "-j", "0", "job.xml"} << "kormak check: -j takes a number from 1, not '0'\n";
+    QTest::newRow("check with threads in words") << QStringList{"check", "--jobs", "two", "job.xml"}
+                                                 << "kormak check: -j takes a number from 1, not 'two'\n";
+    QTest::newRow("check with fewer than no threads") << QStringList{"check", "--jobs=-1", "job.xml"}
+                                                      << "kormak check: -j takes a number from 1, not '-1'\n";
+    QTest::newRow("check in another format") << QStringList{"check", "--format", "xml", "job.xml"}
+                                             << "kormak check: Unknown format 'xml'. Allowed: text, json\n";
+    QTest::newRow("check without a format") << QStringList{"check", "job.xml", "--format"}
+                                            << "kormak check: Missing value after '--format'. Allowed: -r, "
+                                               "--recursive, -j, --jobs N, --format FORMAT, -h, "
+                                               "--help\n";
+    QTest::newRow("check of standard input twice") << QStringList{"check", "-", "job.xml", "-"}
+                                                   << "kormak check: standard input can be read only once\n";
     QTest::newRow("format to a file and in place")
         << QStringList{"format", "job.xml", "--in-place", "-o", "out.xml"}
         << "kormak format: only one of -o and --in-place can be given, and only once\n";

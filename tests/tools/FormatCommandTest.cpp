@@ -378,17 +378,20 @@ void FormatCommandTest::refused_data()
                                   << "1:1: error: unknown kind of document 'Work' (" + knownKinds() + ")";
     QTest::newRow("mode of a workflow as an attribute")
         << QByteArray("<AutomaticWorkflow Version='1.0' Mode='ManualMode'/>")
-        << "1:1: error: the mode stands in the attribute \"Mode\", but it is read only from an element "
+        << "1:1: error: AutomaticWorkflow: the mode stands in the attribute \"Mode\", but it is read only "
+           "from an element "
            "\"Mode\": "
            "the document is not complete";
     QTest::newRow("mode of a workflow as an element")
         << completeWorkflow()
-        << "3:5: error: the mode would be written as the attribute \"Mode\", but it is read only from an "
+        << "3:5: error: AutomaticWorkflow/Mode: the mode would be written as the attribute \"Mode\", but it "
+           "is read only from an "
            "element "
            "\"Mode\": the rewritten document would not be complete";
     QTest::newRow("mode of a workflow as both")
         << with(completeWorkflow(), "Workflow Version", "Workflow Mode=\"ManualMode\" Version")
-        << "3:5: error: the mode would be written as the attribute \"Mode\", but it is read only from an "
+        << "3:5: error: AutomaticWorkflow/Mode: the mode would be written as the attribute \"Mode\", but it "
+           "is read only from an "
            "element "
            "\"Mode\": the rewritten document would not be complete";
     QTest::newRow("workflow without a mode")
@@ -409,21 +412,22 @@ void FormatCommandTest::refused_data()
         << "2:1: error: ActivityGeneration: Please set ActivityGenerationMode";
     QTest::newRow("parameter without a value type")
         << with(completeParameter(), "    <ValueType>ValueNumericInt</ValueType>\n", "")
-        << "2:1: error: Parameter 'Gain': not complete: Parameter: Please set ValueType";
+        << "2:1: error: Parameter[Gain]: not complete: Parameter: Please set ValueType";
     QTest::newRow("parameter without a name")
         << with(completeParameter(), " UniqueName=\"Gain\"", "")
-        << "2:1: error: Parameter '': not complete: Parameter: Please set UniqueName attribute";
+        << "2:1: error: Parameter: not complete: Parameter: Please set UniqueName attribute";
     QTest::newRow("parameter without data")
         << with(completeParameter(), "<ParameterType>Integer<", "<ParameterType>Double<")
-        << "2:1: error: Parameter 'Gain': not complete: its handler holds no data";
+        << "2:1: error: Parameter[Gain]: not complete: its handler holds no data";
     QTest::newRow("one incomplete parameter of a receiver")
         << with(completeReceiver(), "        <ParameterType>Enum</ParameterType>\n", "")
-        << "3:5: error: Parameter 'Filter': not complete: Parameter: Please set ParameterType";
+        << "3:5: error: GenericReceiver/Parameter[Filter]: not complete: Parameter: Please set ParameterType";
     QTest::newRow("incomplete parameter that another replaces")
         << with(completeReceiver(), "<Parameter Version=\"1.0\" UniqueName=\"Level\">",
                 "<Parameter UniqueName=\"Level\"/><Parameter UniqueName=\"Level\">")
                .replace("<RepresentationName>rx.level<", "<RepresentationName><")
-        << "13:36: error: Parameter 'Level': not complete: Parameter: Please set RepresentationName";
+        << "13:36: error: GenericReceiver/Parameter[Level]: not complete: Parameter: Please set "
+           "RepresentationName";
     QTest::newRow("not UTF-8") << QByteArray("\xFF") << "1:1: error: byte 0xff is not UTF-8";
 }
 
@@ -459,11 +463,15 @@ void FormatCommandTest::incompleteParameters()
                  "<Parameter/>\n"
                  "</GenericReceiver>\n");
     const Run run = folder.run({"format", "r.xml"});
-    QCOMPARE(run.err,
-             QString("r.xml:2:1: error: Parameter 'z': not complete: Parameter: Please set ValueType\n"
-                     "r.xml:3:1: error: Parameter 'b': not complete: Parameter: Please set ParameterType\n"
-                     "r.xml:5:1: error: Parameter 'a': not complete: its handler holds no data\n"
-                     "r.xml:6:1: error: Parameter '': not complete: Parameter: Please set ParameterType\n"));
+    QCOMPARE(
+        run.err,
+        QString(
+            "r.xml:2:1: error: GenericReceiver/Parameter[z]: not complete: Parameter: Please set ValueType\n"
+            "r.xml:3:1: error: GenericReceiver/Parameter[b]: not complete: Parameter: Please set "
+            "ParameterType\n"
+            "r.xml:5:1: error: GenericReceiver/Parameter[a]: not complete: its handler holds no data\n"
+            "r.xml:6:1: error: GenericReceiver/Parameter: not complete: Parameter: Please set "
+            "ParameterType\n"));
     QCOMPARE(run.out, QString());
     QCOMPARE(run.status, 1);
 }

@@ -4,6 +4,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QString>
@@ -44,9 +46,10 @@ public:
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
     }
 
-    /// Runs the tool; \a input is its standard input, \a outputFile, if given, takes its standard output.
+    /// Runs the tool; \a input is its standard input, \a outputFile, if given, takes its standard output, and
+    /// \a errorFile its standard error.
     [[nodiscard]] Run run(const QStringList &arguments, const QByteArray &input = {},
-                          const QString &outputFile = {}) const
+                          const QString &outputFile = {}, const QString &errorFile = {}) const
     {
         constexpr int Patience = 240 * 1000;
         QProcess process;
@@ -54,6 +57,8 @@ public:
         process.setProcessEnvironment(environment);
         if (!outputFile.isEmpty())
             process.setStandardOutputFile(outputFile);
+        if (!errorFile.isEmpty())
+            process.setStandardErrorFile(errorFile);
         process.start(KORMAK_TOOL, arguments);
         process.write(input);
         process.closeWriteChannel();
@@ -69,6 +74,16 @@ private:
     QTemporaryDir folder;
 };
 
+/// The lines of \a text, which are objects in JSON.
+inline QList<QJsonObject> jsonLines(const QString &text)
+{
+    QList<QJsonObject> objects;
+    const QStringList lines = text.split('\n');
+    for (const QString &line : lines.mid(0, lines.size() - 1))
+        objects << QJsonDocument::fromJson(line.toUtf8()).object();
+    return objects;
+}
+
 /// QSKIP() without its empty list of arguments, of which clang++ warns; to be followed by return.
 inline void skip(const char *reason)
 {
@@ -78,7 +93,7 @@ inline void skip(const char *reason)
 /// The kinds of document that the tool knows, as its messages name them.
 inline QString knownKinds()
 {
-    return "known: Job, AutomaticWorkflow, ActivityGeneration, GenericReceiver, Parameter";
+    return "allowed: Job, AutomaticWorkflow, ActivityGeneration, GenericReceiver, Parameter";
 }
 
 /// A complete job, as the library writes it.

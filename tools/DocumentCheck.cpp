@@ -1,0 +1,107 @@
+#include "tools/DocumentCheck.h"
+
+#include <tools/DocumentFile.h>
+#include <tools/FormProblems.h>
+#include <tools/XmlPlaces.h>
+
+#include <QXmlStreamReader>
+
+#include <algorithm>
+
+namespace {
+
+/// How the text breaks off, if it is not well-formed.
+std::optional<Finding> breakOf(const QString &text, const XmlTree &tree)
+{
+    QXmlStreamReader reader(text);
+    while (!reader.atEnd())
+        reader.readNext();
+    if (!reader.hasError())
+        return std::nullopt;
+    return Finding{placeOfError(reader, text), reader.errorString(), tree.path(tree.brokenIn()),
+                   FindingId::NotWellFormed, Severity::Error};
+}
+
+/// A finding tells of the refusal when the library says what it says, or when it is an error at that place.
+bool isTold(const Rejection &rejection, const Findings &findings)
+{
+    return std::any_of(findings.begin(), findings.end(), [&rejection](const Finding &finding) {
+        return finding.severity == Severity::Error
+            && (finding.complaint == rejection.message
+                || (finding.complaint.isEmpty() && finding.offset == rejection.offset));
+    });
+}
+
+void append(Findings &findings, Findings more)
+{
+    std::move(more.begin(), more.end(), std::back_inserter(findings));
+}
+
+FileCheck failed(const QString &path, const DocumentError &error)
+{
+    const Finding finding{0, error.message, {}, error.id, Severity::Error, {}, error.allowed};
+    return {path, error.position ? Faulty : Failed, nullptr, false, {}, {{finding, error.position}}};
+}
+
+} // namespace
+
+FileCheck unreadable(const QString &path, const QString &reason)
+{
+    return failed(path, {reason});
+}
+
+FileCheck checkFile(const QString &path)
+{
+    try {
+        return checkText(path, readText(path));
+    } catch (const DocumentError &error) {
+        return failed(path, error);
+    }
+}
+
+FileCheck checkText(const QString &path, const QString &text)
+{
+    Document document{text, nullptr, nullptr};
+    try {
+        document.kind = &kindOf(text);
+    } catch (const DocumentError &error) {
+        return failed(path, error);
+    }
+    document.object = document.kind->create();
+    const XmlTree tree(text);
+    Findings findings = findProblems(tree, document.kind->form(tree));
+    std::optional<Rejection> rejection = readObject(document);
+    if (rejection) {
+        if (auto broken = breakOf(text, tree))
+            findings.push_back(std::move(*broken));
+    } else {
+        rejection = checkObject(document);
+        if (document.kind->lint)
+            append(findings, document.kind->lint(*document.object, tree));
+    }
+    if (rejection && !isTold(*rejection, findings)) {
+        findings.push_back({rejection->offset,
+                            rejection->message,
+                            {},
+                            FindingId::Refused,
+                            Severity::Error,
+                            {},
+                            {},
+                            rejection->message});
+    }
+    std::stable_sort(findings.begin(), findings.end(),
+                     [](const Finding &a, const Finding &b) { return a.offset < b.offset; });
+
+    FileCheck check{path, rejection ? Faulty : Good, document.kind, document.object->HasData()};
+    if (!rejection)
+        check.state = stateOf(document);
+    if (findings.empty())
+        return check;
+    const TextPositions positions(text);
+    check.findings.reserve(findings.size());
+    for (Finding &finding : findings) {
+        const TextPosition position = positions.at(finding.offset);
+        check.findings.push_back({std::move(finding), position});
+    }
+    return check;
+}
