@@ -19,7 +19,7 @@ QList<QCommandLineOption> options()
 {
     return {
         {OutputOption.toString(), QStringLiteral("Write to the file OUT."), QStringLiteral("OUT")},
-        {InPlaceOption.toString(), QStringLiteral("Write to FILE itself.")},
+        {InPlaceOption.toString(), QStringLiteral("Write to each FILE itself.")},
         {DropCommentsOption.toString(), QStringLiteral("Write even if comments are lost.")},
     };
 }
@@ -89,6 +89,9 @@ QString targetOf(const QCommandLineParser &parser, const QString &source)
     const QStringList outputs = parser.values(OutputOption.toString());
     if (outputs.size() + (isInPlace ? 1 : 0) > 1)
         throw UsageError{QStringLiteral("only one of -o and --in-place can be given, and only once")};
+    const auto count = parser.positionalArguments().size();
+    if (count > 1 && !isInPlace)
+        throw UsageError{QStringLiteral("takes one FILE, not %1, unless with --in-place").arg(count)};
     if (isInPlace && source == StandardStream)
         throw UsageError{QStringLiteral("standard input cannot be written in place")};
     if (isInPlace)
@@ -98,11 +101,19 @@ QString targetOf(const QCommandLineParser &parser, const QString &source)
 
 ExitStatus run(const QCommandLineParser &parser)
 {
-    const QString source = parser.positionalArguments().constFirst();
-    const QString target = targetOf(parser, source);
+    const QStringList sources = parser.positionalArguments();
+    std::vector<QString> targets;
+    std::transform(sources.begin(), sources.end(), std::back_inserter(targets),
+                   [&parser](const QString &source) { return targetOf(parser, source); });
     const bool dropsComments = parser.isSet(DropCommentsOption.toString());
-    return onDocument(
-        source, [&](const Document &document) { return format(document, source, target, dropsComments); });
+    ExitStatus worst = Good;
+    for (int i = 0; i < static_cast<int>(sources.size()); ++i) {
+        const auto formatIt = [&](const Document &document) {
+            return format(document, sources[i], targets[static_cast<std::size_t>(i)], dropsComments);
+        };
+        worst = std::max(worst, onDocument(sources[i], formatIt));
+    }
+    return worst;
 }
 
 } // namespace
@@ -113,10 +124,11 @@ const Command formatCommand{
     u"Reads the document and writes it as the library writes it, to standard output unless told otherwise,\n"
     u"all of it or nothing. When the rewritten document would not say all that FILE says, nothing is\n"
     u"written, and standard error tells what would be lost as FILE:LINE:COLUMN: loss: PATH: ...\n"
-    u"Exit status: 0 it is written, 1 the document is at fault or something would be lost,\n"
+    u"With --in-place, several files are gone through, each for itself.\n"
+    u"Exit status: 0 all are written, 1 a document is at fault or something would be lost,\n"
     u"2 a file cannot be read or written.",
-    u"kormak format -o tidy.xml job.xml",
-    OneFile,
+    u"kormak format --in-place jobs/*.xml",
+    ManyFiles,
     options,
     run,
 };

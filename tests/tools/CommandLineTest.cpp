@@ -37,7 +37,7 @@ void CommandLineTest::help_data()
         "right\n"
         "  show FILE          show what a document holds\n"
         "  diff FILE FILE     tell in which fields two documents of a kind differ\n"
-        "  format FILE        write a document in canonical form\n"
+        "  format FILE...     write a document in canonical form\n"
         "  new KIND           make a document with the given fields\n"
         "  list [VOCABULARY]  list the vocabularies, or the names in one of them\n"
         "\n"
@@ -174,24 +174,25 @@ void CommandLineTest::help_data()
         "Example:\n"
         "  kormak list JobType\n";
     const QString ofFormat =
-        "Usage: kormak format [OPTIONS] FILE\n"
+        "Usage: kormak format [OPTIONS] FILE...\n"
         "\n"
         "Reads the document and writes it as the library writes it, to standard output unless told "
         "otherwise,\n"
         "all of it or nothing. When the rewritten document would not say all that FILE says, nothing is\n"
         "written, and standard error tells what would be lost as FILE:LINE:COLUMN: loss: PATH: ...\n"
-        "Exit status: 0 it is written, 1 the document is at fault or something would be lost,\n"
+        "With --in-place, several files are gone through, each for itself.\n"
+        "Exit status: 0 all are written, 1 a document is at fault or something would be lost,\n"
         "2 a file cannot be read or written.\n"
         "The file - is standard input.\n"
         "\n"
         "Options:\n"
         "  -o OUT           Write to the file OUT.\n"
-        "  --in-place       Write to FILE itself.\n"
+        "  --in-place       Write to each FILE itself.\n"
         "  --drop-comments  Write even if comments are lost.\n"
         "  -h, --help       Show this help.\n"
         "\n"
         "Example:\n"
-        "  kormak format -o tidy.xml job.xml\n";
+        "  kormak format --in-place jobs/*.xml\n";
 
     QTest::newRow("tool") << QStringList{"--help"} << ofTool;
     QTest::newRow("tool, short") << QStringList{"-h"} << ofTool;
@@ -287,7 +288,17 @@ void CommandLineTest::wrongCalls_data()
     QTest::newRow("show of two files")
         << QStringList{"show", "job.xml", "job.xml"} << "kormak show: takes one FILE, not 2\n";
     QTest::newRow("format of three files")
-        << QStringList{"format", "job.xml", "a", "b"} << "kormak format: takes one FILE, not 3\n";
+        << QStringList{"format", "job.xml", "a", "b"}
+        << "kormak format: takes one FILE, not 3, unless with --in-place\n";
+    QTest::newRow("format of two files to one")
+        << QStringList{"format", "job.xml", "job.xml", "-o", "out.xml"}
+        << "kormak format: takes one FILE, not 2, unless with --in-place\n";
+    QTest::newRow("format of two files in place and to one")
+        << QStringList{"format", "job.xml", "job.xml", "-o", "out.xml", "--in-place"}
+        << "kormak format: only one of -o and --in-place can be given, and only once\n";
+    QTest::newRow("format of files and standard input in place")
+        << QStringList{"format", "--in-place", "job.xml", "-"}
+        << "kormak format: standard input cannot be written in place\n";
     QTest::newRow("check with no thread")
         << QStringList{"check", "-j", "0", "job.xml"} << "kormak check: -j takes a number from 1, not '0'\n";
     QTest::newRow("check with threads in words") << QStringList{"check", "--jobs", "two", "job.xml"}

@@ -22,6 +22,8 @@ private Q_SLOTS:
     void nothingIsWrittenOnLoss();
     void refused_data();
     void refused();
+    void severalFiles();
+    void severalFilesThatAreGood();
     void incompleteParameters();
     void unwritable_data();
     void unwritable();
@@ -445,6 +447,48 @@ void FormatCommandTest::refused()
     QFile file(folder.path("job.xml"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), document);
+}
+
+void FormatCommandTest::severalFiles()
+{
+    const QByteArray untidy = completeJob().replace("    ", "\t");
+    Folder folder;
+    folder.write("a.xml", untidy);
+    folder.write("bad.xml", jobWithoutAuthor());
+    folder.write("commented.xml", untidy + "<!-- a -->");
+    folder.write("z.xml", completeParameter().replace("\n", "\r\n"));
+    const Run run = folder.run({"format", "--in-place", "a.xml", "bad.xml", "commented.xml", "z.xml"});
+    QCOMPARE(
+        run.err,
+        QString(
+            "bad.xml:3:5: error: JobHeader: Please set Author\n"
+            "commented.xml:16:1: loss: the comment \" a \" would be missing\n"
+            "commented.xml: error: not written, since the lines above would be lost (--drop-comments allows "
+            "to lose comments)\n"));
+    QCOMPARE(run.out, QString());
+    QCOMPARE(run.status, 1);
+    QCOMPARE(folder.read("a.xml"), QString(completeJob()));
+    QCOMPARE(folder.read("bad.xml"), QString(jobWithoutAuthor()));
+    QCOMPARE(folder.read("commented.xml"), QString(untidy + "<!-- a -->"));
+    QCOMPARE(folder.read("z.xml"), QString(completeParameter()));
+
+    const Run missing = folder.run({"format", "--in-place", "none.xml", "bad.xml"});
+    QCOMPARE(missing.err,
+             QString("none.xml: error: cannot be read: No such file or directory\n"
+                     "bad.xml:3:5: error: JobHeader: Please set Author\n"));
+    QCOMPARE(missing.status, 2);
+}
+
+void FormatCommandTest::severalFilesThatAreGood()
+{
+    Folder folder;
+    folder.write("a.xml", completeJob().replace("    ", "\t"));
+    folder.write("b.xml", completeJob() + "<!-- a -->");
+    const Run run = folder.run({"format", "a.xml", "--drop-comments", "b.xml", "--in-place"});
+    QCOMPARE(run.err + run.out, QString());
+    QCOMPARE(run.status, 0);
+    QCOMPARE(folder.read("a.xml"), QString(completeJob()));
+    QCOMPARE(folder.read("b.xml"), QString(completeJob()));
 }
 
 void FormatCommandTest::incompleteParameters()
