@@ -295,7 +295,11 @@ void HostileDocumentsTest::encodings()
     ToolSupport::Folder folder;
     folder.write("job.xml", bytes);
     KORMAK::Job job;
-    QCOMPARE(job.LoadXml(folder.path("job.xml")), isLoaded);
+    const bool answer = job.LoadXml(folder.path("job.xml"));
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    QEXPECT_FAIL("NUL behind the document", "whatever stands behind a NUL is passed over", Continue);
+#endif
+    QCOMPARE(answer, isLoaded);
     QVERIFY(isLoaded ? job.GetJobHeader().GetAuthor() == author
                      : author.startsWith(job.GetJobHeader().GetAuthor())); // what came before the fault
     const ToolSupport::Run run = folder.run({"check", "job.xml"});

@@ -3,7 +3,7 @@
 #include "../ObjectStates.h"
 #include "../RandomDocuments.h"
 
-#include <cstring>
+#include <algorithm>
 #include <functional>
 #include <utility>
 
@@ -273,7 +273,6 @@ bool equalByFields(const ActivityGenerationData &a, const ActivityGenerationData
     return stateOf(a)["Mode"] == stateOf(b)["Mode"];
 }
 
-/// As the receiver keeps it: the state alone decides, and of a version that nothing shows.
 bool equalByFields(const Parameter &a, const Parameter &b)
 {
     const State first = stateOf(a);
@@ -327,7 +326,6 @@ bool equalByFields(const GenericReceiver &a, const GenericReceiver &b)
                       [](const Parameter &p, const Parameter &q) { return equalByFields(p, q); });
 }
 
-/// Objects of a kind, one after the other.
 template <class Object>
 using Maker = std::function<Object(RandomDocuments &, int index)>;
 

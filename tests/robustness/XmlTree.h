@@ -20,7 +20,7 @@ struct Node {
         Element,
         Text,
         Markup, ///< a comment or processing instruction
-        DocumentType, ///< not at its place; Qt's reader minds it in texts only
+        DocumentType, ///< not at its place, in a version of Qt that minds it in texts only
         Fault, ///< whatever XML does not allow in this place
     };
 
