@@ -1,5 +1,5 @@
-// Complete objects of every kind, and the documents that they write, with random values: texts with markup and from many
-// scripts, numbers up to the limits of their types and beyond.
+// Complete objects of every kind, and the documents that they write, with random values: texts with markup
+// and from many scripts, numbers up to the limits of their types and beyond.
 #ifndef KORMAK_RANDOMDOCUMENTS_H
 #define KORMAK_RANDOMDOCUMENTS_H
 
@@ -36,8 +36,9 @@ public:
         return parameter(index).GetXmlString();
     }
 
-private:
     int below(int end) { return random.bounded(end); }
+
+private:
     bool maybe() { return below(2) == 0; }
 
     template <class Number>

@@ -250,7 +250,7 @@ void HostileDocumentsTest::encodings_data()
     const QString text = QString::fromUtf8(job);
     const QByteArray declared = QByteArray(job).replace("\"1.0\"?>", "\"1.0\" encoding=\"UTF-16\"?>");
     const auto author = [](const QByteArray &bytes) { return ToolSupport::jobWith("Mara Lind", bytes); };
-    const QString replaced(QChar(QChar::ReplacementCharacter));
+    const auto replaced = QString(QChar(QChar::ReplacementCharacter));
     const auto notUtf8 = [](const char *place, const char *byte) {
         return QString("%1: error: byte 0x%2 is not UTF-8").arg(place, byte);
     };

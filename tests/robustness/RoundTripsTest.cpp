@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <limits>
 #include <utility>
 
 using namespace KORMAK;
@@ -326,6 +327,184 @@ bool equalByFields(const GenericReceiver &a, const GenericReceiver &b)
                       [](const Parameter &p, const Parameter &q) { return equalByFields(p, q); });
 }
 
+// Changes of one thing each, to see whether it counts.
+
+template <class Object>
+using Changes = QVector<std::function<void(Object &)>>;
+
+constexpr double Nan = std::numeric_limits<double>::quiet_NaN();
+
+/// \a change of a part of an object.
+template <class Object, class Part, class Get>
+Changes<Object> changesOfPart(const Changes<Part> &changes, Get get)
+{
+    Changes<Object> result;
+    for (const auto &change : changes)
+        result << [change, get](Object &object) { change(get(object)); };
+    return result;
+}
+
+Changes<TESSEL::Area> changesOf(const TESSEL::Area & /*kind*/)
+{
+    using TESSEL::Area;
+    return {[](Area &a) { (void)a.SetXmlString("<Area Version=\"other\"/>", true); },
+            [](Area &a) { a.SetName(a.GetName() + 'x'); }, [](Area &a) { a.AddCoordinate({}); },
+            [](Area &a) {
+                a.GetCoordinate().prepend({0.0, Nan});
+            },
+            [](Area &a) {
+                for (TESSEL::Coordinate &c : a.GetCoordinate())
+                    c.SetLongitude(-c.GetLongitude());
+            }};
+}
+
+Changes<TESSEL::AntennaData> changesOf(const TESSEL::AntennaData & /*kind*/)
+{
+    using TESSEL::AntennaData;
+    return {[](AntennaData &a) { (void)a.SetXmlString("<AntennaData Version=\"other\"/>", true); },
+            [](AntennaData &a) { a.SetName(a.GetName() + 'x'); },
+            [](AntennaData &a) { a.SetMinimumFrequency(-a.GetMinimumFrequency()); },
+            [](AntennaData &a) { a.SetMaximumFrequency(a.GetMaximumFrequency() / 2); },
+            [](AntennaData &a) { a.SetAzimuth(Nan); },
+            [](AntennaData &a) { a.SetAzimuth(1); },
+            [](AntennaData &a) { a.SetPolarization(AntennaData::Slant); }};
+}
+
+Changes<JobHeader> changesOf(const JobHeader & /*kind*/)
+{
+    const auto read = [](const char *element) {
+        return [element](JobHeader &h) {
+            (void)h.SetXmlString("<JobHeader Version=\"" + h.GetVersion().toHtmlEscaped() + "\">" + element
+                                     + "</JobHeader>",
+                                 true);
+        };
+    };
+    return {[](JobHeader &h) { (void)h.SetXmlString("<JobHeader Version=\"other\"/>", true); },
+            [](JobHeader &h) { h.SetAuthor(h.GetAuthor() + 'x'); },
+            [](JobHeader &h) { h.SetDescription(h.GetDescription() + 'x'); },
+            [](JobHeader &h) { h.SetCreation(h.GetCreation().addMSecs(1)); },
+            [](JobHeader &h) { h.SetCreation(h.GetCreation().addMSecs(-1)); },
+            [](JobHeader &h) { h.SetCreation(h.GetCreation().addSecs(1)); },
+            [](JobHeader &h) { h.SetJobType(JobType::ExciterHF); },
+            read("<ShowJDH>True</ShowJDH>"),
+            read("<ShowJDH>true</ShowJDH>")};
+}
+
+Changes<Job> changesOf(const Job & /*kind*/)
+{
+    Changes<Job> changes{
+        [](Job &j) { (void)j.SetXmlString("<Job Version=\"other\"/>", true); },
+        [](Job &j) { j.SetResourceType(TESSEL::ResourceType::GetInvalidResourceType()); },
+    };
+    changes +=
+        changesOfPart<Job>(changesOf(JobHeader()), [](Job &j) -> JobHeader & { return j.GetJobHeader(); });
+    changes += changesOfPart<Job>(changesOf(TESSEL::AntennaData()),
+                                  [](Job &j) -> TESSEL::AntennaData & { return j.GetAntennaData(); });
+    return changes;
+}
+
+Changes<AutomaticWorkflow> changesOf(const AutomaticWorkflow & /*kind*/)
+{
+    using Workflow = AutomaticWorkflow;
+    Changes<Workflow> changes{
+        [](Workflow &w) { (void)w.SetXmlString("<AutomaticWorkflow Version=\"other\"/>", true); },
+        [](Workflow &w) { w.SetWorkflowMode(Workflow::ManualMode); },
+        [](Workflow &w) { w.SetNumberClassifiers(w.GetNumberClassifiers() % 23 + 1); },
+        [](Workflow &w) { w.SetClassificationTime(w.GetClassificationTime() % 999 + 1); },
+        [](Workflow &w) { w.SetClassificationResults(w.GetClassificationResults() % 10 + 1); },
+        [](Workflow &w) { w.SetSearchStrategy(Workflow::ShortestSignalsFirst); },
+        [](Workflow &w) { w.SetHFBitstreamClassification(!w.GetHFBitstreamClassification()); },
+    };
+    return changes + changesOfPart<Workflow>(changesOf(TESSEL::Area()), [](Workflow &w) -> TESSEL::Area & {
+               return w.GetArea();
+           });
+}
+
+Changes<ActivityGenerationData> changesOf(const ActivityGenerationData & /*kind*/)
+{
+    using Data = ActivityGenerationData;
+    return {[](Data &d) { d.SetActivtyGenerationMode(Data::AGED); },
+            [](Data &d) { d.SetAutoStartOn(!d.GetAutoStartOn()); },
+            [](Data &d) { d.SetClassStopScore(d.GetClassStopScore() / 2); },
+            [](Data &d) { d.SetSessionCloseTime(std::numeric_limits<float>::quiet_NaN()); },
+            [](Data &d) { d.SetDbWriteClass(Data::Always); }};
+}
+
+template <class Handler, class Get>
+Changes<Parameter> changesOfNumbers(Get get)
+{
+    return changesOfPart<Parameter>(
+        Changes<Handler>{
+            [](Handler &h) { h.SetMinimum(h.GetMinimum() / 2); },
+            [](Handler &h) { h.SetMaximum(h.GetMaximum() / 2); },
+            [](Handler &h) { h.SetDefault(h.GetDefault() / 2 + 1); },
+            [](Handler &h) { h.SetValue(h.GetValue() / 2 + 1); },
+            [](Handler &h) { h.SetMultiplier(h.GetMultiplier() + 1); },
+            [](Handler &h) { h.SetRepresentationName(h.GetRepresentationName() + 'x'); },
+            [](Handler &h) { h.SetUniqueParameterName(h.GetUniqueParameterName() + 'x'); },
+        },
+        get);
+}
+
+Changes<Parameter> changesOf(const Parameter & /*kind*/)
+{
+    using P = Parameter;
+    Changes<P> changes{
+        [](P &p) { p.SetUniqueParameterName(p.GetUniqueParameterName() + 'x'); },
+        [](P &p) { p.SetRepresenationName(p.GetRepresenationName() + 'x'); },
+        [](P &p) { p.SetDisplayName(p.GetDisplayName() + 'x'); },
+        [](P &p) { p.SetDisplaySuffix(p.GetDisplaySuffix() + 'x'); },
+        [](P &p) { p.SetToolTip(p.GetToolTip() + 'x'); },
+        [](P &p) { p.SetMultiplier(3); },
+        [](P &p) { p.SetValueType(P::ValueFrequency); },
+        [](P &p) { p.SetControlType(P::VCFrequency); },
+        [](P &p) { p.SetParameterType(ParameterType::Invalid); },
+        [](P &p) { p.GetBooleanHandler().SetValue(!p.GetBooleanHandler().GetValue()); },
+        [](P &p) { p.GetStringHandler().SetValue(p.GetStringHandler().GetValue() + 'x'); },
+        [](P &p) { p.GetStringHandler().SetDefault(p.GetStringHandler().GetDefault() + 'x'); },
+        [](P &p) { p.GetFloatHandler().SetPrecision(p.GetFloatHandler().GetPrecision() / 2 + 1); },
+        [](P &p) { p.GetFloatHandler().SetValue(std::numeric_limits<float>::quiet_NaN()); },
+        [](P &p) { p.GetDoubleHandler().SetPrecision(p.GetDoubleHandler().GetPrecision() / 2 + 1); },
+        [](P &p) { p.GetDoubleHandler().SetUseAsList(!p.GetDoubleHandler().IsDoubleList()); },
+        [](P &p) { p.GetDoubleHandler().SetMaxDoubleListLength(7); },
+        [](P &p) {
+            p.GetDoubleHandler().SetMaxDoubleListLength(7);
+            p.GetDoubleHandler().SetUseAsList(true);
+        },
+        [](P &p) { p.GetDoubleHandler().AppendDoubleValue(Nan); },
+        [](P &p) { p.GetDoubleHandler().AppendDoubleValue(1); },
+        [](P &p) { p.GetEnumHandler().AppendEnumValue({}); },
+        [](P &p) { p.GetEnumHandler().GetEnumList()[0].Default += 'x'; },
+        [](P &p) { p.GetEnumHandler().GetEnumList()[0].Identifier += 'x'; },
+        [](P &p) { p.GetEnumHandler().GetDefaultValue().Value = Nan; },
+        [](P &p) { p.GetEnumHandler().GetDefaultValue().Default = "false"; },
+        [](P &p) { p.GetEnumHandler().GetSelectedEnumValue().Key = 5; },
+    };
+    changes +=
+        changesOfNumbers<IntegerHandler>([](P &p) -> IntegerHandler & { return p.GetIntegerHandler(); });
+    changes += changesOfNumbers<LongHandler>([](P &p) -> LongHandler & { return p.GetLongHandler(); });
+    changes += changesOfNumbers<FloatHandler>([](P &p) -> FloatHandler & { return p.GetFloatHandler(); });
+    changes += changesOfNumbers<DoubleHandler>([](P &p) -> DoubleHandler & { return p.GetDoubleHandler(); });
+    changes += changesOfNumbers<TimeStampHandler>(
+        [](P &p) -> TimeStampHandler & { return p.GetTimeStampHandler(); });
+    return changes;
+}
+
+Changes<GenericReceiver> changesOf(const GenericReceiver & /*kind*/)
+{
+    Changes<GenericReceiver> changes{
+        [](GenericReceiver &r) { (void)r.SetXmlString("<GenericReceiver Version=\"other\"/>", true); },
+        [](GenericReceiver &r) { r.AddParameter(Parameter()); },
+    };
+    for (const auto &change : changesOf(Parameter())) {
+        changes << [change](GenericReceiver &r) {
+            if (!r.GetParameterList().isEmpty())
+                change(r.GetParameterList().begin().value());
+        };
+    }
+    return changes;
+}
+
 template <class Object>
 using Maker = std::function<Object(RandomDocuments &, int index)>;
 
@@ -403,6 +582,7 @@ void check(const char *kind, int usualCount, const Maker<Object> &make)
     const int count = countOf(usualCount);
     qInfo("%s: %d objects, KORMAK_SEED=%u", kind, count, seed());
     RandomDocuments random(seed());
+    const Changes<Object> changes = changesOf(Object());
     Object previous = make(random, 0);
     for (int index = 0; index < count; ++index) {
         const Object object = make(random, index);
@@ -412,6 +592,9 @@ void check(const char *kind, int usualCount, const Maker<Object> &make)
         Object read;
         (void)read.SetXmlString(object.GetXmlString(), true);
         checkEquality(object, read); // much alike
+        Object changed = object;
+        changes.at(random.below(static_cast<int>(changes.size())))(changed);
+        checkEquality(object, changed);
         constexpr int EveryTenth = 10;
         if (index % EveryTenth == 0)
             checkValues(object, previous);
