@@ -3,6 +3,8 @@
 #include "../ObjectStates.h"
 #include "../RandomDocuments.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <functional>
 #include <limits>
@@ -31,12 +33,13 @@ int countOf(int usual)
 // What a document does not bring back as it was, one function for each reason; all change the state that is
 // expected behind reading.
 
-/// Numbers of blocks have 6 decimals.
+/// A number that is written with so many decimals.
 QString fixed(const QString &number, int decimals)
 {
     const double value = QString::number(number.toDouble(), 'f', decimals).toDouble();
     return QString::number(value, 'g', 17);
 }
+
 /// The float that the text of \a state stands for, written as \a format and read again. The greatest floats
 /// may be rounded to what no float holds, and that reads as 0.
 QString writtenAndRead(const QString &state, char format)
@@ -214,10 +217,12 @@ bool hasNan(const State &state)
 }
 
 /// Numbers that are equal although they look different.
-QString comparable(const QString &text)
+QString comparable(QString text)
 {
-    return text == "-0" ? QString("0")
-                        : QString(text).replace("|-0|", "|0|").replace("-0/", "0/").replace("/-0", "/0");
+    static const QRegularExpression negativeZero("(^|[ /|])-0(?=$|[ /|])");
+    if (text.contains("-0"))
+        text.replace(negativeZero, "\\10");
+    return text;
 }
 
 /// The two agree in all but the fields \a ignored; NaN equals NaN only where \a nanIsEqual.
