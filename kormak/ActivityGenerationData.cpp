@@ -49,7 +49,7 @@ constexpr Vocabulary Criteria{CriteriaRows};
 } // namespace
 
 struct ActivityGenerationData::Xml {
-    static void readVersion(Data &data, const QString &text) { data.version = text; }
+    static void readVersion(Data &data, QStringView text) { fromText(text, data.version); }
     static QString currentVersion(const Data & /*data*/) { return literal(CurrentVersion); }
 
     static constexpr XmlAttribute<Data> attributes[] = {

@@ -63,9 +63,9 @@ struct AutomaticWorkflow::Xml {
         return WorkflowModeToName(workflow.workflowMode);
     }
 
-    static void readSearchStrategy(AutomaticWorkflow &workflow, const QString &name)
+    static void readSearchStrategy(AutomaticWorkflow &workflow, QStringView name)
     {
-        workflow.SetSearchStrategy(NameToSearchStrategy(name));
+        workflow.SetSearchStrategy(NameToSearchStrategy(literal(name)));
     }
     static QString searchStrategyName(const AutomaticWorkflow &workflow)
     {

@@ -106,7 +106,7 @@ EnumHandler &EnumHandler::operator=(const EnumHandler &other)
 
 EnumHandler &EnumHandler::operator=(EnumHandler &&other) noexcept
 {
-    TypeHandler::operator=(std::move(other));
+    TypeHandler::operator=(std::move(other)); // takes the names alone
     enumList.swap(other.enumList);
     if (choice || other.choice) {
         Choice &target = editableChoice();

@@ -65,7 +65,8 @@ GenericReceiver::~GenericReceiver() = default;
 
 void GenericReceiver::AddParameter(const Parameter &parameter)
 {
-    parameterList.insert(parameter.GetUniqueParameterName(), parameter);
+    // Documents name them in order, as they are written.
+    parameterList.insert(parameterList.constEnd(), parameter.GetUniqueParameterName(), parameter);
 }
 
 Parameter GenericReceiver::GetParameter(const QString &uniqueName) const

@@ -34,11 +34,11 @@ using EnumValue = EnumHandler::EnumValue;
 struct EnumValueXml {
     static bool hasIdentifier(const EnumValue &entry) { return !entry.Identifier.isEmpty(); }
 
-    static void readValue(EnumValue &entry, const QString &text) { fromText(text, entry.Value); }
+    static void readValue(EnumValue &entry, QStringView text) { fromText(text, entry.Value); }
     static QString valueText(const EnumValue &entry) { return fixedText(entry.Value, ShortDecimals); }
 
     static bool isDefault(const EnumValue &entry) { return entry.IsDefault(); }
-    static void readDefault(EnumValue &entry, const QString &text)
+    static void readDefault(EnumValue &entry, QStringView text)
     {
         bool isDefault = false;
         fromText(text, isDefault);
@@ -67,7 +67,7 @@ QString limitText(Number number)
 
 /// Calls the setters of a handler with the number that \a text says.
 template <auto Handler, auto Getter, auto... Setters>
-void readNumber(Parameter &parameter, const QString &text)
+void readNumber(Parameter &parameter, QStringView text)
 {
     auto &handler = parameter.*Handler;
     std::decay_t<decltype((handler.*Getter)())> number{};
@@ -204,7 +204,7 @@ struct Parameter::Xml {
         static QString defaultText(const Parameter &p) { return p.stringHandler.GetDefault(); }
         static void readDefault(Parameter &p, QXmlStreamReader &reader)
         {
-            const QString text = elementText(reader);
+            const QString text = ElementText(reader).view().toString();
             p.stringHandler.SetDefault(text);
             p.stringHandler.SetValue(text);
         }
@@ -240,10 +240,13 @@ struct Parameter::Xml {
         };
     };
 
-    static void readUniqueName(Parameter &p, const QString &text) { p.SetUniqueParameterName(text); }
+    static void readUniqueName(Parameter &p, QStringView text) { p.SetUniqueParameterName(text.toString()); }
     static QString uniqueNameText(const Parameter &p) { return p.uniqueName; }
 
-    static void readRepresentationName(Parameter &p, const QString &text) { p.SetRepresenationName(text); }
+    static void readRepresentationName(Parameter &p, QStringView text)
+    {
+        p.SetRepresenationName(text.toString());
+    }
     static QString representationNameText(const Parameter &p) { return p.representationName; }
 
     static bool hasValueType(const Parameter &p) { return IsValidValueType(p.valueType); }
@@ -251,7 +254,7 @@ struct Parameter::Xml {
     static bool hasValidControlType(const Parameter &p) { return p.HasControlType(); }
 
     static bool hasMultiplier(const Parameter &p) { return p.multiplier != 1.0; }
-    static void readMultiplier(Parameter &p, const QString &text)
+    static void readMultiplier(Parameter &p, QStringView text)
     {
         double factor = 0;
         fromText(text, factor);
@@ -260,10 +263,10 @@ struct Parameter::Xml {
     static QString multiplierText(const Parameter &p) { return fixedText(p.multiplier, ShortDecimals); }
 
     static bool hasTypeName(const Parameter &p) { return !p.IsBoolean() && !typeName(p).isEmpty(); }
-    static void readType(Parameter &p, const QString &name) { p.SetParameterType(name); }
+    static void readType(Parameter &p, QStringView name) { p.SetParameterType(literal(name)); }
     static QString typeName(const Parameter &p) { return ParameterTypeToName(p.parameterType); }
 
-    static void readBoolean(Parameter &p, const QString &text)
+    static void readBoolean(Parameter &p, QStringView text)
     {
         bool on = false;
         fromText(text, on);

@@ -20,10 +20,10 @@ Coordinate readCoordinate(const Area &area, QXmlStreamReader &reader)
     while (reader.readNextStartElement()) {
         double degrees = 0;
         if (reader.name() == TagLatitude) {
-            fromText(elementText(reader), degrees);
+            fromText(ElementText(reader).view(), degrees);
             coordinate.SetLatitude(degrees);
         } else if (reader.name() == TagLongitude) {
-            fromText(elementText(reader), degrees);
+            fromText(ElementText(reader).view(), degrees);
             coordinate.SetLongitude(degrees);
         } else {
             throwUnknownTag(area, reader.name());

@@ -371,7 +371,7 @@ void ITesselObject::ProcessXmlStartElement(QXmlStreamReader & /*reader*/) { }
 
 QString ITesselObject::GetTextValue(QXmlStreamReader &reader)
 {
-    return elementText(reader);
+    return reader.readElementText(QXmlStreamReader::ErrorOnUnexpectedElement);
 }
 
 } // namespace TESSEL

@@ -19,7 +19,8 @@
 
 namespace TESSEL {
 
-/// The QString of a string literal. It refers to the literal's characters, so give it nothing shorter-lived.
+/// The QString of a string literal, or of another text for as long as a call takes that does not keep it. It
+/// refers to the characters of \a text.
 [[nodiscard]] inline QString literal(QStringView text)
 {
     return text.isNull() ? QString() : QString::fromRawData(text.data(), static_cast<int>(text.size()));
@@ -29,21 +30,21 @@ namespace TESSEL {
 
 /// An equal text stays: the version of nearly every document is the constant that a new object shares with
 /// all.
-inline void fromText(const QString &text, QString &value)
+inline void fromText(QStringView text, QString &value)
 {
-    if (value != text)
-        value = text;
+    if (QStringView(value) != text)
+        value = text.toString();
 }
 
 /// True is the exact word; anything else is false.
-inline void fromText(const QString &text, bool &value)
+inline void fromText(QStringView text, bool &value)
 {
     value = text == QStringView(u"true");
 }
 
-inline void fromText(const QString &text, QDateTime &value)
+inline void fromText(QStringView text, QDateTime &value)
 {
-    value = Converters::ToDateTime(text);
+    value = Converters::ToDateTime(text.toString());
 }
 
 namespace Detail {
@@ -71,39 +72,39 @@ std::optional<Number> plainNumber(QStringView text)
 
 /// \a convert is Qt's conversion. It gives infinity for a number that is too large, which reads as 0 here.
 template <class Number>
-Number number(const QString &text, Number (*convert)(const QString &, bool *))
+Number number(QStringView text, Number (*convert)(const QString &, bool *))
 {
     if (const auto plain = plainNumber<Number>(text))
         return *plain;
     bool ok = false;
-    const Number number = convert(text, &ok);
+    const Number number = convert(text.toString(), &ok);
     return ok ? number : Number(0);
 }
 
 } // namespace Detail
 
-inline void fromText(const QString &text, int &value)
+inline void fromText(QStringView text, int &value)
 {
     value = Detail::number<int>(text, [](const QString &t, bool *ok) { return t.toInt(ok); });
 }
 
-inline void fromText(const QString &text, unsigned int &value)
+inline void fromText(QStringView text, unsigned int &value)
 {
     value = Detail::number<unsigned int>(text, [](const QString &t, bool *ok) { return t.toUInt(ok); });
 }
 
-inline void fromText(const QString &text, long long &value)
+inline void fromText(QStringView text, long long &value)
 {
     value = Detail::number<long long>(text, [](const QString &t, bool *ok) { return t.toLongLong(ok); });
 }
 
-inline void fromText(const QString &text, double &value)
+inline void fromText(QStringView text, double &value)
 {
     value = Detail::number<double>(text, [](const QString &t, bool *ok) { return t.toDouble(ok); });
 }
 
 /// As Qt rounds: to double first.
-inline void fromText(const QString &text, float &value)
+inline void fromText(QStringView text, float &value)
 {
     const auto plain = Detail::plainNumber<double>(text);
     value = plain ? static_cast<float>(*plain)

@@ -9,6 +9,7 @@
 #include <objectbase/Messages_p.h>
 #include <objectbase/Text_p.h>
 
+#include <QVarLengthArray>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -21,7 +22,7 @@ namespace TESSEL {
 template <class Document>
 struct XmlAttribute {
     QStringView name;
-    void (*read)(Document &, const QString &text); ///< an absent attribute reads as an empty text
+    void (*read)(Document &, QStringView text); ///< an absent attribute reads as an empty text
     QString (*write)(const Document &);
     bool (*written)(const Document &) = nullptr; ///< null: always
 
@@ -61,16 +62,48 @@ struct XmlElement {
     }
 };
 
-/// The text of the current element, which leaves \a reader on its end element. A child element inside it
-/// becomes an error of \a reader.
-[[nodiscard]] inline QString elementText(QXmlStreamReader &reader)
+/// Reads to the root element and tells whether there is one. A document type with an entity that is longer
+/// than Qt lets nested ones become is an error of \a reader: a few references to it could fill the memory.
+[[nodiscard]] inline bool readToRoot(QXmlStreamReader &reader)
 {
-    QString text = reader.readElementText(QXmlStreamReader::ErrorOnUnexpectedElement);
-    constexpr int MostSpare = 8; // Qt leaves room for as much text again, and documents live long
-    if (text.capacity() - text.size() > MostSpare)
-        text.squeeze();
-    return text;
+    constexpr int LongestEntity = 4096;
+    while (!reader.atEnd() && !reader.isStartElement()) {
+        reader.readNext();
+        if (!reader.isDTD())
+            continue;
+        const QXmlStreamEntityDeclarations entities = reader.entityDeclarations();
+        const bool isTooLong = std::any_of(entities.begin(), entities.end(), [](const auto &entity) {
+            return entity.value().size() > LongestEntity;
+        });
+        if (isTooLong)
+            reader.raiseError(QStringLiteral("An entity is longer than %1 characters.").arg(LongestEntity));
+    }
+    return reader.isStartElement();
 }
+
+/// The text of the current element. Most texts become a number or a value of a vocabulary, so that a short
+/// one stays on the stack.
+class ElementText {
+public:
+    /// Leaves \a reader on the end of the element. A child element inside it becomes an error of \a reader.
+    explicit ElementText(QXmlStreamReader &reader)
+    {
+        while (reader.readNext() != QXmlStreamReader::EndElement && !reader.hasError()) {
+            if (reader.isCharacters() || reader.isEntityReference())
+                append(reader.text());
+            else if (!reader.isComment() && !reader.isProcessingInstruction())
+                reader.raiseError(QStringLiteral("Expected character data."));
+        }
+    }
+
+    [[nodiscard]] QStringView view() const { return {characters.constData(), characters.size()}; }
+
+private:
+    void append(QStringView text) { characters.append(text.data(), static_cast<int>(text.size())); }
+
+    static constexpr int MostOnStack = 64;
+    QVarLengthArray<QChar, MostOnStack> characters;
+};
 
 namespace Detail {
 
@@ -94,7 +127,7 @@ decltype(auto) call(const Document &document, const Argument &argument)
 }
 
 template <auto Member>
-void readMember(typename MemberOf<Member>::Document &document, const QString &text)
+void readMember(typename MemberOf<Member>::Document &document, QStringView text)
 {
     fromText(text, document.*Member);
 }
@@ -106,7 +139,7 @@ QString writeMember(const typename MemberOf<Member>::Document &document)
 }
 
 template <auto Member, auto Setter>
-void readThroughSetter(typename MemberOf<Member>::Document &document, const QString &text)
+void readThroughSetter(typename MemberOf<Member>::Document &document, QStringView text)
 {
     typename MemberOf<Member>::Type value{};
     fromText(text, value);
@@ -114,9 +147,9 @@ void readThroughSetter(typename MemberOf<Member>::Document &document, const QStr
 }
 
 template <auto Member, auto NameToValue>
-void readName(typename MemberOf<Member>::Document &document, const QString &text)
+void readName(typename MemberOf<Member>::Document &document, QStringView text)
 {
-    document.*Member = call<NameToValue>(document, text);
+    document.*Member = call<NameToValue>(document, literal(text));
 }
 
 template <auto Member, auto ValueToName>
@@ -125,10 +158,10 @@ QString writeName(const typename MemberOf<Member>::Document &document)
     return call<ValueToName>(document, document.*Member);
 }
 
-template <class Document, void (*Read)(Document &, const QString &)>
+template <class Document, void (*Read)(Document &, QStringView)>
 void readElementText(Document &document, QXmlStreamReader &reader)
 {
-    Read(document, elementText(reader));
+    Read(document, ElementText(reader).view());
 }
 
 template <class Document, QString (*Write)(const Document &)>
@@ -148,7 +181,7 @@ constexpr auto attribute(QStringView name)
 }
 
 /// An element whose text is read by \a Read and given by \a Write.
-template <class Document, void (*Read)(Document &, const QString &), QString (*Write)(const Document &)>
+template <class Document, void (*Read)(Document &, QStringView), QString (*Write)(const Document &)>
 constexpr auto textElement(QStringView tag)
 {
     return XmlElement<Document>{tag, Detail::readElementText<Document, Read>,
@@ -206,7 +239,7 @@ void readAttributes(Document &document, const QXmlStreamReader &reader)
         const auto found = std::find_if(present.begin(), present.end(), [&row](const auto &candidate) {
             return QStringView(candidate.qualifiedName()) == row.name;
         });
-        row.read(document, found == present.end() ? QString() : found->value().toString());
+        row.read(document, found == present.end() ? QStringView() : QStringView(found->value()));
     }
 }
 

@@ -757,7 +757,8 @@ void JobHeaderTest::elementInsideText()
     reader.readNextStartElement();
     JobHeader header;
     header.ProcessXml(reader);
-    QCOMPARE(reader.error(), QXmlStreamReader::UnexpectedElementError);
+    QVERIFY(reader.hasError());
+    QCOMPARE(reader.errorString(), QString("Expected character data."));
     QCOMPARE(header.GetDescription(), QString());
 }
 
