@@ -1,6 +1,7 @@
 #include "objectbase/BinaryForm_p.h"
 
 #include <objectbase/Constants_p.h>
+#include <objectbase/QtCompat_p.h>
 
 #include <QCryptographicHash>
 #include <QDataStream>
@@ -129,7 +130,7 @@ std::optional<QString> unpack(QDataStream &stream, const QString &objectName)
     if (!sum || !name || !payload || *name != expectedName || *sum != checksum(*bytes, *name, *payload))
         return std::nullopt;
     const auto text = (header.flags & FlagCompressed) != 0 ? uncompress(*payload) : payload;
-    return text ? std::optional(QString::fromUtf8(*text)) : std::nullopt;
+    return text ? std::optional(decodeUtf8(*text)) : std::nullopt;
 }
 
 } // namespace TESSEL::BinaryForm

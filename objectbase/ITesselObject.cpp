@@ -10,6 +10,7 @@
 #include <QDataStream>
 #include <QDateTime>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
@@ -66,7 +67,7 @@ bool readToEnd(QXmlStreamReader &reader)
 bool isDocumentOf(const QString &objectName, const QString &text)
 {
     QXmlStreamReader reader(text);
-    return reader.readNextStartElement() && reader.name() == objectName && readToEnd(reader);
+    return readToRoot(reader) && reader.name() == objectName && readToEnd(reader);
 }
 
 /// What the object hands on: its document, or nothing when it writes no element.
@@ -209,7 +210,7 @@ void ITesselObject::SetBinary(QDataStream &stream, int /*version*/)
 bool ITesselObject::SetXmlString(const QString &text, bool validate)
 {
     QXmlStreamReader reader(text);
-    if (!reader.readNextStartElement() || (validate && reader.name() != GetObjectName()))
+    if (!readToRoot(reader) || (validate && reader.name() != GetObjectName()))
         return false;
     ProcessXml(reader);
     return readToEnd(reader);
@@ -310,7 +311,7 @@ bool ITesselObject::LoadXml(const QString &path)
 bool ITesselObject::LoadXml(QFile *file)
 {
     const auto content = readAll(file);
-    return content && SetXmlString(QString::fromUtf8(*content), true);
+    return content && SetXmlString(decodeUtf8(*content), true);
 }
 
 bool ITesselObject::LoadBinary(QFile *file)
@@ -324,6 +325,8 @@ bool ITesselObject::SaveXml(const QString &path) const
     const auto text = documentOf(*this);
     if (!text)
         return false;
+    if (const QFileInfo place(path); place.exists() && !place.isFile())
+        return false; // a device or a pipe would give way to a file
     const QByteArray bytes = text->toUtf8();
     QSaveFile file(path);
     // commit() alone would put a file in place that a full disk has cut short.

@@ -99,7 +99,8 @@ public:
 
     /// Reads the XML document \a text into the object. Fields that the document does not mention keep their
     /// values.
-    /// \return false when \a text is not well-formed up to its very end (what was read until then is kept)
+    /// \return false when \a text is not well-formed up to its very end (what was read until then is kept) or
+    /// declares an entity of more than 4096 characters
     /// and, with \a validate, when the root element does not bear the object's name (the object is untouched)
     /// \throws TesselException for a document that the object does not understand
     virtual bool SetXmlString(const QString &text, bool validate);

@@ -2,6 +2,8 @@
 #ifndef TESSEL_QTCOMPAT_P_H
 #define TESSEL_QTCOMPAT_P_H
 
+#include <QByteArray>
+#include <QString>
 #include <QTextStream>
 #include <QXmlStreamWriter>
 
@@ -14,6 +16,12 @@ void useUtf8([[maybe_unused]] TextSink &sink)
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
     sink.setCodec("UTF-8");
 #endif
+}
+
+/// All of \a bytes; Qt 5 by itself stops at a NUL.
+[[nodiscard]] inline QString decodeUtf8(const QByteArray &bytes)
+{
+    return QString::fromUtf8(bytes.constData(), static_cast<int>(bytes.size()));
 }
 
 } // namespace TESSEL

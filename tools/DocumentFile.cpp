@@ -1,6 +1,7 @@
 #include "tools/DocumentFile.h"
 
 #include <objectbase/TesselException.h>
+#include <objectbase/XmlForm_p.h>
 #include <tools/Console.h>
 #include <tools/Obstacles.h>
 #include <tools/Terminal.h>
@@ -80,7 +81,7 @@ QString readText(const QString &path)
 const DocumentKind &kindOf(const QString &text)
 {
     QXmlStreamReader reader(text);
-    if (!reader.readNextStartElement()) {
+    if (!TESSEL::readToRoot(reader)) {
         const Rejection error = errorOf(reader, text);
         throwAt(text, error.offset, error.message, FindingId::NotWellFormed);
     }
@@ -96,7 +97,7 @@ const DocumentKind &kindOf(const QString &text)
 std::optional<Rejection> readObject(Document &document)
 {
     QXmlStreamReader reader(document.text);
-    reader.readNextStartElement();
+    (void)TESSEL::readToRoot(reader);
     try {
         document.object->ProcessXml(reader);
     } catch (const TESSEL::TesselException &exception) {

@@ -3,6 +3,7 @@
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
 
+#include <QFileInfo>
 #include <QSaveFile>
 
 ExitStatus writeOutput(const QString &text, const QString &path)
@@ -10,6 +11,10 @@ ExitStatus writeOutput(const QString &text, const QString &path)
     if (path == StandardStream) {
         Console::write(text);
         return Good;
+    }
+    if (const QFileInfo place(path); place.exists() && !place.isFile() && !place.isDir()) {
+        complainAbout(path, {QStringLiteral("cannot be written: it is no file")});
+        return Failed; // rather than put a file in its place
     }
     QSaveFile file(path);
     const QByteArray bytes = text.toUtf8();

@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <clocale>
 #include <cstring>
+#include <exception>
 
 namespace {
 
@@ -115,6 +116,9 @@ int main(int argc, char **argv)
     fixLocale();
     try {
         return run(QCoreApplication::arguments());
+    } catch (const std::exception &error) { // of which running out of memory is one
+        Console::complain(QStringLiteral("kormak: ") + QString::fromUtf8(error.what()));
+        return Failed;
     } catch (const Console::OutputError &error) {
         if (error.code != EPIPE) // who closes the pipe has seen enough
             Console::complain(QStringLiteral("kormak: standard output: ")
