@@ -1,0 +1,176 @@
+#!/usr/bin/env python3
+"""Asks whether the tests notice faults of the library.
+
+Changes the sources of the library one place at a time in a copy (a limit by one, a comparison turned, a name
+swapped, a line left out), builds it, runs the tests and lists every change that no test noticed. Which
+places, --seed decides; a run with the same seed and sources makes the same changes.
+
+    tests/mutate.py --changes 300
+    tests/mutate.py --only kormak/JobHeader.cpp --changes 1000
+"""
+
+import argparse
+import os
+import pathlib
+import random
+import re
+import shutil
+import subprocess
+import sys
+
+PROJECT = pathlib.Path(__file__).resolve().parent.parent
+FOLDERS = ("objectbase", "kormak")
+SECONDS_FOR_TESTS = 600  # a change may make a loop endless
+
+SWAPPED = {
+    "==": "!=", "!=": "==", "<=": "<", ">=": ">", "&&": "||", "||": "&&", "++": "--", "--": "++", "+=": "-=",
+    "true": "false", "false": "true", "isEmpty()": "isNull()", " + ": " - ", " - ": " + ",
+}
+SWAP = re.compile(r"==|!=|<=|>=|&&|\|\||\+\+|--|\+=|\btrue\b|\bfalse\b|isEmpty\(\)| [+-] (?=\w)")
+STRICT = re.compile(r"(?<=[\w)\]]) ([<>]) (?=[\w(])")
+NEGATION = re.compile(r"!(?=[A-Za-z_])")
+NUMBER = re.compile(r"(?<![\w.\"'])(\d+)(?![\w.\"'x])")
+NAME = re.compile(r"u\"([^\"\\]{2,})\"")
+CONDITION = re.compile(r"\b(if|while) \((?!constexpr)(.*)\)( \{)?$")
+STATEMENT = re.compile(r"^\s+(?!return\b|using\b|static_assert\b|const\b|constexpr\b|auto\b|break;)[\w:>.*()\[\]& -]*[\w)\]>*-]+"
+                       r"(\(.*\)|( [-+|&]?= .*)|\+\+|--);$")
+ROW = re.compile(r"^\s+[\w<>&:.(){}, \"]*(element|attribute|checkedElement|namedElement|ownedElement|\{u\").*\},?$|"
+                 r"^\s+\w+<&.*>\(.*\).*,$")
+RETURN_EARLY = re.compile(r"^\s+return\b.*;$")
+
+
+class Change:
+    def __init__(self, path, number, old, new):
+        self.path, self.number, self.old, self.new = path, number, old, new
+
+    def __str__(self):
+        new = self.new.strip() or "(left out)"
+        return f"{self.path}:{self.number + 1}: {self.old.strip()}  ->  {new}"
+
+
+def changes_of_line(line):
+    for match in SWAP.finditer(line):
+        yield line[:match.start()] + SWAPPED[match.group()] + line[match.end():]
+    for match in STRICT.finditer(line):
+        yield line[:match.start(1)] + match.group(1) + "=" + line[match.end(1):]
+    for match in NEGATION.finditer(line):
+        yield line[:match.start()] + line[match.end():]
+    for match in NUMBER.finditer(line):
+        yield line[:match.start()] + str(int(match.group()) + 1) + line[match.end():]
+    for match in NAME.finditer(line):
+        name = match.group(1)
+        yield line[:match.start(1)] + name[1] + name[0] + name[2:] + line[match.end(1):]
+    if CONDITION.search(line) and not line.rstrip().startswith("}"):
+        for value in ("true", "false"):
+            yield CONDITION.sub(rf"\1 ({value})\3", line)
+    if STATEMENT.match(line) or ROW.match(line):
+        yield ""
+    if RETURN_EARLY.match(line) and line.startswith("        return"):
+        yield ";"
+
+
+def all_changes(only):
+    found = []
+    for folder in FOLDERS:
+        for path in sorted((PROJECT / folder).glob("*")):
+            name = str(path.relative_to(PROJECT))
+            if path.suffix not in (".cpp", ".h") or (only and name not in only):
+                continue
+            lines = path.read_text(encoding="utf-8").split("\n")
+            for number, line in enumerate(lines):
+                code = line.split("//")[0].rstrip()
+                if not code.strip() or code.lstrip().startswith(("#", "template", "using ", "[[maybe_unused]]")):
+                    continue
+                if path.suffix == ".h" and not line.startswith(" "):
+                    continue
+                seen = {code}
+                for new in changes_of_line(code):
+                    if new not in seen:
+                        seen.add(new)
+                        found.append(Change(name, number, line, new))
+    return found
+
+
+def run(command, log, seconds=None):
+    """Whether the command succeeds; one that hangs does not."""
+    with open(log, "w", encoding="utf-8") as output:
+        process = subprocess.Popen(command, stdout=output, stderr=subprocess.STDOUT, start_new_session=True)
+        try:
+            return process.wait(seconds) == 0
+        except subprocess.TimeoutExpired:
+            os.killpg(process.pid, 9)
+            process.wait()
+            return False
+
+
+class Copy:
+    """A copy of the project in which changes are made."""
+
+    def __init__(self, folder, jobs):
+        self.source, self.build, self.jobs = folder / "source", folder / "build", str(jobs)
+        self.log = folder / "log"
+        folder.mkdir(parents=True, exist_ok=True)
+        shutil.rmtree(self.source, ignore_errors=True)
+        shutil.copytree(PROJECT, self.source, ignore=shutil.ignore_patterns("build", ".git"))
+        configure = ["cmake", "-G", "Ninja", "-S", self.source, "-B", self.build, "-DCMAKE_BUILD_TYPE=Debug",
+                     "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DKORMAK_INSTALL=OFF"]
+        if not (run(configure, self.log) and self.builds()):
+            sys.exit(f"The project does not build; see {self.log}")
+        if not (self.passes(True) and self.passes(False)):
+            sys.exit(f"The tests fail without a change; see {self.log}")
+
+    def builds(self):
+        return run(["cmake", "--build", self.build, "--parallel", self.jobs], self.log)
+
+    def passes(self, quick):
+        """Whether the tests pass: the library's own, which are quick, or the others, which run the tool."""
+        library = "|".join(path.name[:-len("Test.cpp")] for folder in FOLDERS
+                           for path in (PROJECT / "tests" / folder).glob("*Test.cpp"))
+        return run(["ctest", "--test-dir", self.build, "-R" if quick else "-E", f"^({library})$",
+                    "--stop-on-failure", "--parallel", self.jobs], self.log, SECONDS_FOR_TESTS)
+
+    def judge(self, change):
+        path = self.source / change.path
+        original = path.read_text(encoding="utf-8")
+        lines = original.split("\n")
+        lines[change.number] = change.new
+        path.write_text("\n".join(lines), encoding="utf-8")
+        try:
+            if not self.builds():
+                return "does not build"
+            return "survived" if self.passes(True) and self.passes(False) else "noticed"
+        finally:
+            path.write_text(original, encoding="utf-8")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--changes", type=int, default=300, help="how many to make that build (default: 300)")
+    parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--only", action="append", metavar="FILE", help="change only this source; may be repeated")
+    parser.add_argument("--folder", type=pathlib.Path, default=PROJECT / "build" / "mutate",
+                        help="where the copy is made (default: build/mutate)")
+    parser.add_argument("--jobs", type=int, default=os.cpu_count())
+    parser.add_argument("--list", action="store_true", help="only list the places")
+    arguments = parser.parse_args()
+
+    changes = all_changes(arguments.only)
+    random.Random(arguments.seed).shuffle(changes)
+    if arguments.list:
+        print("\n".join(map(str, changes)))
+        return 0
+    copy = Copy(arguments.folder, arguments.jobs)
+    counts = {"noticed": 0, "survived": 0, "does not build": 0}
+    for change in changes:
+        if counts["noticed"] + counts["survived"] >= arguments.changes:
+            break
+        verdict = copy.judge(change)
+        counts[verdict] += 1
+        if verdict == "survived":
+            print(change, flush=True)
+    print(", ".join(f"{count} {verdict}" for verdict, count in counts.items()))
+    return 1 if counts["survived"] else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
