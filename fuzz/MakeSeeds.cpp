@@ -5,7 +5,7 @@
 
 #include <cstdio>
 #include <fuzz/Targets.h>
-#include <tests/schemas/RandomDocuments.h>
+#include <tests/RandomDocuments.h>
 #include <tests/schemas/SmallDocuments.h>
 
 namespace {
@@ -74,7 +74,7 @@ int main(int argc, char *argv[])
     }
     constexpr quint32 AnySeed = 20260314;
     constexpr int Random = 30;
-    RandomDocuments random(AnySeed);
+    TestSupport::RandomDocuments random(AnySeed);
     for (const QString &kind : kinds()) {
         for (int i = 0; i < Random; ++i)
             seeds.addDocument(kind, random.document(kind, i));
