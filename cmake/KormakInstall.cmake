@@ -94,17 +94,17 @@ kormak_install_pkgconfig(objectbase "Qt${QT_VERSION_MAJOR}Core >= ${KORMAK_QT_VE
 kormak_install_pkgconfig(kormak "objectbase-qt${QT_VERSION_MAJOR} = ${PROJECT_VERSION}" "${PROJECT_DESCRIPTION}")
 if(TARGET kormak-cli)
     kormak_install_tool(kormak-cli)
-endif()
 
-# kormak_install_if_there(file folder): what the tool comes with, once it is written.
-function(kormak_install_if_there file folder)
-    if(EXISTS "${PROJECT_SOURCE_DIR}/${file}")
-        install(FILES "${PROJECT_SOURCE_DIR}/${file}" DESTINATION "${folder}" COMPONENT Tools)
-    endif()
-endfunction()
-kormak_install_if_there(tools/kormak.1 "${CMAKE_INSTALL_MANDIR}/man1")
-kormak_install_if_there(tools/completions/kormak "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
-kormak_install_if_there(tools/completions/_kormak "${CMAKE_INSTALL_DATADIR}/zsh/site-functions")
+    # What is made of the texts of the tool.
+    get_target_property(texts_dir kormak-cli BINARY_DIR)
+    install(FILES "${texts_dir}/kormak.1" DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT Tools)
+    install(FILES "${texts_dir}/completions/kormak"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" COMPONENT Tools
+    )
+    install(FILES "${texts_dir}/completions/_kormak"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/site-functions" COMPONENT Tools
+    )
+endif()
 
 # For editors and validators. One file for each kind of document; what they share stands in types/.
 install(FILES

@@ -107,6 +107,7 @@ requirement_program abidw abigail-tools "libabigail"
 requirement_program python3 python3 "Python 3"
 requirement_program xmllint libxml2-utils "libxml2's xmllint"
 requirement_program doxygen doxygen "Doxygen"
+requirement_program groff groff-base "groff"
 requirement gcovr gcovr "command -v gcovr && command -v g++" "gcovr, and g++, whose counts it reads"
 requirement locales locales "command -v localedef && [ -f /usr/share/i18n/locales/de_DE ]" \
     "glibc's localedef with the sources of its locales"

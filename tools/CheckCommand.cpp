@@ -18,7 +18,6 @@ using namespace CheckReport;
 
 constexpr QStringView RecursiveOption = u"recursive";
 constexpr QStringView JobsOption = u"jobs";
-constexpr QStringView StandardInput = u"-";
 
 QList<QCommandLineOption> options()
 {
@@ -100,7 +99,7 @@ ExitStatus run(const QCommandLineParser &parser)
     const QStringList arguments = parser.positionalArguments();
     const OutputFormat format = outputFormat(parser);
     const int jobs = jobsOf(parser);
-    if (arguments.count(StandardInput.toString()) > 1)
+    if (arguments.count(StandardStream.toString()) > 1)
         throw UsageError{QStringLiteral("standard input can be read only once")};
 
     const auto paths = listedPaths(arguments, parser.isSet(RecursiveOption.toString()));
@@ -123,30 +122,34 @@ ExitStatus run(const QCommandLineParser &parser)
 
 const Command checkCommand{
     u"check",
-    u"tell of each file what kind of document it is, and whether it is complete and right",
-    u"Tells the kind of each document from its root element and whether it is complete, and everything that\n"
-    u"is wrong with it. Of a folder, its *.xml files are checked, in the order of their names.\n"
+    u"tell everything that is wrong with documents",
+    u"Tells of each file what kind of document it is, whether it is complete, and everything that is wrong "
+    u"with it. Of a folder, the files called *.xml are checked, in the order of their names. More than one "
+    u"file, or a folder, is summed up in the end.\n"
     u"\n"
-    u"Problems go to standard error as FILE:LINE:COLUMN: SEVERITY: PATH: MESSAGE, where PATH tells the\n"
-    u"element or attribute (Job/JobHeader/Author). An \"error\" is what the library refuses the document "
-    u"for;\n"
-    u"a \"warning\" is what it accepts, but reads otherwise than it looks, or not at all. More than one "
-    u"file, or\n"
-    u"a folder, is summed up in the end.\n"
-    u"Exit status: 0 all are good, warnings or not, 1 a document is at fault, 2 a file cannot be read.\n"
+    u"What is wrong goes to standard error, one thing in a line:\n"
+    u"  FILE:LINE:COLUMN: SEVERITY: PATH: MESSAGE\n"
+    u"PATH is the element or attribute, such as Job/JobHeader/Author. SEVERITY is \"error\" where the "
+    u"library "
+    u"refuses the document. It is \"warning\" where the library accepts the document, but does not read what "
+    u"is there, or not as it looks.\n"
     u"\n"
-    u"With --format json everything goes to standard output, an object in each line. All have a \"type\":\n"
-    u"  finding  file, line, column, severity, id, path, message, found, allowed, complaint\n"
-    u"  file     behind its findings: file, status, kind, complete, findings (how many)\n"
-    u"  summary  in the end: files, good, faulty, unreadable (how many)\n"
-    u"line and column count from 1 and are null if the file cannot be read. severity is error or warning, "
-    u"status\n"
-    u"good, faulty or unreadable. found is the text that is there, allowed lists the names that could be "
-    u"there,\n"
-    u"complaint is what the library says; these, path and kind are null where there is none.\n"
-    u"id tells findings apart: bad-value, encoding, misplaced-element, missing-attribute, missing-element,\n"
-    u"not-well-formed, refused, repeated, stray-text, suspicious, unknown-attribute, unknown-element,\n"
+    u"With --format json everything goes to standard output, an object in each line. \"type\" tells what an "
+    u"object is and which members follow:\n"
+    u"  finding  file, line, column, severity, id, path, message, found, allowed,\n"
+    u"           complaint\n"
+    u"  file     behind its findings: file, status, kind, complete, findings (how\n"
+    u"           many)\n"
+    u"  summary  in the end: files, good, faulty, unreadable (how many of each)\n"
+    u"line and column count from 1. status is good, faulty or unreadable. found is the text that is there, "
+    u"allowed lists the names that could be there, complaint is what the library says. What does not apply "
+    u"is null, or an empty list.\n"
+    u"\n"
+    u"id is one of bad-value, encoding, misplaced-element, missing-attribute, missing-element, "
+    u"not-well-formed, refused, repeated, stray-text, suspicious, unknown-attribute, unknown-element, "
     u"unknown-kind, unread, unreadable.",
+    {u"all documents are good, with warnings or without", u"a document is at fault",
+     u"a file cannot be read"},
     u"kormak check -r --format json jobs settings/workflow.xml",
     ManyPaths,
     options,

@@ -1,10 +1,7 @@
 #include "tools/CheckReport.h"
 
 #include <tools/DocumentFile.h>
-
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
+#include <tools/Json.h>
 
 namespace {
 
@@ -40,48 +37,49 @@ Lines textOf(const FileCheck &check)
     return lines;
 }
 
-QByteArray lineOf(const QJsonObject &object)
+/// An object of a \a type in a line of its own, with the members that \a write adds.
+template <class Write>
+QByteArray jsonLine(QStringView type, Write write)
 {
-    return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
+    JsonWriter json(JsonWriter::Layout::OneLine);
+    json.beginObject();
+    json.member(u"type", jsonText(type));
+    write(json);
+    json.endObject();
+    return json.text().toUtf8() + '\n';
 }
 
-QJsonValue numberOrNull(const std::optional<TextPosition> &position, qsizetype TextPosition::*part)
+QString numberOrNull(const std::optional<TextPosition> &position, qsizetype TextPosition::*part)
 {
-    return position ? QJsonValue(static_cast<qint64>((*position).*part)) : QJsonValue(QJsonValue::Null);
-}
-
-QJsonValue textOrNull(const QString &text)
-{
-    return text.isEmpty() ? QJsonValue(QJsonValue::Null) : QJsonValue(text);
+    return position ? QString::number((*position).*part) : QStringLiteral("null");
 }
 
 QByteArray findingLine(const QString &path, const FileCheck::PlacedFinding &placed)
 {
     const Finding &finding = placed.finding;
-    return lineOf({
-        {QStringLiteral("type"), QStringLiteral("finding")},
-        {QStringLiteral("file"), path},
-        {QStringLiteral("line"), numberOrNull(placed.position, &TextPosition::line)},
-        {QStringLiteral("column"), numberOrNull(placed.position, &TextPosition::column)},
-        {QStringLiteral("severity"), nameOf(finding.severity).toString()},
-        {QStringLiteral("id"), finding.id.toString()},
-        {QStringLiteral("path"), textOrNull(finding.path)},
-        {QStringLiteral("message"), finding.message},
-        {QStringLiteral("found"), finding.found ? QJsonValue(*finding.found) : QJsonValue(QJsonValue::Null)},
-        {QStringLiteral("allowed"), QJsonArray::fromStringList(finding.allowed)},
-        {QStringLiteral("complaint"), textOrNull(finding.complaint)},
+    return jsonLine(u"finding", [&](JsonWriter &json) {
+        json.member(u"file", jsonText(path));
+        json.member(u"line", numberOrNull(placed.position, &TextPosition::line));
+        json.member(u"column", numberOrNull(placed.position, &TextPosition::column));
+        json.member(u"severity", jsonText(nameOf(finding.severity)));
+        json.member(u"id", jsonText(finding.id));
+        json.member(u"path", jsonTextOrNull(finding.path));
+        json.member(u"message", jsonText(finding.message));
+        json.member(u"found", finding.found ? jsonText(*finding.found) : QStringLiteral("null"));
+        json.key(u"allowed");
+        json.array(finding.allowed);
+        json.member(u"complaint", jsonTextOrNull(finding.complaint));
     });
 }
 
 QByteArray fileLine(const FileCheck &check)
 {
-    return lineOf({
-        {QStringLiteral("type"), QStringLiteral("file")},
-        {QStringLiteral("file"), check.path},
-        {QStringLiteral("status"), nameOf(check.status).toString()},
-        {QStringLiteral("kind"), check.kind ? QJsonValue(check.kind->rootElement.toString()) : QJsonValue()},
-        {QStringLiteral("complete"), check.isComplete},
-        {QStringLiteral("findings"), static_cast<qint64>(check.findings.size())},
+    return jsonLine(u"file", [&check](JsonWriter &json) {
+        json.member(u"file", jsonText(check.path));
+        json.member(u"status", jsonText(nameOf(check.status)));
+        json.member(u"kind", jsonTextOrNull(check.kind ? check.kind->rootElement.toString() : QString()));
+        json.member(u"complete", jsonBool(check.isComplete));
+        json.member(u"findings", QString::number(check.findings.size()));
     });
 }
 
@@ -116,12 +114,11 @@ CheckReport::Lines CheckReport::linesOf(const FileCheck &check, OutputFormat for
 QByteArray CheckReport::summary(const Counts &counts, OutputFormat format)
 {
     if (format == OutputFormat::Json) {
-        return lineOf({
-            {QStringLiteral("type"), QStringLiteral("summary")},
-            {QStringLiteral("files"), counts.all()},
-            {QStringLiteral("good"), counts.good},
-            {QStringLiteral("faulty"), counts.faulty},
-            {QStringLiteral("unreadable"), counts.unreadable},
+        return jsonLine(u"summary", [&counts](JsonWriter &json) {
+            json.member(u"files", QString::number(counts.all()));
+            json.member(u"good", QString::number(counts.good));
+            json.member(u"faulty", QString::number(counts.faulty));
+            json.member(u"unreadable", QString::number(counts.unreadable));
         });
     }
     const QString files =

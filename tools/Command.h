@@ -1,5 +1,5 @@
 // What main() needs to know of a command. A new command is one source file with its Command, the declaration
-// of that below and its line in the table in main.cpp.
+// of that below and its line in the table in Tool.cpp.
 #ifndef KORMAK_TOOLS_COMMAND_H
 #define KORMAK_TOOLS_COMMAND_H
 
@@ -7,6 +7,8 @@
 #include <QList>
 #include <QString>
 #include <QStringView>
+
+#include <array>
 
 QT_BEGIN_NAMESPACE
 class QCommandLineParser;
@@ -29,16 +31,24 @@ struct Arguments {
     int most;
 };
 
-inline constexpr QStringView FileName = u"FILE"; ///< of which "-" may be one
-inline constexpr QStringView PathName = u"PATH"; ///< of a file or a folder; "-" may be one
+/// What stands for standard input or output in place of the name of a file.
+inline constexpr QStringView StandardStream = u"-";
+
+inline constexpr QStringView FileName = u"FILE"; ///< of which one may be standard input
+inline constexpr QStringView PathName = u"PATH"; ///< of a file or a folder; one may be standard input
 inline constexpr Arguments OneFile{FileName, u"FILE", 1, 1};
 inline constexpr Arguments ManyFiles{FileName, u"FILE...", 1, Arguments::Unlimited};
 inline constexpr Arguments ManyPaths{PathName, u"PATH...", 1, Arguments::Unlimited};
 
+/// What each exit status means, in the order of ExitStatus; empty: the command never ends with it.
+using ExitTexts = std::array<QStringView, 3>;
+
 struct Command {
     QStringView name;
-    QStringView summary; ///< one line
+    QStringView summary; ///< a few words
+    /// Lines are broken where the text is shown; but a line that begins with a blank stands as it is.
     QStringView description;
+    ExitTexts exitStatus;
     QStringView example;
     Arguments arguments;
     QList<QCommandLineOption> (*options)();

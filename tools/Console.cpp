@@ -9,7 +9,17 @@
 
 namespace {
 
-QString escaped(QChar c)
+int outputFailure = 0; ///< the errno of the first
+
+void flushOutput()
+{
+    if (std::fflush(stdout) != 0 && outputFailure == 0)
+        outputFailure = errno;
+}
+
+} // namespace
+
+QString Console::escaped(QChar c)
 {
     switch (c.unicode()) {
     case '\n':
@@ -23,13 +33,11 @@ QString escaped(QChar c)
     }
 }
 
-bool isHarmless(QChar c)
+bool Console::isHarmless(QChar c)
 {
     return c.category() != QChar::Other_Control && c != QChar::LineSeparator
         && c != QChar::ParagraphSeparator;
 }
-
-} // namespace
 
 void Console::write(const QString &text)
 {
@@ -50,8 +58,9 @@ void Console::print(const QString &line)
 
 void Console::flush()
 {
-    if (std::fflush(stdout) != 0)
-        throw OutputError{errno};
+    flushOutput();
+    if (outputFailure != 0)
+        throw OutputError{outputFailure};
 }
 
 void Console::complain(const QString &line)
@@ -63,7 +72,7 @@ void Console::complainInBytes(const QByteArray &lines)
 {
     if (lines.isEmpty())
         return;
-    std::fflush(stdout);
+    flushOutput(); // whether that goes well is asked in the end
     std::fwrite(lines.constData(), 1, static_cast<std::size_t>(lines.size()), stderr);
 }
 

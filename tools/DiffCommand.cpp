@@ -41,26 +41,18 @@ void printJson(const Comparison &comparison)
 {
     JsonWriter json(JsonWriter::Layout::Indented);
     json.beginObject();
-    json.key(u"kind");
-    json.value(jsonText(comparison.kind.rootElement));
-    json.key(u"equal");
-    json.value(jsonBool(comparison.differences.empty()));
-    json.key(u"equalToLibrary");
-    json.value(jsonBool(comparison.areEqualToLibrary));
+    json.member(u"kind", jsonText(comparison.kind.rootElement));
+    json.member(u"equal", jsonBool(comparison.differences.empty()));
+    json.member(u"equalToLibrary", jsonBool(comparison.areEqualToLibrary));
     json.key(u"differences");
     json.beginArray();
     for (const FieldDifference &difference : comparison.differences) {
         json.beginObject();
-        json.key(u"field");
-        json.value(jsonText(difference.path));
-        if (!difference.before.json.isEmpty()) {
-            json.key(u"before");
-            json.value(difference.before.json);
-        }
-        if (!difference.after.json.isEmpty()) {
-            json.key(u"after");
-            json.value(difference.after.json);
-        }
+        json.member(u"field", jsonText(difference.path));
+        if (!difference.before.json.isEmpty())
+            json.member(u"before", difference.before.json);
+        if (!difference.after.json.isEmpty())
+            json.member(u"after", difference.after.json);
         json.endObject();
     }
     json.endArray();
@@ -112,15 +104,17 @@ ExitStatus run(const QCommandLineParser &parser)
 
 const Command diffCommand{
     u"diff",
-    u"tell in which fields two documents of a kind differ",
-    u"Compares what two documents hold, field by field, however they are written: one line per field that\n"
-    u"differs, FIELD: BEFORE -> AFTER. Parameters are matched by their unique names, elements of lists by\n"
-    u"their places; what only one document has is said to be removed or added. Values that are no numbers\n"
-    u"are alike here. A last line tells when the library's own comparison comes to another result: it "
-    u"leaves\n"
-    u"out some fields, and nothing equals what is no number.\n"
-    u"Exit status: 0 no field differs, 1 some do, 2 a document cannot be read or they are of different "
-    u"kinds.",
+    u"tell in which fields two documents differ",
+    u"Compares what two documents of one kind hold, however they are written, and tells of each field that "
+    u"differs in a line:\n"
+    u"  FIELD: BEFORE -> AFTER\n"
+    u"Parameters are matched by their unique names, elements of lists by their places. What only one of the "
+    u"documents has is said to be removed or added. NaN is taken to equal NaN.\n"
+    u"\n"
+    u"Programs that compare documents with the library may get another result, since it leaves out some "
+    u"fields, and NaN equals nothing there. If they do, a last line says so.",
+    {u"no field differs", u"some fields differ",
+     u"a document cannot be read, or the documents are of different kinds"},
     u"kormak diff old.xml new.xml",
     {FileName, u"FILE FILE", 2, 2},
     [] { return QList<QCommandLineOption>{formatOption()}; },

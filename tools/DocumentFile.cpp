@@ -17,8 +17,6 @@
 
 namespace {
 
-constexpr QStringView StandardInput = u"-";
-
 [[noreturn]] void throwAt(const QString &text, qsizetype offset, const QString &message,
                           QStringView id = FindingId::Refused, const QStringList &allowed = {})
 {
@@ -33,7 +31,7 @@ constexpr QStringView StandardInput = u"-";
 QByteArray readBytes(const QString &path)
 {
     QFile file(path);
-    const bool isStandardInput = path == StandardInput;
+    const bool isStandardInput = path == StandardStream;
     if (!isStandardInput && QFileInfo(path).isDir())
         throwUnreadable(QStringLiteral("it is a folder"));
     if (!(isStandardInput ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly)))

@@ -256,7 +256,7 @@ void addSettable(std::vector<SettableField> &fields, const FieldTable &table, co
     for (const FieldRow &row : table) {
         const QString path = prefix + row.key.toString();
         if (row.set)
-            fields.push_back({path, describe(row.form)});
+            fields.push_back({path, describe(row.form), allowedTexts(row.form)});
         if (!row.parts)
             continue;
         const bool isList = row.parts->kind == Kind::List;

@@ -38,6 +38,7 @@ void assign(const FieldAssignment &assignment, void *object);
 struct SettableField {
     QString path; ///< N stands for an index, NAME for a name
     QString allowed;
+    QStringList texts = {}; ///< what it may be set to; empty when that cannot be listed
 };
 
 [[nodiscard]] std::vector<SettableField> settableFields(const FieldTable &table);

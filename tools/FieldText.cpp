@@ -149,7 +149,7 @@ FieldValue valueOfText(const FieldForm &form, const QString &text)
     case Type::Text:
         return text.isEmpty() ? FieldValue() : FieldValue(text);
     case Type::Bool:
-        if (text != QStringView(u"true") && text != QStringView(u"false"))
+        if (!allowedTexts(form).contains(text))
             throwWrong(text, describe(form));
         return text == QStringView(u"true");
     case Type::Name: {
@@ -179,7 +179,8 @@ QString describe(const FieldForm &form)
     case Type::Text:
         return QStringLiteral("any text");
     case Type::Bool:
-        return QStringLiteral("true, false");
+    case Type::Name:
+        return allowedTexts(form).join(QStringLiteral(", "));
     case Type::Integer:
         return QStringLiteral("whole number from %1 to %2").arg(form.least).arg(form.most) + unit;
     case Type::Float:
@@ -187,8 +188,13 @@ QString describe(const FieldForm &form)
         return QStringLiteral("number") + unit;
     case Type::Date:
         return QStringLiteral("date in UTC as 2026-03-29T00:59:59,250Z, 2026-03-29T00:59:59Z, or now");
-    case Type::Name:
-        return form.names->names().join(QStringLiteral(", "));
     }
     return {};
+}
+
+QStringList allowedTexts(const FieldForm &form)
+{
+    if (form.type == Type::Bool)
+        return {QStringLiteral("true"), QStringLiteral("false")};
+    return form.type == Type::Name ? form.names->names() : QStringList();
 }

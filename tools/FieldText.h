@@ -5,6 +5,7 @@
 #include <tools/Field.h>
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 #include <type_traits>
@@ -27,5 +28,8 @@ template <class Integer, std::enable_if_t<std::is_integral_v<Integer>, bool> = t
 
 /// What a text may say: "whole number from 1 to 23", "number in Hz"
 [[nodiscard]] QString describe(const FieldForm &form);
+
+/// The texts that a value may be set to; empty when they cannot be listed.
+[[nodiscard]] QStringList allowedTexts(const FieldForm &form);
 
 #endif

@@ -11,15 +11,14 @@
 
 namespace {
 
-constexpr QStringView OutputOption = u"o";
 constexpr QStringView InPlaceOption = u"in-place";
 constexpr QStringView DropCommentsOption = u"drop-comments";
 
 QList<QCommandLineOption> options()
 {
     return {
-        {OutputOption.toString(), QStringLiteral("Write to the file OUT."), QStringLiteral("OUT")},
-        {InPlaceOption.toString(), QStringLiteral("Write to each FILE itself.")},
+        outputOption(),
+        {InPlaceOption.toString(), QStringLiteral("Write each document to the FILE that it comes from.")},
         {DropCommentsOption.toString(), QStringLiteral("Write even if comments are lost.")},
     };
 }
@@ -46,7 +45,8 @@ void complainAboutLosses(const QString &path, const Document &document, const st
     const bool hasComments =
         std::any_of(losses.begin(), losses.end(), [](const XmlLoss &loss) { return loss.isComment; });
     Console::complain(
-        path + QStringLiteral(": error: not written, since the lines above would be lost")
+        complaintLine(path, std::nullopt, u"error",
+                      QStringLiteral("not written, since the lines above would be lost"))
         + (hasComments ? QStringLiteral(" (--drop-comments allows to lose comments)") : QString()));
 }
 
@@ -120,13 +120,16 @@ ExitStatus run(const QCommandLineParser &parser)
 
 const Command formatCommand{
     u"format",
-    u"write a document in canonical form",
-    u"Reads the document and writes it as the library writes it, to standard output unless told otherwise,\n"
-    u"all of it or nothing. When the rewritten document would not say all that FILE says, nothing is\n"
-    u"written, and standard error tells what would be lost as FILE:LINE:COLUMN: loss: PATH: ...\n"
-    u"With --in-place, several files are gone through, each for itself.\n"
-    u"Exit status: 0 all are written, 1 a document is at fault or something would be lost,\n"
-    u"2 a file cannot be read or written.",
+    u"rewrite documents as the library writes them",
+    u"Reads a document and writes it in the order and layout that the library gives it, to standard output "
+    u"unless told otherwise. With --in-place there can be several files, each of which is rewritten or "
+    u"left alone.\n"
+    u"\n"
+    u"The library drops what it does not know. Before something of FILE gets lost in that way, nothing is "
+    u"written, and standard error tells what it is, one thing in a line:\n"
+    u"  FILE:LINE:COLUMN: loss: PATH: MESSAGE",
+    {u"all documents are written", u"a document is at fault, or something would be lost",
+     u"a file cannot be read or written"},
     u"kormak format --in-place jobs/*.xml",
     ManyFiles,
     options,

@@ -1,7 +1,7 @@
 #include <kormak/JobType.h>
 #include <objectbase/ResourceType.h>
 #include <tools/DocumentForm.h>
-#include <tools/FormNames.h>
+#include <tools/NameLists.h>
 
 #include <algorithm>
 #include <cmath>
@@ -35,7 +35,7 @@ bool hasEmptyFlag(const ObjectTexts &header)
 constexpr ElementForm HeaderElements[] = {
     text(u"Author").askedFor(u"Author"),
     text(u"Creation", Kind::DateTime).askedFor(u"Creation"),
-    text(JobTypeTag, FormNames::jobTypes).askedFor(u"JobType"),
+    text(JobTypeTag, JobTypes).askedFor(u"JobType"),
     text(ShowTag, Kind::Flag),
     text(u"Description"),
 };
@@ -74,7 +74,7 @@ constexpr ElementForm AntennaElements[] = {
         .askedFor(MaximumTag)
         .metBy(isMaximum, u"above 0 Hz and the minimum frequency"),
     text(u"Azimuth", Kind::Double),
-    text(u"Polarization", FormNames::polarizations),
+    text(u"Polarization", Polarizations),
 };
 constexpr ObjectForm Antenna{AntennaTag, VersionOnly, AntennaElements};
 
@@ -99,7 +99,7 @@ bool isOnOtherResource(const ObjectTexts &job)
 
 constexpr ElementForm JobElements[] = {
     object(Header).askedFor({}),
-    text(ResourceTypeTag, FormNames::resourceTypes).askedFor(u"ResourceType"),
+    text(ResourceTypeTag, ResourceTypes).askedFor(u"ResourceType"),
     object(Antenna).askedFor({}, isOnAntenna),
 };
 constexpr FormRule JobRules[] = {

@@ -1,6 +1,7 @@
 #include "tools/Json.h"
 
 #include <objectbase/Converters.h>
+#include <tools/Console.h>
 #include <tools/NameLists.h>
 
 #include <array>
@@ -12,27 +13,9 @@ namespace {
 
 constexpr int IndentWidth = 2;
 
-bool isPlain(QChar c)
+bool isSpecial(QChar c)
 {
-    return c != QLatin1Char('"') && c != QLatin1Char('\\') && c.category() != QChar::Other_Control
-        && c != QChar::LineSeparator && c != QChar::ParagraphSeparator && !c.isSurrogate();
-}
-
-QString escaped(QChar c)
-{
-    switch (c.unicode()) {
-    case '"':
-    case '\\':
-        return QLatin1Char('\\') + QString(c);
-    case '\n':
-        return QStringLiteral("\\n");
-    case '\r':
-        return QStringLiteral("\\r");
-    case '\t':
-        return QStringLiteral("\\t");
-    default:
-        return QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
-    }
+    return c == QLatin1Char('"') || c == QLatin1Char('\\');
 }
 
 /// The fewest digits that are read back as the same number of its type; without an exponent as long as people
@@ -85,6 +68,20 @@ void JsonWriter::value(const QString &text)
 {
     separate();
     json += text;
+}
+
+void JsonWriter::member(QStringView name, const QString &text)
+{
+    key(name);
+    value(text);
+}
+
+void JsonWriter::array(const QStringList &texts)
+{
+    beginArray();
+    for (const QString &text : texts)
+        value(jsonText(text));
+    endArray();
 }
 
 void JsonWriter::fields(const FieldTable &table, const void *object)
@@ -175,13 +172,21 @@ QString jsonText(QStringView text)
         if (isPair) {
             quoted += c;
             quoted += text[++i];
-        } else if (isPlain(c)) {
+        } else if (isSpecial(c)) {
+            quoted += QLatin1Char('\\');
+            quoted += c;
+        } else if (Console::isHarmless(c) && !c.isSurrogate()) {
             quoted += c;
         } else {
-            quoted += escaped(c);
+            quoted += Console::escaped(c);
         }
     }
     return quoted + QLatin1Char('"');
+}
+
+QString jsonTextOrNull(const QString &text)
+{
+    return text.isEmpty() ? QStringLiteral("null") : jsonText(text);
 }
 
 QString jsonBool(bool value)

@@ -6,6 +6,7 @@
 #include <tools/Field.h>
 
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 class JsonWriter {
@@ -23,6 +24,8 @@ public:
     void key(QStringView name);
     /// \a json is a value that is written already.
     void value(const QString &json);
+    void member(QStringView name, const QString &json);
+    void array(const QStringList &texts);
 
     /// An object with the fields of \a object.
     void fields(const FieldTable &table, const void *object);
@@ -46,6 +49,7 @@ private:
 
 /// A text in quotes. Characters that could steer a terminal are escaped.
 [[nodiscard]] QString jsonText(QStringView text);
+[[nodiscard]] QString jsonTextOrNull(const QString &text); ///< null for an empty one
 [[nodiscard]] QString jsonBool(bool value);
 /// Numbers as numbers, exactly; the name of a value in a vocabulary; dates as documents say them; null for
 /// what is not set and for NaN; "inf" and "-inf", which are no numbers in JSON.

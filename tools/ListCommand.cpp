@@ -3,50 +3,37 @@
 #include <tools/Json.h>
 #include <tools/NameLists.h>
 #include <tools/OutputFormat.h>
+#include <tools/TextLayout.h>
+#include <tools/Usage.h>
 
 #include <QCommandLineParser>
 
 #include <algorithm>
+#include <vector>
 
 namespace {
-
-QStringList listNames()
-{
-    QStringList names;
-    for (const NameList *list : allNameLists())
-        names += list->name.toString();
-    return names;
-}
 
 const NameList &findList(const QString &name)
 {
     const auto found = std::find_if(allNameLists().begin(), allNameLists().end(),
                                     [&name](const NameList *list) { return list->name == name; });
-    if (found == allNameLists().end()) {
-        throw UsageError{QStringLiteral("Unknown vocabulary '%1'. Allowed: %2")
-                             .arg(name, listNames().join(QStringLiteral(", ")))};
-    }
+    if (found == allNameLists().end())
+        throw Usage::unknown(QStringLiteral("vocabulary"), name, nameListNames());
     return **found;
 }
 
 void printLists()
 {
-    const QStringList names = listNames();
-    const auto longest = std::max_element(names.begin(), names.end(),
-                                          [](const auto &a, const auto &b) { return a.size() < b.size(); });
-    for (const NameList *list : allNameLists()) {
-        Console::print(list->name.toString().leftJustified(static_cast<int>(longest->size()))
-                       + QStringLiteral("  ") + list->holds.toString());
-    }
+    std::vector<TextLayout::Row> rows;
+    for (const NameList *list : allNameLists())
+        rows.push_back({list->name.toString(), list->holds.toString()});
+    Console::write(TextLayout::twoColumns(rows));
 }
 
 void printListsAsJson()
 {
     JsonWriter json(JsonWriter::Layout::Indented);
-    json.beginArray();
-    for (const NameList *list : allNameLists())
-        json.value(jsonText(list->name));
-    json.endArray();
+    json.array(nameListNames());
     Console::print(json.text());
 }
 
@@ -65,14 +52,10 @@ void printAsJson(const NameList &list)
     json.beginArray();
     const QList<qint32> values = list.values();
     for (const qint32 value : values) {
-        const QString written = list.writtenAs(value);
         json.beginObject();
-        json.key(u"value");
-        json.value(QString::number(value));
-        json.key(u"name");
-        json.value(jsonText(list.nameOf(value)));
-        json.key(u"written");
-        json.value(written.isEmpty() ? QStringLiteral("null") : jsonText(written));
+        json.member(u"value", QString::number(value));
+        json.member(u"name", jsonText(list.nameOf(value)));
+        json.member(u"written", jsonTextOrNull(list.writtenAs(value)));
         json.endObject();
     }
     json.endArray();
@@ -96,11 +79,12 @@ ExitStatus run(const QCommandLineParser &parser)
 
 const Command listCommand{
     u"list",
-    u"list the vocabularies, or the names in one of them",
-    u"Without an argument, lists the vocabularies of the documents. With one, lists its names as documents\n"
-    u"hold them, each behind its number. Where the library writes a value in another way than it reads it,\n"
-    u"that is said behind the name.\n"
-    u"Exit status: 0 it is listed, 2 there is no such vocabulary.",
+    u"list the names that fields can hold",
+    u"Some fields hold one of several names, such as the type of a job. Without an argument, lists these "
+    u"vocabularies. With one of them, lists its names, each behind its number.\n"
+    u"\n"
+    u"Where the library writes another name than the one that it reads, that stands behind the name.",
+    {u"the names are listed", {}, u"there is no such vocabulary"},
     u"kormak list JobType",
     {u"VOCABULARY", u"[VOCABULARY]", 0, 1},
     [] { return QList<QCommandLineOption>{formatOption()}; },

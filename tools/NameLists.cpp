@@ -9,6 +9,8 @@
 #include <objectbase/ObjectTypes.h>
 #include <objectbase/TesselException.h>
 
+#include <QHash>
+
 #include <functional>
 #include <type_traits>
 
@@ -173,6 +175,22 @@ const NameList TypesOfObject =
     list<ObjectTypes, hasName<ObjectTypes, ObjectTypeToName>, ObjectTypeToName, NameToObjectType>(
         u"ObjectTypes", u"objects that bear a name of their own");
 
+namespace {
+
+QHash<const NameList *, QStringList> namesOfAll()
+{
+    QHash<const NameList *, QStringList> all;
+    for (const NameList *list : allNameLists()) {
+        QStringList &names = all[list];
+        const QList<qint32> values = list->values();
+        for (const qint32 value : values)
+            names += list->nameOf(value);
+    }
+    return all;
+}
+
+} // namespace
+
 QList<qint32> NameList::values() const
 {
     QList<qint32> all;
@@ -183,13 +201,11 @@ QList<qint32> NameList::values() const
     return all;
 }
 
-QStringList NameList::names() const
+/// They are asked for with every text that a document holds, and some vocabularies tell them by throwing.
+const QStringList &NameList::names() const
 {
-    QStringList all;
-    const QList<qint32> allValues = values();
-    for (const qint32 value : allValues)
-        all += nameOf(value);
-    return all;
+    static const QHash<const NameList *, QStringList> all = namesOfAll();
+    return *all.constFind(this);
 }
 
 QString NameList::difference(qint32 value) const
@@ -210,4 +226,12 @@ const QList<const NameList *> &allNameLists()
         &ValueTypes,         &ControlTypes,    &TypesOfObject,
     };
     return all;
+}
+
+QStringList nameListNames()
+{
+    QStringList names;
+    for (const NameList *list : allNameLists())
+        names += list->name.toString();
+    return names;
 }

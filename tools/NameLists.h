@@ -16,7 +16,7 @@ struct NameList {
     QString (*writtenAs)(qint32 value); ///< empty: documents do not say it
 
     [[nodiscard]] QList<qint32> values() const;
-    [[nodiscard]] QStringList names() const;
+    [[nodiscard]] const QStringList &names() const; ///< in the order of the values; only of allNameLists()
     /// How what is written differs from the name, in parentheses behind a blank; empty when it does not.
     [[nodiscard]] QString difference(qint32 value) const;
 };
@@ -39,5 +39,7 @@ extern const NameList TypesOfObject;
 
 /// All of the above.
 [[nodiscard]] const QList<const NameList *> &allNameLists();
+/// What they are called.
+[[nodiscard]] QStringList nameListNames();
 
 #endif

@@ -7,6 +7,9 @@
 #include <tools/FieldDiff.h>
 #include <tools/Obstacles.h>
 #include <tools/Output.h>
+#include <tools/Terminal.h>
+#include <tools/TextLayout.h>
+#include <tools/Usage.h>
 
 #include <QCommandLineParser>
 
@@ -17,7 +20,6 @@ namespace {
 using TESSEL::ITesselObject;
 
 constexpr QStringView SetOption = u"set";
-constexpr QStringView OutputOption = u"o";
 constexpr QStringView ListOption = u"list-fields";
 
 /// A field lacks something.
@@ -30,7 +32,7 @@ QList<QCommandLineOption> options()
     return {
         {SetOption.toString(), QStringLiteral("Set a field; can be given many times."),
          QStringLiteral("FIELD=VALUE")},
-        {OutputOption.toString(), QStringLiteral("Write to the file OUT."), QStringLiteral("OUT")},
+        outputOption(),
         {ListOption.toString(), QStringLiteral("List the fields of KIND and what they can be set to.")},
     };
 }
@@ -38,21 +40,17 @@ QList<QCommandLineOption> options()
 const DocumentKind &kindNamed(const QString &name)
 {
     const DocumentKind *kind = findDocumentKind(name);
-    if (!kind) {
-        throw UsageError{QStringLiteral("Unknown kind of document '%1'. Allowed: %2")
-                             .arg(name, documentKindNames().join(QStringLiteral(", ")))};
-    }
+    if (!kind)
+        throw Usage::unknown(QStringLiteral("kind of document"), name, documentKindNames());
     return *kind;
 }
 
 void listFields(const DocumentKind &kind)
 {
-    const std::vector<SettableField> fields = settableFields(*kind.fields);
-    int width = 0;
-    for (const SettableField &field : fields)
-        width = std::max(width, static_cast<int>(field.path.size()));
-    for (const SettableField &field : fields)
-        Console::print(field.path.leftJustified(width) + QStringLiteral("  ") + field.allowed);
+    std::vector<TextLayout::Row> rows;
+    for (const SettableField &field : settableFields(*kind.fields))
+        rows.push_back({field.path, field.allowed});
+    Console::write(TextLayout::twoColumns(rows));
 }
 
 void *addressIn(const DocumentKind &kind, ITesselObject &object)
@@ -82,6 +80,11 @@ bool isIn(const QString &path, const QString &whole)
             || path[whole.size()] == QLatin1Char('['));
 }
 
+QString start(QStringView severity)
+{
+    return QStringLiteral("kormak new: ") + Terminal::coloured(severity) + QStringLiteral(": ");
+}
+
 /// Warns of fields that were set and are not read from the document as they were set.
 void warnOfLosses(const DocumentKind &kind, const ITesselObject &object, const QString &text,
                   const std::vector<FieldAssignment> &wanted)
@@ -94,7 +97,7 @@ void warnOfLosses(const DocumentKind &kind, const ITesselObject &object, const Q
             return isIn(assignment.path, difference.path) || isIn(difference.path, assignment.path);
         });
         if (wasSet) {
-            Console::complain(QStringLiteral("kormak new: warning: not read back as it was set: ")
+            Console::complain(start(u"warning") + QStringLiteral("not read back as it was set: ")
                               + difference.toLine());
         }
     }
@@ -116,7 +119,7 @@ ExitStatus make(const DocumentKind &kind, const QStringList &settings, const QSt
         text = textOf(kind, *object);
     } catch (const Incomplete &incomplete) {
         for (const QString &complaint : incomplete.complaints)
-            Console::complain(QStringLiteral("kormak new: error: ") + Console::oneLine(complaint));
+            Console::complain(start(u"error") + Console::oneLine(complaint));
         return Faulty;
     }
     const ExitStatus status = writeOutput(text, target);
@@ -144,22 +147,28 @@ ExitStatus run(const QCommandLineParser &parser)
 
 const Command newCommand{
     u"new",
-    u"make a document with the given fields",
-    u"Makes a document of the given KIND: Job, AutomaticWorkflow, ActivityGeneration, GenericReceiver or\n"
-    u"Parameter. What is not set has the library's default. The document is checked, then written to\n"
-    u"standard output unless told otherwise; when something is missing, nothing is written.\n"
-    u"Fields are called as 'show --format json' calls them. An element of a list has its index in brackets,\n"
-    u"a parameter of a receiver its unique name (there \\] is a ] and \\\\ a \\); a list without an index "
-    u"takes\n"
-    u"another element, its fields separated by commas. The order of the options does not matter but there.\n"
-    u"What the library writes but does not read again as it was set, a warning tells.\n"
-    u"Exit status: 0 it is written, 1 it is not complete, 2 there is no such kind, field or value, or the\n"
-    u"file cannot be written.",
-    u"kormak new GenericReceiver --set 'Parameter[Gain].ParameterType=Integer' \\\n"
-    u"    --set 'Parameter[Gain].ValueType=ValueNumericInt' --set "
-    u"'Parameter[Gain].RepresentationName=rx.gain' \\\n"
-    u"    --set 'Parameter[Gain].Integer.Minimum=0' --set 'Parameter[Gain].Integer.Maximum=40' -o "
-    u"receiver.xml",
+    u"make a document from the fields you give",
+    u"Makes a document of the given KIND: Job, AutomaticWorkflow, ActivityGeneration, GenericReceiver or "
+    u"Parameter. What is not set has the library's default. The document goes to standard output, unless "
+    u"told otherwise. When something is missing, nothing is written, and standard error tells what it is.\n"
+    u"\n"
+    u"--list-fields lists the fields. They are called as 'kormak show --format json' calls them:\n"
+    u"  JobHeader.Author=Keller            Author in the object JobHeader\n"
+    u"  Area.Coordinate[0].Latitude=52.1   of the first element of a list\n"
+    u"  Area.Coordinate=52.1,13.4          adds an element, all its values at once\n"
+    u"  Parameter[Gain].DisplayName=Gain   of a parameter, by its unique name\n"
+    u"In a unique name, write \\] for ] and \\\\ for \\. The order of the --set does not matter, but for "
+    u"elements that are added to a list.\n"
+    u"\n"
+    u"A warning tells of a field that the library writes, but would not read again as it was set.",
+    {u"the document is written", u"the document is not complete",
+     u"there is no such kind, field or value, or OUT cannot be written"},
+    u"kormak new GenericReceiver -o receiver.xml \\\n"
+    u"    --set 'Parameter[Gain].ParameterType=Integer' \\\n"
+    u"    --set 'Parameter[Gain].ValueType=ValueNumericInt' \\\n"
+    u"    --set 'Parameter[Gain].RepresentationName=rx.gain' \\\n"
+    u"    --set 'Parameter[Gain].Integer.Minimum=0' \\\n"
+    u"    --set 'Parameter[Gain].Integer.Maximum=40'",
     {u"KIND", u"KIND", 1, 1},
     options,
     run,

@@ -6,6 +6,12 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+QCommandLineOption outputOption()
+{
+    return {OutputOption.toString(), QStringLiteral("Write to the file OUT, not to standard output."),
+            QStringLiteral("OUT")};
+}
+
 ExitStatus writeOutput(const QString &text, const QString &path)
 {
     if (path == StandardStream) {

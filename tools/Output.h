@@ -3,11 +3,14 @@
 
 #include <tools/Command.h>
 
+#include <QCommandLineOption>
 #include <QString>
 #include <QStringView>
 
-/// What stands for standard input or output in place of the name of a file.
-inline constexpr QStringView StandardStream = u"-";
+inline constexpr QStringView OutputOption = u"o";
+
+/// Names the file that is written instead of standard output.
+[[nodiscard]] QCommandLineOption outputOption();
 
 /// Writes \a text to the file \a path, all of it or nothing, or to standard output. When the file cannot be
 /// written, that is complained about.

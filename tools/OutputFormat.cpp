@@ -1,6 +1,6 @@
 #include "tools/OutputFormat.h"
 
-#include <tools/Command.h>
+#include <tools/Usage.h>
 
 #include <QCommandLineParser>
 
@@ -18,6 +18,11 @@ QCommandLineOption formatOption()
             QStringLiteral("FORMAT")};
 }
 
+QStringList outputFormatNames()
+{
+    return {TextName.toString(), JsonName.toString()};
+}
+
 OutputFormat outputFormat(const QCommandLineParser &parser)
 {
     const QStringList formats = parser.values(OptionName.toString());
@@ -25,9 +30,7 @@ OutputFormat outputFormat(const QCommandLineParser &parser)
         throw UsageError{QStringLiteral("--format can be given only once")};
     if (formats.isEmpty() || formats.constFirst() == TextName)
         return OutputFormat::Text;
-    if (formats.constFirst() != JsonName) {
-        throw UsageError{
-            QStringLiteral("Unknown format '%1'. Allowed: text, json").arg(formats.constFirst())};
-    }
+    if (formats.constFirst() != JsonName)
+        throw Usage::unknown(QStringLiteral("format"), formats.constFirst(), outputFormatNames());
     return OutputFormat::Json;
 }

@@ -23,6 +23,8 @@ public:
     bool isInReceiver;
     bool hasReplaced; ///< an element before it bears the same unique name
 
+    [[nodiscard]] bool hasBlock() const { return !blocks().empty(); }
+
     /// The elements called \a name in the blocks of the parameter's type, at any depth, as reading finds
     /// them.
     [[nodiscard]] std::vector<XmlTree::Index> inBlocks(QStringView name) const;

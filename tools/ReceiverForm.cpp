@@ -1,5 +1,5 @@
 #include <tools/DocumentForm.h>
-#include <tools/FormNames.h>
+#include <tools/NameLists.h>
 
 namespace {
 
@@ -59,14 +59,14 @@ constexpr AttributeForm ParameterAttributes[] = {
     {u"UniqueName", Kind::Any, u"UniqueName attribute"},
 };
 constexpr ElementForm ParameterElementForms[] = {
-    text(u"ParameterType", {FormNames::parameterTypes, u"leaves the type as it was"})
+    text(u"ParameterType", {ParameterTypes, u"leaves the type as it was"})
         .askedFor(u"ParameterType")
         .elseAsBefore(),
-    text(u"ValueType", FormNames::valueTypes).askedFor(u"ValueType"),
+    text(u"ValueType", ValueTypes).askedFor(u"ValueType"),
     text(u"RepresentationName").askedFor(u"RepresentationName"),
     text(u"DisplayName"),
     text(u"ToolTip"),
-    text(u"ControlType", FormNames::controlTypes),
+    text(u"ControlType", ControlTypes),
     text(u"DisplaySuffix"),
     text(u"Multiplier", Kind::Double),
     text(u"Enable", Kind::Boolean),

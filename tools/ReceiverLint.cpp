@@ -104,6 +104,42 @@ Findings noValue(const Element &element)
         QStringLiteral("there is no value, so the parameter is not complete, and nothing would be written"))};
 }
 
+/// All blocks are read, each into a handler of its own, but only that of the type counts. A "DoubleList" is
+/// told of elsewhere.
+Findings blockOfOtherType(const Element &element)
+{
+    const Parameter &parameter = element.parameter;
+    const ParameterType type =
+        parameter.IsDoubleList() ? ParameterType::Double : parameter.GetParameterType();
+    if (type == ParameterType::Invalid)
+        return {};
+    const XmlTree &tree = element.tree;
+    Findings findings;
+    for (Index i = tree.element(element.index).firstChild; i != XmlTree::None;
+         i = tree.element(i).nextSibling) {
+        const QString &name = tree.element(i).name;
+        const ParameterType block = NameToParameterType(name);
+        if (block == ParameterType::Invalid || block == ParameterType::DoubleList || block == type)
+            continue;
+        findings.push_back(
+            element.finding(i,
+                            QStringLiteral("\"%1\" does not count, since the type of the parameter is %2")
+                                .arg(name, ParameterTypeToName(parameter.GetParameterType()))));
+    }
+    return findings;
+}
+
+/// Of enumerations, and of parameters that are not complete for the lack of it, other rules tell.
+Findings noBlock(const Element &element)
+{
+    const Parameter &parameter = element.parameter;
+    if (parameter.IsEnum() || !parameter.IsValidParameter() || element.hasBlock())
+        return {};
+    return {
+        element.findingAtBlock(QStringLiteral("there is no \"%1\", though that is the type of the parameter")
+                                   .arg(ParameterTypeToName(parameter.GetParameterType())))};
+}
+
 /// One finding for each entry to which \a clashesWith gives an earlier one.
 template <class ClashesWith>
 Findings clashes(const Element &element, ClashesWith clashesWith, const QString &clash)
@@ -210,6 +246,8 @@ constexpr Findings (*Rules[])(const Element &) = {
     valueLeftByAnother,
     lengthLeftByAnother,
     blockWithoutEnd,
+    blockOfOtherType,
+    noBlock,
 };
 
 } // namespace

@@ -1,6 +1,6 @@
 #include <kormak/AutomaticWorkflow.h>
 #include <tools/DocumentForm.h>
-#include <tools/FormNames.h>
+#include <tools/NameLists.h>
 #include <tools/XmlTree.h>
 
 using namespace KORMAK;
@@ -37,11 +37,11 @@ constexpr AttributeForm WorkflowAttributes[] = {
     {ModeTag, Kind::Any, {}, u"is not read: the mode is read from an element \"Mode\""},
 };
 constexpr ElementForm WorkflowElements[] = {
-    text(ModeTag, FormNames::workflowModes).askedFor(u"WorkflowMode"),
+    text(ModeTag, WorkflowModes).askedFor(u"WorkflowMode"),
     text(u"Classifiers", TextForm::upTo(23)).elseRefusedAs(u"NumberClassifiers"),
     text(u"ClassificationTime", TextForm::upTo(999)).elseRefusedAs(u"ClassificationTime"),
     text(u"ClassificationResult", TextForm::upTo(10)).elseRefusedAs(u"ClassificationResults"),
-    text(u"SearchStrategy", {FormNames::searchStrategies, Refused})
+    text(u"SearchStrategy", {SearchStrategies, Refused})
         .expected(isAutomatic)
         .elseRefusedAs(u"SearchStrategy"),
     text(u"BitstreamClassification", Kind::Boolean),
@@ -62,11 +62,11 @@ constexpr AttributeForm GenerationAttributes[] = {
     {u"Autostart", Kind::Boolean},
 };
 constexpr ElementForm GenerationElements[] = {
-    text(ModeTag, FormNames::generationModes).askedFor(ModeField),
-    text(u"EnergyChannel", FormNames::energyChannels),
+    text(ModeTag, GenerationModes).askedFor(ModeField),
+    text(u"EnergyChannel", EnergyChannels),
     text(u"LevelMinBurstDuration", Kind::Float),
     text(u"LevelMaxBreakDuration", Kind::Float),
-    text(u"DDemActiveCriteria", FormNames::activeCriteria),
+    text(u"DDemActiveCriteria", ActiveCriteria),
     text(u"DDemMinBurstDuration", Kind::Float),
     text(u"DDemMaxBreakDuration", Kind::Float),
     text(u"DDemMorseQualityThreshold", Kind::Integer),
@@ -79,8 +79,8 @@ constexpr ElementForm GenerationElements[] = {
     text(u"DbWriteEnergy", Kind::Boolean),
     ignored(u"DbWriteLevel", Obsolete),
     ignored(u"DbWriteDc", Obsolete),
-    text(u"DbWriteDDem", FormNames::writeModes),
-    text(u"DbWriteClass", FormNames::writeModes),
+    text(u"DbWriteDDem", DatabaseWriteModes),
+    text(u"DbWriteClass", DatabaseWriteModes),
     text(u"CutAtLocations", Kind::Boolean),
     text(u"SessionCloseTime", Kind::Float),
     text(u"RestartAttachmentsOnSessionClose", Kind::Boolean),
@@ -95,7 +95,7 @@ constexpr ObjectForm GenerationDocument{{}, {}, GenerationRoot};
 /// The older form: the text of the root is the mode.
 constexpr ElementForm oldRoot()
 {
-    ElementForm row = text(GenerationName, FormNames::generationModes).askedFor(ModeField);
+    ElementForm row = text(GenerationName, GenerationModes).askedFor(ModeField);
     row.attributes = GenerationAttributes;
     return row;
 }

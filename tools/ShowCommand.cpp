@@ -15,12 +15,9 @@ QString jsonOf(const Document &document)
     const auto reason = whyIncomplete(*document.object);
     JsonWriter json(JsonWriter::Layout::Indented);
     json.beginObject();
-    json.key(u"kind");
-    json.value(jsonText(document.kind->rootElement));
-    json.key(u"complete");
-    json.value(jsonBool(!reason));
-    json.key(u"reason");
-    json.value(reason ? jsonText(*reason) : QStringLiteral("null"));
+    json.member(u"kind", jsonText(document.kind->rootElement));
+    json.member(u"complete", jsonBool(!reason));
+    json.member(u"reason", jsonTextOrNull(reason.value_or(QString())));
     json.key(u"fields");
     json.fields(*document.kind->fields, document.kind->address(*document.object));
     json.endObject();
@@ -52,10 +49,11 @@ ExitStatus run(const QCommandLineParser &parser)
 const Command showCommand{
     u"show",
     u"show what a document holds",
-    u"Shows what the document holds, complete or not: labels, values and their units, and whether it is\n"
-    u"complete and, if not, why. JSON holds every field under the keys that 'new' and 'diff' call it by,\n"
-    u"what is not set as null.\n"
-    u"Exit status: 0 it is shown, 1 the document is at fault, 2 the file cannot be read.",
+    u"Tells whether the document is complete and, if not, why; then what it holds: labels, values and their "
+    u"units. A document that is not complete is shown, too.\n"
+    u"\n"
+    u"JSON holds every field, called as the commands new and diff call it, and null for what is not set.",
+    {u"the document is shown", u"the document is at fault", u"FILE cannot be read"},
     u"kormak show --format json job.xml",
     OneFile,
     [] { return QList<QCommandLineOption>{formatOption()}; },

@@ -2,6 +2,7 @@
 
 #include <objectbase/Converters.h>
 #include <tools/Console.h>
+#include <tools/NameLists.h>
 
 #include <QDateTime>
 
@@ -79,7 +80,7 @@ bool TextForm::isSaidBy(const QString &text) const
     case Kind::DateTime:
         return TESSEL::Converters::ToDateTime(text).isValid();
     case Kind::Name:
-        return names().contains(text);
+        return names->names().contains(text);
     }
     return true;
 }
@@ -98,7 +99,7 @@ QStringList TextForm::allowed() const
 {
     switch (kind) {
     case Kind::Name:
-        return names();
+        return names->names();
     case Kind::Boolean:
     case Kind::Flag:
         return {True.toString(), False.toString()};

@@ -6,17 +6,18 @@
 #include <QStringList>
 #include <QStringView>
 
+struct NameList;
+
 class TextForm {
 public:
     enum class Kind { Any, Boolean, Flag, Integer, UpTo, LongLong, Float, Double, DateTime, Name };
-    using Names = const QStringList &(*)();
 
     constexpr TextForm() = default;
     constexpr TextForm(Kind textKind) : kind(textKind) { }
     /// A name of a vocabulary. \a otherReading tells what the library makes of any other text; null: it
     /// refuses that.
-    constexpr TextForm(Names vocabulary, QStringView otherReading = u"reads as \"not set\"")
-        : kind(Kind::Name), names(vocabulary), reading(otherReading)
+    constexpr TextForm(const NameList &vocabulary, QStringView otherReading = u"reads as \"not set\"")
+        : kind(Kind::Name), names(&vocabulary), reading(otherReading)
     {
     }
     /// A whole number from 1; the library refuses any other text.
@@ -40,7 +41,7 @@ public:
 
 private:
     Kind kind = Kind::Any;
-    Names names = nullptr;
+    const NameList *names = nullptr;
     unsigned int greatest = 0;
     QStringView reading = {};
 };

@@ -1,67 +1,53 @@
 #include "tools/Usage.h"
 
-#include <QStringList>
+#include <tools/TextLayout.h>
+#include <tools/Tool.h>
 
 #include <algorithm>
 #include <vector>
 
 namespace {
 
-struct Row {
-    QString name;
-    QString meaning;
-};
+using TextLayout::Row;
 
-QString dashed(const QString &name)
+QString section(QStringView heading, const std::vector<Row> &rows)
 {
-    return QStringLiteral("--").right(name.size() == 1 ? 1 : 2) + name;
+    return QLatin1Char('\n') + heading.toString() + QStringLiteral(":\n")
+        + TextLayout::twoColumns(rows, QStringLiteral("  "));
 }
 
-QString nameOf(const QCommandLineOption &option)
+QString exitSection(const ExitTexts &texts)
 {
-    QStringList names = option.names();
-    std::transform(names.begin(), names.end(), names.begin(), dashed);
-    const QString value = option.valueName();
-    return names.join(QStringLiteral(", ")) + (value.isEmpty() ? value : QLatin1Char(' ') + value);
+    std::vector<Row> rows;
+    for (int status = Good; status <= Failed; ++status) {
+        if (!texts[status].isEmpty())
+            rows.push_back({QString::number(status), texts[status].toString()});
+    }
+    return section(u"Exit status", rows);
 }
 
-/// A heading and under it the rows in two columns.
-QString table(const QString &heading, const std::vector<Row> &rows)
-{
-    int width = 0;
-    for (const Row &row : rows)
-        width = std::max(width, static_cast<int>(row.name.size()));
-    QString text = QLatin1Char('\n') + heading + QStringLiteral(":\n");
-    for (const Row &row : rows)
-        text += QStringLiteral("  ") + row.name.leftJustified(width) + QStringLiteral("  ") + row.meaning
-            + QLatin1Char('\n');
-    return text;
-}
-
-QString optionTable(const QList<QCommandLineOption> &options)
+QString optionSection(const QList<QCommandLineOption> &options)
 {
     std::vector<Row> rows;
     for (const QCommandLineOption &option : options)
-        rows.push_back({nameOf(option), option.description()});
-    return table(QStringLiteral("Options"), rows);
+        rows.push_back({Usage::nameOf(option), option.description()});
+    return section(u"Options", rows);
 }
 
-QString callOf(const Command &command)
-{
-    return command.name.toString() + QLatin1Char(' ') + command.arguments.usage.toString();
-}
-
-QString commandTable(const Usage::Commands &commands)
+QString commandSection()
 {
     std::vector<Row> rows;
-    for (const Command *command : commands)
-        rows.push_back({callOf(*command), command->summary.toString()});
-    return table(QStringLiteral("Commands"), rows);
+    for (const Command *command : Tool::commands()) {
+        rows.push_back({command->name.toString() + QLatin1Char(' ') + command->arguments.usage.toString(),
+                        command->summary.toString()});
+    }
+    return section(u"Commands", rows);
 }
 
-QString example(QStringView call)
+QString exampleSection(QStringView calls)
 {
-    return QStringLiteral("\nExample:\n  ") + call.toString() + QLatin1Char('\n');
+    const QString indented = calls.toString().replace(QLatin1Char('\n'), QStringLiteral("\n  "));
+    return QStringLiteral("\nExample:\n  ") + indented + QLatin1Char('\n');
 }
 
 QString numberWord(int number)
@@ -73,40 +59,39 @@ QString numberWord(int number)
 
 } // namespace
 
-QString Usage::brief(const Commands &commands)
+QString Usage::brief()
 {
     return QStringLiteral("Usage: kormak COMMAND [OPTIONS] ARGUMENT...\nCommands: %1\nTry 'kormak --help'.")
-        .arg(commandNames(commands));
+        .arg(Tool::commandNames().join(QStringLiteral(", ")));
 }
 
-QString Usage::ofTool(const Commands &commands, const QList<QCommandLineOption> &options)
+QString Usage::ofTool()
 {
-    return QStringLiteral(
-               "Usage: kormak COMMAND [OPTIONS] ARGUMENT...\n\n"
-               "Checks, shows, compares, rewrites and makes the documents of a radio-monitoring "
-               "system.\n"
-               "The file - is standard input. Results go to standard output, complaints to standard "
-               "error.\n"
-               "Exit status: 0 all is well, 1 a document is at fault or two differ,\n"
-               "2 a file cannot be read or written, or the call is wrong.\n")
-        + commandTable(commands) + optionTable(options)
-        + QStringLiteral("\n'kormak COMMAND --help' tells more of a command.\n")
-        + example(u"kormak new Job --set JobHeader.JobType=Antenna --set JobHeader.Author=\"M. Keller\" \\\n"
-                  u"    --set JobHeader.Creation=now --set ResourceType=Antenna --set AntennaData.Name=North "
-                  u"\\\n"
-                  u"    --set AntennaData.MinimumFrequency=1.5e6 --set AntennaData.MaximumFrequency=30e6 -o "
-                  u"job.xml\n"
-                  u"  kormak check job.xml");
+    return QStringLiteral("Usage: kormak COMMAND [OPTIONS] ARGUMENT...\n\n")
+        + TextLayout::wrapped(Tool::Description.toString()) + commandSection()
+        + optionSection(Tool::options()) + exitSection(Tool::ExitStatus) + exampleSection(Tool::Example)
+        + QStringLiteral("\n'kormak COMMAND --help' tells more about a command.\n");
 }
 
-QString Usage::ofCommand(const Command &command, const QList<QCommandLineOption> &options)
+QString Usage::ofCommand(const Command &command)
 {
-    const bool takesFiles = command.arguments.name == FileName || command.arguments.name == PathName;
-    const QString input = takesFiles ? QStringLiteral("The file - is standard input.\n") : QString();
-    return QStringLiteral("Usage: kormak %1 [OPTIONS] %2\n\n%3\n%4")
-               .arg(command.name.toString(), command.arguments.usage.toString(),
-                    command.description.toString(), input)
-        + optionTable(options) + example(command.example);
+    return QStringLiteral("Usage: kormak ") + callOf(command) + QStringLiteral("\n\n")
+        + TextLayout::wrapped(command.description.toString() + noteOnInput(command))
+        + optionSection(Tool::optionsOf(command)) + exitSection(command.exitStatus)
+        + exampleSection(command.example);
+}
+
+QString Usage::noteOnInput(const Command &command)
+{
+    const QStringView name = command.arguments.name;
+    if (name != FileName && name != PathName)
+        return {};
+    return QStringLiteral("\n\nThe %1 - is standard input.").arg(name.toString());
+}
+
+QString Usage::callOf(const Command &command)
+{
+    return command.name.toString() + QStringLiteral(" [OPTIONS] ") + command.arguments.usage.toString();
 }
 
 void Usage::checkCount(const Arguments &arguments, int count)
@@ -122,12 +107,19 @@ void Usage::checkCount(const Arguments &arguments, int count)
             .arg(count)};
 }
 
-QString Usage::commandNames(const Commands &commands)
+QStringList Usage::dashedNames(const QCommandLineOption &option)
 {
-    QStringList names;
-    for (const Command *command : commands)
-        names += command->name.toString();
-    return names.join(QStringLiteral(", "));
+    QStringList names = option.names();
+    for (QString &name : names)
+        name.prepend(name.size() == 1 ? QStringLiteral("-") : QStringLiteral("--"));
+    return names;
+}
+
+QString Usage::nameOf(const QCommandLineOption &option)
+{
+    const QString value = option.valueName();
+    return dashedNames(option).join(QStringLiteral(", "))
+        + (value.isEmpty() ? value : QLatin1Char(' ') + value);
 }
 
 QString Usage::optionNames(const QList<QCommandLineOption> &options)
@@ -136,4 +128,10 @@ QString Usage::optionNames(const QList<QCommandLineOption> &options)
     for (const QCommandLineOption &option : options)
         names += nameOf(option);
     return names.join(QStringLiteral(", "));
+}
+
+UsageError Usage::unknown(const QString &what, const QString &name, const QStringList &allowed)
+{
+    return {
+        QStringLiteral("Unknown %1 '%2'. Allowed: %3").arg(what, name, allowed.join(QStringLiteral(", ")))};
 }

@@ -6,21 +6,33 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 namespace Usage {
 
-using Commands = QList<const Command *>;
+[[nodiscard]] QString brief();
+[[nodiscard]] QString ofTool();
+[[nodiscard]] QString ofCommand(const Command &command);
 
-[[nodiscard]] QString brief(const Commands &commands);
-[[nodiscard]] QString ofTool(const Commands &commands, const QList<QCommandLineOption> &options);
-[[nodiscard]] QString ofCommand(const Command &command, const QList<QCommandLineOption> &options);
+/// What of a command people should know beyond its description: that - is standard input; empty when it takes
+/// no file.
+[[nodiscard]] QString noteOnInput(const Command &command);
 
-[[nodiscard]] QString commandNames(const Commands &commands);
+/// "check [OPTIONS] PATH..."
+[[nodiscard]] QString callOf(const Command &command);
+
 /// \throws UsageError when \a count is not as \a arguments say
 void checkCount(const Arguments &arguments, int count);
 
+/// The names of an option as they are given: "-h", "--help".
+[[nodiscard]] QStringList dashedNames(const QCommandLineOption &option);
+/// "-o, --output OUT"
+[[nodiscard]] QString nameOf(const QCommandLineOption &option);
 /// "-h, --help, -o OUT"
 [[nodiscard]] QString optionNames(const QList<QCommandLineOption> &options);
+
+/// For a \a name that is none of those \a allowed; \a what they are names of.
+[[nodiscard]] UsageError unknown(const QString &what, const QString &name, const QStringList &allowed);
 
 } // namespace Usage
 

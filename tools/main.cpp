@@ -1,5 +1,6 @@
 #include <tools/Command.h>
 #include <tools/Console.h>
+#include <tools/Tool.h>
 #include <tools/Usage.h>
 
 #include <QCommandLineParser>
@@ -8,27 +9,12 @@
 #include <QTextCodec>
 #endif
 
-#include <algorithm>
 #include <cerrno>
 #include <clocale>
 #include <cstring>
 #include <exception>
 
 namespace {
-
-const Usage::Commands Commands{&checkCommand,  &showCommand, &diffCommand,
-                               &formatCommand, &newCommand,  &listCommand};
-
-QCommandLineOption helpOption()
-{
-    return {{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")};
-}
-
-QCommandLineOption versionOption()
-{
-    return {{QStringLiteral("v"), QStringLiteral("version")},
-            QStringLiteral("Show the version of the tool.")};
-}
 
 /// \throws UsageError for an option that is not known or is not given as it should be
 void parse(QCommandLineParser &parser, const QList<QCommandLineOption> &options, const QStringList &arguments)
@@ -42,11 +28,9 @@ void parse(QCommandLineParser &parser, const QList<QCommandLineOption> &options,
 ExitStatus runCommand(const Command &command, const QStringList &arguments)
 {
     QCommandLineParser parser;
-    const QCommandLineOption help = helpOption();
-    const QList<QCommandLineOption> options = command.options() << help;
-    parse(parser, options, arguments);
-    if (parser.isSet(help)) {
-        Console::write(Usage::ofCommand(command, options));
+    parse(parser, Tool::optionsOf(command), arguments);
+    if (parser.isSet(QStringLiteral("help"))) {
+        Console::write(Usage::ofCommand(command));
         return Good;
     }
     Usage::checkCount(command.arguments, static_cast<int>(parser.positionalArguments().size()));
@@ -57,37 +41,31 @@ ExitStatus runCommand(const Command &command, const QStringList &arguments)
 ExitStatus runWithoutCommand(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    const QCommandLineOption help = helpOption();
-    const QCommandLineOption version = versionOption();
-    parse(parser, {help, version}, arguments.mid(0, 2));
-    if (parser.isSet(help))
-        Console::write(Usage::ofTool(Commands, {help, version}));
-    else if (parser.isSet(version))
+    parse(parser, Tool::options(), arguments.mid(0, 2));
+    if (parser.isSet(QStringLiteral("help")))
+        Console::write(Usage::ofTool());
+    else if (parser.isSet(QStringLiteral("version")))
         Console::print(QStringLiteral("kormak " KORMAK_VERSION));
     else
-        throw UsageError{QStringLiteral("Unknown command '%1'. Allowed: %2")
-                             .arg(arguments.at(1), Usage::commandNames(Commands))};
+        throw Usage::unknown(QStringLiteral("command"), arguments.at(1), Tool::commandNames());
     return Good;
 }
 
 ExitStatus run(const QStringList &arguments)
 {
     if (arguments.size() < 2) {
-        Console::complain(Usage::brief(Commands));
+        Console::complain(Usage::brief());
         return Failed;
     }
-    const auto found = std::find_if(Commands.begin(), Commands.end(), [&arguments](const Command *candidate) {
-        return candidate->name == arguments.at(1);
-    });
-    const bool isCommand = found != Commands.end();
+    const Command *command = Tool::findCommand(arguments.at(1));
     try {
         const ExitStatus status =
-            isCommand ? runCommand(**found, arguments.mid(1)) : runWithoutCommand(arguments);
+            command ? runCommand(*command, arguments.mid(1)) : runWithoutCommand(arguments);
         Console::flush();
         return status;
     } catch (const UsageError &error) {
-        const QString command = isCommand ? QLatin1Char(' ') + arguments.at(1) : QString();
-        Console::complain(QStringLiteral("kormak") + command + QStringLiteral(": ") + error.message);
+        const QString name = command ? QLatin1Char(' ') + arguments.at(1) : QString();
+        Console::complain(QStringLiteral("kormak") + name + QStringLiteral(": ") + error.message);
         return Failed;
     }
 }

@@ -65,6 +65,13 @@ expect(${tools} Depends "${library} \\(= ${VERSION}\\)" "${qt_library_${QT_MAJOR
 expect(${tools} Conflicts "kormak-tools")
 expect(${tools} Provides "kormak-tools")
 
+# The texts of the tool are in its package, unless the build is without it.
+foreach(path man/man1/kormak.1 bash-completion/completions/kormak zsh/site-functions/_kormak)
+    if(EXISTS "${work_dir}/${tools}/usr/bin/kormak" AND NOT EXISTS "${work_dir}/${tools}/usr/share/${path}")
+        message(SEND_ERROR "${tools} lacks usr/share/${path}: ${${tools}_files}")
+    endif()
+endforeach()
+
 # No file belongs to two packages, and those for both versions of Qt share none but what the tools have.
 set(unique ${owned})
 list(REMOVE_DUPLICATES unique)

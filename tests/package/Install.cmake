@@ -34,6 +34,13 @@ endforeach()
 list(FILTER public EXCLUDE REGEX "_p\\.h$")
 compare("headers" "${installed}" "${public}")
 
+# What the tool comes with, if it is built.
+foreach(path man/man1/kormak.1 bash-completion/completions/kormak zsh/site-functions/_kormak)
+    if(EXISTS "${PREFIX}/bin/kormak" AND NOT EXISTS "${PREFIX}/share/${path}")
+        message(FATAL_ERROR "share/${path} is not installed")
+    endif()
+endforeach()
+
 file(GLOB_RECURSE installed RELATIVE "${PREFIX}/share/kormak/schemas" "${PREFIX}/share/kormak/schemas/*")
 file(GLOB_RECURSE schemas RELATIVE "${SOURCE_DIR}/schemas" "${SOURCE_DIR}/schemas/*.xsd")
 compare("schemas" "${installed}" "${schemas}")

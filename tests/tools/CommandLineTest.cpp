@@ -17,6 +17,8 @@ private Q_SLOTS:
     void fullOutput();
     void closedOutput_data();
     void closedOutput();
+    void colours_data();
+    void colours();
 };
 
 void CommandLineTest::help_data()
@@ -24,175 +26,221 @@ void CommandLineTest::help_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("text");
 
-    const QString ofTool =
-        "Usage: kormak COMMAND [OPTIONS] ARGUMENT...\n"
-        "\n"
-        "Checks, shows, compares, rewrites and makes the documents of a radio-monitoring system.\n"
-        "The file - is standard input. Results go to standard output, complaints to standard error.\n"
-        "Exit status: 0 all is well, 1 a document is at fault or two differ,\n"
-        "2 a file cannot be read or written, or the call is wrong.\n"
-        "\n"
-        "Commands:\n"
-        "  check PATH...      tell of each file what kind of document it is, and whether it is complete and "
-        "right\n"
-        "  show FILE          show what a document holds\n"
-        "  diff FILE FILE     tell in which fields two documents of a kind differ\n"
-        "  format FILE...     write a document in canonical form\n"
-        "  new KIND           make a document with the given fields\n"
-        "  list [VOCABULARY]  list the vocabularies, or the names in one of them\n"
-        "\n"
-        "Options:\n"
-        "  -h, --help     Show this help.\n"
-        "  -v, --version  Show the version of the tool.\n"
-        "\n"
-        "'kormak COMMAND --help' tells more of a command.\n"
-        "\n"
-        "Example:\n"
-        "  kormak new Job --set JobHeader.JobType=Antenna --set JobHeader.Author=\"M. Keller\" \\\n"
-        "    --set JobHeader.Creation=now --set ResourceType=Antenna --set AntennaData.Name=North \\\n"
-        "    --set AntennaData.MinimumFrequency=1.5e6 --set AntennaData.MaximumFrequency=30e6 -o job.xml\n"
-        "  kormak check job.xml\n";
-    const QString ofCheck =
-        "Usage: kormak check [OPTIONS] PATH...\n"
-        "\n"
-        "Tells the kind of each document from its root element and whether it is complete, and everything "
-        "that\n"
-        "is wrong with it. Of a folder, its *.xml files are checked, in the order of their names.\n"
-        "\n"
-        "Problems go to standard error as FILE:LINE:COLUMN: SEVERITY: PATH: MESSAGE, where PATH tells the\n"
-        "element or attribute (Job/JobHeader/Author). An \"error\" is what the library refuses the document "
-        "for;\n"
-        "a \"warning\" is what it accepts, but reads otherwise than it looks, or not at all. More than one "
-        "file, or\n"
-        "a folder, is summed up in the end.\n"
-        "Exit status: 0 all are good, warnings or not, 1 a document is at fault, 2 a file cannot be read.\n"
-        "\n"
-        "With --format json everything goes to standard output, an object in each line. All have a "
-        "\"type\":\n"
-        "  finding  file, line, column, severity, id, path, message, found, allowed, complaint\n"
-        "  file     behind its findings: file, status, kind, complete, findings (how many)\n"
-        "  summary  in the end: files, good, faulty, unreadable (how many)\n"
-        "line and column count from 1 and are null if the file cannot be read. severity is error or warning, "
-        "status\n"
-        "good, faulty or unreadable. found is the text that is there, allowed lists the names that could be "
-        "there,\n"
-        "complaint is what the library says; these, path and kind are null where there is none.\n"
-        "id tells findings apart: bad-value, encoding, misplaced-element, missing-attribute, "
-        "missing-element,\n"
-        "not-well-formed, refused, repeated, stray-text, suspicious, unknown-attribute, unknown-element,\n"
-        "unknown-kind, unread, unreadable.\n"
-        "The file - is standard input.\n"
-        "\n"
-        "Options:\n"
-        "  -r, --recursive  Go through the folders below a folder, too.\n"
-        "  -j, --jobs N     Check N files at a time (default: one per processor core).\n"
-        "  --format FORMAT  text (for people, the default) or json (for scripts).\n"
-        "  -h, --help       Show this help.\n"
-        "\n"
-        "Example:\n"
-        "  kormak check -r --format json jobs settings/workflow.xml\n";
-    const QString ofShow =
-        "Usage: kormak show [OPTIONS] FILE\n"
-        "\n"
-        "Shows what the document holds, complete or not: labels, values and their units, and whether it is\n"
-        "complete and, if not, why. JSON holds every field under the keys that 'new' and 'diff' call it by,\n"
-        "what is not set as null.\n"
-        "Exit status: 0 it is shown, 1 the document is at fault, 2 the file cannot be read.\n"
-        "The file - is standard input.\n"
-        "\n"
-        "Options:\n"
-        "  --format FORMAT  text (for people, the default) or json (for scripts).\n"
-        "  -h, --help       Show this help.\n"
-        "\n"
-        "Example:\n"
-        "  kormak show --format json job.xml\n";
-    const QString ofDiff =
-        "Usage: kormak diff [OPTIONS] FILE FILE\n"
-        "\n"
-        "Compares what two documents hold, field by field, however they are written: one line per field "
-        "that\n"
-        "differs, FIELD: BEFORE -> AFTER. Parameters are matched by their unique names, elements of lists "
-        "by\n"
-        "their places; what only one document has is said to be removed or added. Values that are no "
-        "numbers\n"
-        "are alike here. A last line tells when the library's own comparison comes to another result: it "
-        "leaves\n"
-        "out some fields, and nothing equals what is no number.\n"
-        "Exit status: 0 no field differs, 1 some do, 2 a document cannot be read or they are of different "
-        "kinds.\n"
-        "The file - is standard input.\n"
-        "\n"
-        "Options:\n"
-        "  --format FORMAT  text (for people, the default) or json (for scripts).\n"
-        "  -h, --help       Show this help.\n"
-        "\n"
-        "Example:\n"
-        "  kormak diff old.xml new.xml\n";
-    const QString ofNew =
-        "Usage: kormak new [OPTIONS] KIND\n"
-        "\n"
-        "Makes a document of the given KIND: Job, AutomaticWorkflow, ActivityGeneration, GenericReceiver or\n"
-        "Parameter. What is not set has the library's default. The document is checked, then written to\n"
-        "standard output unless told otherwise; when something is missing, nothing is written.\n"
-        "Fields are called as 'show --format json' calls them. An element of a list has its index in "
-        "brackets,\n"
-        "a parameter of a receiver its unique name (there \\] is a ] and \\\\ a \\); a list without an index "
-        "takes\n"
-        "another element, its fields separated by commas. The order of the options does not matter but "
-        "there.\n"
-        "What the library writes but does not read again as it was set, a warning tells.\n"
-        "Exit status: 0 it is written, 1 it is not complete, 2 there is no such kind, field or value, or "
-        "the\n"
-        "file cannot be written.\n"
-        "\n"
-        "Options:\n"
-        "  --set FIELD=VALUE  Set a field; can be given many times.\n"
-        "  -o OUT             Write to the file OUT.\n"
-        "  --list-fields      List the fields of KIND and what they can be set to.\n"
-        "  -h, --help         Show this help.\n"
-        "\n"
-        "Example:\n"
-        "  kormak new GenericReceiver --set 'Parameter[Gain].ParameterType=Integer' \\\n"
-        "    --set 'Parameter[Gain].ValueType=ValueNumericInt' --set "
-        "'Parameter[Gain].RepresentationName=rx.gain' \\\n"
-        "    --set 'Parameter[Gain].Integer.Minimum=0' --set 'Parameter[Gain].Integer.Maximum=40' -o "
-        "receiver.xml\n";
-    const QString ofList =
-        "Usage: kormak list [OPTIONS] [VOCABULARY]\n"
-        "\n"
-        "Without an argument, lists the vocabularies of the documents. With one, lists its names as "
-        "documents\n"
-        "hold them, each behind its number. Where the library writes a value in another way than it reads "
-        "it,\n"
-        "that is said behind the name.\n"
-        "Exit status: 0 it is listed, 2 there is no such vocabulary.\n"
-        "\n"
-        "Options:\n"
-        "  --format FORMAT  text (for people, the default) or json (for scripts).\n"
-        "  -h, --help       Show this help.\n"
-        "\n"
-        "Example:\n"
-        "  kormak list JobType\n";
-    const QString ofFormat =
-        "Usage: kormak format [OPTIONS] FILE...\n"
-        "\n"
-        "Reads the document and writes it as the library writes it, to standard output unless told "
-        "otherwise,\n"
-        "all of it or nothing. When the rewritten document would not say all that FILE says, nothing is\n"
-        "written, and standard error tells what would be lost as FILE:LINE:COLUMN: loss: PATH: ...\n"
-        "With --in-place, several files are gone through, each for itself.\n"
-        "Exit status: 0 all are written, 1 a document is at fault or something would be lost,\n"
-        "2 a file cannot be read or written.\n"
-        "The file - is standard input.\n"
-        "\n"
-        "Options:\n"
-        "  -o OUT           Write to the file OUT.\n"
-        "  --in-place       Write to each FILE itself.\n"
-        "  --drop-comments  Write even if comments are lost.\n"
-        "  -h, --help       Show this help.\n"
-        "\n"
-        "Example:\n"
-        "  kormak format --in-place jobs/*.xml\n";
+    const QString ofTool = R"text(Usage: kormak COMMAND [OPTIONS] ARGUMENT...
+
+Checks, shows, compares, rewrites and makes the XML documents of a
+radio-monitoring system: jobs, automatic workflows, settings of activity
+generation, receivers and their parameters.
+
+Results go to standard output, complaints to standard error. The file name -
+stands for standard input.
+
+Commands:
+  check PATH...      tell everything that is wrong with documents
+  show FILE          show what a document holds
+  diff FILE FILE     tell in which fields two documents differ
+  format FILE...     rewrite documents as the library writes them
+  new KIND           make a document from the fields you give
+  list [VOCABULARY]  list the names that fields can hold
+
+Options:
+  -h, --help     Show this help.
+  -v, --version  Show the version of the tool.
+
+Exit status:
+  0  all is well
+  1  a document is at fault, or two documents differ
+  2  a file cannot be read or written, or the call is wrong
+
+Example:
+  kormak new Job --set JobHeader.JobType=Antenna \
+      --set JobHeader.Author="M. Keller" --set JobHeader.Creation=now \
+      --set ResourceType=Antenna --set AntennaData.Name=North \
+      --set AntennaData.MinimumFrequency=1.5e6 \
+      --set AntennaData.MaximumFrequency=30e6 -o job.xml
+  kormak check job.xml
+
+'kormak COMMAND --help' tells more about a command.
+)text";
+    const QString ofCheck = R"text(Usage: kormak check [OPTIONS] PATH...
+
+Tells of each file what kind of document it is, whether it is complete, and
+everything that is wrong with it. Of a folder, the files called *.xml are
+checked, in the order of their names. More than one file, or a folder, is
+summed up in the end.
+
+What is wrong goes to standard error, one thing in a line:
+  FILE:LINE:COLUMN: SEVERITY: PATH: MESSAGE
+PATH is the element or attribute, such as Job/JobHeader/Author. SEVERITY is
+"error" where the library refuses the document. It is "warning" where the
+library accepts the document, but does not read what is there, or not as it
+looks.
+
+With --format json everything goes to standard output, an object in each line.
+"type" tells what an object is and which members follow:
+  finding  file, line, column, severity, id, path, message, found, allowed,
+           complaint
+  file     behind its findings: file, status, kind, complete, findings (how
+           many)
+  summary  in the end: files, good, faulty, unreadable (how many of each)
+line and column count from 1. status is good, faulty or unreadable. found is
+the text that is there, allowed lists the names that could be there, complaint
+is what the library says. What does not apply is null, or an empty list.
+
+id is one of bad-value, encoding, misplaced-element, missing-attribute,
+missing-element, not-well-formed, refused, repeated, stray-text, suspicious,
+unknown-attribute, unknown-element, unknown-kind, unread, unreadable.
+
+The PATH - is standard input.
+
+Options:
+  -r, --recursive  Go through the folders below a folder, too.
+  -j, --jobs N     Check N files at a time (default: one per processor core).
+  --format FORMAT  text (for people, the default) or json (for scripts).
+  -h, --help       Show this help.
+
+Exit status:
+  0  all documents are good, with warnings or without
+  1  a document is at fault
+  2  a file cannot be read
+
+Example:
+  kormak check -r --format json jobs settings/workflow.xml
+)text";
+    const QString ofShow = R"text(Usage: kormak show [OPTIONS] FILE
+
+Tells whether the document is complete and, if not, why; then what it holds:
+labels, values and their units. A document that is not complete is shown, too.
+
+JSON holds every field, called as the commands new and diff call it, and null
+for what is not set.
+
+The FILE - is standard input.
+
+Options:
+  --format FORMAT  text (for people, the default) or json (for scripts).
+  -h, --help       Show this help.
+
+Exit status:
+  0  the document is shown
+  1  the document is at fault
+  2  FILE cannot be read
+
+Example:
+  kormak show --format json job.xml
+)text";
+    const QString ofDiff = R"text(Usage: kormak diff [OPTIONS] FILE FILE
+
+Compares what two documents of one kind hold, however they are written, and
+tells of each field that differs in a line:
+  FIELD: BEFORE -> AFTER
+Parameters are matched by their unique names, elements of lists by their
+places. What only one of the documents has is said to be removed or added. NaN
+is taken to equal NaN.
+
+Programs that compare documents with the library may get another result, since
+it leaves out some fields, and NaN equals nothing there. If they do, a last
+line says so.
+
+The FILE - is standard input.
+
+Options:
+  --format FORMAT  text (for people, the default) or json (for scripts).
+  -h, --help       Show this help.
+
+Exit status:
+  0  no field differs
+  1  some fields differ
+  2  a document cannot be read, or the documents are of different kinds
+
+Example:
+  kormak diff old.xml new.xml
+)text";
+    const QString ofFormat = R"text(Usage: kormak format [OPTIONS] FILE...
+
+Reads a document and writes it in the order and layout that the library gives
+it, to standard output unless told otherwise. With --in-place there can be
+several files, each of which is rewritten or left alone.
+
+The library drops what it does not know. Before something of FILE gets lost in
+that way, nothing is written, and standard error tells what it is, one thing in
+a line:
+  FILE:LINE:COLUMN: loss: PATH: MESSAGE
+
+The FILE - is standard input.
+
+Options:
+  -o OUT           Write to the file OUT, not to standard output.
+  --in-place       Write each document to the FILE that it comes from.
+  --drop-comments  Write even if comments are lost.
+  -h, --help       Show this help.
+
+Exit status:
+  0  all documents are written
+  1  a document is at fault, or something would be lost
+  2  a file cannot be read or written
+
+Example:
+  kormak format --in-place jobs/*.xml
+)text";
+    const QString ofNew = R"text(Usage: kormak new [OPTIONS] KIND
+
+Makes a document of the given KIND: Job, AutomaticWorkflow, ActivityGeneration,
+GenericReceiver or Parameter. What is not set has the library's default. The
+document goes to standard output, unless told otherwise. When something is
+missing, nothing is written, and standard error tells what it is.
+
+--list-fields lists the fields. They are called as 'kormak show --format json'
+calls them:
+  JobHeader.Author=Keller            Author in the object JobHeader
+  Area.Coordinate[0].Latitude=52.1   of the first element of a list
+  Area.Coordinate=52.1,13.4          adds an element, all its values at once
+  Parameter[Gain].DisplayName=Gain   of a parameter, by its unique name
+In a unique name, write \] for ] and \\ for \. The order of the --set does not
+matter, but for elements that are added to a list.
+
+A warning tells of a field that the library writes, but would not read again as
+it was set.
+
+Options:
+  --set FIELD=VALUE  Set a field; can be given many times.
+  -o OUT             Write to the file OUT, not to standard output.
+  --list-fields      List the fields of KIND and what they can be set to.
+  -h, --help         Show this help.
+
+Exit status:
+  0  the document is written
+  1  the document is not complete
+  2  there is no such kind, field or value, or OUT cannot be written
+
+Example:
+  kormak new GenericReceiver -o receiver.xml \
+      --set 'Parameter[Gain].ParameterType=Integer' \
+      --set 'Parameter[Gain].ValueType=ValueNumericInt' \
+      --set 'Parameter[Gain].RepresentationName=rx.gain' \
+      --set 'Parameter[Gain].Integer.Minimum=0' \
+      --set 'Parameter[Gain].Integer.Maximum=40'
+)text";
+    const QString ofList = R"text(Usage: kormak list [OPTIONS] [VOCABULARY]
+
+Some fields hold one of several names, such as the type of a job. Without an
+argument, lists these vocabularies. With one of them, lists its names, each
+behind its number.
+
+Where the library writes another name than the one that it reads, that stands
+behind the name.
+
+Options:
+  --format FORMAT  text (for people, the default) or json (for scripts).
+  -h, --help       Show this help.
+
+Exit status:
+  0  the names are listed
+  2  there is no such vocabulary
+
+Example:
+  kormak list JobType
+)text";
 
     QTest::newRow("tool") << QStringList{"--help"} << ofTool;
     QTest::newRow("tool, short") << QStringList{"-h"} << ofTool;
@@ -215,6 +263,9 @@ void CommandLineTest::help()
     QCOMPARE(result.out, text);
     QCOMPARE(result.err, QString());
     QCOMPARE(result.status, 0);
+    const QStringList lines = text.split('\n');
+    for (const QString &line : lines)
+        QVERIFY2(line.size() < 80, qPrintable(line)); // fits a terminal of 80 columns
 }
 
 void CommandLineTest::version_data()
@@ -373,41 +424,165 @@ void CommandLineTest::fullOutput()
     Folder folder;
     folder.write("job.xml", completeJob());
     const Run result = folder.run({"show", "job.xml"}, {}, "/dev/full");
-    QCOMPARE(result.err, QString("kormak: standard output: No space left on device\n"));
+    const QString complaint = "kormak: standard output: No space left on device\n";
+    QCOMPARE(result.err, complaint);
     QCOMPARE(result.status, 2);
+
+    // A warning in between does not hide it.
+    const Run made = folder.run({"new", "AutomaticWorkflow", "--set", "Mode=ManualMode"}, {}, "/dev/full");
+    QVERIFY2(made.err.startsWith("kormak new: warning: "), qPrintable(made.err));
+    QVERIFY2(made.err.endsWith(complaint), qPrintable(made.err));
+    QCOMPARE(made.status, 2);
 }
 
 void CommandLineTest::closedOutput_data()
 {
-    QTest::addColumn<QString>("signal");
-    QTest::addColumn<QString>("status");
+    QTest::addColumn<QString>("arguments");
 
-    QTest::newRow("with the signal") << ""
-                                     << "141";
-    QTest::newRow("without the signal") << "trap '' PIPE; "
-                                        << "2";
+    QTest::newRow("help") << "--help";
+    QTest::newRow("version") << "--version";
+    QTest::newRow("check") << "check job.xml";
+    QTest::newRow("check as JSON, many files") << "check -j 4 --format json *.xml";
+    QTest::newRow("show") << "show job.xml";
+    QTest::newRow("show as JSON") << "show --format json job.xml";
+    QTest::newRow("diff") << "diff job.xml other.xml";
+    QTest::newRow("diff as JSON") << "diff --format json job.xml other.xml";
+    QTest::newRow("format") << "format job.xml";
+    QTest::newRow("new") << "new ActivityGeneration --set Mode=AGSC";
+    QTest::newRow("fields of new") << "new Job --list-fields";
+    QTest::newRow("list") << "list";
+    QTest::newRow("list as JSON") << "list --format json JobType";
+    QTest::newRow("names") << "list JobType";
 }
 
 void CommandLineTest::closedOutput()
 {
-    QFETCH(QString, signal);
-    QFETCH(QString, status);
+    QFETCH(QString, arguments);
     const QString shell = "/bin/sh";
     if (!QFile::exists(shell)) {
         skip("there is no shell");
         return;
     }
 
-    // More than a pipe holds, and nobody who reads it.
+    // Both with what fits into the buffer of the tool and with more than it holds.
+    for (const int size : {10, 1024 * 1024}) {
+        for (const auto &[signal, status] : {std::pair("", "141"), std::pair("trap '' PIPE; ", "2")}) {
+            Folder folder;
+            folder.write("job.xml", jobWith("Mara Lind", QByteArray(size, 'x')));
+            folder.write("other.xml", jobWith("Mara Lind", QByteArray(size, 'y')));
+            for (int i = 0; i < 20; ++i)
+                folder.write(QString("%1.xml").arg(i),
+                             "<Job>" + QByteArray("<Foo/>").repeated(100) + "</Job>");
+            // The one reader of the pipe is gone before the tool starts.
+            const QString call = QString("mkfifo pipe; exec 4<>pipe 5>pipe 4<&-; %1'" KORMAK_TOOL
+                                         "' %2 >&5 2>err; echo $? >status")
+                                     .arg(signal, arguments);
+            QProcess process;
+            process.setWorkingDirectory(folder.path("."));
+            process.start(shell, {"-c", call});
+            QVERIFY(process.waitForFinished());
+            QCOMPARE(process.readAllStandardError(), QByteArray());
+            QCOMPARE(folder.read("err"), QString());
+            QCOMPARE(folder.read("status").trimmed(), QString(status));
+        }
+    }
+}
+
+void CommandLineTest::colours_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("complaints"); // %1 is "error", %2 "warning", %3 "loss"
+
+    QTest::newRow("check") << QStringList{"check", "bad.xml"}
+                           << "bad.xml:3:5: %1: Job/JobHeader/Author: missing\n"
+                              "bad.xml:10:9: %2: Job/AntennaData/Name/@a: unknown attribute, which is passed "
+                              "over\n";
+    QTest::newRow("check of no file")
+        << QStringList{"check", "none"} << "none: %1: cannot be read: No such file or directory\n";
+    QTest::newRow("show") << QStringList{"show", "none"}
+                          << "none: %1: cannot be read: No such file or directory\n";
+    QTest::newRow("diff") << QStringList{"diff", "job.xml", "none"}
+                          << "none: %1: cannot be read: No such file or directory\n";
+    QTest::newRow("diff of two kinds")
+        << QStringList{"diff", "job.xml", "parameter.xml"}
+        << "parameter.xml: %1: is of kind Parameter, but job.xml is of kind Job: they cannot be compared\n";
+    QTest::newRow("format") << QStringList{"format", "bad.xml"}
+                            << "bad.xml:3:5: %1: JobHeader: Please set Author\n";
+    QTest::newRow("format with losses")
+        << QStringList{"format", "loss.xml"}
+        << "loss.xml:1:1: %3: the comment \"a\" would be missing\n"
+           "loss.xml: %1: not written, since the lines above would be lost (--drop-comments allows "
+           "to lose comments)\n";
+    QTest::newRow("new") << QStringList{"new", "Parameter"}
+                         << "kormak new: %1: Parameter: Please set ParameterType\n";
+    QTest::newRow("new with a warning")
+        << QStringList{"new",   "ActivityGeneration",
+                       "--set", "Mode=AGSC",
+                       "--set", "LevelMinBurstDuration=0.123456789"}
+        << "kormak new: %2: not read back as it was set: LevelMinBurstDuration: 0.12345679 -> 0.123457\n";
+    QTest::newRow("list") << QStringList{"list", "none"} << QString();
+}
+
+void CommandLineTest::colours()
+{
+#ifdef Q_OS_UNIX
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, complaints);
+
+    Screen screen;
+    if (!screen.isThere()) {
+        skip("there are no terminals");
+        return;
+    }
     Folder folder;
-    folder.write("job.xml", jobWith("Mara Lind", QByteArray(1024 * 1024, 'x')));
-    const QString call = signal + "{ '" KORMAK_TOOL "' format job.xml 2>err; echo $? >status; } | true";
-    QProcess process;
-    process.setWorkingDirectory(folder.path("."));
-    process.start(shell, {"-c", call});
-    QVERIFY(process.waitForFinished());
-    QCOMPARE(folder.read("err"), QString());
-    QCOMPARE(folder.read("status").trimmed(), status);
+    folder.write("job.xml", completeJob());
+    folder.write("parameter.xml", completeParameter());
+    folder.write("bad.xml", jobWithoutAuthor().replace("<Name>", "<Name a='b'>"));
+    folder.write("loss.xml", "<!--a-->" + completeJob().mid(completeJob().indexOf("<Job")));
+    const QString coloured = QString(complaints)
+                                 .replace("%1", "\x1b[1;31merror\x1b[0m")
+                                 .replace("%2", "\x1b[1;35mwarning\x1b[0m")
+                                 .replace("%3", "\x1b[1;31mloss\x1b[0m");
+    const QString plain =
+        QString(complaints).replace("%1", "error").replace("%2", "warning").replace("%3", "loss");
+    const struct {
+        const char *terminal;
+        const char *noColour; // null: not set
+        bool isColoured;
+    } environments[] = {
+        {"xterm", nullptr, true},
+        {"xterm", "", true},
+        {"xterm", "1", false},
+        {"dumb", nullptr, false},
+    };
+    QString shown;
+    for (const auto &[terminal, noColour, isColoured] : environments) {
+        folder.environment.insert("TERM", terminal);
+        folder.environment.remove("NO_COLOR");
+        if (noColour)
+            folder.environment.insert("NO_COLOR", noColour);
+        const Run run = folder.run(arguments, {}, {}, screen.path());
+        QVERIFY(!run.out.contains('\x1b'));
+        QString text = screen.text().mid(shown.size());
+        shown = screen.text();
+        text.remove('\r');
+        if (!complaints.isEmpty())
+            QCOMPARE(text, isColoured ? coloured : plain);
+        else
+            QVERIFY(!text.isEmpty() && !text.contains('\x1b'));
+    }
+    folder.environment.insert("TERM", "xterm");
+    folder.environment.remove("NO_COLOR");
+    const Run piped = folder.run(arguments);
+    QVERIFY(!piped.err.contains('\x1b'));
+    if (!complaints.isEmpty())
+        QCOMPARE(piped.err, plain);
+    const Run toTerminal = folder.run(arguments, {}, screen.path());
+    QVERIFY(!screen.text().mid(shown.size()).contains('\x1b'));
+    QCOMPARE(toTerminal.err, piped.err);
+#else
+    skip("no terminals here");
+#endif
 }
 
 QTEST_GUILESS_MAIN(CommandLineTest)

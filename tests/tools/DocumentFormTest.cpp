@@ -5,7 +5,7 @@
 #include <objectbase/TesselException.h>
 #include <tools/DocumentCheck.h>
 #include <tools/DocumentForm.h>
-#include <tools/FormNames.h>
+#include <tools/NameLists.h>
 
 #include <QRandomGenerator>
 #include <QRegularExpression>
@@ -248,11 +248,10 @@ QStringList samples()
                       "2026-03-29 00:59:59,250",
                       QString::fromUtf8("\xD9\xA3"),
                       QString::fromUtf8("\xC2\xBD")};
-    for (const auto *names :
-         {&FormNames::jobTypes(), &FormNames::resourceTypes(), &FormNames::polarizations(),
-          &FormNames::workflowModes(), &FormNames::searchStrategies(), &FormNames::generationModes(),
-          &FormNames::energyChannels(), &FormNames::activeCriteria(), &FormNames::writeModes(),
-          &FormNames::parameterTypes(), &FormNames::valueTypes(), &FormNames::controlTypes()}) {
+    for (const auto *names : {&JobTypes.names(), &ResourceTypes.names(), &Polarizations.names(),
+                              &WorkflowModes.names(), &SearchStrategies.names(), &GenerationModes.names(),
+                              &EnergyChannels.names(), &ActiveCriteria.names(), &DatabaseWriteModes.names(),
+                              &ParameterTypes.names(), &ValueTypes.names(), &ControlTypes.names()}) {
         for (const QString &name : *names)
             texts << name;
         texts << names->first().toLower() << names->last() + ' ' << ' ' + names->first()
@@ -364,18 +363,18 @@ void DocumentFormTest::vocabulariesAreThoseOfTheSchemas_data()
     QTest::addColumn<QStringList>("names");
     QTest::addColumn<QString>("type");
 
-    QTest::newRow("job types") << FormNames::jobTypes() << "JobTypeName";
-    QTest::newRow("resource types") << FormNames::resourceTypes() << "ResourceTypeName";
-    QTest::newRow("polarizations") << FormNames::polarizations() << "PolarizationName";
-    QTest::newRow("workflow modes") << FormNames::workflowModes() << "WorkflowModeName";
-    QTest::newRow("search strategies") << FormNames::searchStrategies() << "SearchStrategyName";
-    QTest::newRow("generation modes") << FormNames::generationModes() << "ActivityGenerationModeName";
-    QTest::newRow("energy channels") << FormNames::energyChannels() << "EnergyChannelName";
-    QTest::newRow("active criteria") << FormNames::activeCriteria() << "DDemActiveCriteriaName";
-    QTest::newRow("write modes") << FormNames::writeModes() << "DataBaseWriteModeName";
-    QTest::newRow("parameter types") << FormNames::parameterTypes() << "ParameterTypeName";
-    QTest::newRow("value types") << FormNames::valueTypes() << "ValueTypeName";
-    QTest::newRow("control types") << FormNames::controlTypes() << "ControlTypeName";
+    QTest::newRow("job types") << JobTypes.names() << "JobTypeName";
+    QTest::newRow("resource types") << ResourceTypes.names() << "ResourceTypeName";
+    QTest::newRow("polarizations") << Polarizations.names() << "PolarizationName";
+    QTest::newRow("workflow modes") << WorkflowModes.names() << "WorkflowModeName";
+    QTest::newRow("search strategies") << SearchStrategies.names() << "SearchStrategyName";
+    QTest::newRow("generation modes") << GenerationModes.names() << "ActivityGenerationModeName";
+    QTest::newRow("energy channels") << EnergyChannels.names() << "EnergyChannelName";
+    QTest::newRow("active criteria") << ActiveCriteria.names() << "DDemActiveCriteriaName";
+    QTest::newRow("write modes") << DatabaseWriteModes.names() << "DataBaseWriteModeName";
+    QTest::newRow("parameter types") << ParameterTypes.names() << "ParameterTypeName";
+    QTest::newRow("value types") << ValueTypes.names() << "ValueTypeName";
+    QTest::newRow("control types") << ControlTypes.names() << "ControlTypeName";
 }
 
 void DocumentFormTest::vocabulariesAreThoseOfTheSchemas()

@@ -1,6 +1,6 @@
 #include "tools/TextForm.h"
 
-#include <tools/FormNames.h>
+#include <tools/NameLists.h>
 
 #include <QtTest>
 
@@ -41,12 +41,11 @@ void TextFormTest::objections_data()
     QTest::newRow("time")
         << TextForm(Kind::DateTime) << "now\n"
         << "\"now\\n\" is not a time such as 2026-03-15T22:00:00,000Z; it reads as \"not set\"";
-    QTest::newRow("name") << TextForm(FormNames::workflowModes) << "Manual"
+    QTest::newRow("name") << TextForm(WorkflowModes) << "Manual"
                           << "\"Manual\" is not a known name; it reads as \"not set\"";
-    QTest::newRow("name that leaves what was")
-        << TextForm(FormNames::parameterTypes, u"stays as it was") << "%1"
-        << "\"%1\" is not a known name; it stays as it was";
-    QTest::newRow("name that is refused") << TextForm(FormNames::searchStrategies, QStringView()) << "First"
+    QTest::newRow("name that leaves what was") << TextForm(ParameterTypes, u"stays as it was") << "%1"
+                                               << "\"%1\" is not a known name; it stays as it was";
+    QTest::newRow("name that is refused") << TextForm(SearchStrategies, QStringView()) << "First"
                                           << "\"First\" is not a known name";
 }
 
@@ -70,7 +69,7 @@ void TextFormTest::longTextsAreCut()
 
 void TextFormTest::allowed()
 {
-    QCOMPARE(TextForm(FormNames::workflowModes).allowed(), (QStringList{"ManualMode", "AutomaticMode"}));
+    QCOMPARE(TextForm(WorkflowModes).allowed(), (QStringList{"ManualMode", "AutomaticMode"}));
     QCOMPARE(TextForm(Kind::Boolean).allowed(), (QStringList{"true", "false"}));
     QCOMPARE(TextForm(Kind::Flag).allowed(), (QStringList{"true", "false"}));
     QCOMPARE(TextForm(Kind::Double).allowed(), QStringList());
@@ -82,7 +81,7 @@ void TextFormTest::numberRead()
     QCOMPARE(TextForm::upTo(3).numberRead("24"), QString("24"));
     QCOMPARE(TextForm::upTo(3).numberRead("-1"), QString("0"));
     QCOMPARE(TextForm::upTo(3).numberRead("4294967297"), QString("0"));
-    QCOMPARE(TextForm(FormNames::searchStrategies).numberRead("First"), QString("-1"));
+    QCOMPARE(TextForm(SearchStrategies).numberRead("First"), QString("-1"));
 }
 
 QTEST_GUILESS_MAIN(TextFormTest)

@@ -13,6 +13,13 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#ifdef Q_OS_UNIX
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+#endif
+
 namespace ToolSupport {
 
 /// How a run of the tool ended, and what it wrote.
@@ -73,6 +80,75 @@ public:
 private:
     QTemporaryDir folder;
 };
+
+#ifdef Q_OS_UNIX
+/// A terminal for the tool, and what came to it.
+class Screen {
+public:
+    Screen() : master(posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK))
+    {
+        if (master >= 0 && grantpt(master) == 0 && unlockpt(master) == 0) {
+            device = ptsname(master);
+            slave = open(device.constData(), O_RDWR | O_NOCTTY);
+        }
+    }
+    ~Screen()
+    {
+        close(slave);
+        close(master);
+    }
+    Screen(const Screen &) = delete;
+    Screen &operator=(const Screen &) = delete;
+
+    [[nodiscard]] bool isThere() const { return slave >= 0; }
+    [[nodiscard]] QString path() const { return QString::fromLocal8Bit(device); }
+
+    const QString &text()
+    {
+        char buffer[4096];
+        for (ssize_t size = 0; (size = read(master, buffer, sizeof buffer)) > 0;)
+            shown += QString::fromUtf8(buffer, static_cast<int>(size));
+        return shown;
+    }
+
+private:
+    const int master;
+    int slave = -1;
+    QByteArray device;
+    QString shown;
+};
+#endif
+
+/// The seconds that the tool has worked so far in all runs that have ended: other than the time on a clock,
+/// these hardly depend on what else the machine does.
+inline double secondsOfWork()
+{
+#ifdef Q_OS_UNIX
+    rusage usage{};
+    getrusage(RUSAGE_CHILDREN, &usage);
+    constexpr double Micro = 1e-6;
+    return static_cast<double>(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec)
+        + Micro * static_cast<double>(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec);
+#else
+    constexpr double Milli = 1e-3;
+    return Milli * static_cast<double>(QDateTime::currentMSecsSinceEpoch());
+#endif
+}
+
+/// Does \a work with a few things and with four times as many. With the square of their number the time would
+/// become sixteen times as long.
+template <class Work>
+void verifyTimeGrowsWithNumber(Work work)
+{
+    constexpr int Few = 4000;
+    constexpr int Factor = 4;
+    const double start = secondsOfWork();
+    work(Few);
+    const double few = secondsOfWork() - start;
+    work(Factor * Few);
+    const double many = secondsOfWork() - start - few;
+    QVERIFY2(many < 2 * Factor * few, qPrintable(QString("%1 s, then %2 s").arg(few).arg(many)));
+}
 
 /// The lines of \a text, which are objects in JSON.
 inline QList<QJsonObject> jsonLines(const QString &text)
