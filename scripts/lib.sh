@@ -169,8 +169,12 @@ require() {
     fi
 }
 
-# build_and_test PRESET FOLDER [OPTION...]: configures build/FOLDER, builds it and runs its tests.
-build_and_test() {
-    cmake --preset "$1" -B "$project_dir/build/$2" "${@:3}" && cmake --build "$project_dir/build/$2" &&
-        ctest --test-dir "$project_dir/build/$2" --output-on-failure --no-tests=error --parallel "$jobs"
+# build PRESET FOLDER [OPTION...]: configures and builds build/FOLDER.
+build() {
+    cmake --preset "$1" -B "$project_dir/build/$2" "${@:3}" && cmake --build "$project_dir/build/$2"
+}
+
+# run_tests FOLDER [OPTION...]: runs the tests that were built there.
+run_tests() {
+    ctest --test-dir "$project_dir/build/$1" --output-on-failure --no-tests=error --parallel "$jobs" "${@:2}"
 }
