@@ -74,10 +74,8 @@ QString optionEntries(const QList<QCommandLineOption> &options)
 QString exitEntries(const ExitTexts &texts)
 {
     QString text;
-    for (int status = Good; status <= Failed; ++status) {
-        if (!texts[static_cast<std::size_t>(status)].isEmpty())
-            text += entry(QString::number(status), texts[static_cast<std::size_t>(status)].toString());
-    }
+    for (const TextLayout::Row &row : Usage::exitRows(texts))
+        text += entry(row.name, row.meaning);
     return text;
 }
 
@@ -117,7 +115,7 @@ QString manualPage(const QString &version, const QString &dataFolder)
         + section(u"OPTIONS") + optionEntries(Tool::options()) + section(u"COMMANDS");
     for (const Command *command : Tool::commands())
         text += commandSection(*command);
-    return text + section(u"EXIT STATUS") + exitEntries(Tool::ExitStatus) + section(u"ENVIRONMENT")
+    return text + section(u"EXIT STATUS") + exitEntries(Tool::ExitMeanings) + section(u"ENVIRONMENT")
         + entry(QStringLiteral("NO_COLOR"),
                 QStringLiteral(
                     "If it is set and not empty, \"error\", \"warning\" and \"loss\" are not coloured. "

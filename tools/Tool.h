@@ -19,7 +19,7 @@ inline constexpr QStringView Description =
     u"\n"
     u"Results go to standard output, complaints to standard error. The file name - stands for standard "
     u"input.";
-inline constexpr ExitTexts ExitStatus{
+inline constexpr ExitTexts ExitMeanings{
     u"all is well",
     u"a document is at fault, or two documents differ",
     u"a file cannot be read or written, or the call is wrong",

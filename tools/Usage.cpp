@@ -16,16 +16,6 @@ QString section(QStringView heading, const std::vector<Row> &rows)
         + TextLayout::twoColumns(rows, QStringLiteral("  "));
 }
 
-QString exitSection(const ExitTexts &texts)
-{
-    std::vector<Row> rows;
-    for (int status = Good; status <= Failed; ++status) {
-        if (!texts[status].isEmpty())
-            rows.push_back({QString::number(status), texts[status].toString()});
-    }
-    return section(u"Exit status", rows);
-}
-
 QString optionSection(const QList<QCommandLineOption> &options)
 {
     std::vector<Row> rows;
@@ -69,7 +59,8 @@ QString Usage::ofTool()
 {
     return QStringLiteral("Usage: kormak COMMAND [OPTIONS] ARGUMENT...\n\n")
         + TextLayout::wrapped(Tool::Description.toString()) + commandSection()
-        + optionSection(Tool::options()) + exitSection(Tool::ExitStatus) + exampleSection(Tool::Example)
+        + optionSection(Tool::options()) + section(u"Exit status", exitRows(Tool::ExitMeanings))
+        + exampleSection(Tool::Example)
         + QStringLiteral("\n'kormak COMMAND --help' tells more about a command.\n");
 }
 
@@ -77,7 +68,7 @@ QString Usage::ofCommand(const Command &command)
 {
     return QStringLiteral("Usage: kormak ") + callOf(command) + QStringLiteral("\n\n")
         + TextLayout::wrapped(command.description.toString() + noteOnInput(command))
-        + optionSection(Tool::optionsOf(command)) + exitSection(command.exitStatus)
+        + optionSection(Tool::optionsOf(command)) + section(u"Exit status", exitRows(command.exitStatus))
         + exampleSection(command.example);
 }
 
@@ -92,6 +83,18 @@ QString Usage::noteOnInput(const Command &command)
 QString Usage::callOf(const Command &command)
 {
     return command.name.toString() + QStringLiteral(" [OPTIONS] ") + command.arguments.usage.toString();
+}
+
+std::vector<Row> Usage::exitRows(const ExitTexts &texts)
+{
+    std::vector<Row> rows;
+    int status = Good;
+    for (const QStringView text : texts) {
+        if (!text.isEmpty())
+            rows.push_back({QString::number(status), text.toString()});
+        ++status;
+    }
+    return rows;
 }
 
 void Usage::checkCount(const Arguments &arguments, int count)

@@ -3,10 +3,13 @@
 #define KORMAK_TOOLS_USAGE_H
 
 #include <tools/Command.h>
+#include <tools/TextLayout.h>
 
 #include <QList>
 #include <QString>
 #include <QStringList>
+
+#include <vector>
 
 namespace Usage {
 
@@ -20,6 +23,9 @@ namespace Usage {
 
 /// "check [OPTIONS] PATH..."
 [[nodiscard]] QString callOf(const Command &command);
+
+/// Each status that the tool may end with, and what it means.
+[[nodiscard]] std::vector<TextLayout::Row> exitRows(const ExitTexts &texts);
 
 /// \throws UsageError when \a count is not as \a arguments say
 void checkCount(const Arguments &arguments, int count);
