@@ -226,7 +226,7 @@ QString bashValueOptions()
 
 // Zsh
 
-/// A text in a specification of _arguments.
+/// A text in what _arguments is told.
 QString zshText(QString text)
 {
     for (const QChar special : {QLatin1Char('\\'), QLatin1Char('['), QLatin1Char(']'), QLatin1Char(':')})
@@ -254,7 +254,7 @@ QString zshValue(const QString &name)
 
 QStringList zshOptions(const QList<QCommandLineOption> &options)
 {
-    QStringList specifications;
+    QStringList rows;
     for (const QCommandLineOption &option : options) {
         const QString valueName = option.valueName();
         const QStringList names = Usage::dashedNames(option);
@@ -265,11 +265,11 @@ QStringList zshOptions(const QList<QCommandLineOption> &options)
             const QString join = valueName.isEmpty()    ? QString()
                 : name.startsWith(QStringLiteral("--")) ? QStringLiteral("=")
                                                         : QStringLiteral("+");
-            specifications += start + name + join + QLatin1Char('[') + zshText(option.description())
-                + QLatin1Char(']') + (valueName.isEmpty() ? QString() : zshValue(valueName));
+            rows += start + name + join + QLatin1Char('[') + zshText(option.description()) + QLatin1Char(']')
+                + (valueName.isEmpty() ? QString() : zshValue(valueName));
         }
     }
-    return specifications;
+    return rows;
 }
 
 /// A command of a shell with each of its arguments on a line of its own.
@@ -294,10 +294,10 @@ QString zshCommandCases()
     QString cases;
     for (const Command *command : Tool::commands()) {
         const QString start = command->arguments.most == 1 ? QStringLiteral("1") : QStringLiteral("*");
-        const QStringList specifications = zshOptions(Tool::optionsOf(*command))
+        const QStringList rows = zshOptions(Tool::optionsOf(*command))
             << start + zshValue(command->arguments.name.toString());
         cases += QStringLiteral("                ") + command->name.toString() + QStringLiteral(")\n")
-            + zshCall(QStringLiteral("_arguments"), specifications, QString(20, QLatin1Char(' ')))
+            + zshCall(QStringLiteral("_arguments"), rows, QString(20, QLatin1Char(' ')))
             + QStringLiteral("\n                    ;;\n");
     }
     return cases;
