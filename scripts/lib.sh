@@ -103,6 +103,7 @@ done
 requirement qt6-xml qt6-base-dev "finds Qt6 $(minimum qt6) REQUIRED COMPONENTS Xml" "Qt Xml of Qt 6"
 requirement_program pkg-config pkg-config "pkg-config"
 requirement dpkg dpkg-dev "command -v dpkg-deb && command -v dpkg-shlibdeps" "dpkg's tools for making packages"
+requirement_program file file "file, which tells programs from other files"
 requirement_program abidw abigail-tools "libabigail"
 requirement_program python3 python3 "Python 3"
 requirement_program xmllint libxml2-utils "libxml2's xmllint"
