@@ -2,6 +2,8 @@
 #ifndef KORMAK_FUZZ_BINARYPROPERTIES_H
 #define KORMAK_FUZZ_BINARYPROPERTIES_H
 
+#include <objectbase/QtCompat_p.h>
+
 #include <QDataStream>
 #include <QTemporaryFile>
 
@@ -32,7 +34,7 @@ inline std::optional<QString> documentIn(const QByteArray &bytes, const QString 
         || !bytes.startsWith(parts->sealed()) || parts->name != objectName.toUtf8())
         return std::nullopt;
     const auto text = parts->text();
-    const QString document = text ? QString::fromUtf8(*text) : QString();
+    const QString document = text ? TESSEL::decodeUtf8(*text) : QString();
     return rootName(document) == objectName && isWellFormed(document) ? std::optional(document)
                                                                       : std::nullopt;
 }

@@ -1,6 +1,7 @@
 #include "objectbase/Converters.h"
 
 #include <objectbase/Constants_p.h>
+#include <objectbase/QtCompat_p.h>
 #include <objectbase/Text_p.h>
 
 namespace TESSEL {
@@ -15,6 +16,7 @@ constexpr QStringView DateTimeFormat = u"yyyy-MM-ddThh:mm:ss,zzzZ";
 
 QString Converters::ToString(const QDateTime &dateTime)
 {
+    prepareCalendar();
     return dateTime.toUTC().toString(literal(DateTimeFormat));
 }
 

@@ -3,6 +3,7 @@
 #define TESSEL_QTCOMPAT_P_H
 
 #include <QByteArray>
+#include <QCalendar>
 #include <QString>
 #include <QTextStream>
 #include <QXmlStreamWriter>
@@ -22,6 +23,16 @@ void useUtf8([[maybe_unused]] TextSink &sink)
 [[nodiscard]] inline QString decodeUtf8(const QByteArray &bytes)
 {
     return QString::fromUtf8(bytes.constData(), static_cast<int>(bytes.size()));
+}
+
+/// Before dates become texts: Qt 5 makes its calendar when one is first asked for, and threads that do so at
+/// the same time get none.
+inline void prepareCalendar()
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    static const QCalendar calendar;
+    Q_UNUSED(calendar)
+#endif
 }
 
 } // namespace TESSEL

@@ -99,7 +99,11 @@ public:
     [[nodiscard]] QStringView view() const { return {characters.constData(), characters.size()}; }
 
 private:
-    void append(QStringView text) { characters.append(text.data(), static_cast<int>(text.size())); }
+    void append(QStringView text)
+    {
+        if (!text.isEmpty()) // Qt 5 wants a place even of nothing
+            characters.append(text.data(), static_cast<int>(text.size()));
+    }
 
     static constexpr int MostOnStack = 64;
     QVarLengthArray<QChar, MostOnStack> characters;
