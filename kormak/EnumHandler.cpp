@@ -106,7 +106,7 @@ EnumHandler &EnumHandler::operator=(const EnumHandler &other)
 
 EnumHandler &EnumHandler::operator=(EnumHandler &&other) noexcept
 {
-    TypeHandler::operator=(std::move(other)); // takes the names alone
+    TypeHandler::operator=(static_cast<TypeHandler &&>(other)); // the names alone
     enumList.swap(other.enumList);
     if (choice || other.choice) {
         Choice &target = editableChoice();
@@ -131,7 +131,8 @@ const EnumHandler::EnumValue &EnumHandler::GetDefaultValue() const
 
 void EnumHandler::SetDefaultValue(const EnumValue &entry)
 {
-    const EnumValue lasting = entry; // which may be one of the entries that are no longer shared then
+    // The argument may be one of the entries that are no longer shared then.
+    const EnumValue lasting = entry; // NOLINT(performance-unnecessary-copy-initialization)
     editableChoice().defaultValue = lasting;
 }
 
@@ -147,7 +148,7 @@ const EnumHandler::EnumValue &EnumHandler::GetSelectedEnumValue() const
 
 void EnumHandler::SetSelectedEnumValue(const EnumValue &entry)
 {
-    const EnumValue lasting = entry; // as above
+    const EnumValue lasting = entry; // NOLINT(performance-unnecessary-copy-initialization): as above
     editableChoice().selectedValue = lasting;
 }
 

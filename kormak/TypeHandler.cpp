@@ -62,7 +62,8 @@ void TypeHandler::clearNames()
 
 void TypeHandler::SetRepresentationName(const QString &name)
 {
-    const QString lasting = name; // which may be one of the names that are no longer shared then
+    // The argument may be one of the names that are no longer shared then.
+    const QString lasting = name; // NOLINT(performance-unnecessary-copy-initialization)
     editableNames().representation = lasting;
 }
 
@@ -73,7 +74,7 @@ const QString &TypeHandler::GetRepresentationName() const
 
 void TypeHandler::SetUniqueParameterName(const QString &name)
 {
-    const QString lasting = name; // as above
+    const QString lasting = name; // NOLINT(performance-unnecessary-copy-initialization): as above
     editableNames().uniqueParameter = lasting;
 }
 
