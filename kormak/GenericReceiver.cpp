@@ -124,7 +124,7 @@ void GenericReceiver::Reset()
 
 void GenericReceiver::Check() const
 {
-    if (!HasData() && parameterList.isEmpty())
+    if (parameterList.isEmpty() && !HasData())
         throwPleaseSet(*this, u"ParameterList");
 }
 

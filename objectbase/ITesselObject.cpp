@@ -36,11 +36,10 @@ bool needsCloserLook(const QString &text)
     constexpr char16_t SurrogateMask = 0xF800;
     constexpr char16_t Surrogates = 0xD800;
     const auto *characters = reinterpret_cast<const char16_t *>(text.constData());
-    unsigned int found = 0;
+    unsigned short found = 0; // as wide as a character: twice as many at a time as with an int
     for (qsizetype i = 0; i < text.size(); ++i) {
         const char16_t c = characters[i];
-        found |= static_cast<unsigned int>((c & SurrogateMask) == Surrogates)
-            | static_cast<unsigned int>(c == u'\r');
+        found |= static_cast<unsigned short>((c & SurrogateMask) == Surrogates || c == u'\r' ? 1 : 0);
     }
     return found != 0;
 }
