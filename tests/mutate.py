@@ -7,6 +7,7 @@ places, --seed decides; a run with the same seed and sources makes the same chan
 
     tests/mutate.py --changes 300
     tests/mutate.py --only kormak/JobHeader.cpp --changes 1000
+    tests/mutate.py --matching 'isNull'
 """
 
 import argparse
@@ -14,13 +15,18 @@ import os
 import pathlib
 import random
 import re
+import resource
 import shutil
 import subprocess
 import sys
+import threading
 
 PROJECT = pathlib.Path(__file__).resolve().parent.parent
 FOLDERS = ("objectbase", "kormak")
-SECONDS_FOR_TESTS = 600  # a change may make a loop endless
+# A change may make a loop endless, and such a loop take memory.
+SECONDS_FOR_QUICK_TEST = 30
+SECONDS_FOR_TESTS = 600
+BYTES_OF_MEMORY = 8 << 30
 
 SWAPPED = {
     "==": "!=", "!=": "==", "<=": "<", ">=": ">", "&&": "||", "||": "&&", "++": "--", "--": "++", "+=": "-=",
@@ -91,10 +97,15 @@ def all_changes(only):
     return found
 
 
-def run(command, log, seconds=None):
+def limit_memory():
+    resource.setrlimit(resource.RLIMIT_AS, (BYTES_OF_MEMORY, BYTES_OF_MEMORY))
+
+
+def run(command, log, seconds=None, environment=None):
     """Whether the command succeeds; one that hangs does not."""
     with open(log, "w", encoding="utf-8") as output:
-        process = subprocess.Popen(command, stdout=output, stderr=subprocess.STDOUT, start_new_session=True)
+        process = subprocess.Popen(command, stdout=output, stderr=subprocess.STDOUT, start_new_session=True,
+                                   env={**os.environ, **(environment or {})}, preexec_fn=limit_memory)
         try:
             return process.wait(seconds) == 0
         except subprocess.TimeoutExpired:
@@ -106,8 +117,8 @@ def run(command, log, seconds=None):
 class Copy:
     """A copy of the project in which changes are made."""
 
-    def __init__(self, folder, jobs):
-        self.source, self.build, self.jobs = folder / "source", folder / "build", str(jobs)
+    def __init__(self, folder):
+        self.source, self.build = folder / "source", folder / "build"
         self.log = folder / "log"
         folder.mkdir(parents=True, exist_ok=True)
         shutil.rmtree(self.source, ignore_errors=True)
@@ -121,14 +132,15 @@ class Copy:
             sys.exit(f"The tests fail without a change; see {self.log}")
 
     def builds(self):
-        return run(["cmake", "--build", self.build, "--parallel", self.jobs], self.log)
+        return run(["cmake", "--build", self.build, "--parallel", "1"], self.log)
 
     def passes(self, quick):
         """Whether the tests pass: those of the classes, which are quick, or the others."""
         library = "|".join(path.name[:-len("Test.cpp")] for folder in FOLDERS
                            for path in (PROJECT / "tests" / folder).glob("*Test.cpp"))
+        watchdog = {"QTEST_FUNCTION_TIMEOUT": str(1000 * SECONDS_FOR_QUICK_TEST)} if quick else {}
         return run(["ctest", "--test-dir", self.build, "-R" if quick else "-E", f"^({library})$",
-                    "-LE", "Locales", "--stop-on-failure", "--parallel", self.jobs], self.log, SECONDS_FOR_TESTS)
+                    "-LE", "Locales", "--stop-on-failure"], self.log, SECONDS_FOR_TESTS, watchdog)
 
     def judge(self, change):
         path = self.source / change.path
@@ -144,33 +156,59 @@ class Copy:
             path.write_text(original, encoding="utf-8")
 
 
+class Trial:
+    """Makes changes in several copies at once until enough of them have built."""
+
+    def __init__(self, changes, enough):
+        self.changes, self.enough = iter(changes), enough
+        self.counts = {"noticed": 0, "survived": 0, "does not build": 0}
+        self.lock = threading.Lock()
+
+    def take(self):
+        with self.lock:
+            is_enough = self.counts["noticed"] + self.counts["survived"] >= self.enough
+            return None if is_enough else next(self.changes, None)
+
+    def work(self, copy):
+        while change := self.take():
+            verdict = copy.judge(change)
+            with self.lock:
+                self.counts[verdict] += 1
+                if verdict == "survived":
+                    print(change, flush=True)
+                print(self, file=sys.stderr, flush=True)
+
+    def __str__(self):
+        return ", ".join(f"{count} {verdict}" for verdict, count in self.counts.items())
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--changes", type=int, default=300, help="how many to make that build (default: 300)")
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--only", action="append", metavar="FILE", help="change only this source; may be repeated")
+    parser.add_argument("--matching", type=re.compile, default="", metavar="REGEX",
+                        help="make only the changes in whose line of --list this is found")
     parser.add_argument("--folder", type=pathlib.Path, default=PROJECT / "build" / "mutate",
-                        help="where the copy is made (default: build/mutate)")
-    parser.add_argument("--jobs", type=int, default=os.cpu_count())
+                        help="where the copies are made (default: build/mutate)")
+    parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="how many copies to work on at once")
     parser.add_argument("--list", action="store_true", help="only list the places")
     arguments = parser.parse_args()
 
-    changes = all_changes(arguments.only)
+    changes = [change for change in all_changes(arguments.only) if re.search(arguments.matching, str(change))]
     random.Random(arguments.seed).shuffle(changes)
     if arguments.list:
         print("\n".join(map(str, changes)))
         return 0
-    copy = Copy(arguments.folder, arguments.jobs)
-    counts = {"noticed": 0, "survived": 0, "does not build": 0}
-    for change in changes:
-        if counts["noticed"] + counts["survived"] >= arguments.changes:
-            break
-        verdict = copy.judge(change)
-        counts[verdict] += 1
-        if verdict == "survived":
-            print(change, flush=True)
-    print(", ".join(f"{count} {verdict}" for verdict, count in counts.items()))
-    return 1 if counts["survived"] else 0
+    copies = [Copy(arguments.folder / str(number)) for number in range(arguments.jobs)]
+    trial = Trial(changes, arguments.changes)
+    threads = [threading.Thread(target=trial.work, args=(copy,)) for copy in copies]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    print(trial)
+    return 1 if trial.counts["survived"] else 0
 
 
 if __name__ == "__main__":

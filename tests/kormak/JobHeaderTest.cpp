@@ -46,6 +46,7 @@ private Q_SLOTS:
     void messagesNameTheObject();
     void anyData_data();
     void anyData();
+    void emptyTextsAreNoData();
 
     void writing_data();
     void writing();
@@ -468,6 +469,14 @@ void JobHeaderTest::anyData()
     QFETCH(QString, header);
     QFETCH(bool, isAny);
     QCOMPARE(headerFrom(header).AnyData(), isAny);
+}
+
+void JobHeaderTest::emptyTextsAreNoData()
+{
+    JobHeader header = headerFrom(element("<ShowJDH/>"));
+    header.SetAuthor("");
+    header.SetDescription("");
+    QVERIFY(!header.AnyData());
 }
 
 void JobHeaderTest::writing_data()

@@ -63,6 +63,7 @@ private Q_SLOTS:
     void completeness();
     void anyData_data();
     void anyData();
+    void emptyNameIsNoData();
     void reset();
     void comparison_data();
     void comparison();
@@ -191,6 +192,17 @@ void AntennaDataTest::anyData()
     process(antenna, "<AntennaData>" + element + "</AntennaData>");
     QCOMPARE(antenna.AnyData(), any);
     QVERIFY(!antenna.HasData());
+}
+
+void AntennaDataTest::emptyNameIsNoData()
+{
+    AntennaData antenna;
+    antenna.SetName("");
+    QVERIFY(!antenna.AnyData());
+    AntennaData complete = yagi();
+    complete.SetName("");
+    QVERIFY(!complete.HasData());
+    QCOMPARE(messageOf([&] { complete.Check(); }), QString("AntennaData: Please set Name"));
 }
 
 void AntennaDataTest::reset()

@@ -93,8 +93,9 @@ void AreaTest::anyData()
     QVERIFY(!area.AnyData());
     area.SetName("Zurich");
     QVERIFY(area.AnyData());
-    area.SetName(QString());
-    QVERIFY(!area.AnyData());
+    area.SetName("");
+    QVERIFY(!area.AnyData() && !area.HasData());
+    QCOMPARE(messageOf([&] { area.Check(); }), QString("Area: Please set Name"));
     area.AddCoordinate({});
     QVERIFY(area.AnyData());
 }
