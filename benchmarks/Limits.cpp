@@ -1,7 +1,5 @@
 #include "Limits.h"
 
-#include <objectbase/QtCompat_p.h>
-
 #include <QSet>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
@@ -83,7 +81,6 @@ QString Calls::replay() const
     QString text;
     QXmlStreamWriter writer(&text);
     writer.setAutoFormatting(true);
-    TESSEL::useUtf8(writer);
     writer.writeStartDocument();
     for (const Call &call : calls) {
         switch (call.kind) {

@@ -268,7 +268,6 @@ QString ITesselObject::GetXmlString() const
     QString text;
     QXmlStreamWriter writer(&text);
     writer.setAutoFormatting(true);
-    useUtf8(writer);
     writer.writeStartDocument();
     GetXml(writer);
     writer.writeEndDocument();

@@ -6,16 +6,14 @@
 #include <QCalendar>
 #include <QString>
 #include <QTextStream>
-#include <QXmlStreamWriter>
 
 namespace TESSEL {
 
 /// Texts in UTF-8; Qt 6 does so by itself.
-template <class TextSink>
-void useUtf8([[maybe_unused]] TextSink &sink)
+inline void useUtf8([[maybe_unused]] QTextStream &stream)
 {
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-    sink.setCodec("UTF-8");
+    stream.setCodec("UTF-8");
 #endif
 }
 
