@@ -47,7 +47,7 @@ QString quoted(const QString &text)
 /// Reads the path of a FIELD=VALUE.
 class PathReader {
 public:
-    PathReader(const FieldTable &table, const QString &assignment) : current(&table), text(assignment) { }
+    PathReader(const FieldTable &table, QString assignment) : current(&table), text(std::move(assignment)) { }
 
     FieldAssignment read()
     {

@@ -11,7 +11,7 @@ namespace {
 
 using Kind = FieldParts::Kind;
 
-constexpr int IndentWidth = 2;
+constexpr qsizetype IndentWidth = 2;
 constexpr int LongestCell = 32;
 constexpr QStringView NotSet = u"not set";
 
@@ -28,7 +28,7 @@ std::vector<Line> linesOf(const FieldTable &table, const void *object);
 
 QString spaces(qsizetype count)
 {
-    return QString(static_cast<int>(count), QLatin1Char(' '));
+    return {static_cast<int>(count), QLatin1Char(' ')};
 }
 
 QString justified(const QString &text, qsizetype width)

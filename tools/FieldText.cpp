@@ -29,7 +29,7 @@ QString withUnit(const QString &number, QStringView unit)
 /// In the larger unit that fits, too.
 QString frequencyText(double hertz)
 {
-    const QString text = withUnit(numberText(hertz), Hertz);
+    QString text = withUnit(numberText(hertz), Hertz);
     for (const auto &row : FrequencyUnits) {
         if (std::abs(hertz) >= row.hertz && std::isfinite(hertz)) {
             const QString number = QString::number(hertz / row.hertz, 'g', DigitsInUnit);

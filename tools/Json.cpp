@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int IndentWidth = 2;
+constexpr qsizetype IndentWidth = 2;
 
 bool isSpecial(QChar c)
 {
@@ -23,8 +23,8 @@ bool isSpecial(QChar c)
 template <class Number>
 QString shortest(Number value)
 {
-    constexpr Number LeastFixed = static_cast<Number>(1e-6);
-    constexpr Number MostFixed = static_cast<Number>(1e16);
+    constexpr auto LeastFixed = static_cast<Number>(1e-6);
+    constexpr auto MostFixed = static_cast<Number>(1e16);
     constexpr std::size_t Longest = 32;
     const Number magnitude = std::abs(value);
     const bool isFixed = magnitude == 0 || (magnitude >= LeastFixed && magnitude < MostFixed);

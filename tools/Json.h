@@ -22,9 +22,9 @@ public:
 
     /// The name of the value or object that is written next.
     void key(QStringView name);
-    /// \a json is a value that is written already.
-    void value(const QString &json);
-    void member(QStringView name, const QString &json);
+    /// \a text is a value that is written already.
+    void value(const QString &text);
+    void member(QStringView name, const QString &text);
     void array(const QStringList &texts);
 
     /// An object with the fields of \a object.

@@ -6,8 +6,8 @@
 
 class ProgressBar {
 public:
-    /// Nothing is shown unless \a isWanted, and nothing in the first second.
-    ProgressBar(int total, bool isWanted);
+    /// Nothing is shown unless \a isBarWanted, and nothing in the first second.
+    ProgressBar(int steps, bool isBarWanted);
     ~ProgressBar();
     ProgressBar(const ProgressBar &) = delete;
     ProgressBar &operator=(const ProgressBar &) = delete;
