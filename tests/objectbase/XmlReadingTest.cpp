@@ -39,6 +39,8 @@ private Q_SLOTS:
     void textValueOfAnElementWithChildren();
     void readDocument_data();
     void readDocument();
+    void longDocuments_data();
+    void longDocuments();
     void refusedDocuments_data();
     void refusedDocuments();
     void truncatedDocuments();
@@ -356,6 +358,79 @@ void XmlReadingTest::readDocument()
     }
 }
 
+void XmlReadingTest::longDocuments_data()
+{
+    QTest::addColumn<QString>("start");
+    QTest::addColumn<QString>("title");
+
+    const QString declaration = "<?xml version=\"1.0\"?>";
+    const QString otherEncoding = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n";
+    const QString title = QString::fromUtf8("Gr\xC3\xB6\xC3\x9F"
+                                            "e \xF0\x9F\x93\xA1");
+    const QString note = "<Note><Title>" + title + "</Title>";
+    const auto add = [&title](const char *name, const QString &text) {
+        QTest::newRow(name) << text << title;
+    };
+    add("as written", declaration + '\n' + note);
+    add("CR LF", declaration + "\r\n" + note);
+    add("CR", declaration + '\r' + note);
+    add("blank behind the declaration", declaration + " \n" + note);
+    add("one line", declaration + note);
+    add("no declaration", note);
+    add("blank line", '\n' + note);
+    add("other encoding declared", otherEncoding + note);
+    add("byte order mark", QChar(0xFEFF) + declaration + '\n' + note);
+    add("standalone", "<?xml version='1.0' standalone='yes' ?>\n" + note);
+    add("style sheet", "<?xml-stylesheet href=\"note.xsl\"?>\n" + note);
+    add("style sheet behind", declaration + "<?xml-stylesheet href=\"note.xsl\"?>\n" + note);
+    add("comment", "<!-- <?xml version=\"1.0\"?>\n -->" + note);
+    add("comment behind", declaration + "<!-- ?>\n -->" + note);
+    add("document type", declaration + "\n<!DOCTYPE Note [<!ENTITY more \"?>\n\">]>\n" + note);
+    add("long declaration", "<?xml version=\"1.0\"" + QString(300, ' ') + "?>\n" + note);
+    QTest::newRow("instruction in a text") << "<Note><Title>a<?instruction?>\nb</Title>"
+                                           << "a\nb";
+    QTest::newRow("instruction in a text of the first line")
+        << declaration + "<Note><Title>a<?instruction?>\nb</Title>"
+        << "a\nb";
+    QTest::newRow("text that looks like a declaration") << "<Note><Title>xml?>\nb</Title>"
+                                                        << "xml?>\nb";
+}
+
+/// What helps Qt to read long documents faster shows nowhere.
+void XmlReadingTest::longDocuments()
+{
+    QFETCH(QString, start);
+    QFETCH(QString, title);
+    const QString body(40000, 'b');
+    const QString text = start + "\n<Body>" + body + "</Body></Note>\n";
+    QXmlStreamReader reader(text);
+    reader.readNextStartElement();
+
+    class PlacedNote : public Note {
+    public:
+        void ProcessXml(QXmlStreamReader &reader) override
+        {
+            line = reader.lineNumber();
+            column = reader.columnNumber();
+            Note::ProcessXml(reader);
+        }
+        qint64 line = -1;
+        qint64 column = -1;
+    };
+
+    PlacedNote note;
+    QVERIFY(note.SetXmlString(text, true));
+    QCOMPARE(note.title, title);
+    QCOMPARE(note.body, body);
+    QCOMPARE(note.line, reader.lineNumber());
+    QCOMPARE(note.column, reader.columnNumber());
+
+    Note cut;
+    QVERIFY(!cut.SetXmlString(text.left(text.size() - 10), true));
+    QCOMPARE(cut.title, title);
+    QVERIFY(!Note().SetXmlString(text + 'x', true));
+}
+
 void XmlReadingTest::refusedDocuments_data()
 {
     QTest::addColumn<QString>("text");
@@ -374,6 +449,10 @@ void XmlReadingTest::refusedDocuments_data()
     QTest::newRow("end element behind") << CompleteDocument + "</Note>";
     QTest::newRow("open comment behind") << CompleteDocument + "<!-- ";
     QTest::newRow("NUL behind") << CompleteDocument + QChar(0);
+    QTest::newRow("long, blank before the declaration")
+        << ' ' + CompleteDocument + "<!--" + QString(40000, '.') + "-->";
+    QTest::newRow("long, declaration open")
+        << "<?xml version=\"1.0\"\n" + CompleteDocument.section('\n', 1) + QString(40000, ' ');
     QTest::newRow("version 2.0")
         << QString(CompleteDocument).replace("xml version=\"1.0\"", "xml version=\"2.0\"");
     QTest::newRow("attribute twice") << "<Note Version=\"1\" Version=\"2\"><Title>a</Title></Note>";
