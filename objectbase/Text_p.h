@@ -149,6 +149,20 @@ inline void fromText(QStringView text, float &value)
     return QString::number(static_cast<double>(value), 'g', 6);
 }
 
+namespace Detail {
+
+/// The text that std::to_chars() makes of \a value.
+template <class... Format>
+[[nodiscard]] QString charsText(double value, Format... format)
+{
+    constexpr std::size_t LongestDouble = 384; // the greatest has 309 digits before its decimals
+    char buffer[LongestDouble];
+    const auto end = std::to_chars(std::begin(buffer), std::end(buffer), value, format...).ptr;
+    return QString::fromLatin1(buffer, static_cast<int>(end - buffer));
+}
+
+} // namespace Detail
+
 /// The shortest text that is read back as the same double, the sign of zero included; without an exponent as
 /// long as people would write it so.
 [[nodiscard]] inline QString toText(double value)
@@ -157,19 +171,18 @@ inline void fromText(QStringView text, float &value)
         return literal(u"nan");
     constexpr double LeastFixed = 1e-6;
     constexpr double MostFixed = 1e16;
-    constexpr std::size_t LongestDouble = 32;
     const double magnitude = std::abs(value);
     const bool isFixed = magnitude == 0 || (magnitude >= LeastFixed && magnitude < MostFixed);
-    char buffer[LongestDouble];
-    const auto end = std::to_chars(std::begin(buffer), std::end(buffer), value,
-                                   isFixed ? std::chars_format::fixed : std::chars_format::scientific)
-                         .ptr;
-    return QString::fromLatin1(buffer, static_cast<int>(end - buffer));
+    return Detail::charsText(value, isFixed ? std::chars_format::fixed : std::chars_format::scientific);
 }
 
-/// Fixed-point with exactly \a decimals decimals.
+/// Fixed-point with exactly \a decimals decimals, at most 6.
 [[nodiscard]] inline QString fixedText(double value, int decimals)
 {
+    // A whole number, as most limits are, needs no rounding. Qt takes two hundred times as long for the
+    // greatest double, which is the limit of a parameter that has none.
+    if (std::isfinite(value) && std::trunc(value) == value)
+        return Detail::charsText(value + 0.0, std::chars_format::fixed, decimals); // no minus before a zero
     return QString::number(value, 'f', decimals);
 }
 

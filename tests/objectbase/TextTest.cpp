@@ -107,6 +107,7 @@ private Q_SLOTS:
     void doublesAreReadBack();
     void fixedPoint_data();
     void fixedPoint();
+    void fixedPointIsAsQtWritesIt();
     void numberTexts();
 };
 
@@ -474,8 +475,23 @@ void TextTest::fixedPoint_data()
                                  << "1234567.89";
     QTest::newRow("1e15") << 1e15 << "1000000000000000.000000"
                           << "1000000000000000.00";
+    QTest::newRow("-0") << -0.0 << "0.000000"
+                        << "0.00";
+    QTest::newRow("-7") << -7.0 << "-7.000000"
+                        << "-7.00";
+    QTest::newRow("half of the last decimal") << 0.125 << "0.125000"
+                                              << "0.13";
+    QTest::newRow("half of the last decimal, negative") << -0.0078125 << "-0.007813"
+                                                        << "-0.01";
+    QTest::newRow("2 to the power of 80") << std::ldexp(1.0, 80) << "1208925819614629174706176.000000"
+                                          << "1208925819614629174706176.00";
+    QTest::newRow("greatest float") << static_cast<double>(std::numeric_limits<float>::max())
+                                    << "340282346638528859811704183484516925440.000000"
+                                    << "340282346638528859811704183484516925440.00";
     QTest::newRow("infinity") << std::numeric_limits<double>::infinity() << "inf"
                               << "inf";
+    QTest::newRow("-infinity") << -std::numeric_limits<double>::infinity() << "-inf"
+                               << "-inf";
     QTest::newRow("NaN") << std::numeric_limits<double>::quiet_NaN() << "nan"
                          << "nan";
 }
@@ -488,6 +504,22 @@ void TextTest::fixedPoint()
 
     QCOMPARE(fixedText(value, 6), sixDecimals);
     QCOMPARE(fixedText(value, 2), twoDecimals);
+}
+
+void TextTest::fixedPointIsAsQtWritesIt()
+{
+    constexpr double Step = 1.37;
+    for (const double sign : {1.0, -1.0}) {
+        for (double magnitude = 1e-9; magnitude < 1e30; magnitude *= Step) {
+            for (const double value : {sign * magnitude, sign * std::floor(magnitude),
+                                       sign * std::floor(magnitude * 8) / 8, sign * std::ldexp(1, -7)}) {
+                for (const int decimals : {0, 2, 6})
+                    QCOMPARE(fixedText(value, decimals), QString::number(value, 'f', decimals));
+            }
+        }
+    }
+    for (const double value : {std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest()})
+        QCOMPARE(fixedText(value, 6), QString::number(value, 'f', 6));
 }
 
 void TextTest::numberTexts()
