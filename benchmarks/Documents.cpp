@@ -2,6 +2,9 @@
 
 #include <QStringList>
 
+#include <algorithm>
+#include <cstring>
+
 namespace Documents {
 
 namespace {
@@ -58,7 +61,7 @@ struct Kind {
     QString block;
 };
 
-/// The parameters of a channel; the types come in turn.
+/// The parameters of a channel, of all types.
 const QVector<Kind> &kinds()
 {
     static const QVector<Kind> all{
@@ -134,6 +137,15 @@ const QVector<Kind> &kinds()
     return all;
 }
 
+/// The parameters of a channel in the order of their names, as they are written.
+QVector<Kind> sortedKinds()
+{
+    QVector<Kind> sorted = kinds();
+    std::sort(sorted.begin(), sorted.end(),
+              [](const Kind &one, const Kind &other) { return std::strcmp(one.name, other.name) < 0; });
+    return sorted;
+}
+
 /// What stands before and behind the names that number the channels, made once for each kind.
 struct Pieces {
     QString beforeName;
@@ -166,7 +178,7 @@ QString receiverWith(const QString &content)
 QString receiver(int parameters)
 {
     QVector<Pieces> pieces;
-    for (const Kind &kind : kinds())
+    for (const Kind &kind : sortedKinds())
         pieces << piecesOf(kind);
 
     QString content;
