@@ -69,31 +69,29 @@ const Sample &sample(int parameters)
 }
 
 /// Times \a operation after \a prepare has been called once.
-benchmark::internal::Benchmark *measure(
+void measure(
     const QString &name, std::function<void()> operation, std::function<void()> prepare = [] {})
 {
-    return benchmark::RegisterBenchmark(name.toStdString().c_str(),
-                                        [operation = std::move(operation), prepare = std::move(prepare),
-                                         isPrepared = std::make_shared<bool>()](benchmark::State &state) {
-                                            if (!std::exchange(*isPrepared, true))
-                                                prepare();
-                                            for ([[maybe_unused]] auto step : state)
-                                                operation();
-                                        });
+    benchmark::RegisterBenchmark(name.toStdString().c_str(),
+                                 [operation = std::move(operation), prepare = std::move(prepare),
+                                  isPrepared = std::make_shared<bool>()](benchmark::State &state) {
+                                     if (!std::exchange(*isPrepared, true))
+                                         prepare();
+                                     for ([[maybe_unused]] auto step : state)
+                                         operation();
+                                 });
 }
 
-/// Times an operation on a receiver. Where it takes seconds, few times are enough.
+/// Times an operation on a receiver.
 void measureReceiver(
     const char *operationName, const char *subject, int size, std::function<void()> operation,
     std::function<void()> prepare = [] {})
 {
-    auto *registered = measure(Names::of(operationName, subject, size), std::move(operation),
-                               [size, prepare = std::move(prepare)] {
-                                   (void)sample(size);
-                                   prepare();
-                               });
-    if (size == Names::Most)
-        registered->Repetitions(QByteArray(operationName).contains("binary") ? 1 : 3);
+    measure(Names::of(operationName, subject, size), std::move(operation),
+            [size, prepare = std::move(prepare)] {
+                (void)sample(size);
+                prepare();
+            });
 }
 
 template <class Value>
@@ -132,6 +130,10 @@ void measureOwn(int size)
         for (const QString &name : sample(size).names)
             keep(sample(size).receiver.GetParameter(name));
     });
+}
+
+void measureBinary(int size)
+{
     measureReceiver("write binary", "Kormak", size, [size] {
         keep(GenericReceiver(sample(size).receiver).GetBinaryRepresentationAsQByteArray());
     });
@@ -290,6 +292,17 @@ void measureItems()
     }
 }
 
+/// Runs what \a registerAll registers, all of it once in each round.
+void runRounds(int rounds, Report &report, const std::function<void()> &registerAll)
+{
+    benchmark::ClearRegisteredBenchmarks();
+    registerAll();
+    for (int i = 0; i < rounds; ++i) {
+        report.startRound();
+        benchmark::RunSpecifiedBenchmarks(&report);
+    }
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -304,29 +317,38 @@ int main(int argc, char *argv[])
         arguments.erase(quick);
 
     // What stands on the command line comes later and prevails.
-    std::string interleaving = "--benchmark_enable_random_interleaving=true";
-    std::string repetitions = isQuick ? "--benchmark_repetitions=3" : "--benchmark_repetitions=9";
     std::string time = isQuick ? "--benchmark_min_time=0.01" : "--benchmark_min_time=0.05";
-    arguments.insert(arguments.begin() + 1, {interleaving.data(), repetitions.data(), time.data()});
+    arguments.insert(arguments.begin() + 1, time.data());
     int count = static_cast<int>(arguments.size());
     benchmark::Initialize(&count, arguments.data());
     if (benchmark::ReportUnrecognizedArguments(count, arguments.data()))
         return EXIT_FAILURE;
 
-    measureKinds();
-    for (const int size : {Names::Small, Names::Large})
-        measureAlternatives(size);
-    measureLimits(Names::Small);
-    measureOwn(Names::Small);
-    for (const int size : Names::Sizes) {
-        if (isQuick && size > Names::Large)
-            break;
-        measureLimits(size);
-        measureOwn(size);
-    }
-    measureItems();
-
     Report report;
-    benchmark::RunSpecifiedBenchmarks(&report);
+    runRounds(isQuick ? 3 : 15, report, [] {
+        measureKinds();
+        for (const int size : {Names::Small, Names::Large}) {
+            measureLimits(size);
+            measureOwn(size);
+            measureAlternatives(size);
+        }
+        measureItems();
+    });
+    // Last, as a heap that once held a million parameters is scattered.
+    const int most = isQuick ? Names::Large : Names::Most;
+    runRounds(isQuick ? 3 : 5, report, [most] {
+        for (const int size : Names::Sizes) {
+            if (size > most)
+                break;
+            measureLimits(size);
+            measureOwn(size);
+        }
+    });
+    runRounds(1, report, [most] {
+        for (const int size : Names::Sizes) {
+            if (size <= most)
+                measureBinary(size);
+        }
+    });
     report.print();
 }

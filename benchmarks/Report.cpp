@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <limits>
 
 namespace {
 
@@ -37,6 +38,15 @@ QString compiler()
 #endif
 }
 
+double middleOf(QList<double> values)
+{
+    if (values.isEmpty())
+        return std::numeric_limits<double>::quiet_NaN();
+    std::sort(values.begin(), values.end());
+    const auto middle = values.size() / 2;
+    return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
+}
+
 } // namespace
 
 bool Report::ReportContext(const Context & /*context*/)
@@ -49,23 +59,32 @@ void Report::ReportRuns(const std::vector<Run> &runs)
     for (const Run &run : runs) {
         if (run.run_type != Run::RT_Iteration)
             continue;
-        times[QString::fromStdString(run.run_name.function_name)].append(
-            run.cpu_accumulated_time / static_cast<double>(run.iterations));
+        times[QString::fromStdString(run.run_name.function_name)].insert(
+            round, run.cpu_accumulated_time / static_cast<double>(run.iterations));
     }
     std::fputc('.', stderr);
 }
 
 double Report::median(const QString &name) const
 {
-    QVector<double> sorted = times[name];
-    std::sort(sorted.begin(), sorted.end());
-    const auto middle = sorted.size() / 2;
-    return sorted.size() % 2 == 1 ? sorted[middle] : (sorted[middle - 1] + sorted[middle]) / 2;
+    return middleOf(times[name].values());
 }
 
 double Report::medianOf(const char *operation, const QString &subject, int size) const
 {
     return median(Names::of(QString::fromLatin1(operation), subject, size));
+}
+
+double Report::ratio(const QString &numerator, const QString &denominator) const
+{
+    const QMap<int, double> &one = times[numerator];
+    const QMap<int, double> &other = times[denominator];
+    QList<double> ratios;
+    for (auto entry = one.begin(); entry != one.end(); ++entry) {
+        if (other.contains(entry.key()))
+            ratios << entry.value() / other[entry.key()];
+    }
+    return middleOf(ratios);
 }
 
 bool Report::hasAll(const QStringList &names) const
@@ -77,7 +96,7 @@ void Report::addRatio(Table &table, const QString &title, const QString &numerat
                       const QString &denominator, const Target &target, double factor) const
 {
     if (hasAll({numerator, denominator}))
-        table.add(title, factor * median(numerator) / median(denominator), target);
+        table.add(title, factor * ratio(numerator, denominator), target);
 }
 
 void Report::print() const
@@ -158,9 +177,10 @@ void Report::printAlternatives() const
     const auto cell = [&](const char *operation, const QString &subject, int size) {
         if (!has(Names::of(QString::fromLatin1(operation), subject, size)))
             return QString();
-        const double time = medianOf(operation, subject, size);
-        return QStringLiteral("%1 (%2)").arg(figure(time / size / Micro),
-                                             figure(time / medianOf(operation, own, size)));
+        const QString name = QString::fromLatin1(operation);
+        return QStringLiteral("%1 (%2)").arg(
+            figure(medianOf(operation, subject, size) / size / Micro),
+            figure(ratio(Names::of(name, subject, size), Names::of(name, own, size))));
     };
     const auto add = [&](const QString &title, const QString &reader, const QString &writer) {
         const QStringList cells{cell("read", reader, Names::Large), cell("write", writer, Names::Large),
@@ -188,13 +208,17 @@ void Report::printKinds() const
                  QStringLiteral("copy, ns"), QStringLiteral("compare, ns"), QStringLiteral("reset, ns")});
     for (const QString &kind : Names::kinds()) {
         const auto time = [&](const char *operation) { return medianOf(operation, kind, Names::Small); };
+        const auto share = [&](const char *operation, const char *limit) {
+            return figure(ratio(Names::of(QString::fromLatin1(operation), kind, Names::Small),
+                                Names::of(QString::fromLatin1(limit), kind, Names::Small)));
+        };
         if (!hasAll({Names::of("read", kind, Names::Small), Names::of("read tokens", kind, Names::Small),
                      Names::of("write", kind, Names::Small), Names::of("write replay", kind, Names::Small),
                      Names::of("check", kind, Names::Small), Names::of("copy", kind, Names::Small),
                      Names::of("compare", kind, Names::Small), Names::of("reset", kind, Names::Small)}))
             continue;
-        table.add({kind, figure(time("read") / Micro), figure(time("read") / time("read tokens")),
-                   figure(time("write") / Micro), figure(time("write") / time("write replay")),
+        table.add({kind, figure(time("read") / Micro), share("read", "read tokens"),
+                   figure(time("write") / Micro), share("write", "write replay"),
                    figure(time("check") / Nano, 0), figure(time("copy") / Nano, 0),
                    figure(time("compare") / Nano, 0), figure(time("reset") / Nano, 0)});
     }
@@ -219,15 +243,18 @@ void Report::printGrowth() const
     const auto add = [&](const char *operation, const char *subject, const QString &title,
                          bool isForAll = false) {
         QStringList cells{title};
-        QVector<double> costs;
+        const auto nameOf = [&](int size) {
+            return Names::of(QString::fromLatin1(operation), QString::fromLatin1(subject), size);
+        };
         for (const int size : sizes) {
-            if (!has(Names::of(operation, subject, size)))
+            if (!has(nameOf(size)))
                 return;
-            costs << medianOf(operation, QString::fromLatin1(subject), size) / Nano / (isForAll ? 1 : size);
-            cells << figure(costs.last(), 0);
+            cells << figure(median(nameOf(size)) / Nano / (isForAll ? 1 : size), 0);
         }
-        if (!costs.isEmpty())
-            table.add(cells << figure(costs.last() / costs.first()));
+        if (sizes.isEmpty())
+            return;
+        const double factor = isForAll ? 1 : static_cast<double>(sizes.first()) / sizes.last();
+        table.add(cells << figure(factor * ratio(nameOf(sizes.last()), nameOf(sizes.first()))));
     };
     add("read", "tokens", QStringLiteral("limit of reading: tokens"));
     add("read", "Kormak", QStringLiteral("read"));

@@ -5,7 +5,6 @@
 #include "Table.h"
 
 #include <QMap>
-#include <QVector>
 
 #include <benchmark/benchmark.h>
 
@@ -14,14 +13,20 @@ public:
     bool ReportContext(const Context &context) override;
     void ReportRuns(const std::vector<Run> &runs) override;
 
+    /// What is reported from now on was measured close together. Ratios are those of one round; what slows
+    /// the machine down for some seconds slows both sides.
+    void startRound() { ++round; }
+
     /// Prints what there are measurements for.
     void print() const;
 
 private:
     [[nodiscard]] bool has(const QString &name) const { return times.contains(name); }
-    /// The median of the repetitions, in seconds of processor time.
+    /// The median of the rounds, in seconds of processor time.
     [[nodiscard]] double median(const QString &name) const;
     [[nodiscard]] double medianOf(const char *operation, const QString &subject, int size) const;
+    /// The median of the ratios in the rounds that have both.
+    [[nodiscard]] double ratio(const QString &numerator, const QString &denominator) const;
     [[nodiscard]] bool hasAll(const QStringList &names) const;
 
     void printMachine() const;
@@ -33,7 +38,8 @@ private:
     void addRatio(Table &table, const QString &title, const QString &numerator, const QString &denominator,
                   const Target &target, double factor = 1) const;
 
-    QMap<QString, QVector<double>> times;
+    int round = 0;
+    QMap<QString, QMap<int, double>> times; ///< by name and round
 };
 
 #endif
