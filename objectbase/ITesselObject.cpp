@@ -31,8 +31,35 @@ namespace {
 constexpr int Uncompressed = 0;
 constexpr int UsualCompression = -1;
 
-/// Where a document is written to, in UTF-8. Qt's writer finds lone surrogates only in what goes to a device,
-/// and is an eighth faster there than on a QString, for which Qt 6 makes a QString of every bracket.
+/// True when \a text holds surrogates or carriage returns. Looks at every character, so that it is done many
+/// at a time; hardly a document holds one.
+bool needsCloserLook(const QString &text)
+{
+    constexpr char16_t SurrogateMask = 0xF800;
+    constexpr char16_t Surrogates = 0xD800;
+    const auto *characters = reinterpret_cast<const char16_t *>(text.constData());
+    unsigned short found = 0; // as wide as a character: twice as many at a time as with an int
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const char16_t c = characters[i];
+        found |= static_cast<unsigned short>((c & SurrogateMask) == Surrogates || c == u'\r' ? 1 : 0);
+    }
+    return found != 0;
+}
+
+/// Qt's writer hands lone surrogates on as they are when it writes to a QString.
+bool hasLoneSurrogate(const QString &text)
+{
+    for (auto c = text.begin(); c != text.end(); ++c) {
+        if (!c->isSurrogate())
+            continue;
+        if (!c->isHighSurrogate() || ++c == text.end() || !c->isLowSurrogate())
+            return true;
+    }
+    return false;
+}
+
+/// Where early Qt 6 writes documents to, in UTF-8: for a QString it makes a QString of every bracket, an
+/// eighth of all writing. There its writer finds lone surrogates itself.
 class Utf8Sink final : public QIODevice {
 public:
     Utf8Sink() { open(WriteOnly | Unbuffered); }
@@ -259,18 +286,24 @@ void ITesselObject::ProcessXml(QXmlStreamReader &reader)
 QString ITesselObject::GetXmlString() const
 {
     Check();
-    Utf8Sink sink;
-    QXmlStreamWriter writer(&sink);
+    QString text;
+    std::optional<Utf8Sink> sink;
+    QXmlStreamWriter writer(&text);
+    if (isEarlyQt6())
+        writer.setDevice(&sink.emplace());
     writer.setAutoFormatting(true);
     writer.writeStartDocument();
-    sink.bytes = R"(<?xml version="1.0"?>)"; // Qt names the encoding, which a QString does not have
+    if (sink)
+        sink->bytes = R"(<?xml version="1.0"?>)"; // Qt names the encoding, which a QString does not have
     GetXml(writer);
     writer.writeEndDocument();
-    if (writer.hasError())
+    if (sink)
+        text = decodeUtf8(sink->bytes);
+    const bool isSpecial = sink ? sink->bytes.find('\r') != std::string::npos : needsCloserLook(text);
+    if (writer.hasError() || (isSpecial && hasLoneSurrogate(text)))
         throwMessage(*this, u"Text cannot be represented in XML");
-    QString text = decodeUtf8(sink.bytes);
-    // A bare carriage return would be read back as a line feed; in attributes Qt writes the reference.
-    if (sink.bytes.find('\r') != std::string::npos)
+    if (isSpecial) // a bare carriage return would be read back as a line feed; in attributes Qt writes the
+                   // reference
         text.replace(u'\r', literal(u"&#13;"));
     return text;
 }

@@ -181,7 +181,7 @@ template <class... Format>
 {
     // A whole number, as most limits are, needs no rounding. Qt takes two hundred times as long for the
     // greatest double, which is the limit of a parameter that has none.
-    if (std::isfinite(value) && std::trunc(value) == value)
+    if (std::trunc(value) == value)
         return Detail::charsText(value + 0.0, std::chars_format::fixed, decimals); // no minus before a zero
     return QString::number(value, 'f', decimals);
 }

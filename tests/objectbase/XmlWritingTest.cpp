@@ -105,6 +105,21 @@ void XmlWritingTest::textsThatXmlCannotCarry()
     inAnAttribute.label = text;
     QCOMPARE(messageOf([&] { (void)inAnAttribute.GetXmlString(); }), message);
 
+    // Behind the last text stands nothing that a writer would look at.
+    class Label : public Note {
+    public:
+        void GetXml(QXmlStreamWriter &writer) const override
+        {
+            writer.writeStartElement(GetObjectName());
+            writer.writeAttribute("Label", label);
+            writer.writeEndElement();
+        }
+    };
+    Label last;
+    last.title = "title";
+    last.label = text;
+    QCOMPARE(messageOf([&] { (void)last.GetXmlString(); }), message);
+
     Binder nested;
     nested.title = "title";
     nested.note = inAText;
