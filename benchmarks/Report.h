@@ -13,8 +13,8 @@ public:
     bool ReportContext(const Context &context) override;
     void ReportRuns(const std::vector<Run> &runs) override;
 
-    /// What is reported from now on was measured close together. Ratios are those of one round; what slows
-    /// the machine down for some seconds slows both sides.
+    /// What is reported from now on is measured together. Ratios are those of one round, so that what slows
+    /// the machine down for longer slows both sides.
     void startRound() { ++round; }
 
     /// Prints what there are measurements for.

@@ -1,4 +1,4 @@
-// Not installed. Where Qt 5 and Qt 6 differ, the difference stands here.
+// Not installed. Where versions of Qt differ, the difference stands here.
 #ifndef TESSEL_QTCOMPAT_P_H
 #define TESSEL_QTCOMPAT_P_H
 

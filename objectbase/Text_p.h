@@ -152,8 +152,8 @@ inline void fromText(QStringView text, float &value)
 namespace Detail {
 
 /// The text that std::to_chars() makes of \a value.
-template <class... Format>
-[[nodiscard]] QString charsText(double value, Format... format)
+template <class Number, class... Format>
+[[nodiscard]] QString charsText(Number value, Format... format)
 {
     constexpr std::size_t LongestDouble = 384; // the greatest has 309 digits before its decimals
     char buffer[LongestDouble];
@@ -163,17 +163,22 @@ template <class... Format>
 
 } // namespace Detail
 
-/// The shortest text that is read back as the same double, the sign of zero included; without an exponent as
-/// long as people would write it so.
-[[nodiscard]] inline QString toText(double value)
+/// The shortest text that is read back as the same number of its type, the sign of zero included; without an
+/// exponent as long as people would write it so.
+template <class Number>
+[[nodiscard]] QString shortestText(Number value)
 {
-    if (std::isnan(value))
-        return literal(u"nan");
-    constexpr double LeastFixed = 1e-6;
-    constexpr double MostFixed = 1e16;
-    const double magnitude = std::abs(value);
+    constexpr auto LeastFixed = static_cast<Number>(1e-6);
+    constexpr auto MostFixed = static_cast<Number>(1e16);
+    const Number magnitude = std::abs(value);
     const bool isFixed = magnitude == 0 || (magnitude >= LeastFixed && magnitude < MostFixed);
     return Detail::charsText(value, isFixed ? std::chars_format::fixed : std::chars_format::scientific);
+}
+
+/// The shortest text; that of a NaN has no sign.
+[[nodiscard]] inline QString toText(double value)
+{
+    return std::isnan(value) ? literal(u"nan") : shortestText(value);
 }
 
 /// Fixed-point with exactly \a decimals decimals, at most 6.

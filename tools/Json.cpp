@@ -1,11 +1,10 @@
 #include "tools/Json.h"
 
 #include <objectbase/Converters.h>
+#include <objectbase/Text_p.h>
 #include <tools/Console.h>
 #include <tools/NameLists.h>
 
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <type_traits>
 
@@ -16,23 +15,6 @@ constexpr qsizetype IndentWidth = 2;
 bool isSpecial(QChar c)
 {
     return c == QLatin1Char('"') || c == QLatin1Char('\\');
-}
-
-/// The fewest digits that are read back as the same number of its type; without an exponent as long as people
-/// would write it so.
-template <class Number>
-QString shortest(Number value)
-{
-    constexpr auto LeastFixed = static_cast<Number>(1e-6);
-    constexpr auto MostFixed = static_cast<Number>(1e16);
-    constexpr std::size_t Longest = 32;
-    const Number magnitude = std::abs(value);
-    const bool isFixed = magnitude == 0 || (magnitude >= LeastFixed && magnitude < MostFixed);
-    std::array<char, Longest> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
-                                   isFixed ? std::chars_format::fixed : std::chars_format::scientific)
-                         .ptr;
-    return QString::fromLatin1(digits.data(), static_cast<int>(end - digits.data()));
 }
 
 template <class Value>
@@ -51,7 +33,7 @@ QString jsonOf(const FieldForm &form, const Value &value)
     } else {
         if (std::isnan(value))
             return QStringLiteral("null");
-        return std::isinf(value) ? jsonText(shortest(value)) : shortest(value);
+        return std::isinf(value) ? jsonText(TESSEL::shortestText(value)) : TESSEL::shortestText(value);
     }
 }
 
