@@ -272,10 +272,10 @@ void ITesselObject::ProcessXml(QXmlStreamReader &reader)
     // A child may be read up to an end element deeper than its own, so ours is told by its name.
     const QString ownName = reader.qualifiedName().toString();
     while (!reader.atEnd()) {
-        reader.readNext();
-        if (reader.isEndElement() && reader.qualifiedName() == ownName)
+        const auto token = reader.readNext();
+        if (token == QXmlStreamReader::EndElement && reader.qualifiedName() == ownName)
             return;
-        if (reader.isStartElement()) {
+        if (token == QXmlStreamReader::StartElement) {
             ProcessXmlStartElement(reader);
             if (reader.isStartElement())
                 reader.skipCurrentElement();

@@ -86,12 +86,14 @@ struct XmlElement {
 class ElementText {
 public:
     /// Leaves \a reader on the end of the element. A child element inside it becomes an error of \a reader.
-    explicit ElementText(QXmlStreamReader &reader)
+    /// Not inline, as every row of every table would hold a copy: a tenth of the library.
+    Q_NEVER_INLINE explicit ElementText(QXmlStreamReader &reader)
     {
-        while (reader.readNext() != QXmlStreamReader::EndElement && !reader.hasError()) {
-            if (reader.isCharacters() || reader.isEntityReference())
+        QXmlStreamReader::TokenType token{};
+        while ((token = reader.readNext()) != QXmlStreamReader::EndElement && !reader.hasError()) {
+            if (token == QXmlStreamReader::Characters || token == QXmlStreamReader::EntityReference)
                 append(reader.text());
-            else if (!reader.isComment() && !reader.isProcessingInstruction())
+            else if (token != QXmlStreamReader::Comment && token != QXmlStreamReader::ProcessingInstruction)
                 reader.raiseError(QStringLiteral("Expected character data."));
         }
     }
