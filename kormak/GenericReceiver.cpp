@@ -1,5 +1,7 @@
 #include "kormak/GenericReceiver.h"
 
+#include "kormak/RecurringTexts_p.h"
+
 #include <objectbase/Constants_p.h>
 #include <objectbase/QtCompat_p.h>
 #include <objectbase/TesselException.h>
@@ -140,6 +142,7 @@ void GenericReceiver::GetXml(QXmlStreamWriter &writer) const
 
 void GenericReceiver::ProcessXml(QXmlStreamReader &reader)
 {
+    RecurringTexts sharing;
     readDocument<Xml>(*this, reader);
 }
 

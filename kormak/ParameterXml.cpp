@@ -1,6 +1,7 @@
 // The XML form of Parameter: its own attributes and elements, and the blocks of its handlers. A block is a
 // table like any other; it is written like an element and read by readBlock().
 #include "kormak/Parameter.h"
+#include "kormak/RecurringTexts_p.h"
 
 #include <objectbase/Constants_p.h>
 #include <objectbase/TesselException.h>
@@ -30,6 +31,26 @@ constexpr QStringView TagTimeStampBlock = u"TimeStamp";
 
 using EnumValue = EnumHandler::EnumValue;
 
+template <auto Text>
+void readRecurring(typename Detail::MemberOf<Text>::Document &document, QStringView text)
+{
+    RecurringTexts::read(text, document.*Text);
+}
+
+template <auto Text>
+constexpr auto recurringAttribute(QStringView name)
+{
+    using Document = typename Detail::MemberOf<Text>::Document;
+    return XmlAttribute<Document>{name, readRecurring<Text>, Detail::writeMember<Text>};
+}
+
+template <auto Text>
+constexpr auto recurringElement(QStringView tag)
+{
+    using Document = typename Detail::MemberOf<Text>::Document;
+    return textElement<Document, readRecurring<Text>, Detail::writeMember<Text>>(tag);
+}
+
 /// The attributes of an enumeration entry.
 struct EnumValueXml {
     static bool hasIdentifier(const EnumValue &entry) { return !entry.Identifier.isEmpty(); }
@@ -48,8 +69,8 @@ struct EnumValueXml {
 
     static constexpr XmlAttribute<EnumValue> attributes[] = {
         attribute<&EnumValue::Key>(u"Key"),
-        attribute<&EnumValue::Name>(u"Name"),
-        attribute<&EnumValue::Identifier>(u"Identifier").when(hasIdentifier),
+        recurringAttribute<&EnumValue::Name>(u"Name"),
+        recurringAttribute<&EnumValue::Identifier>(u"Identifier").when(hasIdentifier),
         {u"Value", readValue, valueText},
         {TagDefault, readDefault, defaultText, isDefault},
     };
@@ -144,10 +165,10 @@ void readBlock(Parameter &parameter, Handler &handler, QStringView name, QXmlStr
     handler.SetRepresentationName(parameter.GetRepresenationName());
     handler.SetUniqueParameterName(parameter.GetUniqueParameterName());
     while (!reader.atEnd()) {
-        reader.readNext();
-        if (reader.isEndElement() && QStringView(reader.qualifiedName()) == name)
+        const auto token = reader.readNext();
+        if (token == QXmlStreamReader::EndElement && QStringView(reader.qualifiedName()) == name)
             break;
-        if (reader.isStartElement())
+        if (token == QXmlStreamReader::StartElement)
             (void)readKnownChild<Block>(parameter, reader);
     }
     if (reader.hasError())
@@ -285,12 +306,12 @@ struct Parameter::Xml {
     };
     static constexpr XmlElement<P> elements[] = {
         textElement<P, readRepresentationName, representationNameText>(u"RepresentationName"),
-        element<&P::displayName>(u"DisplayName").when(isSet<&P::displayName>),
-        element<&P::toolTip>(u"ToolTip").when(isSet<&P::toolTip>),
+        recurringElement<&P::displayName>(u"DisplayName").when(isSet<&P::displayName>),
+        recurringElement<&P::toolTip>(u"ToolTip").when(isSet<&P::toolTip>),
         namedElement<&P::valueType, &P::ToValueType, &P::ValueTypeToName>(u"ValueType").when(hasValueType),
         namedElement<&P::controlType, &P::ToControlType, &P::ControlTypeToName>(u"ControlType")
             .when(hasValidControlType),
-        element<&P::displaySuffix>(u"DisplaySuffix").when(isSet<&P::displaySuffix>),
+        recurringElement<&P::displaySuffix>(u"DisplaySuffix").when(isSet<&P::displaySuffix>),
         textElement<P, readMultiplier, multiplierText>(u"Multiplier").when(hasMultiplier),
         element<&P::enabled>(u"Enable"),
         textElement<P, readType, typeName>(u"ParameterType").when(hasTypeName),

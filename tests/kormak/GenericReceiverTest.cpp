@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <type_traits>
@@ -94,6 +95,10 @@ private Q_SLOTS:
     void copiesTheBase();
     void selfAssignment();
     void manyParameters();
+    void textsThatRecur();
+    void recurringTextsAreShared_data();
+    void recurringTextsAreShared();
+    void onlyReadingShares();
 };
 
 namespace {
@@ -1054,6 +1059,128 @@ void GenericReceiverTest::manyParameters()
     QVERIFY(read.SetXmlString(text, true));
     QCOMPARE(read.GetParameterList().size(), Count);
     QVERIFY(read == receiver);
+}
+
+namespace {
+
+QString labelledElement(const QString &uniqueName, const QString &label, const QString &unit,
+                        const QString &entry)
+{
+    return parameterElement(uniqueName,
+                            "<DisplayName>" + label + "</DisplayName><ToolTip>tip of " + label
+                                + "</ToolTip><DisplaySuffix>" + unit
+                                + "</DisplaySuffix><ParameterType>Enum</ParameterType><Enum><EnumValue "
+                                  "Key=\"0\" Name=\""
+                                + entry + "\" Identifier=\"id " + entry + "\" Value=\"0.00\"/></Enum>");
+}
+
+using TextOf = std::function<QString(Parameter &)>;
+
+/// So many parameters with these children that recurring texts among them are shared.
+QString repeated(const QString &children)
+{
+    constexpr int Count = 20;
+    QString elements;
+    for (int i = 0; i < Count; ++i)
+        elements += parameterElement(QString("rx.%1").arg(i), children);
+    return elements;
+}
+
+bool areShared(const QString &text, const QString &same)
+{
+    return text.constData() == same.constData();
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(TextOf)
+
+// More labels than are kept, long ones and empty ones; units that recur among them.
+void GenericReceiverTest::textsThatRecur()
+{
+    constexpr int Count = 2000;
+    const auto uniqueName = [](int i) { return QString("rx.%1").arg(i, 4, 10, QChar('0')); };
+    const auto label = [](int i) {
+        return i % 3 == 0 ? QString()
+            : i % 5 == 0  ? QString(60 + i % 9, 'x')
+                          : QString("label %1").arg(i % 700);
+    };
+    const auto unit = [](int i) { return QString("unit %1").arg(i % 7); };
+    const auto entry = [](int i) { return QString("entry %1").arg(i % 600); };
+    QString children;
+    for (int i = 0; i < Count; ++i)
+        children += labelledElement(uniqueName(i), label(i), unit(i), entry(i));
+
+    const GenericReceiver receiver = readFrom(receiverElement(children));
+    QCOMPARE(receiver.GetParameterList().size(), Count);
+    for (int i = 0; i < Count; ++i) {
+        const Parameter parameter = receiver.GetParameter(uniqueName(i));
+        QCOMPARE(parameter.GetDisplayName(), label(i));
+        QCOMPARE(parameter.GetToolTip(), "tip of " + label(i));
+        QCOMPARE(parameter.GetDisplaySuffix(), unit(i));
+        const EnumHandler &handler = parameter.GetEnumHandler();
+        QCOMPARE(handler.GetEnumList().size(), 1);
+        QCOMPARE(handler.GetEnumList().first().Name, entry(i));
+        QCOMPARE(handler.GetEnumList().first().Identifier, "id " + entry(i));
+    }
+}
+
+void GenericReceiverTest::recurringTextsAreShared_data()
+{
+    // One text each, so that none takes the place of another.
+    QTest::addColumn<QString>("element");
+    QTest::addColumn<TextOf>("textOf");
+    const auto row = [](const char *name, const char *element, TextOf textOf) {
+        QTest::newRow(name) << QString(element) << textOf;
+    };
+    row("display name", "<DisplayName>Level</DisplayName>", [](Parameter &p) { return p.GetDisplayName(); });
+    row("tool tip", "<ToolTip>Level</ToolTip>", [](Parameter &p) { return p.GetToolTip(); });
+    row("suffix", "<DisplaySuffix>Level</DisplaySuffix>", [](Parameter &p) { return p.GetDisplaySuffix(); });
+    row("name of an entry", "<Enum><EnumValue Name=\"Level\"/></Enum>",
+        [](Parameter &p) { return p.GetEnumHandler().GetEnumList().constFirst().Name; });
+    row("identifier of an entry", "<Enum><EnumValue Identifier=\"Level\"/></Enum>",
+        [](Parameter &p) { return p.GetEnumHandler().GetEnumList().constFirst().Identifier; });
+}
+
+void GenericReceiverTest::recurringTextsAreShared()
+{
+    QFETCH(QString, element);
+    QFETCH(TextOf, textOf);
+    const GenericReceiver receiver = readFrom(receiverElement(repeated(element)));
+    Parameter one = receiver.GetParameter("rx.18");
+    Parameter other = receiver.GetParameter("rx.19");
+    QCOMPARE(textOf(one), "Level");
+    QVERIFY(areShared(textOf(one), textOf(other)));
+
+    // Changing one leaves the other.
+    one.SetDisplayName("Gain");
+    one.SetToolTip("Gain");
+    one.SetDisplaySuffix("dB");
+    for (EnumHandler::EnumValue &entry : one.GetEnumHandler().GetEnumList()) {
+        entry.Name.append('s');
+        entry.Identifier.append('s');
+    }
+    QVERIFY(textOf(one) != "Level");
+    QCOMPARE(textOf(other), "Level");
+}
+
+void GenericReceiverTest::onlyReadingShares()
+{
+    const QString element = parameterElement("rx", "<DisplayName>Level</DisplayName>");
+    const auto isSharing = [&element] {
+        Parameter one;
+        Parameter other;
+        process(one, element);
+        process(other, element);
+        return areShared(one.GetDisplayName(), other.GetDisplayName());
+    };
+    const QString children = repeated("<DisplayName>Level</DisplayName>");
+    QVERIFY(!isSharing());
+    (void)readFrom(receiverElement(children));
+    QVERIFY(!isSharing());
+    const QString message = messageOf([&] { (void)readFrom(receiverElement(children + "<Unknown/>")); });
+    QCOMPARE(message, "Unknown Tag 'Unknown' in 'GenericReceiver'.");
+    QVERIFY(!isSharing());
 }
 
 QTEST_GUILESS_MAIN(GenericReceiverTest)
