@@ -18,6 +18,10 @@ inline constexpr int Sizes[] = {Least, Large, 100'000, Most};
 inline constexpr int FewItems = 2'000;
 inline constexpr int ManyItems = 20'000;
 
+/// Reading and writing with nothing beside them but what they are compared with.
+inline constexpr char ReadingAlone[] = "read alone";
+inline constexpr char WritingAlone[] = "write alone";
+
 inline QString of(const QString &operation, const QString &subject, int size)
 {
     return operation + '/' + subject + '/' + QString::number(size);

@@ -134,14 +134,14 @@ void Report::printTargets() const
     Table table(
         QStringLiteral("Ratios; large: a receiver of 10,000 parameters, small: of one"),
         {QStringLiteral(""), QStringLiteral("measured"), QStringLiteral("target"), QStringLiteral("")});
-    addRatio(table, QStringLiteral("read large / its tokens"), of("read", own, large),
-             of("read", "tokens", large), readLimit);
-    addRatio(table, QStringLiteral("write large / replay of the calls"), of("write", own, large),
-             of("write", "replay", large), writeLimit);
-    addRatio(table, QStringLiteral("read small / hand-written"), of("read", own, small),
-             of("read", alternatives[0], small), smallReadLimit);
-    addRatio(table, QStringLiteral("write small / hand-written"), of("write", own, small),
-             of("write", alternatives[0], small), smallWriteLimit);
+    addRatio(table, QStringLiteral("read large / its tokens"), of(Names::ReadingAlone, own, large),
+             of(Names::ReadingAlone, "tokens", large), readLimit);
+    addRatio(table, QStringLiteral("write large / replay of the calls"), of(Names::WritingAlone, own, large),
+             of(Names::WritingAlone, "replay", large), writeLimit);
+    addRatio(table, QStringLiteral("read small / hand-written"), of(Names::ReadingAlone, own, small),
+             of(Names::ReadingAlone, alternatives[0], small), smallReadLimit);
+    addRatio(table, QStringLiteral("write small / hand-written"), of(Names::WritingAlone, own, small),
+             of(Names::WritingAlone, alternatives[0], small), smallWriteLimit);
     for (int i = 1; i < alternatives.size(); ++i) {
         if (i == 2)
             continue; // pugixml is no target; its row is below
