@@ -1,5 +1,5 @@
-// Takes the times; Report prints them. Before anything is timed, each alternative must give the fields and
-// the document that the library gives.
+// Takes the times; Report prints them. Before it is timed, each alternative must give the fields and the
+// document that the library gives.
 #include "Alternatives.h"
 #include "Documents.h"
 #include "Limits.h"

@@ -37,6 +37,7 @@ void readRecurring(typename Detail::MemberOf<Text>::Document &document, QStringV
     RecurringTexts::read(text, document.*Text);
 }
 
+/// As attribute() and, below, element(), for texts that recur.
 template <auto Text>
 constexpr auto recurringAttribute(QStringView name)
 {

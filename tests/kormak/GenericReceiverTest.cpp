@@ -98,7 +98,9 @@ private Q_SLOTS:
     void textsThatRecur();
     void recurringTextsAreShared_data();
     void recurringTextsAreShared();
+    void longAndFewTextsAreNotShared();
     void onlyReadingShares();
+    void sharingGoesOnBehindAnotherReceiver();
 };
 
 namespace {
@@ -1164,6 +1166,22 @@ void GenericReceiverTest::recurringTextsAreShared()
     QCOMPARE(textOf(other), "Level");
 }
 
+void GenericReceiverTest::longAndFewTextsAreNotShared()
+{
+    const auto areLabelsShared = [](int length, int one, int other) {
+        const QString label(length, 'x');
+        const GenericReceiver receiver =
+            readFrom(receiverElement(repeated("<DisplayName>" + label + "</DisplayName>")));
+        const QString text = receiver.GetParameter(QString("rx.%1").arg(one)).GetDisplayName();
+        return text == label
+            && areShared(text, receiver.GetParameter(QString("rx.%1").arg(other)).GetDisplayName());
+    };
+    QVERIFY(areLabelsShared(64, 18, 19));
+    QVERIFY(!areLabelsShared(65, 18, 19));
+    QVERIFY(areLabelsShared(1, 16, 17));
+    QVERIFY(!areLabelsShared(1, 15, 16));
+}
+
 void GenericReceiverTest::onlyReadingShares()
 {
     const QString element = parameterElement("rx", "<DisplayName>Level</DisplayName>");
@@ -1181,6 +1199,24 @@ void GenericReceiverTest::onlyReadingShares()
     const QString message = messageOf([&] { (void)readFrom(receiverElement(children + "<Unknown/>")); });
     QCOMPARE(message, "Unknown Tag 'Unknown' in 'GenericReceiver'.");
     QVERIFY(!isSharing());
+}
+
+void GenericReceiverTest::sharingGoesOnBehindAnotherReceiver()
+{
+    static const QString element = receiverElement(repeated("<DisplayName>Level</DisplayName>"));
+    // Reads another receiver in front of each of its parameters.
+    class Interrupted : public GenericReceiver {
+    protected:
+        void ProcessXmlStartElement(QXmlStreamReader &reader) override
+        {
+            (void)readFrom(element);
+            GenericReceiver::ProcessXmlStartElement(reader);
+        }
+    };
+    Interrupted receiver;
+    process(receiver, element);
+    QVERIFY(areShared(receiver.GetParameter("rx.18").GetDisplayName(),
+                      receiver.GetParameter("rx.19").GetDisplayName()));
 }
 
 QTEST_GUILESS_MAIN(GenericReceiverTest)
