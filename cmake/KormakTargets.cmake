@@ -14,7 +14,7 @@ function(kormak_target_defaults target)
     target_compile_features(${target} PUBLIC cxx_std_17)
     set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
     target_compile_options(${target} PRIVATE
-        -Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Wcast-qual -Wnon-virtual-dtor
+        -Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Wcast-qual
         $<$<BOOL:${KORMAK_WARNINGS_AS_ERRORS}>:-Werror>
     )
     target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x050F00)

@@ -50,7 +50,7 @@ constexpr Vocabulary Criteria{CriteriaRows};
 
 struct ActivityGenerationData::Xml {
     static void readVersion(Data &data, QStringView text) { fromText(text, data.version); }
-    static QString currentVersion(const Data & /*data*/) { return literal(CurrentVersion); }
+    static QString currentVersion(const Data & /*data*/) { return CurrentVersion.toString(); }
 
     static constexpr XmlAttribute<Data> attributes[] = {
         {TagVersion, readVersion, currentVersion},
@@ -89,8 +89,11 @@ struct ActivityGenerationData::Xml {
 };
 
 ActivityGenerationData::ActivityGenerationData()
+    : modeNames(shared([] { return Modes.names(); })), channelNames(shared([] { return Channels.names(); })),
+      writeModeNames(shared([] { return WriteModes.names(); })),
+      criteriaNames(shared([] { return Criteria.names(); }))
 {
-    SetObjectName(literal(ObjectName));
+    SetObjectName(shared([] { return ObjectName.toString(); }));
     ActivityGenerationData::Reset();
 }
 
@@ -210,7 +213,7 @@ void ActivityGenerationData::SetRestartAttachmentsOnSessionClose(bool on)
 
 QString ActivityGenerationData::ActivityGenerationModeToName(const ActivityGenerationMode &value) const
 {
-    return Modes.nameOf(value);
+    return modeNames.list().value(value);
 }
 
 ActivityGenerationData::ActivityGenerationMode
@@ -232,13 +235,13 @@ ActivityGenerationData::GetInvalidActivityGenerationMode() const
 
 QStringList ActivityGenerationData::GetActivityGenerationModeList() const
 {
-    return Modes.names();
+    return modeNames.list();
 }
 
 QString ActivityGenerationData::EnergyActivityGenerationChannelToName(
     const EnergyActivityGenerationChannel &value) const
 {
-    return Channels.nameOf(value);
+    return channelNames.list().value(value);
 }
 
 ActivityGenerationData::EnergyActivityGenerationChannel
@@ -255,13 +258,13 @@ bool ActivityGenerationData::IsValidEnergyActivityGenerationChannel(
 
 QStringList ActivityGenerationData::GetEnergyActivityGenerationChannelList(bool all) const
 {
-    return all ? Channels.names() : Channels.names().mid(0, 1);
+    return all ? channelNames.list() : channelNames.list().mid(0, 1);
 }
 
 QString ActivityGenerationData::ActivityGenerationDataBaseWriteModeToName(
     const ActivityGenerationDataBaseWriteMode &value) const
 {
-    return WriteModes.nameOf(value);
+    return writeModeNames.list().value(value);
 }
 
 ActivityGenerationData::ActivityGenerationDataBaseWriteMode
@@ -278,12 +281,12 @@ bool ActivityGenerationData::IsValidActivityGenerationDataBaseWriteMode(
 
 QStringList ActivityGenerationData::GetActivityGenerationDataBaseWriteModeList() const
 {
-    return WriteModes.names();
+    return writeModeNames.list();
 }
 
 QString ActivityGenerationData::DDemActiveCriteriaToName(const DDemActiveCriteria &value) const
 {
-    return Criteria.nameOf(value);
+    return criteriaNames.list().value(value);
 }
 
 ActivityGenerationData::DDemActiveCriteria
@@ -299,7 +302,7 @@ bool ActivityGenerationData::IsValidDDemActiveCriteria(const DDemActiveCriteria 
 
 QStringList ActivityGenerationData::GetDDemActiveCriteriaList(bool all) const
 {
-    return all ? Criteria.names() : Criteria.names().mid(0, 2);
+    return all ? criteriaNames.list() : criteriaNames.list().mid(0, 2);
 }
 
 bool ActivityGenerationData::operator==(const ActivityGenerationData &other) const
@@ -319,7 +322,7 @@ bool ActivityGenerationData::AnyData() const
 
 void ActivityGenerationData::Reset()
 {
-    version = literal(CurrentVersion);
+    version = shared([] { return CurrentVersion.toString(); });
     mode = GetInvalidActivityGenerationMode();
     autoStartOn = false;
     energyChannel = ADem;

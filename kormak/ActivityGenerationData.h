@@ -2,6 +2,7 @@
 #define KORMAK_ACTIVITYGENERATIONDATA_H
 
 #include <kormak/kormak_export.h>
+#include <kormak/VocabularyNames.h>
 #include <objectbase/ITesselObject.h>
 
 #include <QString>
@@ -200,6 +201,10 @@ private:
     QString version;
     ActivityGenerationMode mode;
     bool autoStartOn;
+    VocabularyNames modeNames;
+    VocabularyNames channelNames;
+    VocabularyNames writeModeNames;
+    VocabularyNames criteriaNames;
     EnergyActivityGenerationChannel energyChannel;
     float levelMinBurstDuration;
     float levelMaxBreakDuration;

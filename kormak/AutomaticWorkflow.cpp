@@ -65,7 +65,7 @@ struct AutomaticWorkflow::Xml {
 
     static void readSearchStrategy(AutomaticWorkflow &workflow, QStringView name)
     {
-        workflow.SetSearchStrategy(NameToSearchStrategy(literal(name)));
+        workflow.SetSearchStrategy(NameToSearchStrategy(borrowed(name)));
     }
     static QString searchStrategyName(const AutomaticWorkflow &workflow)
     {
@@ -94,7 +94,7 @@ struct AutomaticWorkflow::Xml {
 
 AutomaticWorkflow::AutomaticWorkflow()
 {
-    SetObjectName(literal(ObjectName));
+    SetObjectName(shared([] { return ObjectName.toString(); }));
     AutomaticWorkflow::Reset();
 }
 
@@ -165,27 +165,27 @@ AutomaticWorkflow::SearchStrategy AutomaticWorkflow::GetInvalidSearchStrategy()
     return Strategies.invalid();
 }
 
-bool AutomaticWorkflow::IsValidWorkflowMode(WorkflowMode value)
+bool AutomaticWorkflow::IsValidWorkflowMode(WorkflowMode value) const
 {
     return Modes.isValid(value);
 }
 
-bool AutomaticWorkflow::IsValidSearchStrategy(SearchStrategy value)
+bool AutomaticWorkflow::IsValidSearchStrategy(SearchStrategy value) const
 {
     return Strategies.isValid(value);
 }
 
-bool AutomaticWorkflow::IsValidNumberClassifers(unsigned int value)
+bool AutomaticWorkflow::IsValidNumberClassifers(unsigned int value) const
 {
     return isFromOneTo(MostClassifiers, value);
 }
 
-bool AutomaticWorkflow::IsValidClassificationTime(unsigned int value)
+bool AutomaticWorkflow::IsValidClassificationTime(unsigned int value) const
 {
     return isFromOneTo(LongestClassificationTime, value);
 }
 
-bool AutomaticWorkflow::IsValidClassificationResults(unsigned int value)
+bool AutomaticWorkflow::IsValidClassificationResults(unsigned int value) const
 {
     return isFromOneTo(MostClassificationResults, value);
 }
@@ -224,7 +224,7 @@ void AutomaticWorkflow::Reset()
     searchStrategy = GetInvalidSearchStrategy();
     hfBitstreamClassification = false;
     area.Reset();
-    version = literal(DefaultVersion);
+    version = defaultVersion();
 }
 
 void AutomaticWorkflow::Check() const

@@ -85,11 +85,11 @@ public:
     /// \name Valid values
     /// What HasData() and the checking setters ask.
     /// @{
-    [[nodiscard]] static bool IsValidWorkflowMode(WorkflowMode value);
-    [[nodiscard]] static bool IsValidSearchStrategy(SearchStrategy value);
-    [[nodiscard]] static bool IsValidNumberClassifers(unsigned int value);
-    [[nodiscard]] static bool IsValidClassificationTime(unsigned int value);
-    [[nodiscard]] static bool IsValidClassificationResults(unsigned int value);
+    [[nodiscard]] bool IsValidWorkflowMode(WorkflowMode value) const;
+    [[nodiscard]] bool IsValidSearchStrategy(SearchStrategy value) const;
+    [[nodiscard]] bool IsValidNumberClassifers(unsigned int value) const;
+    [[nodiscard]] bool IsValidClassificationTime(unsigned int value) const;
+    [[nodiscard]] bool IsValidClassificationResults(unsigned int value) const;
     /// @}
 
     /// Compares all settings and the name and coordinates of the area. The version is not compared.

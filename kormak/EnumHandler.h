@@ -4,24 +4,23 @@
 #include <kormak/kormak_export.h>
 #include <kormak/TypeHandler.h>
 
-#include <QSharedDataPointer>
 #include <QString>
 #include <QVector>
+
+// Handlers are values, and nobody destroys one through a base.
+QT_WARNING_PUSH
+QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
+QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
 
 namespace KORMAK {
 
 /// Holds a choice from a list of entries: the list, the entry that is the default and the entry that is
 /// selected. The latter two are copies; they need not stand in the list, and Reset() empties the list alone.
-class KORMAK_EXPORT EnumHandler final : public TypeHandler {
+class KORMAK_EXPORT EnumHandler : public NamedHandler {
 public:
-    /// An entry. The fields are called as the attributes of its XML element.
+    /// An entry: an aggregate whose fields are called as the attributes of its XML element.
     class KORMAK_EXPORT EnumValue {
     public:
-        EnumValue();
-        EnumValue(const EnumValue &other);
-        EnumValue &operator=(const EnumValue &other);
-        ~EnumValue();
-
         /// Default is compared as IsDefault().
         [[nodiscard]] bool operator==(const EnumValue &other) const;
         [[nodiscard]] bool operator!=(const EnumValue &other) const { return !(*this == other); }
@@ -36,12 +35,12 @@ public:
         QString Default; ///< "true" for the default entry of a list, otherwise "false" or empty
     };
 
-    EnumHandler();
-    EnumHandler(const EnumHandler &other);
+    EnumHandler() = default;
+    EnumHandler(const EnumHandler &other) = default;
     EnumHandler(EnumHandler &&other) noexcept;
-    EnumHandler &operator=(const EnumHandler &other);
+    EnumHandler &operator=(const EnumHandler &other) = default;
     EnumHandler &operator=(EnumHandler &&other) noexcept;
-    ~EnumHandler();
+    ~EnumHandler() = default;
 
     /// The entries in the order of the document. Setting or appending them checks nothing and leaves the
     /// default and the selected entry as they are.
@@ -50,20 +49,19 @@ public:
     void SetEnumList(QVector<EnumValue> &list);
     void AppendEnumValue(const EnumValue &entry);
 
-    /// The entry that is the default, and that a look-up gives when it finds none. The reference to a const
-    /// entry is valid until the handler changes.
-    [[nodiscard]] EnumValue &GetDefaultValue();
-    [[nodiscard]] const EnumValue &GetDefaultValue() const;
+    /// The entry that is the default, and that a look-up gives when it finds none.
+    [[nodiscard]] EnumValue &GetDefaultValue() noexcept { return defaultValue; }
+    [[nodiscard]] const EnumValue &GetDefaultValue() const noexcept { return defaultValue; }
     void SetDefaultValue(const EnumValue &entry);
 
-    /// The entry that is selected; the reference is as that to the default.
-    [[nodiscard]] EnumValue &GetSelectedEnumValue();
-    [[nodiscard]] const EnumValue &GetSelectedEnumValue() const;
+    /// The entry that is selected.
+    [[nodiscard]] EnumValue &GetSelectedEnumValue() noexcept { return selectedValue; }
+    [[nodiscard]] const EnumValue &GetSelectedEnumValue() const noexcept { return selectedValue; }
     void SetSelectedEnumValue(const EnumValue &entry);
 
     /// \name Look-up
     /// The first entry with that name (case-sensitive), key or value (exactly), or else the default entry.
-    /// The reference is valid until the handler changes.
+    /// The reference is valid until the list changes.
     /// @{
     [[nodiscard]] const EnumValue &GetEnumValue(const QString &name);
     [[nodiscard]] const EnumValue &GetEnumValue(int key) const;
@@ -81,17 +79,14 @@ public:
     [[nodiscard]] bool operator!=(const EnumHandler &other) const { return !(*this == other); }
 
 private:
-    struct Choice;
-    [[nodiscard]] const Choice &chosen() const;
-    [[nodiscard]] Choice &editableChoice();
-    [[nodiscard]] Choice &lentChoice();
-
     QVector<EnumValue> enumList;
-    QSharedDataPointer<Choice> choice; // null: both entries are as they start
-    bool isChoiceLent = false; // someone may hold a reference through which it changes: no sharing any more
+    EnumValue defaultValue;
+    EnumValue selectedValue;
 };
 
 } // namespace KORMAK
+
+QT_WARNING_POP
 
 QT_BEGIN_NAMESPACE
 Q_DECLARE_TYPEINFO(KORMAK::EnumHandler::EnumValue, Q_MOVABLE_TYPE);

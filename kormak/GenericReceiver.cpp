@@ -1,7 +1,5 @@
 #include "kormak/GenericReceiver.h"
 
-#include "kormak/RecurringTexts_p.h"
-
 #include <objectbase/Constants_p.h>
 #include <objectbase/QtCompat_p.h>
 #include <objectbase/TesselException.h>
@@ -75,7 +73,7 @@ Parameter GenericReceiver::GetParameter(const QString &uniqueName) const
 {
     const auto parameter = parameterList.constFind(uniqueName);
     if (parameter == parameterList.constEnd())
-        throw TesselException(literal(u"Unknown Parameter '%1' in '%2'.").arg(uniqueName, GetObjectName()));
+        throw TesselException(borrowed(u"Unknown Parameter '%1' in '%2'.").arg(uniqueName, GetObjectName()));
     return *parameter;
 }
 
@@ -83,7 +81,7 @@ void GenericReceiver::Load(const QString &path, QString &text) const
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        throw TesselException(literal(u"Can't open file for reading: '%1'").arg(path));
+        throw TesselException(borrowed(u"Can't open file for reading: '%1'").arg(path));
     QTextStream stream(&file);
     useUtf8(stream);
     text = stream.readAll();
@@ -120,7 +118,7 @@ bool GenericReceiver::AnyData() const
 
 void GenericReceiver::Reset()
 {
-    version = literal(DefaultVersion);
+    version = defaultVersion();
     parameterList.clear();
 }
 
@@ -142,7 +140,6 @@ void GenericReceiver::GetXml(QXmlStreamWriter &writer) const
 
 void GenericReceiver::ProcessXml(QXmlStreamReader &reader)
 {
-    RecurringTexts sharing;
     readDocument<Xml>(*this, reader);
 }
 

@@ -48,7 +48,7 @@ void Job::SetJobHeader(const JobHeader &header)
 void Job::SetAntennaData(const AntennaData &data)
 {
     if (!IsValidAntennaData(resourceType)) {
-        throw TesselException(literal(u"Antenna data cannot be set for resource '%1' in '%2'.")
+        throw TesselException(borrowed(u"Antenna data cannot be set for resource '%1' in '%2'.")
                                   .arg(ResourceType::ResourceTypeToName(resourceType), GetObjectName()));
     }
     antennaData = data;
@@ -87,7 +87,7 @@ void Job::Reset()
     jobHeader.Reset();
     antennaData.Reset();
     resourceType = ResourceType::GetInvalidResourceType();
-    version = literal(DefaultVersion);
+    version = defaultVersion();
 }
 
 void Job::Check() const

@@ -123,7 +123,7 @@ bool JobHeader::AnyData() const
 
 void JobHeader::Reset()
 {
-    version = literal(DefaultVersion);
+    version = defaultVersion();
     author.clear();
     creation = QDateTime();
     description.clear();

@@ -1,5 +1,6 @@
 #include "kormak/Parameter.h"
 
+#include <kormak/HandlerSlot_p.h>
 #include <objectbase/Constants_p.h>
 #include <objectbase/Messages_p.h>
 #include <objectbase/Text_p.h>
@@ -43,14 +44,6 @@ constexpr VocabularyRow<Parameter::ControlType> ControlTypeRows[] = {
     {Parameter::VCTimeEdit, u"VCTimeEdit"},
 };
 constexpr Vocabulary ControlTypes{ControlTypeRows};
-
-/// The names as texts that live as long as the program.
-template <class Enum, std::size_t Count>
-const QString &lastingName(const Vocabulary<Enum, Count> &vocabulary, Enum value)
-{
-    static const QStringList names = vocabulary.names();
-    return names.at(static_cast<int>(value));
-}
 
 template <class Handler, class = void>
 constexpr bool HasMultiplier = false;
@@ -99,8 +92,10 @@ auto Parameter::visitHandler(Visitor visit) const
 }
 
 Parameter::Parameter()
+    : valueTypeNames(shared([] { return ValueTypes.names(); })),
+      controlTypeNames(shared([] { return ControlTypes.names(); }))
 {
-    SetObjectName(literal(ObjectName));
+    SetObjectName(shared([] { return ObjectName.toString(); }));
     Parameter::Reset();
 }
 
@@ -113,13 +108,13 @@ Parameter::~Parameter() = default;
 void Parameter::SetUniqueParameterName(const QString &name)
 {
     uniqueName = name;
-    visitHandler([this](auto handler) { (this->*handler).SetUniqueParameterName(uniqueName); });
+    visitHandler([this](auto handler) { (this->*handler).edit().SetUniqueParameterName(uniqueName); });
 }
 
 void Parameter::SetRepresenationName(const QString &name)
 {
     representationName = name;
-    visitHandler([this](auto handler) { (this->*handler).SetRepresentationName(representationName); });
+    visitHandler([this](auto handler) { (this->*handler).edit().SetRepresentationName(representationName); });
 }
 
 void Parameter::SetDisplayName(const QString &text)
@@ -141,8 +136,8 @@ void Parameter::SetMultiplier(double factor)
 {
     multiplier = factor;
     visitHandler([this](auto handler) {
-        if constexpr (HasMultiplier<std::decay_t<decltype(this->*handler)>>)
-            (this->*handler).SetMultiplier(multiplier);
+        if constexpr (HasMultiplier<std::decay_t<decltype((this->*handler).look())>>)
+            (this->*handler).edit().SetMultiplier(multiplier);
     });
 }
 
@@ -208,14 +203,24 @@ const QString &Parameter::ValueTypeToName(ValueType type) const
 {
     if (!IsValidValueType(type))
         throwInvalid(*this, u"ValueType", numberText(type));
-    return lastingName(ValueTypes, type);
+    return valueTypeNames.at(type);
 }
 
 const QString &Parameter::ControlTypeToName(ControlType type) const
 {
     if (!IsValidControlType(type))
         throwInvalid(*this, u"ControlType", numberText(type));
-    return lastingName(ControlTypes, type);
+    return controlTypeNames.at(type);
+}
+
+BooleanHandler &Parameter::GetBooleanHandler()
+{
+    return booleanHandler.lend();
+}
+
+const BooleanHandler &Parameter::GetBooleanHandler() const
+{
+    return booleanHandler.lend();
 }
 
 void Parameter::SetBooleanHandler(const BooleanHandler &handler)
@@ -223,9 +228,29 @@ void Parameter::SetBooleanHandler(const BooleanHandler &handler)
     booleanHandler = handler;
 }
 
+IntegerHandler &Parameter::GetIntegerHandler()
+{
+    return integerHandler.lend();
+}
+
+const IntegerHandler &Parameter::GetIntegerHandler() const
+{
+    return integerHandler.lend();
+}
+
 void Parameter::SetIntegerHandler(const IntegerHandler &handler)
 {
     integerHandler = handler;
+}
+
+LongHandler &Parameter::GetLongHandler()
+{
+    return longHandler.lend();
+}
+
+const LongHandler &Parameter::GetLongHandler() const
+{
+    return longHandler.lend();
 }
 
 void Parameter::SetLongHandler(const LongHandler &handler)
@@ -233,9 +258,29 @@ void Parameter::SetLongHandler(const LongHandler &handler)
     longHandler = handler;
 }
 
+FloatHandler &Parameter::GetFloatHandler()
+{
+    return floatHandler.lend();
+}
+
+const FloatHandler &Parameter::GetFloatHandler() const
+{
+    return floatHandler.lend();
+}
+
 void Parameter::SetFloatHandler(const FloatHandler &handler)
 {
     floatHandler = handler;
+}
+
+DoubleHandler &Parameter::GetDoubleHandler()
+{
+    return doubleHandler.lend();
+}
+
+const DoubleHandler &Parameter::GetDoubleHandler() const
+{
+    return doubleHandler.lend();
 }
 
 void Parameter::SetDoubleHandler(const DoubleHandler &handler)
@@ -243,14 +288,44 @@ void Parameter::SetDoubleHandler(const DoubleHandler &handler)
     doubleHandler = handler;
 }
 
+StringHandler &Parameter::GetStringHandler()
+{
+    return stringHandler.lend();
+}
+
+const StringHandler &Parameter::GetStringHandler() const
+{
+    return stringHandler.lend();
+}
+
 void Parameter::SetStringHandler(const StringHandler &handler)
 {
     stringHandler = handler;
 }
 
+TimeStampHandler &Parameter::GetTimeStampHandler()
+{
+    return timeStampHandler.lend();
+}
+
+const TimeStampHandler &Parameter::GetTimeStampHandler() const
+{
+    return timeStampHandler.lend();
+}
+
 void Parameter::SetTimeStampHandler(const TimeStampHandler &handler)
 {
     timeStampHandler = handler;
+}
+
+EnumHandler &Parameter::GetEnumHandler()
+{
+    return enumHandler.lend();
+}
+
+const EnumHandler &Parameter::GetEnumHandler() const
+{
+    return enumHandler.lend();
 }
 
 void Parameter::SetEnumHandler(const EnumHandler &handler)
@@ -260,7 +335,7 @@ void Parameter::SetEnumHandler(const EnumHandler &handler)
 
 bool Parameter::IsValidParameter() const
 {
-    return visitHandler([this](auto handler) { return (this->*handler).HasData(); });
+    return visitHandler([this](auto handler) { return (this->*handler).look().HasData(); });
 }
 
 bool Parameter::operator==(const Parameter &other) const
@@ -268,7 +343,7 @@ bool Parameter::operator==(const Parameter &other) const
     return uniqueName == other.uniqueName && representationName == other.representationName
         && parameterType == other.parameterType && displayName == other.displayName
         && enabled == other.enabled
-        && visitHandler([&](auto handler) { return this->*handler == other.*handler; });
+        && visitHandler([&](auto handler) { return (this->*handler).look() == (other.*handler).look(); });
 }
 
 bool Parameter::HasData() const
@@ -285,7 +360,7 @@ bool Parameter::AnyData() const
 
 void Parameter::Reset()
 {
-    version = literal(DefaultVersion);
+    version = defaultVersion();
     uniqueName.clear();
     representationName.clear();
     displayName.clear();
@@ -296,14 +371,14 @@ void Parameter::Reset()
     valueType = InvalidValueType;
     controlType = InvalidControlType;
     parameterType = ParameterType::Invalid;
-    booleanHandler.Reset();
-    enumHandler.Reset();
-    integerHandler.Reset();
-    doubleHandler.Reset();
-    longHandler.Reset();
-    stringHandler.Reset();
-    floatHandler.Reset();
-    timeStampHandler.Reset();
+    booleanHandler.reset();
+    enumHandler.reset();
+    integerHandler.reset();
+    doubleHandler.reset();
+    longHandler.reset();
+    stringHandler.reset();
+    floatHandler.reset();
+    timeStampHandler.reset();
 }
 
 void Parameter::Check() const

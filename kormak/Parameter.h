@@ -2,8 +2,10 @@
 #define KORMAK_PARAMETER_H
 
 #include <kormak/EnumHandler.h>
+#include <kormak/HandlerSlot.h>
 #include <kormak/kormak_export.h>
 #include <kormak/TypeHandler.h>
+#include <kormak/VocabularyNames.h>
 #include <objectbase/ITesselObject.h>
 
 #include <QString>
@@ -145,39 +147,40 @@ public:
     /// @}
 
     /// \name Handlers
-    /// All are there at all times; the one of the current type counts. Setting one copies it, names included.
+    /// All are there at all times; the one of the current type counts. Each has one address for the life of
+    /// the parameter, whatever is read or assigned. Setting one copies it, names included.
     /// @{
-    [[nodiscard]] BooleanHandler &GetBooleanHandler() noexcept { return booleanHandler; }
-    [[nodiscard]] const BooleanHandler &GetBooleanHandler() const noexcept { return booleanHandler; }
+    [[nodiscard]] BooleanHandler &GetBooleanHandler();
+    [[nodiscard]] const BooleanHandler &GetBooleanHandler() const;
     void SetBooleanHandler(const BooleanHandler &handler);
 
-    [[nodiscard]] IntegerHandler &GetIntegerHandler() noexcept { return integerHandler; }
-    [[nodiscard]] const IntegerHandler &GetIntegerHandler() const noexcept { return integerHandler; }
+    [[nodiscard]] IntegerHandler &GetIntegerHandler();
+    [[nodiscard]] const IntegerHandler &GetIntegerHandler() const;
     void SetIntegerHandler(const IntegerHandler &handler);
 
-    [[nodiscard]] LongHandler &GetLongHandler() noexcept { return longHandler; }
-    [[nodiscard]] const LongHandler &GetLongHandler() const noexcept { return longHandler; }
+    [[nodiscard]] LongHandler &GetLongHandler();
+    [[nodiscard]] const LongHandler &GetLongHandler() const;
     void SetLongHandler(const LongHandler &handler);
 
-    [[nodiscard]] FloatHandler &GetFloatHandler() noexcept { return floatHandler; }
-    [[nodiscard]] const FloatHandler &GetFloatHandler() const noexcept { return floatHandler; }
+    [[nodiscard]] FloatHandler &GetFloatHandler();
+    [[nodiscard]] const FloatHandler &GetFloatHandler() const;
     void SetFloatHandler(const FloatHandler &handler);
 
     /// For double lists, too.
-    [[nodiscard]] DoubleHandler &GetDoubleHandler() noexcept { return doubleHandler; }
-    [[nodiscard]] const DoubleHandler &GetDoubleHandler() const noexcept { return doubleHandler; }
+    [[nodiscard]] DoubleHandler &GetDoubleHandler();
+    [[nodiscard]] const DoubleHandler &GetDoubleHandler() const;
     void SetDoubleHandler(const DoubleHandler &handler);
 
-    [[nodiscard]] StringHandler &GetStringHandler() noexcept { return stringHandler; }
-    [[nodiscard]] const StringHandler &GetStringHandler() const noexcept { return stringHandler; }
+    [[nodiscard]] StringHandler &GetStringHandler();
+    [[nodiscard]] const StringHandler &GetStringHandler() const;
     void SetStringHandler(const StringHandler &handler);
 
-    [[nodiscard]] TimeStampHandler &GetTimeStampHandler() noexcept { return timeStampHandler; }
-    [[nodiscard]] const TimeStampHandler &GetTimeStampHandler() const noexcept { return timeStampHandler; }
+    [[nodiscard]] TimeStampHandler &GetTimeStampHandler();
+    [[nodiscard]] const TimeStampHandler &GetTimeStampHandler() const;
     void SetTimeStampHandler(const TimeStampHandler &handler);
 
-    [[nodiscard]] EnumHandler &GetEnumHandler() noexcept { return enumHandler; }
-    [[nodiscard]] const EnumHandler &GetEnumHandler() const noexcept { return enumHandler; }
+    [[nodiscard]] EnumHandler &GetEnumHandler();
+    [[nodiscard]] const EnumHandler &GetEnumHandler() const;
     void SetEnumHandler(const EnumHandler &handler);
     /// @}
 
@@ -248,14 +251,16 @@ private:
     ValueType valueType;
     ControlType controlType;
     ParameterType parameterType;
-    TimeStampHandler timeStampHandler;
-    BooleanHandler booleanHandler;
-    EnumHandler enumHandler;
-    IntegerHandler integerHandler;
-    DoubleHandler doubleHandler;
-    FloatHandler floatHandler;
-    LongHandler longHandler;
-    StringHandler stringHandler;
+    VocabularyNames valueTypeNames;
+    VocabularyNames controlTypeNames;
+    HandlerSlot<TimeStampHandler> timeStampHandler;
+    HandlerSlot<BooleanHandler> booleanHandler;
+    HandlerSlot<EnumHandler> enumHandler;
+    HandlerSlot<IntegerHandler> integerHandler;
+    HandlerSlot<DoubleHandler> doubleHandler;
+    HandlerSlot<FloatHandler> floatHandler;
+    HandlerSlot<LongHandler> longHandler;
+    HandlerSlot<StringHandler> stringHandler;
 };
 
 } // namespace KORMAK

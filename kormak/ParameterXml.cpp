@@ -1,8 +1,8 @@
 // The XML form of Parameter: its own attributes and elements, and the blocks of its handlers. A block is a
 // table like any other; it is written like an element and read by readBlock().
 #include "kormak/Parameter.h"
-#include "kormak/RecurringTexts_p.h"
 
+#include <kormak/HandlerSlot_p.h>
 #include <objectbase/Constants_p.h>
 #include <objectbase/TesselException.h>
 #include <objectbase/XmlForm_p.h>
@@ -31,27 +31,6 @@ constexpr QStringView TagTimeStampBlock = u"TimeStamp";
 
 using EnumValue = EnumHandler::EnumValue;
 
-template <auto Text>
-void readRecurring(typename Detail::MemberOf<Text>::Document &document, QStringView text)
-{
-    RecurringTexts::read(text, document.*Text);
-}
-
-/// As attribute() and, below, element(), for texts that recur.
-template <auto Text>
-constexpr auto recurringAttribute(QStringView name)
-{
-    using Document = typename Detail::MemberOf<Text>::Document;
-    return XmlAttribute<Document>{name, readRecurring<Text>, Detail::writeMember<Text>};
-}
-
-template <auto Text>
-constexpr auto recurringElement(QStringView tag)
-{
-    using Document = typename Detail::MemberOf<Text>::Document;
-    return textElement<Document, readRecurring<Text>, Detail::writeMember<Text>>(tag);
-}
-
 /// The attributes of an enumeration entry.
 struct EnumValueXml {
     static bool hasIdentifier(const EnumValue &entry) { return !entry.Identifier.isEmpty(); }
@@ -70,8 +49,8 @@ struct EnumValueXml {
 
     static constexpr XmlAttribute<EnumValue> attributes[] = {
         attribute<&EnumValue::Key>(u"Key"),
-        recurringAttribute<&EnumValue::Name>(u"Name"),
-        recurringAttribute<&EnumValue::Identifier>(u"Identifier").when(hasIdentifier),
+        attribute<&EnumValue::Name>(u"Name"),
+        attribute<&EnumValue::Identifier>(u"Identifier").when(hasIdentifier),
         {u"Value", readValue, valueText},
         {TagDefault, readDefault, defaultText, isDefault},
     };
@@ -91,7 +70,7 @@ QString limitText(Number number)
 template <auto Handler, auto Getter, auto... Setters>
 void readNumber(Parameter &parameter, QStringView text)
 {
-    auto &handler = parameter.*Handler;
+    auto &handler = (parameter.*Handler).edit();
     std::decay_t<decltype((handler.*Getter)())> number{};
     fromText(text, number);
     ((handler.*Setters)(number), ...);
@@ -100,7 +79,7 @@ void readNumber(Parameter &parameter, QStringView text)
 template <auto Handler, auto Getter>
 QString writeNumber(const Parameter &parameter)
 {
-    return limitText(((parameter.*Handler).*Getter)());
+    return limitText(((parameter.*Handler).look().*Getter)());
 }
 
 template <auto Handler, auto Getter, auto... Setters>
@@ -109,8 +88,11 @@ constexpr auto numberElement(QStringView tag)
     return textElement<Parameter, readNumber<Handler, Getter, Setters...>, writeNumber<Handler, Getter>>(tag);
 }
 
-template <auto Member>
-using HandlerOf = typename Detail::MemberOf<Member>::Type;
+template <class Handler>
+Handler handlerOf(const HandlerSlot<Handler> &);
+
+template <auto Slot>
+using HandlerOf = decltype(handlerOf(std::declval<typename Detail::MemberOf<Slot>::Type>()));
 
 template <auto Handler>
 constexpr auto minimumElement()
@@ -222,13 +204,13 @@ struct Parameter::Xml {
 
     /// The default is written as an attribute, but read from an element.
     struct StringBlock {
-        static bool hasDefault(const Parameter &p) { return !p.stringHandler.GetDefault().isEmpty(); }
-        static QString defaultText(const Parameter &p) { return p.stringHandler.GetDefault(); }
+        static bool hasDefault(const Parameter &p) { return !p.stringHandler.look().GetDefault().isEmpty(); }
+        static QString defaultText(const Parameter &p) { return p.stringHandler.look().GetDefault(); }
         static void readDefault(Parameter &p, QXmlStreamReader &reader)
         {
-            const QString text = ElementText(reader).view().toString();
-            p.stringHandler.SetDefault(text);
-            p.stringHandler.SetValue(text);
+            const QString text = elementText(reader);
+            p.stringHandler.edit().SetDefault(text);
+            p.stringHandler.edit().SetValue(text);
         }
 
         static constexpr XmlAttribute<Parameter> attributes[] = {
@@ -245,15 +227,16 @@ struct Parameter::Xml {
         {
             EnumValue entry;
             readAttributes<EnumValueXml>(entry, reader);
-            if (entry.IsDefault() || p.enumHandler.GetEnumList().isEmpty()) {
-                p.enumHandler.SetDefaultValue(entry);
-                p.enumHandler.SetSelectedEnumValue(entry);
+            EnumHandler &handler = p.enumHandler.edit();
+            if (entry.IsDefault() || !handler.HasData()) {
+                handler.SetDefaultValue(entry);
+                handler.SetSelectedEnumValue(entry);
             }
-            p.enumHandler.AppendEnumValue(entry);
+            handler.AppendEnumValue(entry);
         }
         static void writeEntries(const Parameter &p, QXmlStreamWriter &writer, const QString &tag)
         {
-            for (const EnumValue &entry : p.enumHandler.GetEnumList())
+            for (const EnumValue &entry : p.enumHandler.look().GetEnumList())
                 writeElement<EnumValueXml>(entry, writer, tag);
         }
 
@@ -285,18 +268,19 @@ struct Parameter::Xml {
     static QString multiplierText(const Parameter &p) { return fixedText(p.multiplier, ShortDecimals); }
 
     static bool hasTypeName(const Parameter &p) { return !p.IsBoolean() && !typeName(p).isEmpty(); }
-    static void readType(Parameter &p, QStringView name) { p.SetParameterType(literal(name)); }
+    static void readType(Parameter &p, QStringView name) { p.SetParameterType(borrowed(name)); }
     static QString typeName(const Parameter &p) { return ParameterTypeToName(p.parameterType); }
 
     static void readBoolean(Parameter &p, QStringView text)
     {
         bool on = false;
         fromText(text, on);
-        p.booleanHandler.SetValue(on);
-        p.booleanHandler.SetRepresentationName(p.representationName);
-        p.booleanHandler.SetUniqueParameterName(p.uniqueName);
+        BooleanHandler &handler = p.booleanHandler.edit();
+        handler.SetValue(on);
+        handler.SetRepresentationName(p.representationName);
+        handler.SetUniqueParameterName(p.uniqueName);
     }
-    static QString booleanText(const Parameter &p) { return toText(p.booleanHandler.GetValue()); }
+    static QString booleanText(const Parameter &p) { return toText(p.booleanHandler.look().GetValue()); }
 
     static bool hasDoubleBlock(const Parameter &p) { return p.IsDouble() || p.IsDoubleList(); }
 
@@ -307,12 +291,12 @@ struct Parameter::Xml {
     };
     static constexpr XmlElement<P> elements[] = {
         textElement<P, readRepresentationName, representationNameText>(u"RepresentationName"),
-        recurringElement<&P::displayName>(u"DisplayName").when(isSet<&P::displayName>),
-        recurringElement<&P::toolTip>(u"ToolTip").when(isSet<&P::toolTip>),
+        element<&P::displayName>(u"DisplayName").when(isSet<&P::displayName>),
+        element<&P::toolTip>(u"ToolTip").when(isSet<&P::toolTip>),
         namedElement<&P::valueType, &P::ToValueType, &P::ValueTypeToName>(u"ValueType").when(hasValueType),
         namedElement<&P::controlType, &P::ToControlType, &P::ControlTypeToName>(u"ControlType")
             .when(hasValidControlType),
-        recurringElement<&P::displaySuffix>(u"DisplaySuffix").when(isSet<&P::displaySuffix>),
+        element<&P::displaySuffix>(u"DisplaySuffix").when(isSet<&P::displaySuffix>),
         textElement<P, readMultiplier, multiplierText>(u"Multiplier").when(hasMultiplier),
         element<&P::enabled>(u"Enable"),
         textElement<P, readType, typeName>(u"ParameterType").when(hasTypeName),
@@ -348,40 +332,41 @@ void Parameter::ProcessXmlStartElement(QXmlStreamReader &reader)
 
 void Parameter::ProcessDoubleList(QXmlStreamReader &reader)
 {
-    doubleHandler.SetUseAsList(IsDoubleList());
-    readBlock<Xml::DoubleBlock>(*this, doubleHandler, TagDoubleBlock, reader);
+    doubleHandler.edit().SetUseAsList(IsDoubleList());
+    readBlock<Xml::DoubleBlock>(*this, doubleHandler.edit(), TagDoubleBlock, reader);
 }
 
 void Parameter::ProcessEnumList(QXmlStreamReader &reader)
 {
-    readBlock<Xml::EnumBlock>(*this, enumHandler, TagEnumBlock, reader);
+    readBlock<Xml::EnumBlock>(*this, enumHandler.edit(), TagEnumBlock, reader);
 }
 
 void Parameter::ProcessFloatList(QXmlStreamReader &reader)
 {
-    readBlock<Xml::FloatBlock>(*this, floatHandler, TagFloatBlock, reader);
+    readBlock<Xml::FloatBlock>(*this, floatHandler.edit(), TagFloatBlock, reader);
 }
 
 void Parameter::ProcessIntegerList(QXmlStreamReader &reader)
 {
-    readBlock<Xml::WholeNumberBlock<&Parameter::integerHandler>>(*this, integerHandler, TagIntegerBlock,
-                                                                 reader);
+    readBlock<Xml::WholeNumberBlock<&Parameter::integerHandler>>(*this, integerHandler.edit(),
+                                                                 TagIntegerBlock, reader);
 }
 
 void Parameter::ProcessLongList(QXmlStreamReader &reader)
 {
-    readBlock<Xml::WholeNumberBlock<&Parameter::longHandler>>(*this, longHandler, TagLongBlock, reader);
+    readBlock<Xml::WholeNumberBlock<&Parameter::longHandler>>(*this, longHandler.edit(), TagLongBlock,
+                                                              reader);
 }
 
 void Parameter::ProcessStringList(QXmlStreamReader &reader)
 {
-    readBlock<Xml::StringBlock>(*this, stringHandler, TagStringBlock, reader);
+    readBlock<Xml::StringBlock>(*this, stringHandler.edit(), TagStringBlock, reader);
 }
 
 void Parameter::ProcessTimeStampList(QXmlStreamReader &reader)
 {
-    readBlock<Xml::WholeNumberBlock<&Parameter::timeStampHandler>>(*this, timeStampHandler, TagTimeStampBlock,
-                                                                   reader);
+    readBlock<Xml::WholeNumberBlock<&Parameter::timeStampHandler>>(*this, timeStampHandler.edit(),
+                                                                   TagTimeStampBlock, reader);
 }
 
 } // namespace KORMAK

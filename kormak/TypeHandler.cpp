@@ -18,75 +18,84 @@ constexpr double NoValue = -111111.11;
 template <class Number>
 using Limits = std::numeric_limits<Number>;
 
-const QString &noName()
-{
-    static const QString none;
-    return none;
-}
-
 } // namespace
 
-struct TypeHandler::Names : QSharedData {
-    QString representation;
-    QString uniqueParameter;
-};
-
-TypeHandler::TypeHandler() = default;
-
-TypeHandler::TypeHandler(const TypeHandler &other) = default;
-
-// NOLINTNEXTLINE(performance-move-constructor-init): the source keeps what it holds
+// NOLINTNEXTLINE(performance-move-constructor-init): the source keeps what it holds, here and below
 TypeHandler::TypeHandler(TypeHandler &&other) noexcept : TypeHandler(std::as_const(other)) { }
-
-TypeHandler &TypeHandler::operator=(const TypeHandler &other) = default;
 
 TypeHandler &TypeHandler::operator=(TypeHandler &&other) noexcept
 {
-    names.swap(other.names);
+    representationName.swap(other.representationName);
+    uniqueParameterName.swap(other.uniqueParameterName);
     return *this;
-}
-
-TypeHandler::~TypeHandler() = default;
-
-TypeHandler::Names &TypeHandler::editableNames()
-{
-    if (!names)
-        names = new Names;
-    return *names;
-}
-
-void TypeHandler::clearNames()
-{
-    names = nullptr;
 }
 
 void TypeHandler::SetRepresentationName(const QString &name)
 {
-    // The argument may be one of the names that are no longer shared then.
-    const QString lasting = name; // NOLINT(performance-unnecessary-copy-initialization)
-    editableNames().representation = lasting;
+    representationName = name;
 }
 
 const QString &TypeHandler::GetRepresentationName() const
 {
-    return names ? names->representation : noName();
+    return representationName;
 }
 
 void TypeHandler::SetUniqueParameterName(const QString &name)
 {
-    const QString lasting = name; // NOLINT(performance-unnecessary-copy-initialization): as above
-    editableNames().uniqueParameter = lasting;
+    uniqueParameterName = name;
 }
 
 const QString &TypeHandler::GetUniqueParameterName() const
 {
-    return names ? names->uniqueParameter : noName();
+    return uniqueParameterName;
 }
 
 bool TypeHandler::hasNamesOf(const TypeHandler &other) const
 {
     return GetRepresentationName() == other.GetRepresentationName()
         && GetUniqueParameterName() == other.GetUniqueParameterName();
+}
+
+// NOLINTNEXTLINE(performance-move-constructor-init)
+NamedHandler::NamedHandler(NamedHandler &&other) noexcept : NamedHandler(std::as_const(other)) { }
+
+NamedHandler &NamedHandler::operator=(NamedHandler &&other) noexcept
+{
+    TypeHandler::operator=(std::move(other));
+    representationName.swap(other.representationName);
+    uniqueParameterName.swap(other.uniqueParameterName);
+    return *this;
+}
+
+void NamedHandler::SetRepresentationName(const QString &name)
+{
+    representationName = name;
+}
+
+const QString &NamedHandler::GetRepresentationName() const
+{
+    return representationName;
+}
+
+void NamedHandler::SetUniqueParameterName(const QString &name)
+{
+    uniqueParameterName = name;
+}
+
+const QString &NamedHandler::GetUniqueParameterName() const
+{
+    return uniqueParameterName;
+}
+
+bool NamedHandler::hasAnyName() const
+{
+    return !representationName.isEmpty() || !uniqueParameterName.isEmpty();
+}
+
+void NamedHandler::clearNames()
+{
+    representationName.clear();
+    uniqueParameterName.clear();
 }
 
 bool BooleanHandler::HasData() const
@@ -177,27 +186,40 @@ DoubleHandler::DoubleHandler()
     DoubleHandler::Reset();
 }
 
+// NOLINTNEXTLINE(performance-move-constructor-init)
+DoubleHandler::DoubleHandler(DoubleHandler &&other) noexcept : DoubleHandler(std::as_const(other)) { }
+
+DoubleHandler &DoubleHandler::operator=(DoubleHandler &&other) noexcept
+{
+    NumericHandler::operator=(std::move(other));
+    doubleList.swap(other.doubleList);
+    maxDoubleListLength = other.maxDoubleListLength;
+    precision = other.precision;
+    useAsList = other.useAsList;
+    return *this;
+}
+
 void DoubleHandler::SetDoubleList(QVector<double> &list)
 {
-    doubleList.value = list;
+    doubleList = list;
 }
 
 void DoubleHandler::AppendDoubleValue(const double &number)
 {
-    doubleList.value.append(number);
+    doubleList.append(number);
 }
 
 bool DoubleHandler::HasData() const
 {
     if (useAsList)
-        return !doubleList.value.isEmpty() || maxDoubleListLength > 0;
+        return !doubleList.isEmpty() || maxDoubleListLength > 0;
     return GetValue() != NoValue;
 }
 
 bool DoubleHandler::AnyData() const
 {
     return GetMinimum() != Limits<double>::lowest() || GetMaximum() != Limits<double>::max()
-        || GetDefault() != 0 || GetValue() != NoValue || useAsList || !doubleList.value.isEmpty()
+        || GetDefault() != 0 || GetValue() != NoValue || useAsList || !doubleList.isEmpty()
         || maxDoubleListLength > 0;
 }
 
@@ -207,13 +229,13 @@ void DoubleHandler::Reset()
     SetValue(NoValue);
     precision = DefaultPrecision;
     useAsList = false;
-    doubleList.value = {}; // clear() would keep memory for as many numbers
+    doubleList = {}; // clear() would keep memory for as many numbers
 }
 
 bool DoubleHandler::operator==(const DoubleHandler &other) const
 {
-    const QVector<double> &list = doubleList.value;
-    const QVector<double> &otherList = other.doubleList.value;
+    const QVector<double> &list = doubleList;
+    const QVector<double> &otherList = other.doubleList;
     // Not the operator of the list, which takes lists that share their data for equal even when they hold a
     // NaN.
     return std::equal(list.begin(), list.end(), otherList.begin(), otherList.end())
@@ -221,28 +243,37 @@ bool DoubleHandler::operator==(const DoubleHandler &other) const
         && precision == other.precision && hasNamesOf(other);
 }
 
+// NOLINTNEXTLINE(performance-move-constructor-init)
+StringHandler::StringHandler(StringHandler &&other) noexcept : StringHandler(std::as_const(other)) { }
+
+StringHandler &StringHandler::operator=(StringHandler &&other) noexcept
+{
+    NamedHandler::operator=(std::move(other));
+    defaultValue.swap(other.defaultValue);
+    value.swap(other.value);
+    return *this;
+}
+
 bool StringHandler::HasData() const
 {
-    return !value.value.isEmpty();
+    return !value.isEmpty();
 }
 
 bool StringHandler::AnyData() const
 {
-    return !value.value.isEmpty() || !defaultValue.value.isEmpty() || !GetRepresentationName().isEmpty()
-        || !GetUniqueParameterName().isEmpty();
+    return !value.isEmpty() || !defaultValue.isEmpty() || hasAnyName();
 }
 
 void StringHandler::Reset()
 {
-    defaultValue.value.clear();
-    value.value.clear();
+    defaultValue.clear();
+    value.clear();
     clearNames();
 }
 
 bool StringHandler::operator==(const StringHandler &other) const
 {
-    return defaultValue.value == other.defaultValue.value && value.value == other.value.value
-        && hasNamesOf(other);
+    return defaultValue == other.defaultValue && value == other.value && hasNamesOf(other);
 }
 
 } // namespace KORMAK

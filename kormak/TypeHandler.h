@@ -3,40 +3,26 @@
 
 #include <kormak/kormak_export.h>
 
-#include <QSharedDataPointer>
 #include <QString>
 #include <QVector>
 
 #include <utility>
 
+// Handlers are values, and nobody destroys one through a base.
+QT_WARNING_PUSH
+QT_WARNING_DISABLE_GCC("-Wnon-virtual-dtor")
+QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
+
 namespace KORMAK {
-
-/// A text or list of a handler. Moving it into a new handler copies it; assigning it by move exchanges it
-/// with the source, which stays fully usable.
-template <class Value>
-class Exchanged {
-public:
-    Exchanged() = default;
-    Exchanged(const Exchanged &other) = default;
-    // NOLINTNEXTLINE(performance-move-constructor-init): the source keeps what it holds
-    Exchanged(Exchanged &&other) noexcept : value(other.value) { }
-    Exchanged &operator=(const Exchanged &other) = default;
-    Exchanged &operator=(Exchanged &&other) noexcept
-    {
-        value.swap(other.value);
-        return *this;
-    }
-    ~Exchanged() = default;
-
-    Value value; ///< the text or list itself
-};
 
 /// Base of the value holders of a Parameter: the two names that every one of them bears, and whether it holds
 /// anything. A handler stores what it is given without a test; judging values is its owner's business.
 ///
 /// Handlers are values: they live in their owner and are never destroyed through this base. All of them are
 /// copied field by field. Moving one into a new handler copies it, too; assigning it by move copies its
-/// numbers and flags and exchanges its texts and lists with the source.
+/// numbers and flags and exchanges its texts and lists with the source, which stays fully usable.
+///
+/// References to fields are valid for the life of the handler and show what is set later.
 class KORMAK_EXPORT TypeHandler {
 public:
     /// True when the handler holds what a document needs.
@@ -47,8 +33,8 @@ public:
     virtual void Reset() = 0;
 
     /// \name Names
-    /// The references are valid until a name changes: copies share their names, since a parameter has eight
-    /// handlers, and most of them bear names that other parameters' handlers bear, too.
+    /// The concrete handlers have names of their own. Those of the base, which only calls that name it reach,
+    /// are copied with them.
     /// @{
 
     /// The name under which the value is represented.
@@ -61,29 +47,52 @@ public:
     /// @}
 
 protected:
-    TypeHandler();
-    TypeHandler(const TypeHandler &other);
+    TypeHandler() = default;
+    TypeHandler(const TypeHandler &other) = default;
     TypeHandler(TypeHandler &&other) noexcept;
-    TypeHandler &operator=(const TypeHandler &other);
+    TypeHandler &operator=(const TypeHandler &other) = default;
     TypeHandler &operator=(TypeHandler &&other) noexcept;
-    ~TypeHandler();
+    ~TypeHandler() = default;
 
-    /// Both names are equal.
+    /// Both names are equal, as the virtual accessors of both handlers give them.
     [[nodiscard]] bool hasNamesOf(const TypeHandler &other) const;
+
+private:
+    QString representationName;
+    QString uniqueParameterName;
+};
+
+/// What the concrete handlers share: the names that they go by.
+class KORMAK_EXPORT NamedHandler : public TypeHandler {
+public:
+    void SetRepresentationName(const QString &name) override;
+    [[nodiscard]] const QString &GetRepresentationName() const override;
+
+    void SetUniqueParameterName(const QString &name) override;
+    [[nodiscard]] const QString &GetUniqueParameterName() const override;
+
+protected:
+    NamedHandler() = default;
+    NamedHandler(const NamedHandler &other) = default;
+    NamedHandler(NamedHandler &&other) noexcept;
+    NamedHandler &operator=(const NamedHandler &other) = default;
+    NamedHandler &operator=(NamedHandler &&other) noexcept;
+    ~NamedHandler() = default;
+
+    /// One of the names is not empty.
+    [[nodiscard]] bool hasAnyName() const;
     /// Makes both empty.
     void clearNames();
 
 private:
-    struct Names;
-    [[nodiscard]] Names &editableNames();
-
-    QSharedDataPointer<Names> names; // null: both are empty
+    QString representationName;
+    QString uniqueParameterName;
 };
 
 /// What the handlers of numbers share: a value with its limits, its default and a multiplier between shown
 /// and stored value. Such a handler always holds data.
 template <class Number>
-class NumericHandler : public TypeHandler {
+class NumericHandler : public NamedHandler {
 public:
     /// The least value. Nothing enforces it.
     [[nodiscard]] const Number &GetMinimum() const noexcept { return minimum; }
@@ -142,7 +151,7 @@ private:
 };
 
 /// Holds a bool. It always holds data.
-class KORMAK_EXPORT BooleanHandler final : public TypeHandler {
+class KORMAK_EXPORT BooleanHandler : public NamedHandler {
 public:
     /// False in a new handler.
     [[nodiscard]] const bool &GetValue() const noexcept { return value; }
@@ -162,7 +171,7 @@ private:
 
 /// Holds a 32-bit integer. Its limits are those of 16 bits unless others are set. Reset() leaves the value
 /// alone.
-class KORMAK_EXPORT IntegerHandler final : public NumericHandler<qint32> {
+class KORMAK_EXPORT IntegerHandler : public NumericHandler<qint32> {
 public:
     IntegerHandler();
 
@@ -175,7 +184,7 @@ public:
 
 /// Holds a 32-bit integer, whatever the width of `long`. Its limits are -2147483647 and 2147483647 unless
 /// others are set. Reset() leaves the value alone.
-class KORMAK_EXPORT LongHandler final : public NumericHandler<qint32> {
+class KORMAK_EXPORT LongHandler : public NumericHandler<qint32> {
 public:
     LongHandler();
 
@@ -187,7 +196,7 @@ public:
 };
 
 /// Holds a 64-bit integer; the unit of time is the document's.
-class KORMAK_EXPORT TimeStampHandler final : public NumericHandler<long long> {
+class KORMAK_EXPORT TimeStampHandler : public NumericHandler<long long> {
 public:
     TimeStampHandler();
 
@@ -199,7 +208,7 @@ public:
 };
 
 /// Holds a float.
-class KORMAK_EXPORT FloatHandler final : public NumericHandler<float> {
+class KORMAK_EXPORT FloatHandler : public NumericHandler<float> {
 public:
     FloatHandler();
 
@@ -219,17 +228,22 @@ private:
 
 /// Holds a double, or a list of doubles when it is used as a list. The value -111111.11 means that none is
 /// set.
-class KORMAK_EXPORT DoubleHandler final : public NumericHandler<double> {
+class KORMAK_EXPORT DoubleHandler : public NumericHandler<double> {
 public:
     DoubleHandler();
+    DoubleHandler(const DoubleHandler &other) = default;
+    DoubleHandler(DoubleHandler &&other) noexcept;
+    DoubleHandler &operator=(const DoubleHandler &other) = default;
+    DoubleHandler &operator=(DoubleHandler &&other) noexcept;
+    ~DoubleHandler() = default;
 
     /// Whether the list counts or the single value. Setting it changes neither.
     [[nodiscard]] const bool &IsDoubleList() const noexcept { return useAsList; }
     void SetUseAsList(bool on) noexcept { useAsList = on; }
 
     /// The values of the list, which need not be used as one.
-    [[nodiscard]] QVector<double> &GetDoubleList() noexcept { return doubleList.value; }
-    [[nodiscard]] const QVector<double> &GetDoubleList() const noexcept { return doubleList.value; }
+    [[nodiscard]] QVector<double> &GetDoubleList() noexcept { return doubleList; }
+    [[nodiscard]] const QVector<double> &GetDoubleList() const noexcept { return doubleList; }
     void SetDoubleList(QVector<double> &list);
     void AppendDoubleValue(const double &number);
 
@@ -253,22 +267,29 @@ public:
     [[nodiscard]] bool operator!=(const DoubleHandler &other) const { return !(*this == other); }
 
 private:
-    Exchanged<QVector<double>> doubleList;
+    QVector<double> doubleList;
     int maxDoubleListLength = 0;
     int precision = 0;
     bool useAsList = false;
 };
 
 /// Holds a text. It holds data when the value is not empty. Reset() also clears the handler's names.
-class KORMAK_EXPORT StringHandler final : public TypeHandler {
+class KORMAK_EXPORT StringHandler : public NamedHandler {
 public:
+    StringHandler() = default;
+    StringHandler(const StringHandler &other) = default;
+    StringHandler(StringHandler &&other) noexcept;
+    StringHandler &operator=(const StringHandler &other) = default;
+    StringHandler &operator=(StringHandler &&other) noexcept;
+    ~StringHandler() = default;
+
     /// Setting it leaves the value alone.
-    [[nodiscard]] const QString &GetDefault() const noexcept { return defaultValue.value; }
-    void SetDefault(const QString &text) { defaultValue.value = text; }
+    [[nodiscard]] const QString &GetDefault() const noexcept { return defaultValue; }
+    void SetDefault(const QString &text) { defaultValue = text; }
 
     /// Any text; an empty one is no data.
-    [[nodiscard]] const QString &GetValue() const noexcept { return value.value; }
-    void SetValue(const QString &text) { value.value = text; }
+    [[nodiscard]] const QString &GetValue() const noexcept { return value; }
+    void SetValue(const QString &text) { value = text; }
 
     [[nodiscard]] bool HasData() const override;
     /// True when value, default or one of the names is not empty.
@@ -280,10 +301,12 @@ public:
     [[nodiscard]] bool operator!=(const StringHandler &other) const { return !(*this == other); }
 
 private:
-    Exchanged<QString> defaultValue;
-    Exchanged<QString> value;
+    QString defaultValue;
+    QString value;
 };
 
 } // namespace KORMAK
+
+QT_WARNING_POP
 
 #endif

@@ -133,7 +133,7 @@ bool AntennaData::AnyData() const
 
 void AntennaData::Reset()
 {
-    version = literal(DefaultVersion);
+    version = defaultVersion();
     name.clear();
     SetInvalid(minimumFrequency);
     SetInvalid(maximumFrequency);

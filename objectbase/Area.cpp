@@ -20,10 +20,10 @@ Coordinate readCoordinate(const Area &area, QXmlStreamReader &reader)
     while (reader.readNextStartElement()) {
         double degrees = 0;
         if (reader.name() == TagLatitude) {
-            fromText(ElementText(reader).view(), degrees);
+            fromText(elementText(reader), degrees);
             coordinate.SetLatitude(degrees);
         } else if (reader.name() == TagLongitude) {
-            fromText(ElementText(reader).view(), degrees);
+            fromText(elementText(reader), degrees);
             coordinate.SetLongitude(degrees);
         } else {
             throwUnknownTag(area, reader.name());
@@ -35,8 +35,8 @@ Coordinate readCoordinate(const Area &area, QXmlStreamReader &reader)
 void writeCoordinate(const Coordinate &coordinate, QXmlStreamWriter &writer, const QString &tag)
 {
     writer.writeStartElement(tag);
-    writer.writeTextElement(literal(TagLatitude), toText(coordinate.GetLatitude()));
-    writer.writeTextElement(literal(TagLongitude), toText(coordinate.GetLongitude()));
+    writer.writeTextElement(borrowed(TagLatitude), toText(coordinate.GetLatitude()));
+    writer.writeTextElement(borrowed(TagLongitude), toText(coordinate.GetLongitude()));
     writer.writeEndElement();
 }
 
@@ -105,7 +105,7 @@ bool Area::AnyData() const
 
 void Area::Reset()
 {
-    version = literal(DefaultVersion);
+    version = defaultVersion();
     name.clear();
     coordinates.clear();
 }

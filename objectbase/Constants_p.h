@@ -4,6 +4,9 @@
 #ifndef TESSEL_CONSTANTS_P_H
 #define TESSEL_CONSTANTS_P_H
 
+#include <objectbase/Shared_p.h>
+
+#include <QString>
 #include <QStringView>
 
 #include <array>
@@ -16,6 +19,12 @@ inline constexpr std::array<QStringView, 3> LogLevelNames{u"INFO", u"WARNING", u
 
 inline constexpr QStringView TagVersion = u"Version";
 inline constexpr QStringView DefaultVersion = u"1.0";
+
+/// DefaultVersion, as objects hold it.
+[[nodiscard]] inline QString defaultVersion()
+{
+    return shared([] { return DefaultVersion.toString(); });
+}
 
 } // namespace TESSEL
 

@@ -17,7 +17,7 @@ constexpr QStringView DateTimeFormat = u"yyyy-MM-ddThh:mm:ss,zzzZ";
 QString Converters::ToString(const QDateTime &dateTime)
 {
     prepareCalendar();
-    return dateTime.toUTC().toString(literal(DateTimeFormat));
+    return dateTime.toUTC().toString(borrowed(DateTimeFormat));
 }
 
 QDateTime Converters::ToDateTime(const QString &text)

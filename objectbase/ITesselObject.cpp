@@ -86,7 +86,7 @@ bool readToEnd(QXmlStreamReader &reader)
 
 bool isDocumentOf(const QString &objectName, const QString &text)
 {
-    DocumentReader reader(text);
+    QXmlStreamReader reader(text);
     return readToRoot(reader) && reader.name() == objectName && readToEnd(reader);
 }
 
@@ -229,7 +229,7 @@ void ITesselObject::SetBinary(QDataStream &stream, int /*version*/)
 
 bool ITesselObject::SetXmlString(const QString &text, bool validate)
 {
-    DocumentReader reader(text);
+    QXmlStreamReader reader(text);
     if (!readToRoot(reader) || (validate && reader.name() != GetObjectName()))
         return false;
     ProcessXml(reader);
@@ -304,7 +304,7 @@ QString ITesselObject::GetXmlString() const
         throwMessage(*this, u"Text cannot be represented in XML");
     if (isSpecial) // a bare carriage return would be read back as a line feed; in attributes Qt writes the
                    // reference
-        text.replace(u'\r', literal(u"&#13;"));
+        text.replace(u'\r', borrowed(u"&#13;"));
     return text;
 }
 
@@ -382,7 +382,8 @@ void ITesselObject::ResetLogger() const
 
 const QString &ITesselObject::GetVersion() const
 {
-    static const QString version = literal(DefaultVersion);
+    // Never destroyed: objects that outlive the library's statics refer to it.
+    static const QString &version = *new QString(DefaultVersion.toString());
     return version;
 }
 
@@ -400,7 +401,7 @@ void ITesselObject::ProcessXmlStartElement(QXmlStreamReader & /*reader*/) { }
 
 QString ITesselObject::GetTextValue(QXmlStreamReader &reader)
 {
-    return reader.readElementText(QXmlStreamReader::ErrorOnUnexpectedElement);
+    return elementText(reader);
 }
 
 } // namespace TESSEL

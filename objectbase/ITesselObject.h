@@ -126,9 +126,7 @@ public:
 
     /// Reads the object's element; \a reader stands on its start element. The base hands each child start
     /// element to ProcessXmlStartElement() and returns on the end element of the object. On malformed XML it
-    /// returns early and the error stays in \a reader. With Qt 6 before 6.5, the character offset of the
-    /// reader that SetXmlString() makes of a long document counts some blanks behind the declaration that are
-    /// not there.
+    /// returns early and the error stays in \a reader.
     virtual void ProcessXml(QXmlStreamReader &reader);
 
     /// The object as a whole XML document.

@@ -34,7 +34,7 @@ QString Logger::LevelToName(Level level)
 
 void Logger::Write(Level level, const QString &message)
 {
-    const QString line = LevelToName(level) + literal(u": ") + message;
+    const QString line = LevelToName(level) + borrowed(u": ") + message;
     switch (level) {
     case Level::Error:
         qCritical().noquote() << line;

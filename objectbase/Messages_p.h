@@ -12,20 +12,20 @@ namespace TESSEL {
 
 [[noreturn]] inline void throwMessage(const ITesselObject &object, QStringView message)
 {
-    throw TesselException(object.GetObjectName() + literal(u": ") + message.toString());
+    throw TesselException(object.GetObjectName() + borrowed(u": ") + message.toString());
 }
 
 /// "Object: Please set Field"
 [[noreturn]] inline void throwPleaseSet(const ITesselObject &object, QStringView field)
 {
-    throwMessage(object, QString(literal(u"Please set ") + field.toString()));
+    throwMessage(object, QString(borrowed(u"Please set ") + field.toString()));
 }
 
 /// "Object: Invalid Field 'value'"
 [[noreturn]] inline void throwInvalid(const ITesselObject &object, QStringView field, const QString &value)
 {
-    throwMessage(object,
-                 QString(literal(u"Invalid ") + field.toString() + literal(u" '") + value + literal(u"'")));
+    throwMessage(
+        object, QString(borrowed(u"Invalid ") + field.toString() + borrowed(u" '") + value + borrowed(u"'")));
 }
 
 /// Stores \a value into \a field of \a object when it is valid, otherwise throws and changes nothing.
@@ -40,7 +40,7 @@ void storeValid(const ITesselObject &object, Value &field, Value value, bool isV
 /// "Unknown Tag 'tag' in 'Object'."
 [[noreturn]] inline void throwUnknownTag(const ITesselObject &object, QStringView tag)
 {
-    throw TesselException(literal(u"Unknown Tag '%1' in '%2'.").arg(tag.toString(), object.GetObjectName()));
+    throw TesselException(borrowed(u"Unknown Tag '%1' in '%2'.").arg(tag.toString(), object.GetObjectName()));
 }
 
 } // namespace TESSEL

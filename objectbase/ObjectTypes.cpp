@@ -1,7 +1,9 @@
 #include "objectbase/ObjectTypes.h"
 
 #include <objectbase/Constants_p.h>
-#include <objectbase/Text_p.h>
+#include <objectbase/Shared_p.h>
+
+#include <QStringList>
 
 #include <algorithm>
 #include <iterator>
@@ -30,7 +32,15 @@ QString ObjectTypeToName(ObjectTypes type)
 {
     const auto row = std::find_if(std::begin(TypeNames), std::end(TypeNames),
                                   [type](const auto &candidate) { return candidate.type == type; });
-    return row == std::end(TypeNames) ? QString() : literal(row->name);
+    if (row == std::end(TypeNames))
+        return {};
+    const QStringList names = shared([] {
+        QStringList list;
+        for (const auto &typeName : TypeNames)
+            list << typeName.name.toString();
+        return list;
+    });
+    return names.at(static_cast<int>(row - std::begin(TypeNames)));
 }
 
 ObjectTypes NameToObjectType(const QString &name)

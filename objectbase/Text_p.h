@@ -1,10 +1,11 @@
 // Not installed. Every conversion between a value and its text stands here, once: toText(value) writes,
 // fromText(text, value) reads. Whatever a text does not say properly reads as 0, false or an invalid date.
-// literal() makes a QString of a constant without copying it.
+// borrowed() makes a QString of a constant for a call that does not keep it.
 #ifndef TESSEL_TEXT_P_H
 #define TESSEL_TEXT_P_H
 
 #include <objectbase/Converters.h>
+#include <objectbase/Shared_p.h>
 
 #include <QString>
 #include <QStringView>
@@ -19,9 +20,10 @@
 
 namespace TESSEL {
 
-/// The QString of a string literal, or of another text for as long as a call takes that does not keep it. It
-/// refers to the characters of \a text.
-[[nodiscard]] inline QString literal(QStringView text)
+/// A QString that refers to the characters of \a text, for as long as a call takes that does not keep it.
+/// Nothing that callers get may be borrowed: it must outlive what the characters belong to, the library's
+/// constants included.
+[[nodiscard]] inline QString borrowed(QStringView text)
 {
     return text.isNull() ? QString() : QString::fromRawData(text.data(), static_cast<int>(text.size()));
 }
@@ -120,7 +122,8 @@ inline void fromText(QStringView text, float &value)
 
 [[nodiscard]] inline QString toText(bool value)
 {
-    return literal(value ? QStringView(u"true") : QStringView(u"false"));
+    return value ? shared([] { return QStringView(u"true").toString(); })
+                 : shared([] { return QStringView(u"false").toString(); });
 }
 
 [[nodiscard]] inline QString toText(const QDateTime &value)
@@ -178,7 +181,7 @@ template <class Number>
 /// The shortest text; that of a NaN has no sign.
 [[nodiscard]] inline QString toText(double value)
 {
-    return std::isnan(value) ? literal(u"nan") : shortestText(value);
+    return std::isnan(value) ? QStringView(u"nan").toString() : shortestText(value);
 }
 
 /// Fixed-point with exactly \a decimals decimals, at most 6.

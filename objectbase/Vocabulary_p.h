@@ -45,7 +45,7 @@ public:
 
     [[nodiscard]] QString nameOf(Enum value) const
     {
-        return literal(isValid(value) ? rows[static_cast<std::size_t>(value)].writtenAs : unknown);
+        return (isValid(value) ? rows[static_cast<std::size_t>(value)].writtenAs : unknown).toString();
     }
 
     [[nodiscard]] Enum valueOf(QStringView name) const noexcept
@@ -60,7 +60,7 @@ public:
     {
         QStringList list;
         std::transform(std::begin(rows), std::end(rows), std::back_inserter(list),
-                       [](const auto &row) { return literal(row.name); });
+                       [](const auto &row) { return row.name.toString(); });
         return list;
     }
 

@@ -9,7 +9,6 @@
 #include <objectbase/Messages_p.h>
 #include <objectbase/Text_p.h>
 
-#include <QVarLengthArray>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -54,7 +53,7 @@ struct XmlElement {
 
     [[nodiscard]] QString name(const Document &document) const
     {
-        return ownedName ? ownedName(document) : literal(tag);
+        return ownedName ? ownedName(document) : borrowed(tag);
     }
     [[nodiscard]] bool isNamed(QStringView name, const Document &document) const
     {
@@ -81,35 +80,12 @@ struct XmlElement {
     return reader.isStartElement();
 }
 
-/// The text of the current element. Most texts become a number or a value of a vocabulary, so that a short
-/// one stays on the stack.
-class ElementText {
-public:
-    /// Leaves \a reader on the end of the element. A child element inside it becomes an error of \a reader.
-    /// Not inline, as every row of every table would hold a copy: a tenth of the library.
-    Q_NEVER_INLINE explicit ElementText(QXmlStreamReader &reader)
-    {
-        QXmlStreamReader::TokenType token{};
-        while ((token = reader.readNext()) != QXmlStreamReader::EndElement && !reader.hasError()) {
-            if (token == QXmlStreamReader::Characters || token == QXmlStreamReader::EntityReference)
-                append(reader.text());
-            else if (token != QXmlStreamReader::Comment && token != QXmlStreamReader::ProcessingInstruction)
-                reader.raiseError(QStringLiteral("Expected character data."));
-        }
-    }
-
-    [[nodiscard]] QStringView view() const { return {characters.constData(), characters.size()}; }
-
-private:
-    void append(QStringView text)
-    {
-        if (!text.isEmpty()) // Qt 5 wants a place even of nothing
-            characters.append(text.data(), static_cast<int>(text.size()));
-    }
-
-    static constexpr int MostOnStack = 64;
-    QVarLengthArray<QChar, MostOnStack> characters;
-};
+/// The text of the current element; leaves \a reader on its end. A child element inside it is an error of \a
+/// reader.
+[[nodiscard]] inline QString elementText(QXmlStreamReader &reader)
+{
+    return reader.readElementText(QXmlStreamReader::ErrorOnUnexpectedElement);
+}
 
 namespace Detail {
 
@@ -155,7 +131,7 @@ void readThroughSetter(typename MemberOf<Member>::Document &document, QStringVie
 template <auto Member, auto NameToValue>
 void readName(typename MemberOf<Member>::Document &document, QStringView text)
 {
-    document.*Member = call<NameToValue>(document, literal(text));
+    document.*Member = call<NameToValue>(document, borrowed(text));
 }
 
 template <auto Member, auto ValueToName>
@@ -167,7 +143,7 @@ QString writeName(const typename MemberOf<Member>::Document &document)
 template <class Document, void (*Read)(Document &, QStringView)>
 void readElementText(Document &document, QXmlStreamReader &reader)
 {
-    Read(document, ElementText(reader).view());
+    Read(document, elementText(reader));
 }
 
 template <class Document, QString (*Write)(const Document &)>
@@ -290,7 +266,7 @@ void writeElement(const Document &document, QXmlStreamWriter &writer, const QStr
     writer.writeStartElement(name);
     for (const auto &row : Xml::attributes) {
         if (isWritten(row))
-            writer.writeAttribute(literal(row.name), row.write(document));
+            writer.writeAttribute(borrowed(row.name), row.write(document));
     }
     for (const auto &row : Xml::elements) {
         if (isWritten(row))

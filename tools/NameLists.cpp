@@ -139,11 +139,11 @@ const NameList Polarizations =
     list<AntennaData::Polarization, AntennaData::IsValidPolarization, AntennaData::PolarizationToName,
          AntennaData::NameToPolarization>(u"Polarization", u"of an antenna");
 const NameList WorkflowModes =
-    list<AutomaticWorkflow::WorkflowMode, AutomaticWorkflow::IsValidWorkflowMode,
+    list<AutomaticWorkflow::WorkflowMode, &AutomaticWorkflow::IsValidWorkflowMode,
          AutomaticWorkflow::WorkflowModeToName, AutomaticWorkflow::NameToWorkflowMode>(
         u"WorkflowMode", u"how a job takes up signals");
 const NameList SearchStrategies =
-    list<AutomaticWorkflow::SearchStrategy, AutomaticWorkflow::IsValidSearchStrategy,
+    list<AutomaticWorkflow::SearchStrategy, &AutomaticWorkflow::IsValidSearchStrategy,
          AutomaticWorkflow::SearchStrategyToName, AutomaticWorkflow::NameToSearchStrategy>(
         u"SearchStrategy", u"the order in which signals are taken up");
 const NameList GenerationModes =

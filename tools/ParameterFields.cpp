@@ -276,7 +276,7 @@ using P = Parameter;
 using ParameterRow = FieldRows<P>;
 
 /// The handler of a parameter; \a Of is an overloaded getter.
-template <class Handler, const Handler &(P::*Of)() const noexcept, Handler &(P::*In)() noexcept>
+template <class Handler, const Handler &(P::*Of)() const, Handler &(P::*In)()>
 constexpr FieldParts handlerPart(const FieldTable &table)
 {
     return {

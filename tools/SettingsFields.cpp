@@ -153,7 +153,7 @@ const FieldTable ActivityGenerationFields{GenerationRows};
 QStringList missingBeyondCheck(const AutomaticWorkflow &workflow)
 {
     QStringList missing;
-    if (!AutomaticWorkflow::IsValidSearchStrategy(workflow.GetSearchStrategy()))
+    if (!workflow.IsValidSearchStrategy(workflow.GetSearchStrategy()))
         missing += QStringLiteral("AutomaticWorkflow: Please set SearchStrategy");
     return missing;
 }

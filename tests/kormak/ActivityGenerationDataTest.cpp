@@ -2,6 +2,7 @@
 
 #include <kormak/ActivityGenerationData.h>
 
+#include <array>
 #include <cfloat>
 #include <cmath>
 #include <limits>
@@ -359,6 +360,7 @@ private Q_SLOTS:
     void criteriaValues_data() { VocabularyChecks::addValues(criteria()); }
     void criteriaValues() { VocabularyChecks::checkValue(criteria()); }
     void lists();
+    void listsAreShared();
 
     void settersOfNamedSettings_data();
     void settersOfNamedSettings();
@@ -472,6 +474,25 @@ void ActivityGenerationDataTest::lists()
     list[0] = "changed";
     QCOMPARE(data.GetActivityGenerationModeList(), ::modeNames);
     QCOMPARE(data.ActivityGenerationModeToName(Data::AGSC), QString("AGSC"));
+}
+
+// What the getters give shares with the list of the object, and so do the lists of copies.
+void ActivityGenerationDataTest::listsAreShared()
+{
+    const auto listsOf = [](const Data &data) {
+        return std::array<QStringList, 4>{
+            data.GetActivityGenerationModeList(), data.GetActivityGenerationDataBaseWriteModeList(),
+            data.GetEnergyActivityGenerationChannelList(true), data.GetDDemActiveCriteriaList(true)};
+    };
+    const Data data;
+    const Data copy(data);
+    const auto lists = listsOf(data);
+    const auto again = listsOf(data);
+    const auto ofCopy = listsOf(copy);
+    for (std::size_t i = 0; i < lists.size(); ++i) {
+        QCOMPARE(&again.at(i).at(0), &lists.at(i).at(0));
+        QCOMPARE(&ofCopy.at(i).at(0), &lists.at(i).at(0));
+    }
 }
 
 void ActivityGenerationDataTest::settersOfNamedSettings_data()

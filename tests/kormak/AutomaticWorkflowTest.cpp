@@ -19,7 +19,7 @@ using TESSEL::Coordinate;
 using Mode = AutomaticWorkflow::WorkflowMode;
 using Strategy = AutomaticWorkflow::SearchStrategy;
 using Change = void (*)(AutomaticWorkflow &);
-using CountIsValid = bool (*)(unsigned int);
+using CountIsValid = bool (AutomaticWorkflow::*)(unsigned int) const;
 using SetCount = void (AutomaticWorkflow::*)(unsigned int);
 
 Q_DECLARE_METATYPE(KORMAK::AutomaticWorkflow)
@@ -161,7 +161,7 @@ VocabularyChecks::Vocabulary<Mode> modes()
             "undefined",
             AutomaticWorkflow::WorkflowModeToName,
             AutomaticWorkflow::NameToWorkflowMode,
-            AutomaticWorkflow::IsValidWorkflowMode,
+            [](Mode value) { return AutomaticWorkflow().IsValidWorkflowMode(value); },
             AutomaticWorkflow::GetInvalidWorkflow,
             {}};
 }
@@ -173,7 +173,7 @@ VocabularyChecks::Vocabulary<Strategy> strategies()
             "undefined",
             AutomaticWorkflow::SearchStrategyToName,
             AutomaticWorkflow::NameToSearchStrategy,
-            AutomaticWorkflow::IsValidSearchStrategy,
+            [](Strategy value) { return AutomaticWorkflow().IsValidSearchStrategy(value); },
             AutomaticWorkflow::GetInvalidSearchStrategy,
             {}};
 }
@@ -324,11 +324,11 @@ void AutomaticWorkflowTest::counts_data()
         row("sign bit alone", 2147483648U, false);
         row("minus one", static_cast<unsigned int>(-1), false);
     };
-    add(AutomaticWorkflow::IsValidNumberClassifers, &AutomaticWorkflow::SetNumberClassifiers,
+    add(&AutomaticWorkflow::IsValidNumberClassifers, &AutomaticWorkflow::SetNumberClassifiers,
         "NumberClassifiers", "Classifiers", 23);
-    add(AutomaticWorkflow::IsValidClassificationTime, &AutomaticWorkflow::SetClassificationTime,
+    add(&AutomaticWorkflow::IsValidClassificationTime, &AutomaticWorkflow::SetClassificationTime,
         "ClassificationTime", "Time", 999);
-    add(AutomaticWorkflow::IsValidClassificationResults, &AutomaticWorkflow::SetClassificationResults,
+    add(&AutomaticWorkflow::IsValidClassificationResults, &AutomaticWorkflow::SetClassificationResults,
         "ClassificationResults", "Results", 10);
 }
 
@@ -343,7 +343,7 @@ void AutomaticWorkflowTest::counts()
     const QString number = QString::number(value);
     AutomaticWorkflow workflow = fullWorkflow();
 
-    QCOMPARE(isValid(value), isInside);
+    QCOMPARE((workflow.*isValid)(value), isInside);
     const QString message = messageOf([&] { (workflow.*set)(value); });
     if (isInside) {
         QCOMPARE(message, QString());

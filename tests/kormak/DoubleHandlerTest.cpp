@@ -65,6 +65,8 @@ private Q_SLOTS:
     void copiesAndMoves() { run(); }
     void namesThroughBase_data() { addRows(addNamesThroughBase<DoubleHandler>); }
     void namesThroughBase() { run(); }
+    void ownNames_data() { addRows(addOwnNames<DoubleHandler>); }
+    void ownNames() { run(); }
     void slotOrder_data() { addRows(addSlots<DoubleHandler>); }
     void slotOrder() { run(); }
     void minimumAboveMaximum_data() { addRows(addMinimumAboveMaximum<DoubleHandler>); }

@@ -30,6 +30,7 @@ namespace {
 
 constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
 
+static_assert(std::is_aggregate_v<EnumValue>);
 static_assert(!std::is_polymorphic_v<EnumValue>);
 static_assert(std::is_same_v<decltype(EnumValue::Key), qint32>);
 static_assert(std::is_same_v<decltype(EnumValue::Name), QString>);
@@ -126,6 +127,8 @@ class EnumHandlerTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void entriesAreAggregates();
+    void referencesToEntries();
     void construction_data() { addRows(addConstruction<H>); }
     void construction() { run(); }
     void storing_data() { addRows(addStoring<H>); }
@@ -140,6 +143,8 @@ private Q_SLOTS:
     void copiesAndMoves() { run(); }
     void namesThroughBase_data() { addRows(addNamesThroughBase<H>); }
     void namesThroughBase() { run(); }
+    void ownNames_data() { addRows(addOwnNames<H>); }
+    void ownNames() { run(); }
     void slotOrder_data() { addRows(addSlots<H>); }
     void slotOrder() { run(); }
 
@@ -664,6 +669,63 @@ void EnumHandlerTest::findByNumberDetachesNothing()
     QCOMPARE(indexOf(original, handler.GetEnumValue(2)), 1);
     QCOMPARE(indexOf(original, handler.GetEnumValue(1.5)), 1);
     QCOMPARE(dataOf(handler), dataOf(original));
+}
+
+void EnumHandlerTest::entriesAreAggregates()
+{
+    const EnumValue low{1, "Low", "", 0.5, "false"};
+    QCOMPARE(low.Key, 1);
+    QCOMPARE(low.Name, "Low");
+    QCOMPARE(low.Identifier, "");
+    QCOMPARE(low.Value, 0.5);
+    QCOMPARE(low.Default, "false");
+    QVERIFY(low == entry(1, "Low", 0.5));
+    QCOMPARE(EnumValue().Key, -1);
+    QCOMPARE(EnumValue().Value, 0.0);
+}
+
+// Both forms of a getter give the field itself, whatever is copied, set, assigned or reset meanwhile.
+void EnumHandlerTest::referencesToEntries()
+{
+    EnumHandler handler;
+    const EnumHandler &sameHandler = handler;
+    const EnumValue &standard = sameHandler.GetDefaultValue();
+    const EnumValue &selected = sameHandler.GetSelectedEnumValue();
+    QCOMPARE(&standard, &handler.GetDefaultValue());
+    QCOMPARE(&selected, &handler.GetSelectedEnumValue());
+    QCOMPARE(&standard, &handler.GetEnumValue("none"));
+    QCOMPARE(&standard, &sameHandler.GetEnumValue(7));
+    QCOMPARE(&standard, &sameHandler.GetEnumValue(7.5));
+    {
+        const EnumHandler copy = handler;
+        handler.SetDefaultValue(entry(1, "Low", 0.5));
+        handler.SetSelectedEnumValue(entry(2, "High", 1.5));
+        QCOMPARE(copy.GetDefaultValue().Name, "");
+        QVERIFY(&copy.GetDefaultValue() != &standard);
+    }
+    QCOMPARE(standard.Name, "Low");
+    QCOMPARE(selected.Name, "High");
+
+    EnumHandler other;
+    other.SetDefaultValue(entry(3, "Other", 2));
+    handler = std::as_const(other);
+    QCOMPARE(standard.Name, "Other");
+    other.SetDefaultValue(standard);
+    other.GetDefaultValue().Name = "Moved";
+    handler = std::move(other);
+    QCOMPARE(standard.Name, "Moved");
+    handler.Reset();
+    QCOMPARE(standard.Name, "Moved");
+    QCOMPARE(&standard, &handler.GetDefaultValue());
+
+    QVector<EnumValue> list{entry(1, "Low", 0.5), entry(2, "High", 1.5)};
+    handler.SetEnumList(list);
+    const EnumValue &high = handler.GetEnumValue("High");
+    const EnumHandler copy = handler;
+    QCOMPARE(&high, &sameHandler.GetEnumValue(2));
+    QCOMPARE(&high, &sameHandler.GetEnumValue(1.5));
+    handler.SetSelectedEnumValue(high);
+    QCOMPARE(high.Name, "High");
 }
 
 QTEST_GUILESS_MAIN(EnumHandlerTest)

@@ -96,11 +96,8 @@ private Q_SLOTS:
     void selfAssignment();
     void manyParameters();
     void textsThatRecur();
-    void recurringTextsAreShared_data();
-    void recurringTextsAreShared();
-    void longAndFewTextsAreNotShared();
-    void onlyReadingShares();
-    void sharingGoesOnBehindAnotherReceiver();
+    void handlersOfOtherTypes();
+    void parametersShareNothing();
 };
 
 namespace {
@@ -1076,26 +1073,7 @@ QString labelledElement(const QString &uniqueName, const QString &label, const Q
                                 + entry + "\" Identifier=\"id " + entry + "\" Value=\"0.00\"/></Enum>");
 }
 
-using TextOf = std::function<QString(Parameter &)>;
-
-/// So many parameters with these children that recurring texts among them are shared.
-QString repeated(const QString &children)
-{
-    constexpr int Count = 20;
-    QString elements;
-    for (int i = 0; i < Count; ++i)
-        elements += parameterElement(QString("rx.%1").arg(i), children);
-    return elements;
-}
-
-bool areShared(const QString &text, const QString &same)
-{
-    return text.constData() == same.constData();
-}
-
 } // namespace
-
-Q_DECLARE_METATYPE(TextOf)
 
 // More labels than are kept, long ones and empty ones; units that recur among them.
 void GenericReceiverTest::textsThatRecur()
@@ -1127,96 +1105,105 @@ void GenericReceiverTest::textsThatRecur()
     }
 }
 
-void GenericReceiverTest::recurringTextsAreShared_data()
+namespace {
+
+struct Mixed {
+    const char *type;
+    QString block;
+};
+
+/// Element number \a i of a receiver in which the types take turns; its default is the number.
+QString mixedElement(int i)
 {
-    // One text each, so that none takes the place of another.
-    QTest::addColumn<QString>("element");
-    QTest::addColumn<TextOf>("textOf");
-    const auto row = [](const char *name, const char *element, TextOf textOf) {
-        QTest::newRow(name) << QString(element) << textOf;
+    const QString number = QString::number(i);
+    const QString standard = "<Default>" + number + "</Default>";
+    const Mixed types[] = {
+        {"Integer", "<Integer>" + standard + "</Integer>"},
+        {"Enum", "<Enum><EnumValue Key=\"" + number + "\" Name=\"entry\"/></Enum>"},
+        {"Long", "<Long>" + standard + "</Long>"},
+        {"DoubleList",
+         "<Double>" + standard + "<MaxDoubleListLength>" + number + "</MaxDoubleListLength></Double>"},
+        {"String", "<String>" + standard + "</String>"},
+        {"Float", "<Float>" + standard + "</Float>"},
+        {"TimeStamp", "<TimeStamp>" + standard + "</TimeStamp>"},
     };
-    row("display name", "<DisplayName>Level</DisplayName>", [](Parameter &p) { return p.GetDisplayName(); });
-    row("tool tip", "<ToolTip>Level</ToolTip>", [](Parameter &p) { return p.GetToolTip(); });
-    row("suffix", "<DisplaySuffix>Level</DisplaySuffix>", [](Parameter &p) { return p.GetDisplaySuffix(); });
-    row("name of an entry", "<Enum><EnumValue Name=\"Level\"/></Enum>",
-        [](Parameter &p) { return p.GetEnumHandler().GetEnumList().constFirst().Name; });
-    row("identifier of an entry", "<Enum><EnumValue Identifier=\"Level\"/></Enum>",
-        [](Parameter &p) { return p.GetEnumHandler().GetEnumList().constFirst().Identifier; });
+    const Mixed &mixed = types[i % 7];
+    return parameterElement("rx." + number,
+                            QString("<ParameterType>") + mixed.type + "</ParameterType>" + mixed.block);
 }
 
-void GenericReceiverTest::recurringTextsAreShared()
+/// The number of the last element up to \a i whose type is number \a type; -1 when there is none.
+int lastOf(int type, int i)
 {
-    QFETCH(QString, element);
-    QFETCH(TextOf, textOf);
-    const GenericReceiver receiver = readFrom(receiverElement(repeated(element)));
-    Parameter one = receiver.GetParameter("rx.18");
-    Parameter other = receiver.GetParameter("rx.19");
-    QCOMPARE(textOf(one), "Level");
-    QVERIFY(areShared(textOf(one), textOf(other)));
-
-    // Changing one leaves the other.
-    one.SetDisplayName("Gain");
-    one.SetToolTip("Gain");
-    one.SetDisplaySuffix("dB");
-    for (EnumHandler::EnumValue &entry : one.GetEnumHandler().GetEnumList()) {
-        entry.Name.append('s');
-        entry.Identifier.append('s');
-    }
-    QVERIFY(textOf(one) != "Level");
-    QCOMPARE(textOf(other), "Level");
+    return i < type ? -1 : i - (i - type) % 7;
 }
 
-void GenericReceiverTest::longAndFewTextsAreNotShared()
+} // namespace
+
+// What a reset leaves alone comes from the elements before; everything else is as in a new parameter.
+void GenericReceiverTest::handlersOfOtherTypes()
 {
-    const auto areLabelsShared = [](int length, int one, int other) {
-        const QString label(length, 'x');
-        const GenericReceiver receiver =
-            readFrom(receiverElement(repeated("<DisplayName>" + label + "</DisplayName>")));
-        const QString text = receiver.GetParameter(QString("rx.%1").arg(one)).GetDisplayName();
-        return text == label
-            && areShared(text, receiver.GetParameter(QString("rx.%1").arg(other)).GetDisplayName());
+    constexpr int Count = 40;
+    QString elements;
+    for (int i = 0; i < Count; ++i)
+        elements += mixedElement(i);
+    GenericReceiver receiver = readFrom(receiverElement(elements));
+    const GenericReceiver copy = receiver;
+    const auto nameOf = [](int number) { return number < 0 ? QString() : QString("rx.%1").arg(number); };
+    const auto check = [&nameOf](const Parameter &parameter, int i) {
+        const int integer = lastOf(0, i);
+        const int entries = lastOf(1, i);
+        const int longNumber = lastOf(2, i);
+        const int list = lastOf(3, i);
+        QCOMPARE(parameter.GetIntegerHandler().GetValue(), qMax(integer, 0));
+        QCOMPARE(parameter.GetIntegerHandler().GetDefault(), integer == i ? i : 0);
+        QCOMPARE(parameter.GetIntegerHandler().GetUniqueParameterName(), nameOf(integer));
+        QCOMPARE(parameter.GetEnumHandler().GetSelectedEnumValue().Key, entries);
+        QCOMPARE(parameter.GetEnumHandler().GetEnumList().size(), entries == i ? 1 : 0);
+        QCOMPARE(parameter.GetEnumHandler().GetUniqueParameterName(), nameOf(entries));
+        QCOMPARE(parameter.GetLongHandler().GetValue(), qMax(longNumber, 0));
+        QCOMPARE(parameter.GetLongHandler().GetUniqueParameterName(), nameOf(longNumber));
+        QCOMPARE(parameter.GetDoubleHandler().GetMaxDoubleListLength(), qMax(list, 0));
+        QCOMPARE(parameter.GetDoubleHandler().GetValue(), list == i ? i : -111111.11);
+        QCOMPARE(parameter.GetDoubleHandler().GetUniqueParameterName(), nameOf(list));
+        QCOMPARE(parameter.GetStringHandler().GetUniqueParameterName(),
+                 lastOf(4, i) == i ? nameOf(i) : QString());
+        QCOMPARE(parameter.GetFloatHandler().GetValue(), lastOf(5, i) == i ? float(i) : 0.0F);
+        QCOMPARE(parameter.GetFloatHandler().GetUniqueParameterName(), nameOf(lastOf(5, i)));
+        QCOMPARE(parameter.GetTimeStampHandler().GetUniqueParameterName(), nameOf(lastOf(6, i)));
+        QVERIFY(parameter.GetBooleanHandler().GetUniqueParameterName().isEmpty());
     };
-    QVERIFY(areLabelsShared(64, 18, 19));
-    QVERIFY(!areLabelsShared(65, 18, 19));
-    QVERIFY(areLabelsShared(1, 16, 17));
-    QVERIFY(!areLabelsShared(1, 15, 16));
+    for (int i = 0; i < Count; ++i)
+        check(copy.GetParameterList()[nameOf(i)], i);
+    for (int i = Count - 1; i >= 0; --i)
+        check(receiver.GetParameterList()[nameOf(i)], i);
 }
 
-void GenericReceiverTest::onlyReadingShares()
+// Nothing that is done to one parameter shows in another that was read with it, or read later.
+void GenericReceiverTest::parametersShareNothing()
 {
-    const QString element = parameterElement("rx", "<DisplayName>Level</DisplayName>");
-    const auto isSharing = [&element] {
-        Parameter one;
-        Parameter other;
-        process(one, element);
-        process(other, element);
-        return areShared(one.GetDisplayName(), other.GetDisplayName());
-    };
-    const QString children = repeated("<DisplayName>Level</DisplayName>");
-    QVERIFY(!isSharing());
-    (void)readFrom(receiverElement(children));
-    QVERIFY(!isSharing());
-    const QString message = messageOf([&] { (void)readFrom(receiverElement(children + "<Unknown/>")); });
-    QCOMPARE(message, "Unknown Tag 'Unknown' in 'GenericReceiver'.");
-    QVERIFY(!isSharing());
-}
+    const QString elements = mixedElement(0) + mixedElement(1) + mixedElement(7) + mixedElement(8);
+    GenericReceiver receiver = readFrom(receiverElement(elements));
+    const GenericReceiver before = receiver;
 
-void GenericReceiverTest::sharingGoesOnBehindAnotherReceiver()
-{
-    static const QString element = receiverElement(repeated("<DisplayName>Level</DisplayName>"));
-    // Reads another receiver in front of each of its parameters.
-    class Interrupted : public GenericReceiver {
-    protected:
-        void ProcessXmlStartElement(QXmlStreamReader &reader) override
-        {
-            (void)readFrom(element);
-            GenericReceiver::ProcessXmlStartElement(reader);
-        }
-    };
-    Interrupted receiver;
-    process(receiver, element);
-    QVERIFY(areShared(receiver.GetParameter("rx.18").GetDisplayName(),
-                      receiver.GetParameter("rx.19").GetDisplayName()));
+    Parameter &changed = receiver.GetParameterList()["rx.1"]; // an enumeration; integers were read before it
+    const Parameter &enumeration = receiver.GetParameterList()["rx.8"];
+    const IntegerHandler &inherited = std::as_const(changed).GetIntegerHandler();
+    QCOMPARE(inherited.GetValue(), 0);
+    changed.GetIntegerHandler().SetValue(77);
+    changed.GetIntegerHandler().SetUniqueParameterName("changed");
+    QCOMPARE(inherited.GetValue(), 77);
+    changed.GetEnumHandler().GetSelectedEnumValue().Name = "changed";
+    receiver.GetParameterList()["rx.0"].GetIntegerHandler().SetValue(88);
+
+    process(receiver, receiverElement(mixedElement(9)));
+    QCOMPARE(receiver.GetParameterList()["rx.9"].GetIntegerHandler().GetValue(), 7);
+    QCOMPARE(receiver.GetParameterList()["rx.9"].GetEnumHandler().GetSelectedEnumValue().Name, "entry");
+    QCOMPARE(enumeration.GetEnumHandler().GetSelectedEnumValue().Name, "entry");
+    QCOMPARE(enumeration.GetIntegerHandler().GetValue(), 7);
+    QCOMPARE(before.GetParameter("rx.0").GetIntegerHandler().GetValue(), 0);
+    QCOMPARE(before.GetParameter("rx.1").GetIntegerHandler().GetUniqueParameterName(), "rx.0");
+    QCOMPARE(before.GetParameter("rx.1").GetEnumHandler().GetSelectedEnumValue().Name, "entry");
 }
 
 QTEST_GUILESS_MAIN(GenericReceiverTest)

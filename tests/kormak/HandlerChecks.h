@@ -416,6 +416,104 @@ void addNamesThroughBase(const Handler<Class> &handler)
     });
 }
 
+/// Goes by names that it keeps elsewhere.
+template <class Class>
+class Alias : public Class {
+public:
+    const QString &GetRepresentationName() const override { return shown; }
+    const QString &GetUniqueParameterName() const override { return owner; }
+
+    QString shown;
+    QString owner;
+};
+
+/// Names of a concrete handler: those of the base are others, and a derived class may give others still.
+template <class Class>
+void addOwnNames(const Handler<Class> &handler)
+{
+    static_assert(!std::is_final_v<Class>);
+    using KORMAK::TypeHandler;
+    const auto baseNames = [](const Class &object) {
+        return QStringList{object.TypeHandler::GetRepresentationName(),
+                           object.TypeHandler::GetUniqueParameterName()};
+    };
+
+    addRow(handler.name + ", names of the base", [handler, baseNames] {
+        const QStringList none{QString(), QString()};
+        Class object = filled(handler, 0);
+        QCOMPARE(baseNames(object), none);
+
+        object.TypeHandler::SetRepresentationName("base shown");
+        object.TypeHandler::SetUniqueParameterName("base owner");
+        const QStringList names{"base shown", "base owner"};
+        QCOMPARE(baseNames(object), names);
+        QCOMPARE(state(object, handler), filledState(handler, 0));
+        QVERIFY(object == filled(handler, 0));
+
+        Class copy(std::as_const(object));
+        QCOMPARE(baseNames(copy), names);
+        Class moved(std::move(copy));
+        QCOMPARE(baseNames(moved), names);
+        QCOMPARE(baseNames(copy), names); // NOLINT: the source keeps what it holds
+        Class assigned;
+        assigned = std::as_const(object);
+        QCOMPARE(baseNames(assigned), names);
+        Class exchanged;
+        exchanged.TypeHandler::SetRepresentationName("other");
+        exchanged = std::move(assigned);
+        QCOMPARE(baseNames(exchanged), names);
+        QCOMPARE(baseNames(assigned), (QStringList{"other", QString()})); // NOLINT: nor is this one empty
+        object.Reset();
+        QCOMPARE(baseNames(object), names);
+    });
+    addRow(handler.name + ", names of a derived handler", [handler] {
+        Alias<Class> one;
+        Alias<Class> other;
+        static_cast<Class &>(one) = filled(handler, 0);
+        static_cast<Class &>(other) = filled(handler, 0);
+        const auto areEqual = [&one, &other] {
+            const Class &left = one;
+            const Class &right = other;
+            return left == right && right == left && !(left != right);
+        };
+        QVERIFY(areEqual());
+        one.SetRepresentationName("not asked for");
+        one.SetUniqueParameterName("not asked for");
+        QVERIFY(areEqual());
+        one.shown = "Shown";
+        QVERIFY(!areEqual());
+        other.shown = "Shown";
+        QVERIFY(areEqual());
+        other.owner = "Owner";
+        QVERIFY(!areEqual());
+    });
+    addRow(handler.name + ", references to names", [] {
+        Class object;
+        object.SetRepresentationName("one");
+        object.SetUniqueParameterName("one");
+        const QString &shown = object.GetRepresentationName();
+        const QString &owner = object.GetUniqueParameterName();
+        {
+            const auto copy = object;
+            object.SetRepresentationName("two");
+            object.SetUniqueParameterName("two");
+            QCOMPARE(copy.GetRepresentationName(), "one");
+        }
+        QCOMPARE(shown, "two");
+        QCOMPARE(owner, "two");
+        Class other;
+        other.SetRepresentationName("three");
+        object = std::as_const(other);
+        QCOMPARE(shown, "three");
+        QVERIFY(owner.isEmpty());
+        other.SetRepresentationName("four");
+        object = std::move(other);
+        QCOMPARE(shown, "four");
+        QCOMPARE(&shown, &object.GetRepresentationName());
+        QCOMPARE(&owner, &object.GetUniqueParameterName());
+    });
+}
+
 #ifdef __GXX_ABI_VERSION
 /// Number of the entry in the table of virtual functions to which a pointer to a virtual function refers:
 /// its first word is the offset of that entry, with the lowest bit as a mark on some processors.

@@ -3,9 +3,14 @@
 
 #include <objectbase/Logger.h>
 
+#include <array>
+#include <atomic>
+#include <functional>
 #include <limits>
 #include <memory>
+#include <thread>
 #include <type_traits>
+#include <vector>
 
 using namespace KORMAK;
 using namespace TestSupport;
@@ -129,6 +134,13 @@ private Q_SLOTS:
     void copiesAreIndependent();
     void copiesTheBase();
     void selfAssignment();
+
+    void handlersKeepTheirAddress_data();
+    void handlersKeepTheirAddress();
+    void copiesShareNoHandler_data();
+    void copiesShareNoHandler();
+    void namesOfTypesBelongToTheParameter();
+    void threadsReadOneParameter();
 };
 
 namespace {
@@ -1351,6 +1363,200 @@ void ParameterTest::selfAssignment()
     static_cast<Parameter &>(parameter) = same;
 
     QCOMPARE(stateOf(parameter), state);
+}
+
+namespace {
+
+/// A handler of a parameter, whichever it is.
+struct HandlerAccess {
+    std::function<TypeHandler &(Parameter &)> in;
+    std::function<const TypeHandler &(const Parameter &)> of;
+    std::function<void(Parameter &, const QString &)> replace; ///< by a new one of that unique name
+};
+
+template <class Handler>
+HandlerAccess access(Handler &(Parameter::*in)(), const Handler &(Parameter::*of)() const,
+                     void (Parameter::*set)(const Handler &))
+{
+    return {[in](Parameter &p) -> TypeHandler & { return (p.*in)(); },
+            [of](const Parameter &p) -> const TypeHandler & { return (p.*of)(); },
+            [set](Parameter &p, const QString &name) {
+                Handler handler;
+                handler.SetUniqueParameterName(name);
+                (p.*set)(handler);
+            }};
+}
+
+void addHandlers()
+{
+    using P = Parameter;
+    QTest::addColumn<HandlerAccess>("handler");
+    QTest::newRow("Boolean") << access<BooleanHandler>(&P::GetBooleanHandler, &P::GetBooleanHandler,
+                                                       &P::SetBooleanHandler);
+    QTest::newRow("Integer") << access<IntegerHandler>(&P::GetIntegerHandler, &P::GetIntegerHandler,
+                                                       &P::SetIntegerHandler);
+    QTest::newRow("Long") << access<LongHandler>(&P::GetLongHandler, &P::GetLongHandler, &P::SetLongHandler);
+    QTest::newRow("Float") << access<FloatHandler>(&P::GetFloatHandler, &P::GetFloatHandler,
+                                                   &P::SetFloatHandler);
+    QTest::newRow("Double") << access<DoubleHandler>(&P::GetDoubleHandler, &P::GetDoubleHandler,
+                                                     &P::SetDoubleHandler);
+    QTest::newRow("String") << access<StringHandler>(&P::GetStringHandler, &P::GetStringHandler,
+                                                     &P::SetStringHandler);
+    QTest::newRow("TimeStamp") << access<TimeStampHandler>(&P::GetTimeStampHandler, &P::GetTimeStampHandler,
+                                                           &P::SetTimeStampHandler);
+    QTest::newRow("Enum") << access<EnumHandler>(&P::GetEnumHandler, &P::GetEnumHandler, &P::SetEnumHandler);
+}
+
+/// All blocks at once: whatever the type, the names reach every handler.
+const char AllBlocks[] = "<Parameter UniqueName=\"read\"><Boolean>true</Boolean><Integer/><Long/><Float/>"
+                         "<Double/><String/><TimeStamp/><Enum/></Parameter>";
+
+QString nameOf(const TypeHandler &handler)
+{
+    return handler.GetUniqueParameterName();
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(HandlerAccess)
+
+void ParameterTest::handlersKeepTheirAddress_data()
+{
+    addHandlers();
+}
+
+void ParameterTest::handlersKeepTheirAddress()
+{
+    QFETCH(HandlerAccess, handler);
+    for (const bool isConstFirst : {true, false}) {
+        for (const bool isReadBefore : {true, false}) {
+            Parameter parameter;
+            if (isReadBefore)
+                process(parameter, AllBlocks);
+            const Parameter firstCopy = parameter;
+            const TypeHandler &held = isConstFirst ? handler.of(parameter) : handler.in(parameter);
+            QCOMPARE(&handler.of(parameter), &held);
+            QCOMPARE(&handler.in(parameter), &held);
+            QCOMPARE(nameOf(held), isReadBefore ? "read" : "");
+
+            handler.replace(parameter, "replaced");
+            QCOMPARE(nameOf(held), "replaced");
+            QCOMPARE(nameOf(handler.of(firstCopy)), isReadBefore ? "read" : "");
+            const Parameter secondCopy = parameter;
+            process(parameter, AllBlocks);
+            QCOMPARE(nameOf(held), "read");
+            QCOMPARE(nameOf(handler.of(secondCopy)), "replaced");
+
+            Parameter other;
+            parameter = other; // in which no handler was asked for
+            QCOMPARE(nameOf(held), "");
+            handler.in(other).SetUniqueParameterName("other");
+            parameter = other;
+            QCOMPARE(nameOf(held), "other");
+            handler.in(other).SetUniqueParameterName("later");
+            QCOMPARE(nameOf(held), "other");
+            Parameter read;
+            process(read, AllBlocks);
+            parameter = read;
+            QCOMPARE(nameOf(held), "read");
+            read.Reset(); // names stay, but for those of strings
+            QCOMPARE(nameOf(held), "read");
+            parameter = read;
+            QCOMPARE(nameOf(held), nameOf(handler.of(read)));
+            const Parameter &same = parameter;
+            parameter = same;
+            QCOMPARE(nameOf(held), nameOf(handler.of(read)));
+            parameter.Reset();
+            QCOMPARE(&handler.of(parameter), &held);
+            QCOMPARE(&handler.in(parameter), &held);
+        }
+    }
+}
+
+void ParameterTest::copiesShareNoHandler_data()
+{
+    addHandlers();
+}
+
+void ParameterTest::copiesShareNoHandler()
+{
+    QFETCH(HandlerAccess, handler);
+    Parameter source;
+    process(source, AllBlocks);
+    Parameter copy = source;
+    Parameter assigned;
+    assigned = source;
+    const TypeHandler &ofSource = handler.of(source);
+    const TypeHandler &ofCopy = handler.of(copy);
+    QVERIFY(&ofSource != &ofCopy);
+    QVERIFY(&ofSource != &handler.of(assigned));
+
+    handler.in(copy).SetUniqueParameterName("copy");
+    QCOMPARE(nameOf(ofSource), "read");
+    QCOMPARE(nameOf(ofCopy), "copy");
+    handler.in(source).SetUniqueParameterName("source");
+    QCOMPARE(nameOf(ofSource), "source");
+    QCOMPARE(nameOf(ofCopy), "copy");
+    QCOMPARE(nameOf(handler.of(assigned)), "read");
+    const Parameter late = source;
+    handler.in(source).SetUniqueParameterName("later");
+    QCOMPARE(nameOf(handler.of(late)), "source");
+
+    source = assigned; // as it was read
+    assigned.Reset();
+    copy = assigned;
+    QCOMPARE(nameOf(ofSource), "read");
+    QCOMPARE(nameOf(ofCopy), nameOf(handler.of(assigned)));
+}
+
+// Whatever lists a parameter was assigned, references to its names stay.
+void ParameterTest::namesOfTypesBelongToTheParameter()
+{
+    Parameter parameter;
+    auto other = std::make_unique<Parameter>();
+    const QString &value = parameter.ValueTypeToName(Parameter::ValueFrequency);
+    const QString &control = parameter.ControlTypeToName(Parameter::VCTimeEdit);
+    parameter = *other;
+    other.reset();
+    QCOMPARE(value, "ValueFrequency");
+    QCOMPARE(control, "VCTimeEdit");
+    QCOMPARE(&value, &parameter.ValueTypeToName(Parameter::ValueFrequency));
+    QCOMPARE(&control, &parameter.ControlTypeToName(Parameter::VCTimeEdit));
+}
+
+// Several threads may read one parameter, the handlers that nobody has asked for included.
+void ParameterTest::threadsReadOneParameter()
+{
+    for (int round = 0; round < 50; ++round) {
+        Parameter parameter;
+        process(parameter, AllBlocks);
+        parameter.Reset();
+        const Parameter sharing = parameter;
+        const Parameter &shared = parameter;
+        constexpr int Count = 4;
+        std::atomic<int> waiting{Count};
+        std::array<std::array<const void *, 3>, Count> seen{};
+        std::array<QString, Count> names;
+        std::vector<std::thread> threads;
+        for (std::size_t i = 0; i < Count; ++i) {
+            threads.emplace_back([&, i] {
+                --waiting;
+                while (waiting > 0) { } // all begin together
+                const Parameter copy = shared;
+                seen.at(i) = {&shared.GetIntegerHandler(), &shared.GetEnumHandler(),
+                              &shared.GetDoubleHandler()};
+                names.at(i) = copy.GetIntegerHandler().GetUniqueParameterName()
+                    + shared.GetEnumHandler().GetUniqueParameterName();
+            });
+        }
+        for (std::thread &thread : threads)
+            thread.join();
+        for (std::size_t i = 0; i < Count; ++i) {
+            QVERIFY(seen.at(i) == seen.at(0));
+            QCOMPARE(names.at(i), "readread");
+        }
+        QVERIFY(&shared.GetIntegerHandler() != &sharing.GetIntegerHandler());
+    }
 }
 
 QTEST_GUILESS_MAIN(ParameterTest)

@@ -78,6 +78,9 @@ private Q_SLOTS:
     void stringLosesItsDefault();
     void doubleListLosesItsValues();
     void multiplierStaysInTheParameter();
+
+    void childInsideAText_data();
+    void childInsideAText();
 };
 
 namespace {
@@ -1402,6 +1405,28 @@ void ParameterXmlTest::multiplierStaysInTheParameter()
 
     QCOMPARE(read.GetMultiplier(), 1000.0);
     QCOMPARE(read.GetFloatHandler().GetMultiplier(), 1.0);
+}
+
+void ParameterXmlTest::childInsideAText_data()
+{
+    QTest::addColumn<QString>("element");
+    for (const char *tag : {"RepresentationName", "ParameterType", "DisplayName", "ToolTip", "ValueType",
+                            "ControlType", "DisplaySuffix", "Multiplier", "Enable", "Boolean"})
+        QTest::newRow(tag) << QString("<%1>a<b/></%1>").arg(tag);
+    for (const char *block : {"Integer", "Long", "Float", "Double", "TimeStamp", "String"})
+        QTest::newRow(block) << QString("<%1><Default>1<b>2</b></Default></%1>").arg(block);
+}
+
+// As the base's own reader of texts has it, wherever the text stands.
+void ParameterXmlTest::childInsideAText()
+{
+    QFETCH(QString, element);
+    Parameter parameter;
+    QXmlStreamReader reader("<Parameter>" + element + "</Parameter>");
+    reader.readNextStartElement();
+    (void)messageOf([&] { parameter.ProcessXml(reader); });
+    QCOMPARE(reader.error(), QXmlStreamReader::UnexpectedElementError);
+    QCOMPARE(reader.errorString(), "Expected character data.");
 }
 
 QTEST_GUILESS_MAIN(ParameterXmlTest)

@@ -192,6 +192,17 @@ private Q_SLOTS:
         forEachHandler([](const auto &handler) { addNamesThroughBase(handler); });
     }
     void namesThroughBase() { run(); }
+    void ownNames_data()
+    {
+        addColumn();
+        addOwnNames(booleanHandler());
+        addOwnNames(integerHandler());
+        addOwnNames(longHandler());
+        addOwnNames(timeStampHandler());
+        addOwnNames(floatHandler());
+        addOwnNames(stringHandler());
+    }
+    void ownNames() { run(); }
     void slotOrder_data()
     {
         forEachHandler([](const auto &handler) { addSlots(handler); });

@@ -87,7 +87,7 @@ private Q_SLOTS:
     void init() { LocaleRuns::useLocale(); }
     void cleanup() { LocaleRuns::restoreLocale(); }
 
-    void literals();
+    void borrowedTexts();
     void texts();
     void words_data();
     void words();
@@ -111,16 +111,16 @@ private Q_SLOTS:
     void numberTexts();
 };
 
-void TextTest::literals()
+void TextTest::borrowedTexts()
 {
     static constexpr QStringView Constant = u"Größe \"1\"";
-    const QString text = literal(Constant);
+    const QString text = borrowed(Constant);
     QCOMPARE(text, QString::fromUtf8("Größe \"1\""));
     QCOMPARE(static_cast<const void *>(text.constData()), static_cast<const void *>(Constant.data()));
 
-    QVERIFY(literal({}).isNull());
-    QVERIFY(literal(u"").isEmpty());
-    QVERIFY(!literal(u"").isNull());
+    QVERIFY(borrowed({}).isNull());
+    QVERIFY(borrowed(u"").isEmpty());
+    QVERIFY(!borrowed(u"").isNull());
 
     QString changed = text;
     changed[0] = 'g';

@@ -37,6 +37,8 @@ private Q_SLOTS:
     void textValues_data();
     void textValues();
     void textValueOfAnElementWithChildren();
+    void placesAreThoseOfTheDocument_data();
+    void placesAreThoseOfTheDocument();
     void readDocument_data();
     void readDocument();
     void longDocuments_data();
@@ -327,6 +329,47 @@ void XmlReadingTest::textValueOfAnElementWithChildren()
     reader.readNextStartElement();
     (void)Note::GetTextValue(reader);
     QCOMPARE(reader.error(), QXmlStreamReader::UnexpectedElementError);
+}
+
+void XmlReadingTest::placesAreThoseOfTheDocument_data()
+{
+    QTest::addColumn<QString>("declaration");
+    QTest::addColumn<int>("length");
+    for (const int length : {10, 20000, 200000}) {
+        for (const char *declaration : {"", "<?xml version=\"1.0\"?>", "<?xml version=\"1.0\"?>\n",
+                                        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n"})
+            QTest::addRow("%s, %d", declaration, length) << declaration << length;
+    }
+}
+
+// Offset, line and column that a derived class sees are those of the text, however long it is.
+void XmlReadingTest::placesAreThoseOfTheDocument()
+{
+    QFETCH(QString, declaration);
+    QFETCH(int, length);
+    class Placed : public Note {
+    public:
+        qint64 offset = 0;
+        qint64 line = 0;
+        qint64 column = 0;
+
+        void ProcessXml(QXmlStreamReader &reader) override
+        {
+            offset = reader.characterOffset();
+            line = reader.lineNumber();
+            column = reader.columnNumber();
+            Note::ProcessXml(reader);
+        }
+    };
+    const QString root = "<Note Version=\"1\">";
+    const QString text = declaration + root + "<Title>" + QString(length, 'x') + "</Title></Note>";
+    Placed note;
+    QVERIFY(note.SetXmlString(text, true));
+    const int end = declaration.size() + root.size();
+    const int lineStart = declaration.lastIndexOf('\n') + 1;
+    QCOMPARE(note.offset, qint64(end));
+    QCOMPARE(note.line, qint64(declaration.contains('\n') ? 2 : 1));
+    QCOMPARE(note.column, qint64(end - lineStart));
 }
 
 void XmlReadingTest::readDocument_data()

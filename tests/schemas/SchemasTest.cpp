@@ -234,9 +234,9 @@ void SchemasTest::vocabularies_data()
     add("types/AntennaData.xsd", "PolarizationName", AntennaData::NameToPolarization,
         [](int value) { return AntennaData::IsValidPolarization(AntennaData::Polarization(value)); });
     add("AutomaticWorkflow.xsd", "WorkflowModeName", Workflow::NameToWorkflowMode,
-        [](int value) { return Workflow::IsValidWorkflowMode(Workflow::WorkflowMode(value)); });
+        [](int value) { return Workflow().IsValidWorkflowMode(Workflow::WorkflowMode(value)); });
     add("AutomaticWorkflow.xsd", "SearchStrategyName", Workflow::NameToSearchStrategy,
-        [](int value) { return Workflow::IsValidSearchStrategy(Workflow::SearchStrategy(value)); });
+        [](int value) { return Workflow().IsValidSearchStrategy(Workflow::SearchStrategy(value)); });
     add(
         "ActivityGeneration.xsd", "ActivityGenerationModeName",
         [data](const QString &name) { return data->NameToActivityGenerationMode(name); },

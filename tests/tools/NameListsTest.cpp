@@ -104,10 +104,10 @@ void NameListsTest::writtenParameterTypes()
 
 void NameListsTest::rangesOfTheWorkflow()
 {
-    const QMap<QString, bool (*)(unsigned int)> isValid{
-        {"Classifiers", AutomaticWorkflow::IsValidNumberClassifers},
-        {"ClassificationTime", AutomaticWorkflow::IsValidClassificationTime},
-        {"ClassificationResult", AutomaticWorkflow::IsValidClassificationResults}};
+    const QMap<QString, bool (AutomaticWorkflow::*)(unsigned int) const> isValid{
+        {"Classifiers", &AutomaticWorkflow::IsValidNumberClassifers},
+        {"ClassificationTime", &AutomaticWorkflow::IsValidClassificationTime},
+        {"ClassificationResult", &AutomaticWorkflow::IsValidClassificationResults}};
     int count = 0;
     for (const FieldRow &row : AutomaticWorkflowFields) {
         const auto test = isValid.value(row.key.toString());
@@ -115,7 +115,7 @@ void NameListsTest::rangesOfTheWorkflow()
             continue;
         ++count;
         for (unsigned int value = 0; value < 1100; ++value)
-            QCOMPARE(test(value), value >= row.form.least && value <= row.form.most);
+            QCOMPARE((AutomaticWorkflow().*test)(value), value >= row.form.least && value <= row.form.most);
     }
     QCOMPARE(count, 3);
 }
