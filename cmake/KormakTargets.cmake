@@ -7,6 +7,8 @@ set(KORMAK_INSTALL_INCLUDEDIR "${CMAKE_INSTALL_INCLUDEDIR}/kormak-qt${QT_VERSION
 if(KORMAK_SANITIZE)
     add_compile_options(-fsanitize=${KORMAK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=${KORMAK_SANITIZE})
+elseif(KORMAK_HARDENING AND NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+    include(KormakHardening)
 endif()
 
 # kormak_target_defaults(target): language level and warnings.
