@@ -12,6 +12,14 @@ foreach(fuzz_target IN LISTS fuzz_targets)
 endforeach()
 target_sources(fuzz-Binary PRIVATE BinaryMutator.cpp)
 
+# All others that are fuzzed with documents.
+foreach(fuzz_target IN LISTS fuzz_targets)
+    if(NOT fuzz_target MATCHES "^(Binary|ToolNew)$")
+        target_sources(fuzz-${fuzz_target} PRIVATE XmlMutator.cpp)
+        target_link_libraries(fuzz-${fuzz_target} PRIVATE fuzz-mutations)
+    endif()
+endforeach()
+
 add_executable(fuzz-dictionary MakeDictionary.cpp)
 add_executable(fuzz-seeds MakeSeeds.cpp)
 target_link_libraries(fuzz-dictionary PRIVATE Qt${QT_VERSION_MAJOR}::Core)
@@ -27,7 +35,7 @@ file(GLOB schemas CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/schemas/*.xsd" "${PRO
 add_custom_command(
     OUTPUT kormak.dict
     COMMAND fuzz-dictionary ${schemas} > kormak.dict
-    DEPENDS ${schemas}
+    DEPENDS fuzz-dictionary ${schemas}
     VERBATIM
 )
 file(GLOB_RECURSE examples CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/examples/*.xml")
@@ -36,7 +44,7 @@ add_custom_command(
     COMMAND ${CMAKE_COMMAND} -E rm -rf seeds
     COMMAND fuzz-seeds seeds
     COMMAND ${CMAKE_COMMAND} -E touch seeds.stamp
-    DEPENDS ${examples}
+    DEPENDS fuzz-seeds ${examples}
     VERBATIM
 )
 add_custom_target(fuzz-inputs ALL DEPENDS kormak.dict seeds.stamp)

@@ -2,11 +2,21 @@
 // of every kind, good and bad, documents with random values, and the binary forms of the complete ones.
 #include <QCryptographicHash>
 #include <QDirIterator>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSet>
+#include <QTemporaryFile>
 
 #include <cstdio>
 #include <fuzz/Targets.h>
 #include <tests/RandomDocuments.h>
 #include <tests/schemas/SmallDocuments.h>
+#ifdef KORMAK_FUZZES_TOOL
+#include <tools/Command.h>
+
+#include <fuzz/ToolProperties.h>
+#endif
 
 namespace {
 
@@ -19,7 +29,7 @@ public:
     void addDocument(const QString &kind, const QString &document)
     {
         add(kind, document.toUtf8());
-        add("Document", document.toUtf8());
+        addText(document);
         const auto object = newObject(kind);
         try {
             if (object->SetXmlString(document, true) && object->HasData()) {
@@ -31,6 +41,16 @@ public:
         }
     }
 
+    /// For the targets that take documents of every kind.
+    void addText(const QString &document)
+    {
+        add("Document", document.toUtf8());
+        texts.insert(document.toUtf8());
+        add("ToolDocument", document.toUtf8());
+    }
+
+    [[nodiscard]] const QSet<QByteArray> &documents() const { return texts; }
+
     void add(const QString &target, const QByteArray &input)
     {
         const QString name = QCryptographicHash::hash(input, QCryptographicHash::Sha1).toHex();
@@ -41,6 +61,7 @@ public:
 
 private:
     QDir folder;
+    QSet<QByteArray> texts;
 };
 
 void addExamples(Seeds &seeds)
@@ -53,9 +74,65 @@ void addExamples(Seeds &seeds)
         if (kinds().contains(root))
             seeds.addDocument(root, text);
         else
-            seeds.add("Document", text.toUtf8());
+            seeds.addText(text);
     }
 }
+
+#ifdef KORMAK_FUZZES_TOOL
+
+/// Adds "FIELD=VALUE" for each value in \a json, which is called \a path.
+void addAssignments(QStringList &lines, const QJsonValue &json, const QString &path)
+{
+    if (json.isObject()) {
+        const QJsonObject fields = json.toObject();
+        const bool isMap = path == "Parameter"; // by unique names
+        for (auto field = fields.begin(); field != fields.end(); ++field) {
+            const QString name = isMap ? '[' + field.key() + ']' : (path.isEmpty() ? "" : ".") + field.key();
+            addAssignments(lines, *field, path + name);
+        }
+    } else if (json.isArray()) {
+        const QJsonArray array = json.toArray();
+        for (int i = 0; i < array.size(); ++i)
+            addAssignments(lines, array.at(i), QStringLiteral("%1[%2]").arg(path).arg(i));
+    } else if (!json.isNull()) {
+        lines += path + '=' + json.toVariant().toString();
+    }
+}
+
+/// What "new" takes to make \a document, as far as it can be set.
+void addCallOfNew(Seeds &seeds, const QByteArray &document)
+{
+    QTemporaryFile file;
+    if (!file.open() || file.write(document) != document.size() || !file.flush())
+        throw std::runtime_error("there is room for temporary files");
+    const auto shown = Fuzz::runTool({"show", "--format", "json", file.fileName()});
+    if (shown.status != Good)
+        return;
+    const QJsonObject json = QJsonDocument::fromJson(shown.output).object();
+    const QByteArray kind = json.value("kind").toString().toUtf8();
+    QStringList lines;
+    addAssignments(lines, json.value("fields"), {});
+    constexpr int Most = 100;
+    if (lines.size() > Most)
+        return;
+    QByteArray input = kind;
+    for (auto count = lines.size() + 1; count != lines.size();) { // some can only be set when others are
+        count = lines.size();
+        lines.erase(std::remove_if(lines.begin(), lines.end(),
+                                   [&input](const QString &line) {
+                                       const QByteArray longer = input + '\n' + line.toUtf8();
+                                       const bool isTaken =
+                                           Fuzz::runTool(Fuzz::callOfNew(longer)).status != Failed;
+                                       if (isTaken)
+                                           input = longer;
+                                       return isTaken;
+                                   }),
+                    lines.end());
+    }
+    seeds.add("ToolNew", input);
+}
+
+#endif
 
 } // namespace
 
@@ -79,5 +156,9 @@ int main(int argc, char *argv[])
         for (int i = 0; i < Random; ++i)
             seeds.addDocument(kind, random.document(kind, i));
     }
+#ifdef KORMAK_FUZZES_TOOL
+    for (const QByteArray &document : seeds.documents())
+        addCallOfNew(seeds, document);
+#endif
     return 0;
 }

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <fuzz/BinaryProperties.h>
 #include <iterator>
+#ifdef KORMAK_FUZZES_TOOL
+#include <fuzz/ToolProperties.h>
+#endif
 
 namespace Fuzz {
 
@@ -64,6 +67,10 @@ constexpr struct {
 } TargetsOfAllKinds[] = {
     {"Document", checkDocument},
     {"Binary", checkAnyBinary},
+#ifdef KORMAK_FUZZES_TOOL
+    {"ToolDocument", [](const QByteArray &input) { checkToolOnDocument(runTool, input); }},
+    {"ToolNew", [](const QByteArray &input) { checkToolOnAssignments(runTool, input); }},
+#endif
 };
 
 } // namespace

@@ -1,0 +1,269 @@
+#include "fuzz/ToolProperties.h"
+
+#include <objectbase/ITesselObject.h>
+#include <objectbase/QtCompat_p.h>
+#include <tools/Command.h>
+#include <tools/Console.h>
+#include <tools/DocumentKind.h>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+
+#include <fuzz/Properties.h>
+
+namespace Fuzz {
+
+namespace {
+
+/// A file for the tool.
+class InputFile {
+public:
+    explicit InputFile(const QString &name) : path(folder().filePath(name)) { }
+
+    const QString &holding(const QByteArray &bytes) const
+    {
+        QFile file(path);
+        demand(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(),
+               "there is room for temporary files");
+        return path;
+    }
+
+private:
+    static QTemporaryDir &folder()
+    {
+        static QTemporaryDir result;
+        return result;
+    }
+
+    const QString path;
+};
+
+constexpr int ByteOrderMarkSize = 3;
+
+/// A document that the library read from the bytes of a file.
+struct LibraryReading {
+    std::unique_ptr<TESSEL::ITesselObject> object; ///< null when the kind of document is not known
+    bool isRead = false;
+    bool isAccepted = false; ///< read, and Check() has nothing to say
+
+    explicit LibraryReading(const QByteArray &bytes)
+    {
+        const QString text = TESSEL::decodeUtf8(bytes);
+        const DocumentKind *kind = findDocumentKind(rootName(text));
+        // A text that is not what the bytes say is not read, though the library would take what it decodes
+        // to.
+        if (!kind || text.contains(QChar(QChar::Null)) || !bytes.endsWith(text.toUtf8())
+            || bytes.size() - text.toUtf8().size() > ByteOrderMarkSize)
+            return;
+        object = kind->create();
+        isRead = readingOf([&] { return object->SetXmlString(text, true); }).outcome == Reading::Taken;
+        isAccepted = isRead
+            && readingOf([&] {
+                   object->Check();
+                   return true;
+               }).outcome
+                == Reading::Taken;
+    }
+
+    [[nodiscard]] bool isComplete() const { return isAccepted && object->HasData(); }
+};
+
+/// Nothing in \a bytes can steer a terminal.
+void demandHarmless(const QByteArray &bytes, const QString &property)
+{
+    const QString text = QString::fromUtf8(bytes);
+    demand(text.toUtf8() == bytes, property + ": it is UTF-8");
+    for (const QChar c : text)
+        demand(c == QLatin1Char('\n') || Console::isHarmless(c), property + ": " + text);
+    demand(text.isEmpty() || text.endsWith(QLatin1Char('\n')), property + ": lines are ended");
+}
+
+QJsonObject jsonIn(const QByteArray &bytes)
+{
+    QJsonParseError error{};
+    const QJsonDocument json = QJsonDocument::fromJson(bytes, &error);
+    demand(error.error == QJsonParseError::NoError && json.isObject(),
+           "JSON is an object: " + error.errorString() + '\n' + QString::fromUtf8(bytes));
+    return json.object();
+}
+
+QList<QJsonObject> jsonLinesIn(const QByteArray &bytes)
+{
+    demand(bytes.endsWith('\n'), "lines of JSON are ended");
+    QList<QJsonObject> objects;
+    for (const QByteArray &line : bytes.chopped(1).split('\n'))
+        objects.append(jsonIn(line));
+    return objects;
+}
+
+void demandStatus(const ToolRun &run, bool isGood, const QString &property)
+{
+    demand((run.status == Good) == isGood,
+           property + QStringLiteral("; status %1\n").arg(run.status) + QString::fromUtf8(run.complaints));
+}
+
+/// What was asked for is written, or it is told why not.
+void demandAnswer(const ToolRun &run, const QString &property)
+{
+    demand(run.status == Good || !run.complaints.isEmpty(), property + ": a failure is explained");
+    demand(run.status == Good || run.output.isEmpty(), property + ": what fails writes nothing");
+    demandHarmless(run.complaints, property + ": complaints cannot steer a terminal");
+}
+
+void checkCheck(const Tool &tool, const QString &path, const LibraryReading &reading)
+{
+    const ToolRun asText = tool({"check", path});
+    demandStatus(asText, reading.isAccepted, "'check' accepts what the library accepts");
+    demandAnswer(asText, "check");
+    demandHarmless(asText.output, "'check' writes nothing that steers a terminal");
+
+    const ToolRun asJson = tool({"check", "--format", "json", path});
+    demand(asJson.status == asText.status && asJson.complaints.isEmpty(), "JSON makes no difference");
+    const QList<QJsonObject> lines = jsonLinesIn(asJson.output);
+    const auto findings = lines.size() - 2;
+    demand(findings >= 0 && lines.last().value("type") == "summary", "the last line sums up");
+    const QJsonObject file = lines.at(lines.size() - 2);
+    demand(file.value("type") == "file" && file.value("findings").toInt() == findings
+               && file.value("status") == (reading.isAccepted ? "good" : "faulty")
+               && (!reading.isAccepted || file.value("complete").toBool() == reading.isComplete()),
+           "the file is summed up: " + QString::fromUtf8(asJson.output));
+    bool hasError = false;
+    for (int i = 0; i < findings; ++i) {
+        const QJsonObject &finding = lines.at(i);
+        demand(finding.value("type") == "finding" && finding.value("line").toInt() >= 1
+                   && finding.value("column").toInt() >= 1 && !finding.value("message").toString().isEmpty(),
+               "a finding has a place and a message: " + QString::fromUtf8(asJson.output));
+        hasError = hasError || finding.value("severity") == "error";
+    }
+    demand(hasError != reading.isAccepted, "an error is what the library refuses a document for");
+    demand(asText.complaints.count('\n') == findings, "text tells as much as JSON");
+}
+
+void checkShow(const Tool &tool, const QString &path, const LibraryReading &reading)
+{
+    const ToolRun asText = tool({"show", path});
+    demandStatus(asText, reading.isRead, "'show' shows what the library reads");
+    demandAnswer(asText, "show");
+    demandHarmless(asText.output, "'show' writes nothing that steers a terminal");
+
+    const ToolRun asJson = tool({"show", "--format", "json", path});
+    demand(asJson.status == asText.status, "JSON makes no difference");
+    if (asJson.status != Good)
+        return;
+    const QJsonObject shown = jsonIn(asJson.output);
+    demand(shown.value("kind") == reading.object->GetObjectName() && shown.value("fields").isObject()
+               && shown.value("complete").toBool() == reading.isComplete()
+               && shown.value("reason").isNull() == reading.isComplete(),
+           "'show' tells whether the document is complete: " + QString::fromUtf8(asJson.output));
+}
+
+/// The differences between two files that are told, the same as text and as JSON.
+QJsonArray differencesToldBy(const Tool &tool, const QString &before, const QString &after)
+{
+    const ToolRun asText = tool({"diff", before, after});
+    const ToolRun asJson = tool({"diff", "--format", "json", before, after});
+    const QString told = QString::fromUtf8(asText.output + asText.complaints + asJson.output);
+    demandHarmless(asText.output, "'diff' writes nothing that steers a terminal");
+    const QJsonObject json = jsonIn(asJson.output);
+    const QJsonArray differences = json.value("differences").toArray();
+    demand(json.value("equal").toBool() == differences.isEmpty() && asJson.status == asText.status
+               && asText.status == (differences.isEmpty() ? Good : Faulty),
+           "the status tells whether a field differs: " + told);
+    const bool agrees = json.value("equalToLibrary") == json.value("equal");
+    demand(asText.output.count('\n') == differences.size() + (agrees ? 0 : 1),
+           "text tells as much as JSON: " + told);
+    return differences;
+}
+
+void checkDiffWithItself(const Tool &tool, const QString &path, const LibraryReading &reading)
+{
+    if (!reading.isRead)
+        demandStatus(tool({"diff", path, path}), false, "only what is read is compared");
+    else
+        demand(differencesToldBy(tool, path, path).isEmpty(), "a document does not differ from itself");
+}
+
+/// A document that was written anew says what it said, and what it left to defaults.
+void checkDiffWithWritten(const Tool &tool, const QString &path, const QString &written)
+{
+    for (const QJsonValue &difference : differencesToldBy(tool, path, written)) {
+        const QJsonObject object = difference.toObject();
+        demand(object.contains("before") && object.value("before").isNull(),
+               "nothing that was said is changed: " + QString::fromUtf8(QJsonDocument(object).toJson()));
+    }
+}
+
+/// \a text was written by the tool.
+void checkWritten(const Tool &tool, const QString &path, const QByteArray &text)
+{
+    const LibraryReading reading(text);
+    demand(reading.isComplete(), "what the tool writes is complete: " + QString::fromUtf8(text));
+    demandEqual(QString::fromUtf8(text), reading.object->GetXmlString(),
+                "the tool writes as the library does");
+    checkCheck(tool, path, reading);
+    checkShow(tool, path, reading);
+    const ToolRun again = tool({"format", path});
+    demandStatus(again, true, "what was formatted is formatted without a loss");
+    demandEqual(QString::fromUtf8(again.output), QString::fromUtf8(text),
+                "what was formatted stays as it is");
+}
+
+void checkFormat(const Tool &tool, const QString &path, const LibraryReading &reading)
+{
+    static const InputFile formattedFile("formatted.xml");
+
+    const ToolRun run = tool({"format", path});
+    demandAnswer(run, "format");
+    const ToolRun withoutComments = tool({"format", "--drop-comments", path});
+    demand(run.status != Good || withoutComments.output == run.output,
+           "without comments to lose, nothing else is lost");
+    if (withoutComments.status != Good)
+        return;
+    demand(reading.isComplete(), "what is formatted is complete");
+    const QString &formatted = formattedFile.holding(withoutComments.output);
+    checkWritten(tool, formatted, withoutComments.output);
+    checkDiffWithWritten(tool, path, formatted);
+}
+
+} // namespace
+
+void checkToolOnDocument(const Tool &tool, const QByteArray &bytes)
+{
+    static const InputFile file("document.xml");
+
+    const QString &path = file.holding(bytes);
+    const LibraryReading reading(bytes);
+    checkCheck(tool, path, reading);
+    checkShow(tool, path, reading);
+    checkFormat(tool, path, reading);
+    checkDiffWithItself(tool, path, reading);
+}
+
+QStringList callOfNew(const QByteArray &bytes)
+{
+    QStringList lines = QString::fromUtf8(bytes).split(QLatin1Char('\n'));
+    QStringList arguments{"new"};
+    for (const QString &line : lines.mid(1))
+        arguments << "--set=" + line;
+    return arguments << "--" << lines.constFirst();
+}
+
+void checkToolOnAssignments(const Tool &tool, const QByteArray &bytes)
+{
+    static const InputFile file("new.xml");
+
+    const ToolRun run = tool(callOfNew(bytes));
+    demandAnswer(run, "new");
+    if (run.status != Good)
+        return;
+    const QString &path = file.holding(run.output);
+    const LibraryReading reading(run.output);
+    checkCheck(tool, path, reading);
+    checkShow(tool, path, reading);
+    if (run.complaints.isEmpty()) // else some of it is not read as it was set, as is told
+        checkWritten(tool, path, run.output);
+}
+
+} // namespace Fuzz

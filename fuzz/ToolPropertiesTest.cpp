@@ -1,0 +1,173 @@
+// A property that does not hold must be noticed: the tool with one fault each.
+#include <tools/Command.h>
+
+#include <QtTest>
+
+#include <fuzz/Kinds.h>
+#include <fuzz/ToolProperties.h>
+
+using Fuzz::ToolRun;
+
+/// Changes what the tool made of a call.
+using Fault = std::function<void(const QStringList &arguments, ToolRun &run)>;
+Q_DECLARE_METATYPE(Fault)
+
+class ToolPropertiesTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void runsTheTool();
+    void faultsAreNoticed_data();
+    void faultsAreNoticed();
+};
+
+void ToolPropertiesTest::runsTheTool()
+{
+    const ToolRun good = Fuzz::runTool({"list", "ResourceType"});
+    QCOMPARE(good.status, int(Good));
+    QVERIFY(good.output.contains("Antenna\n"));
+    QCOMPARE(good.complaints, QByteArray());
+
+    const ToolRun unreadable = Fuzz::runTool({"show", "no such file"});
+    QCOMPARE(unreadable.status, int(Failed));
+    QCOMPARE(unreadable.output, QByteArray());
+    QVERIFY(unreadable.complaints.startsWith("no such file: "));
+
+    const ToolRun wrong = Fuzz::runTool({"show"});
+    QCOMPARE(wrong.status, int(Failed));
+    QVERIFY(wrong.complaints.contains("FILE"));
+
+    QCOMPARE(Fuzz::callOfNew("Job\nA=1\n-B=2"), QStringList({"new", "--set=A=1", "--set=-B=2", "--", "Job"}));
+}
+
+void ToolPropertiesTest::faultsAreNoticed_data()
+{
+    QTest::addColumn<QByteArray>("document"); // empty: "new" is called
+    QTest::addColumn<Fault>("fault");
+    QTest::addColumn<QString>("violation"); // empty: none
+
+    const QByteArray document = Fuzz::Kind<KORMAK::Job>::sample().toUtf8();
+    const QByteArray incomplete = "<Job Version=\"1.0\"/>";
+    const QByteArray malformed = document.chopped(1);
+    const auto row = [](const char *name, const QByteArray &input, const Fault &fault,
+                        const char *violation) {
+        QTest::newRow(name) << input << fault << QString(violation);
+    };
+    const auto no = [](const QStringList &, ToolRun &) {};
+    // Changes the outcome of a command: of its calls with an option, or of those without any.
+    const auto of = [](const char *command, const char *option, auto change) -> Fault {
+        return [=](const QStringList &arguments, ToolRun &run) {
+            if (arguments.constFirst() == command && arguments.contains(option))
+                change(run);
+        };
+    };
+    const auto plain = [](const char *command, auto change) -> Fault {
+        return [=](const QStringList &arguments, ToolRun &run) {
+            if (arguments.constFirst() == command && !arguments.at(1).startsWith("--"))
+                change(run);
+        };
+    };
+
+    for (const QByteArray &input : {document, incomplete, malformed, QByteArray("\xFF"), QByteArray("<a/>")})
+        row("no fault, " + input.toPercentEncoding(), input, no, "");
+    row("no fault, new", {}, no, "");
+
+    row("check accepts anything", malformed, plain("check", [](ToolRun &run) { run.status = Good; }),
+        "'check' accepts what the library accepts");
+    row("check accepts nothing", document, plain("check", [](ToolRun &run) { run.status = Faulty; }),
+        "'check' accepts what the library accepts");
+    row("check explains nothing", malformed, plain("check", [](ToolRun &run) { run.complaints.clear(); }),
+        "a failure is explained");
+    row("check steers the terminal", document,
+        plain("check", [](ToolRun &run) { run.output += "\x1B[2J\n"; }), "nothing that steers a terminal");
+    row("check with broken JSON", malformed,
+        of("check", "json", [](ToolRun &run) { run.output.replace('}', ' '); }), "JSON is an object");
+    row("check with lines that are not ended", malformed,
+        of("check", "json", [](ToolRun &run) { run.output.chop(1); }), "lines of JSON are ended");
+    row("check sums up otherwise", malformed,
+        of("check", "json", [](ToolRun &run) { run.output.replace("\"faulty\"", "\"good\""); }),
+        "the file is summed up");
+    row("check with warnings only", malformed,
+        of("check", "json", [](ToolRun &run) { run.output.replace("\"error\"", "\"warning\""); }),
+        "an error is what the library refuses");
+    row("check tells less as text", malformed,
+        plain("check", [](ToolRun &run) { run.complaints.replace('\n', ' ').append('\n').append('\n'); }),
+        "text tells as much as JSON");
+    row("show reads anything", malformed, plain("show", [](ToolRun &run) { run.status = Good; }),
+        "'show' shows what the library reads");
+    row("show calls it complete", incomplete,
+        of("show", "json",
+           [](ToolRun &run) { run.output.replace("\"complete\": false", "\"complete\": true"); }),
+        "'show' tells whether the document is complete");
+    row("show writes though it fails", malformed, plain("show", [](ToolRun &run) { run.output = "Job\n"; }),
+        "what fails writes nothing");
+    row("format loses an element", document,
+        plain("format", [](ToolRun &run) { run.output.replace("<Description>b</Description>", ""); }),
+        "without comments to lose, nothing else is lost");
+    row(
+        "format changes a text", document,
+        [](const QStringList &arguments, ToolRun &run) {
+            if (arguments.constFirst() == "format")
+                run.output.replace("<Author>a<", "<Author>c<");
+        },
+        "nothing that was said is changed");
+    row("format writes what is not complete", document,
+        of("format", "--drop-comments", [](ToolRun &run) { run.output = "<Job Version=\"1.0\"/>"; }),
+        "without comments to lose, nothing else is lost");
+    row(
+        "format grows", document,
+        [count = 0](const QStringList &arguments, ToolRun &run) mutable {
+            if (arguments.constFirst() == "format" && ++count > 2)
+                run.output += '\n';
+        },
+        "what was formatted stays as it is");
+    row("format takes what is not complete", incomplete,
+        of("format", "--drop-comments", [](ToolRun &run) { run.status = Good; }),
+        "what is formatted is complete");
+    row("diff sees a difference", document, plain("diff", [](ToolRun &run) { run.status = Faulty; }),
+        "the status tells whether a field differs");
+    row("diff compares anything", malformed, plain("diff", [](ToolRun &run) { run.status = Good; }),
+        "only what is read is compared");
+    row("diff tells more as text", document, plain("diff", [](ToolRun &run) { run.output += "a: b -> c\n"; }),
+        "text tells as much as JSON");
+    row(
+        "new makes what is not complete", {},
+        [](const QStringList &arguments, ToolRun &run) {
+            if (arguments.constFirst() == "new")
+                run.output = "<ActivityGeneration/>";
+        },
+        "what the tool writes is complete");
+    row(
+        "new explains nothing", {},
+        [](const QStringList &arguments, ToolRun &run) {
+            if (arguments.constFirst() == "new")
+                run = {Failed, {}, {}};
+        },
+        "a failure is explained");
+}
+
+void ToolPropertiesTest::faultsAreNoticed()
+{
+    QFETCH(QByteArray, document);
+    QFETCH(Fault, fault);
+    QFETCH(QString, violation);
+
+    const Fuzz::Tool tool = [&fault](const QStringList &arguments) {
+        ToolRun run = Fuzz::runTool(arguments);
+        fault(arguments, run);
+        return run;
+    };
+    QString actual;
+    try {
+        if (document.isEmpty())
+            Fuzz::checkToolOnAssignments(tool, "ActivityGeneration\nMode=AGED");
+        else
+            Fuzz::checkToolOnDocument(tool, document);
+    } catch (const std::exception &exception) {
+        actual = exception.what();
+    }
+    QVERIFY2(violation.isEmpty() ? actual.isEmpty() : actual.contains(violation), qPrintable(actual));
+}
+
+QTEST_GUILESS_MAIN(ToolPropertiesTest)
+#include "ToolPropertiesTest.moc"
