@@ -2,6 +2,7 @@
 
 #include <objectbase/BinaryForm_p.h>
 #include <objectbase/Constants_p.h>
+#include <objectbase/Lasting_p.h>
 #include <objectbase/Messages_p.h>
 #include <objectbase/QtCompat_p.h>
 #include <objectbase/XmlForm_p.h>
@@ -382,9 +383,8 @@ void ITesselObject::ResetLogger() const
 
 const QString &ITesselObject::GetVersion() const
 {
-    // Never destroyed: objects that outlive the library's statics refer to it.
-    static const QString &version = *new QString(DefaultVersion.toString());
-    return version;
+    static const Lasting<QString> version(DefaultVersion.toString());
+    return *version;
 }
 
 void ITesselObject::SetObjectType(ObjectTypes type)
