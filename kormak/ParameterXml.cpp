@@ -338,6 +338,8 @@ void Parameter::ProcessDoubleList(QXmlStreamReader &reader)
 
 void Parameter::ProcessEnumList(QXmlStreamReader &reader)
 {
+    if (isMerging())
+        enumHandler.edit().Reset(); // which leaves the default and the selected entry
     readBlock<Xml::EnumBlock>(*this, enumHandler.edit(), TagEnumBlock, reader);
 }
 

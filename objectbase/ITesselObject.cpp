@@ -14,6 +14,7 @@
 #include <QFileInfo>
 #include <QIODevice>
 #include <QSaveFile>
+#include <QScopeGuard>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -255,7 +256,13 @@ bool ITesselObject::MergeTesselObject(const ITesselObject &other)
     if (other.GetObjectName() != GetObjectName())
         return false;
     const auto xml = documentOf(other);
-    return xml && SetXmlString(*xml, true);
+    if (!xml)
+        return false;
+    if (&other == this)
+        return true;
+    merging.isSet = true;
+    const auto ending = qScopeGuard([this] { merging.isSet = false; });
+    return SetXmlString(*xml, true);
 }
 
 ObjectTypes ITesselObject::GetObjectType() const

@@ -113,7 +113,9 @@ public:
     /// Reads a binary form from \a stream, which is left behind it.
     virtual bool SetBinaryRepresentation(QDataStream &stream);
 
-    /// Replaces the fields that \a other writes, as if its document was read into this object.
+    /// Replaces the fields that \a other writes, as if its document was read into this object; the entries of
+    /// an enumeration are replaced, too, which reading would append. An object does not change when it is
+    /// merged with itself.
     /// \return false when \a other bears another name or writes no element
     /// \throws TesselException as GetXmlString() of \a other and reading that text
     virtual bool MergeTesselObject(const ITesselObject &other);
@@ -191,11 +193,26 @@ protected:
     /// becomes an error of \a reader.
     static QString GetTextValue(QXmlStreamReader &reader);
 
+    /// True while MergeTesselObject() reads the document of the other object: what is read then takes the place
+    /// of what is there, of lists, too, to which reading otherwise appends.
+    [[nodiscard]] bool isMerging() const noexcept { return merging.isSet; }
+
 private:
+    /// A state of the moment, which no copy takes over.
+    struct Passing {
+        Passing() = default;
+        Passing(const Passing & /*other*/) noexcept { }
+        Passing &operator=(const Passing & /*other*/) noexcept { return *this; }
+        ~Passing() = default;
+
+        bool isSet = false;
+    };
+
     QString objectName;
     mutable std::shared_ptr<Logger> logger;
     ObjectTypes objectType = ObjectTypes::Invalid;
     mutable bool validateFlag = true;
+    Passing merging;
 };
 
 } // namespace TESSEL

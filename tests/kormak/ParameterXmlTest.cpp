@@ -1,6 +1,8 @@
 #include "../LocaleRuns.h"
 #include "ParameterSamples.h"
 
+#include <kormak/GenericReceiver.h>
+
 #include <cmath>
 #include <limits>
 
@@ -16,6 +18,12 @@ class ParameterXmlTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void mergeReplacesEntries();
+    void mergeWithoutEntries();
+    void mergeWithItself_data();
+    void mergeWithItself();
+    void readingAppendsEntries();
+
     void initTestCase_data();
     void init();
     void cleanup();
@@ -1427,6 +1435,72 @@ void ParameterXmlTest::childInsideAText()
     (void)messageOf([&] { parameter.ProcessXml(reader); });
     QCOMPARE(reader.error(), QXmlStreamReader::UnexpectedElementError);
     QCOMPARE(reader.errorString(), "Expected character data.");
+}
+
+void ParameterXmlTest::mergeReplacesEntries()
+{
+    Parameter target = completeParameter(7);
+    const Parameter same = target;
+    const State before = stateOf(target);
+    QVERIFY(target.MergeTesselObject(same));
+    QCOMPARE(stateOf(target), before);
+
+    Parameter other = completeParameter(7);
+    other.GetEnumHandler().Reset();
+    other.GetEnumHandler().AppendEnumValue(enumValue(9, "Only", 2.5));
+    QVERIFY(target.MergeTesselObject(other));
+    QCOMPARE(stateOf(target)["Enum.List"], describe(enumValue(9, "Only", 2.5)));
+    QCOMPARE(target.GetEnumHandler().GetDefaultValue().Name, QString("Only"));
+    QCOMPARE(target.GetEnumHandler().GetSelectedEnumValue().Name, QString("Only"));
+}
+
+void ParameterXmlTest::mergeWithoutEntries()
+{
+    Parameter target = completeParameter(7);
+    const QString entries = stateOf(target)["Enum.List"];
+    QVERIFY(target.MergeTesselObject(completeParameter(2)));
+    QCOMPARE(stateOf(target)["Enum.List"], entries);
+
+    Parameter incomplete = completeParameter(7);
+    incomplete.GetEnumHandler().Reset();
+    QVERIFY(!target.MergeTesselObject(incomplete));
+    QCOMPARE(stateOf(target)["Enum.List"], entries);
+    incomplete.SetValueType(Parameter::InvalidValueType);
+    QVERIFY(!messageOf([&] { target.MergeTesselObject(incomplete); }).isEmpty());
+    QCOMPARE(stateOf(target)["Enum.List"], entries);
+}
+
+void ParameterXmlTest::mergeWithItself_data()
+{
+    addTypes();
+}
+
+void ParameterXmlTest::mergeWithItself()
+{
+    QFETCH(int, type);
+
+    Parameter parameter = completeParameter(type);
+    parameter.GetDoubleHandler().AppendDoubleValue(1.0 / 3);
+    parameter.GetFloatHandler().SetValue(7);
+    const State before = stateOf(parameter);
+    QVERIFY(parameter.MergeTesselObject(parameter));
+    QCOMPARE(stateOf(parameter), before);
+
+    GenericReceiver receiver;
+    receiver.AddParameter(parameter);
+    QVERIFY(receiver.MergeTesselObject(receiver));
+    QCOMPARE(stateOf(receiver.GetParameter(parameter.GetUniqueParameterName())), before);
+}
+
+void ParameterXmlTest::readingAppendsEntries()
+{
+    Parameter parameter = completeParameter(7);
+    const QString text = parameter.GetXmlString();
+    QByteArray binary = parameter.GetBinaryRepresentationAsQByteArray();
+    QVERIFY(parameter.SetXmlString(text, true));
+    QCOMPARE(parameter.GetEnumHandler().GetEnumList().size(), 4);
+    QVERIFY(parameter.SetBinaryRepresentation(binary));
+    QCOMPARE(parameter.GetEnumHandler().GetEnumList().size(), 6);
 }
 
 QTEST_GUILESS_MAIN(ParameterXmlTest)
