@@ -32,12 +32,18 @@ function(kormak_strict_text target)
     )
 endfunction()
 
+# kormak_strict_conversions(target): no number changes its value or its sign in a conversion that is not written out.
+function(kormak_strict_conversions target)
+    target_compile_options(${target} PRIVATE -Wconversion -Wsign-conversion)
+endfunction()
+
 # kormak_add_library(target source...): a library whose headers are included from the project root.
 function(kormak_add_library target)
     add_library(${target} ${ARGN})
     add_library(Kormak::${target} ALIAS ${target})
     kormak_target_defaults(${target})
     kormak_strict_text(${target})
+    kormak_strict_conversions(${target})
     set_target_properties(${target} PROPERTIES
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON

@@ -1,6 +1,7 @@
 #include "kormak/GenericReceiver.h"
 
 #include <objectbase/Constants_p.h>
+#include <objectbase/FileContent_p.h>
 #include <objectbase/QtCompat_p.h>
 #include <objectbase/TesselException.h>
 #include <objectbase/XmlForm_p.h>
@@ -80,9 +81,11 @@ Parameter GenericReceiver::GetParameter(const QString &uniqueName) const
 void GenericReceiver::Load(const QString &path, QString &text) const
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+    const bool isOpen = file.open(QIODevice::ReadOnly | QIODevice::Text);
+    const auto content = isOpen ? contentOf(file) : std::nullopt;
+    if (!content)
         throw TesselException(borrowed(u"Can't open file for reading: '%1'").arg(path));
-    QTextStream stream(&file);
+    QTextStream stream(*content);
     useUtf8(stream);
     text = stream.readAll();
 }

@@ -97,19 +97,25 @@ std::optional<QByteArray> uncompress(const QByteArray &payload)
 
 std::optional<QByteArray> pack(const QString &objectName, const QString &xml, int level)
 {
-    const QByteArray name = objectName.toUtf8();
-    QByteArray payload = xml.toUtf8();
+    const auto name = encodeUtf8(objectName);
+    const auto text = encodeUtf8(xml);
+    if (!name || !text)
+        return std::nullopt;
+    QByteArray payload = *text;
     Header header;
     if (level != 0) {
         payload = qCompress(payload, std::clamp(level, -1, 9));
         header.flags = FlagCompressed;
     }
-    if (payload.size() > std::numeric_limits<int>::max())
+    constexpr qint64 Most = std::numeric_limits<int>::max();
+    constexpr qint64 HeadSize = Header::Size + ChecksumSize;
+    if (payload.size() > Most || name->size() > Most
+        || HeadSize + name->size() + payload.size() > std::numeric_limits<TextSize>::max())
         return std::nullopt;
-    header.nameSize = static_cast<quint32>(name.size());
+    header.nameSize = static_cast<quint32>(name->size());
     header.payloadSize = static_cast<quint32>(payload.size());
     const QByteArray bytes = header.toBytes();
-    return bytes + checksum(bytes, name, payload) + name + payload;
+    return bytes + checksum(bytes, *name, payload) + *name + payload;
 }
 
 std::optional<QString> unpack(QDataStream &stream, const QString &objectName)
@@ -120,7 +126,7 @@ std::optional<QString> unpack(QDataStream &stream, const QString &objectName)
     const Header header = Header::fromBytes(*bytes);
     const QByteArray expectedName = objectName.toUtf8();
     if (header.magic != Magic || header.version != FormVersion || (header.flags & ~FlagCompressed) != 0
-        || header.nameSize != static_cast<quint32>(expectedName.size())
+        || header.nameSize != static_cast<quint64>(expectedName.size())
         || header.payloadSize > static_cast<quint32>(std::numeric_limits<int>::max()))
         return std::nullopt;
 
@@ -130,7 +136,7 @@ std::optional<QString> unpack(QDataStream &stream, const QString &objectName)
     if (!sum || !name || !payload || *name != expectedName || *sum != checksum(*bytes, *name, *payload))
         return std::nullopt;
     const auto text = (header.flags & FlagCompressed) != 0 ? uncompress(*payload) : payload;
-    return text ? std::optional(decodeUtf8(*text)) : std::nullopt;
+    return text && text->size() <= MostBytes ? std::optional(decodeUtf8(*text)) : std::nullopt;
 }
 
 } // namespace TESSEL::BinaryForm

@@ -2,6 +2,7 @@
 
 #include <objectbase/BinaryForm_p.h>
 #include <objectbase/Constants_p.h>
+#include <objectbase/FileContent_p.h>
 #include <objectbase/Lasting_p.h>
 #include <objectbase/Messages_p.h>
 #include <objectbase/QtCompat_p.h>
@@ -18,6 +19,7 @@
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>
@@ -105,11 +107,21 @@ std::optional<QByteArray> binaryFormOf(const ITesselObject &object, int level)
     return xml ? BinaryForm::pack(object.GetObjectName(), *xml, level) : std::nullopt;
 }
 
+bool writeWhole(QDataStream &stream, const QByteArray &bytes)
+{
+    constexpr TextSize Step = 1 << 20; // one call takes no more bytes than an int counts
+    for (TextSize written = 0; written < bytes.size(); written += Step) {
+        const int wanted = static_cast<int>(std::min(Step, bytes.size() - written));
+        if (stream.writeRawData(bytes.constData() + written, wanted) != wanted)
+            return false;
+    }
+    return true;
+}
+
 bool writeBinary(const ITesselObject &object, QDataStream &stream, int level)
 {
     const auto bytes = binaryFormOf(object, level);
-    return bytes && stream.writeRawData(bytes->constData(), static_cast<int>(bytes->size())) == bytes->size()
-        && stream.status() == QDataStream::Ok;
+    return bytes && writeWhole(stream, *bytes) && stream.status() == QDataStream::Ok;
 }
 
 /// The content of \a file from its position when it is open, else from its start.
@@ -120,12 +132,10 @@ std::optional<QByteArray> readAll(QFile *file)
     const bool wasOpen = file->isOpen();
     if (!wasOpen && !file->open(QIODevice::ReadOnly))
         return std::nullopt;
-    const bool isReadable = file->isReadable();
-    QByteArray content = isReadable ? file->readAll() : QByteArray();
-    const bool failed = !isReadable || file->error() != QFileDevice::NoError;
+    auto content = contentOf(*file);
     if (!wasOpen)
         file->close();
-    return failed ? std::nullopt : std::optional(std::move(content));
+    return content;
 }
 
 } // namespace
@@ -361,10 +371,10 @@ bool ITesselObject::SaveXml(const QString &path) const
         return false;
     if (const QFileInfo place(path); place.exists() && !place.isFile())
         return false; // a device or a pipe would give way to a file
-    const QByteArray bytes = text->toUtf8();
+    const auto bytes = encodeUtf8(*text);
     QSaveFile file(path);
     // commit() alone would put a file in place that a full disk has cut short.
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush()
+    return bytes && file.open(QIODevice::WriteOnly) && file.write(*bytes) == bytes->size() && file.flush()
         && file.commit();
 }
 

@@ -2,13 +2,21 @@
 #ifndef TESSEL_QTCOMPAT_P_H
 #define TESSEL_QTCOMPAT_P_H
 
-#include <QCalendar>
 #include <QLibraryInfo>
 #include <QString>
 #include <QTextStream>
 #include <QVersionNumber>
 
+#include <limits>
+#include <optional>
+
 namespace TESSEL {
+
+/// What Qt counts bytes and characters with: 32 bits with Qt 5.
+using TextSize = decltype(QString().size());
+
+/// The longest QByteArray whose text is sure to fit into a QString.
+inline constexpr qint64 MostBytes = std::numeric_limits<TextSize>::max() / 2 - 64;
 
 /// Texts in UTF-8; Qt 6 does so by itself.
 inline void useUtf8([[maybe_unused]] QTextStream &stream)
@@ -22,7 +30,14 @@ inline void useUtf8([[maybe_unused]] QTextStream &stream)
 template <class Bytes>
 [[nodiscard]] QString decodeUtf8(const Bytes &bytes)
 {
-    return QString::fromUtf8(bytes.data(), static_cast<decltype(QString().size())>(bytes.size()));
+    return QString::fromUtf8(bytes.data(), static_cast<TextSize>(bytes.size()));
+}
+
+/// Nothing for a text that is too long for the bytes that Qt takes for it at first.
+[[nodiscard]] inline std::optional<QByteArray> encodeUtf8(const QString &text)
+{
+    constexpr auto MostCharacters = std::numeric_limits<TextSize>::max() / 3 - 64;
+    return text.size() <= MostCharacters ? std::optional(text.toUtf8()) : std::nullopt;
 }
 
 /// Qt 6 before 6.5 writes to a QString slower than it could. Asked of the Qt that runs: later ones differ in
@@ -34,15 +49,6 @@ template <class Bytes>
     return isEarly;
 }
 
-/// Before dates become texts: Qt 5 makes its calendar when one is first asked for, and threads that do so at
-/// the same time get none.
-inline void prepareCalendar()
-{
-#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-    static const QCalendar calendar;
-    Q_UNUSED(calendar)
-#endif
-}
 
 } // namespace TESSEL
 

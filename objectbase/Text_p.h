@@ -25,7 +25,9 @@ namespace TESSEL {
 /// constants included.
 [[nodiscard]] inline QString borrowed(QStringView text)
 {
-    return text.isNull() ? QString() : QString::fromRawData(text.data(), static_cast<int>(text.size()));
+    return text.isNull()
+        ? QString()
+        : QString::fromRawData(text.data(), static_cast<decltype(QString().size())>(text.size()));
 }
 
 // Reading
