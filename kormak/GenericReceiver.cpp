@@ -25,7 +25,7 @@ struct GenericReceiver::Xml {
     static void readParameter(GenericReceiver &receiver, QXmlStreamReader &reader)
     {
         receiver.readingParameter.Reset();
-        receiver.readingParameter.ProcessXml(reader);
+        readOwned(receiver, receiver.readingParameter, reader);
         receiver.AddParameter(receiver.readingParameter);
     }
     static void writeParameters(const GenericReceiver &receiver, QXmlStreamWriter &writer,

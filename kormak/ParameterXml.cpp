@@ -147,12 +147,16 @@ void readBlock(Parameter &parameter, Handler &handler, QStringView name, QXmlStr
 {
     handler.SetRepresentationName(parameter.GetRepresenationName());
     handler.SetUniqueParameterName(parameter.GetUniqueParameterName());
+    constexpr int WithBlock = 2;
+    Nesting nesting(parameter, reader, WithBlock);
     while (!reader.atEnd()) {
         const auto token = reader.readNext();
+        nesting.count(token);
         if (token == QXmlStreamReader::EndElement && QStringView(reader.qualifiedName()) == name)
             break;
-        if (token == QXmlStreamReader::StartElement)
-            (void)readKnownChild<Block>(parameter, reader);
+        if (token == QXmlStreamReader::StartElement && readKnownChild<Block>(parameter, reader)
+            && !reader.isStartElement())
+            nesting.leave();
     }
     if (reader.hasError())
         throw TesselException(reader.errorString());

@@ -21,6 +21,7 @@ constexpr quint32 Magic = 0x54534C42; // "TSLB"
 constexpr quint16 FormVersion = 1;
 constexpr quint16 FlagCompressed = 1;
 constexpr int ChecksumSize = 32; // SHA-256
+constexpr qint64 MostToCompress = std::numeric_limits<int>::max(); // qCompress() tells the size in 32 bits
 constexpr int MaximumCompressionRatio = 1100; // deflate cannot reach it
 
 // All numbers are big-endian; the checksum covers the fixed numbers, the name and the payload.
@@ -78,17 +79,24 @@ std::optional<QByteArray> take(QDataStream &stream, quint32 size)
     return bytes;
 }
 
-/// qCompress() puts the size of the text in front; it must be a possible one before that much memory is
-/// taken.
-std::optional<QByteArray> uncompress(const QByteArray &payload)
+/// Whether \a size bytes may come of the compressed \a payload.
+bool isWithin(const ReadingLimits &limits, qint64 size, const QByteArray &payload)
+{
+    return size <= limits.GetExpandedBytes() || size <= limits.GetExpandedFactor() * qint64(payload.size());
+}
+
+/// qCompress() puts the size of the text in front; it must be a possible one, and one that is allowed, before
+/// that much memory is taken.
+std::optional<QByteArray> uncompress(const QByteArray &payload, const ReadingLimits &limits)
 {
     if (payload.size() < 4)
         return std::nullopt;
-    const quint64 size = qFromBigEndian<quint32>(payload.constData());
-    if (size > static_cast<quint64>(payload.size()) * MaximumCompressionRatio)
+    const qint64 size = qFromBigEndian<quint32>(payload.constData());
+    if (size > qint64(payload.size()) * MaximumCompressionRatio || size > MostBytes
+        || !isWithin(limits, size, payload))
         return std::nullopt;
     const QByteArray text = qUncompress(payload);
-    if (static_cast<quint64>(text.size()) != size)
+    if (text.size() != size)
         return std::nullopt;
     return text;
 }
@@ -103,9 +111,12 @@ std::optional<QByteArray> pack(const QString &objectName, const QString &xml, in
         return std::nullopt;
     QByteArray payload = *text;
     Header header;
-    if (level != 0) {
-        payload = qCompress(payload, std::clamp(level, -1, 9));
-        header.flags = FlagCompressed;
+    if (level != 0 && text->size() <= MostToCompress) {
+        const QByteArray compressed = qCompress(payload, std::clamp(level, -1, 9));
+        if (isWithin(ReadingLimits(), text->size(), compressed)) {
+            payload = compressed;
+            header.flags = FlagCompressed;
+        }
     }
     constexpr qint64 Most = std::numeric_limits<int>::max();
     constexpr qint64 HeadSize = Header::Size + ChecksumSize;
@@ -118,7 +129,7 @@ std::optional<QByteArray> pack(const QString &objectName, const QString &xml, in
     return bytes + checksum(bytes, *name, payload) + *name + payload;
 }
 
-std::optional<QString> unpack(QDataStream &stream, const QString &objectName)
+std::optional<QString> unpack(QDataStream &stream, const QString &objectName, const ReadingLimits &limits)
 {
     const auto bytes = take(stream, Header::Size);
     if (!bytes)
@@ -135,7 +146,7 @@ std::optional<QString> unpack(QDataStream &stream, const QString &objectName)
     const auto payload = take(stream, header.payloadSize);
     if (!sum || !name || !payload || *name != expectedName || *sum != checksum(*bytes, *name, *payload))
         return std::nullopt;
-    const auto text = (header.flags & FlagCompressed) != 0 ? uncompress(*payload) : payload;
+    const auto text = (header.flags & FlagCompressed) != 0 ? uncompress(*payload, limits) : payload;
     return text && text->size() <= MostBytes ? std::optional(decodeUtf8(*text)) : std::nullopt;
 }
 

@@ -4,6 +4,8 @@
 #ifndef TESSEL_BINARYFORM_P_H
 #define TESSEL_BINARYFORM_P_H
 
+#include <objectbase/ReadingLimits.h>
+
 #include <QByteArray>
 #include <QString>
 
@@ -16,11 +18,13 @@ QT_END_NAMESPACE
 namespace TESSEL::BinaryForm {
 
 /// \a level: compression from 0 (none at all) to 9, or -1 for zlib's usual one.
+/// Not compressed either when it would become more than what a reader takes by default.
 /// Nothing when the document is too large for the form.
 [[nodiscard]] std::optional<QByteArray> pack(const QString &objectName, const QString &xml, int level);
 
-/// The XML of the next binary form in \a stream, if it is whole and bears \a objectName.
-[[nodiscard]] std::optional<QString> unpack(QDataStream &stream, const QString &objectName);
+/// The XML of the next binary form in \a stream, if it is whole, bears \a objectName and is within \a limits.
+[[nodiscard]] std::optional<QString> unpack(QDataStream &stream, const QString &objectName,
+                                            const ReadingLimits &limits);
 
 } // namespace TESSEL::BinaryForm
 

@@ -5,7 +5,9 @@
 #include <objectbase/FileContent_p.h>
 #include <objectbase/Lasting_p.h>
 #include <objectbase/Messages_p.h>
+#include <objectbase/Nesting_p.h>
 #include <objectbase/QtCompat_p.h>
+#include <objectbase/ReadingBounds_p.h>
 #include <objectbase/XmlForm_p.h>
 
 #include <QByteArray>
@@ -81,17 +83,21 @@ protected:
     }
 };
 
-bool readToEnd(QXmlStreamReader &reader)
+/// \a open elements stand around what is read next.
+bool readToEnd(const ITesselObject &object, QXmlStreamReader &reader, int open)
 {
+    Nesting nesting(object, reader, open);
     while (!reader.atEnd())
-        reader.readNext();
+        nesting.count(reader.readNext());
     return !reader.hasError();
 }
 
-bool isDocumentOf(const QString &objectName, const QString &text)
+bool isDocumentOf(const ITesselObject &object, const QString &text)
 {
+    if (refusalOf(text, object.GetReadingLimits()))
+        return false;
     QXmlStreamReader reader(text);
-    return readToRoot(reader) && reader.name() == objectName && readToEnd(reader);
+    return readToRoot(reader) && reader.name() == object.GetObjectName() && readToEnd(object, reader, 1);
 }
 
 /// What the object hands on: its document, or nothing when it writes no element.
@@ -139,6 +145,11 @@ std::optional<QByteArray> readAll(QFile *file)
 }
 
 } // namespace
+
+struct ITesselObject::SharedLimits : QSharedData {
+    explicit SharedLimits(const ReadingLimits &readingLimits) : limits(readingLimits) { }
+    ReadingLimits limits;
+};
 
 ITesselObject::ITesselObject() = default;
 
@@ -241,24 +252,26 @@ void ITesselObject::SetBinary(QDataStream &stream, int /*version*/)
 
 bool ITesselObject::SetXmlString(const QString &text, bool validate)
 {
+    if (refusalOf(text, GetReadingLimits()))
+        return false;
     QXmlStreamReader reader(text);
     if (!readToRoot(reader) || (validate && reader.name() != GetObjectName()))
         return false;
     ProcessXml(reader);
-    return readToEnd(reader);
+    return readToEnd(*this, reader, 0);
 }
 
 bool ITesselObject::SetBinaryRepresentation(QByteArray &data)
 {
     QDataStream stream(&data, QIODevice::ReadOnly);
-    const auto xml = BinaryForm::unpack(stream, GetObjectName());
-    return xml && stream.atEnd() && isDocumentOf(GetObjectName(), *xml) && SetXmlString(*xml, true);
+    const auto xml = BinaryForm::unpack(stream, GetObjectName(), GetReadingLimits());
+    return xml && stream.atEnd() && isDocumentOf(*this, *xml) && SetXmlString(*xml, true);
 }
 
 bool ITesselObject::SetBinaryRepresentation(QDataStream &stream)
 {
-    const auto xml = BinaryForm::unpack(stream, GetObjectName());
-    return xml && isDocumentOf(GetObjectName(), *xml) && SetXmlString(*xml, true);
+    const auto xml = BinaryForm::unpack(stream, GetObjectName(), GetReadingLimits());
+    return xml && isDocumentOf(*this, *xml) && SetXmlString(*xml, true);
 }
 
 bool ITesselObject::MergeTesselObject(const ITesselObject &other)
@@ -289,6 +302,7 @@ void ITesselObject::ProcessXml(QXmlStreamReader &reader)
 {
     // A child may be read up to an end element deeper than its own, so ours is told by its name.
     const QString ownName = reader.qualifiedName().toString();
+    constexpr int WithChild = 2;
     while (!reader.atEnd()) {
         const auto token = reader.readNext();
         if (token == QXmlStreamReader::EndElement && reader.qualifiedName() == ownName)
@@ -296,7 +310,7 @@ void ITesselObject::ProcessXml(QXmlStreamReader &reader)
         if (token == QXmlStreamReader::StartElement) {
             ProcessXmlStartElement(reader);
             if (reader.isStartElement())
-                reader.skipCurrentElement();
+                Nesting(*this, reader, WithChild).skipElement();
         }
     }
 }
@@ -404,6 +418,16 @@ const QString &ITesselObject::GetVersion() const
     return *version;
 }
 
+void ITesselObject::SetReadingLimits(const ReadingLimits &limits)
+{
+    ownLimits = limits == ReadingLimits() ? nullptr : new SharedLimits(limits);
+}
+
+ReadingLimits ITesselObject::GetReadingLimits() const
+{
+    return ownLimits.constData() ? ownLimits->limits : ReadingLimits();
+}
+
 void ITesselObject::SetObjectType(ObjectTypes type)
 {
     objectType = type;
@@ -419,6 +443,19 @@ void ITesselObject::ProcessXmlStartElement(QXmlStreamReader & /*reader*/) { }
 QString ITesselObject::GetTextValue(QXmlStreamReader &reader)
 {
     return elementText(reader);
+}
+
+OwnedReading::OwnedReading(const ITesselObject &owner, ITesselObject &owned)
+    : object(owned), ownLimits(owner.ownLimits), outerElements(owned.outerElements)
+{
+    object.ownLimits.swap(ownLimits);
+    object.outerElements = static_cast<quint16>(owner.outerElements + 1);
+}
+
+OwnedReading::~OwnedReading()
+{
+    object.ownLimits.swap(ownLimits);
+    object.outerElements = outerElements;
 }
 
 } // namespace TESSEL

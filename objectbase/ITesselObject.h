@@ -4,6 +4,7 @@
 #include <objectbase/objectbase_export.h>
 #include <objectbase/ObjectTypes.h>
 
+#include <QSharedDataPointer>
 #include <QString>
 
 #include <memory>
@@ -20,6 +21,9 @@ QT_END_NAMESPACE
 namespace TESSEL {
 
 class Logger;
+class Nesting;
+class OwnedReading;
+class ReadingLimits;
 
 /// Base of every document object: a named XML element with a "Version" attribute that can be checked, written
 /// to XML or a binary form and read back.
@@ -37,7 +41,7 @@ public:
     /// An object of \a type that bears the name of that type.
     explicit ITesselObject(ObjectTypes type);
     ITesselObject(const ITesselObject &other);
-    /// Copies type, name, validate flag and logger.
+    /// Copies type, name, validate flag, logger and reading limits.
     ITesselObject &operator=(const ITesselObject &other);
 
     virtual ~ITesselObject();
@@ -99,10 +103,11 @@ public:
 
     /// Reads the XML document \a text into the object. Fields that the document does not mention keep their
     /// values.
-    /// \return false when \a text is not well-formed up to its very end (what was read until then is kept) or
-    /// declares an entity of more than 4096 characters
-    /// and, with \a validate, when the root element does not bear the object's name (the object is untouched)
-    /// \throws TesselException for a document that the object does not understand
+    /// \return false when \a text is not well-formed up to its very end or has more elements in one another
+    /// than the limits allow (what was read until then is kept), when it goes beyond another of the limits,
+    /// declares an entity of more than 4096 characters or the same namespace twice in one element (the object
+    /// is untouched) and, with \a validate, when the root element does not bear the object's name (untouched,
+    /// too) \throws TesselException for a document that the object does not understand
     virtual bool SetXmlString(const QString &text, bool validate);
 
     /// Reads a binary form that fills \a data entirely.
@@ -188,6 +193,14 @@ public:
     /// The logger, if one is set.
     [[nodiscard]] const std::shared_ptr<Logger> &GetLogger() const noexcept { return logger; }
 
+    /// What input may become while it is read into this object; the defaults of ReadingLimits at the start.
+    /// Objects that are fields of another are read within the limits of that one. Text beyond a limit is
+    /// refused before it is read, but for the depth of elements, which is counted while reading. A reader of
+    /// the caller's that is handed to ProcessXml() has the text already: there the depth alone counts, and
+    /// one element too many is a custom error of the reader.
+    void SetReadingLimits(const ReadingLimits &limits);
+    [[nodiscard]] ReadingLimits GetReadingLimits() const;
+
 protected:
     /// The text of the current element; leaves \a reader on its end element. A child element inside it
     /// becomes an error of \a reader.
@@ -207,10 +220,16 @@ private:
 
         bool isSet = false;
     };
+    friend class Nesting;
+    friend class OwnedReading;
+    struct SharedLimits;
+    using OwnLimits = QSharedDataPointer<const SharedLimits>;
 
     QString objectName;
     mutable std::shared_ptr<Logger> logger;
+    OwnLimits ownLimits; // null: the defaults
     ObjectTypes objectType = ObjectTypes::Invalid;
+    quint16 outerElements = 0; // while it is read as a field of another object
     mutable bool validateFlag = true;
     Passing merging;
 };

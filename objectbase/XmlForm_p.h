@@ -7,6 +7,7 @@
 
 #include <objectbase/ITesselObject.h>
 #include <objectbase/Messages_p.h>
+#include <objectbase/Nesting_p.h>
 #include <objectbase/Text_p.h>
 
 #include <QXmlStreamReader>
@@ -201,7 +202,7 @@ constexpr auto ownedElement()
     using Document = typename Detail::MemberOf<Member>::Document;
     return XmlElement<Document>{
         {},
-        [](Document &document, QXmlStreamReader &reader) { (document.*Member).ProcessXml(reader); },
+        [](Document &document, QXmlStreamReader &reader) { readOwned(document, document.*Member, reader); },
         [](const Document &document, QXmlStreamWriter &writer, const QString &) {
             (document.*Member).GetXml(writer);
         },
