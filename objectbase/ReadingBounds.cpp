@@ -179,12 +179,14 @@ public:
     [[nodiscard]] std::optional<RefusedText> refusal()
     {
         while (!text.atEnd() && !refused) {
-            if (text.current() == u'&')
-                addReference(text.offset(), text.takeReference());
-            else if (text.current() == u'<')
+            if (text.current() == u'&') {
+                const TextSize begin = text.offset();
+                addReference(begin, text.takeReference());
+            } else if (text.current() == u'<') {
                 readMarkup();
-            else
+            } else {
                 text.advance();
+            }
         }
         return refused;
     }
@@ -304,7 +306,8 @@ private:
         text.advance();
         while (!text.atEnd() && text.current() != u'>' && text.current() != u'<') {
             if (isQuote(text.current())) {
-                addReferences(text.offset(), text.takeLiteral());
+                const TextSize literal = text.offset();
+                addReferences(literal, text.takeLiteral());
                 continue;
             }
             attributes += text.current() == u'=' ? 1 : 0;
@@ -432,7 +435,8 @@ private:
             // Each ends with a default or a word that begins with "#", and some with both.
             if (isQuote(cursor.current())) {
                 ++declaredAttributes;
-                addReferences(text.offset(), cursor.takeLiteral());
+                const TextSize place = text.offset();
+                addReferences(place, cursor.takeLiteral());
                 continue;
             }
             if (cursor.current() == u'#' && !cursor.isAt(u"#FIXED"))

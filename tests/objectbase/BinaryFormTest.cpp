@@ -1,4 +1,5 @@
 #include <objectbase/ITesselObject.h>
+#include <objectbase/ReadingLimits.h>
 
 #include <QBuffer>
 #include <QCryptographicHash>
@@ -217,6 +218,7 @@ private Q_SLOTS:
     void everyFlippedBitIsNoticed();
     void onlyTheByteArrayMustEnd();
     void statusOfTheStream();
+    void greatestCompression();
     void claimedSizesCostNoMemory_data();
     void claimedSizesCostNoMemory();
     void incompleteObjectsWriteNothing();
@@ -499,6 +501,23 @@ void BinaryFormTest::statusOfTheStream()
         note.SetBinary(stream, 1);
         QCOMPARE(stream.status(), QDataStream::ReadCorruptData);
     }
+}
+
+/// As far as it goes, for a reader that allows it.
+void BinaryFormTest::greatestCompression()
+{
+    constexpr int Size = 20'000'000;
+    const Note note("title", QString(Size, 'x'));
+    Form form;
+    form.flags = 1;
+    form.payload = qCompress(note.GetXmlString().toUtf8(), 9);
+    QVERIFY(Size / form.payload.size() > 1015);
+    ReadingLimits limits;
+    limits.SetExpandedBytes(2 * Size);
+    Note back;
+    back.SetReadingLimits(limits);
+    QVERIFY(readFromByteArray(back, form.toBytes()));
+    QCOMPARE(back.body.size(), note.body.size());
 }
 
 void BinaryFormTest::claimedSizesCostNoMemory_data()

@@ -151,9 +151,10 @@ void HostileDocumentsTest::entities_data()
     add("entity with elements", "<!ENTITY a \"x</Author><Author>y\">", "&a;", false);
     add("entity that is never used", chainOfEntities(10, 10), "x", true, "x");
     add("parameter entities", "<!ENTITY % a \"<!ENTITY b 'x'>\">%a;", "&b;", true, "x");
-    // What a text may stand for is limited for each reference, not for all of them.
-    add("a thousand references to a long text", "<!ENTITY a \"" + QString(4000, 'x') + "\">",
-        QString("&a;").repeated(1000), true, QString(4'000'000, 'x'));
+    add("many references to a long text", "<!ENTITY a \"" + QString(4000, 'x') + "\">",
+        QString("&a;").repeated(250), true, QString(1'000'000, 'x'));
+    add("too many references to a long text", "<!ENTITY a \"" + QString(4000, 'x') + "\">",
+        QString("&a;").repeated(270), false);
     add("entity as long as may be", "<!ENTITY a \"" + QString(4096, 'x') + "\">", "&a;", true,
         QString(4096, 'x'));
     add("entity longer than may be", "<!ENTITY b \"x\"><!ENTITY a \"" + QString(4097, 'x') + "\">", "&b;",

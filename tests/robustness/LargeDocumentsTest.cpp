@@ -30,6 +30,7 @@ constexpr bool KeepsFreedMemory = false;
 #endif
 
 constexpr int Levels = 100'000;
+constexpr int MostLevels = 990;
 constexpr int Megabyte = 1 << 20;
 
 QString nested(const QString &name, int levels)
@@ -115,10 +116,16 @@ void LargeDocumentsTest::deepNesting_data()
     QTest::addColumn<bool>("isRead");
 
     const QString unknown = nested("a", Levels);
+    const QString deep = nested("a", MostLevels);
+    const QString tooDeep = "Elements stand more than 1000 deep in one another.";
     QTest::newRow("unknown, passed over")
-        << "<ActivityGeneration>" + unknown + "</ActivityGeneration>" << QString() << true;
+        << "<ActivityGeneration>" + deep + "</ActivityGeneration>" << QString() << true;
+    QTest::newRow("unknown, too deep")
+        << "<ActivityGeneration>" + unknown + "</ActivityGeneration>" << QString() << false;
     QTest::newRow("script, passed over")
-        << "<GenericReceiver><Script>" + unknown + "</Script></GenericReceiver>" << QString() << true;
+        << "<GenericReceiver><Script>" + deep + "</Script></GenericReceiver>" << QString() << true;
+    QTest::newRow("script, too deep")
+        << "<GenericReceiver><Script>" + unknown + "</Script></GenericReceiver>" << QString() << false;
     QTest::newRow("unknown") << "<Job>" + unknown + "</Job>"
                              << "Unknown Tag 'a' in 'Job'." << false;
     QTest::newRow("the element itself") << nested("Job", Levels) << "Unknown Tag 'Job' in 'Job'." << false;
@@ -126,14 +133,18 @@ void LargeDocumentsTest::deepNesting_data()
     QTest::newRow("in a text") << "<Job><ResourceType>" + unknown + "</ResourceType></Job>" << QString()
                                << false;
     QTest::newRow("in the block of a type")
-        << "<Parameter><Integer>" + unknown + "<Minimum>1</Minimum></Integer></Parameter>" << QString()
-        << true;
+        << "<Parameter><Integer>" + deep + "<Minimum>1</Minimum></Integer></Parameter>" << QString() << true;
+    QTest::newRow("too deep in the block of a type")
+        << "<Parameter><Integer>" + unknown + "<Minimum>1</Minimum></Integer></Parameter>" << tooDeep
+        << false;
     QTest::newRow("the block of a type itself")
         << "<Parameter>" + nested("Float", 2) + "</Parameter>" << QString() << true;
-    QTest::newRow("never closed") << "<ActivityGeneration>" + QString("<a>").repeated(Levels) << QString()
+    QTest::newRow("never closed") << "<ActivityGeneration>" + QString("<a>").repeated(MostLevels) << QString()
                                   << false;
-    QTest::newRow("never closed in a block")
-        << "<Parameter><Integer>" + QString("<a>").repeated(Levels) << "Premature end of document." << false;
+    QTest::newRow("never closed in a block") << "<Parameter><Integer>" + QString("<a>").repeated(MostLevels)
+                                             << "Premature end of document." << false;
+    QTest::newRow("never closed in a block, too deep")
+        << "<Parameter><Integer>" + QString("<a>").repeated(Levels) << tooDeep << false;
 }
 
 void LargeDocumentsTest::deepNesting()
@@ -172,7 +183,7 @@ void LargeDocumentsTest::deepNestingInTheTool()
     const ToolSupport::Folder folder;
     folder.write("deep.xml",
                  ToolSupport::with(ToolSupport::completeGeneration(), "</ActivityGeneration>",
-                                   nested("a", Levels).toUtf8() + "</ActivityGeneration>"));
+                                   nested("a", MostLevels).toUtf8() + "</ActivityGeneration>"));
     const ToolSupport::Run run = folder.run({command, "deep.xml"});
     QVERIFY2(run.status == status, qPrintable(QString("%1 %2").arg(run.status).arg(run.err.left(500))));
 }
