@@ -1,5 +1,6 @@
 #include "Documents.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 
 #include <algorithm>
@@ -189,6 +190,17 @@ QString receiver(int parameters)
             piece.beforeName + channel + piece.name + channel + piece.beforeRepresentation + piece.rest;
     }
     return receiverWith(content);
+}
+
+QString receiverOfUniqueTexts(int parameters)
+{
+    static const QRegularExpression texts(
+        R"((<DisplayName>|<ToolTip>|<DisplaySuffix>|Name="|Identifier=")(?!Channel))");
+    const QStringList elements = receiver(parameters).split("    <Parameter ");
+    QString document = elements.first();
+    for (int i = 1; i < elements.size(); ++i)
+        document += "    <Parameter " + QString(elements[i]).replace(texts, QString("\\1%1 ").arg(i));
+    return document;
 }
 
 QString enumeration(int entryCount)

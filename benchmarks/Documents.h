@@ -12,6 +12,9 @@ namespace Documents {
 /// is read.
 [[nodiscard]] QString receiver(int parameters);
 
+/// As receiver(), but no label, tool tip, unit or name of an entry is that of another parameter.
+[[nodiscard]] QString receiverOfUniqueTexts(int parameters);
+
 /// An enumeration with many entries in a receiver.
 [[nodiscard]] QString enumeration(int entries);
 

@@ -120,8 +120,8 @@ void Report::printMachine() const
 void Report::printTargets() const
 {
     using Names::of;
-    const Target readLimit{Target::AtMost, 1.15};
-    const Target writeLimit{Target::AtMost, 1.08};
+    const Target readLimit{Target::AtMost, 1.13};
+    const Target writeLimit{Target::AtMost, 0.95};
     const Target smallReadLimit{Target::AtMost, 1.10};
     const Target smallWriteLimit{Target::AtMost, 1.05};
     const Target domLimit{Target::AtLeast, 1.8};
