@@ -64,7 +64,10 @@ struct BinaryParts {
         if (!isCompressed())
             return payload;
         const qint64 claim = payload.size() < 4 ? -1 : qFromBigEndian<quint32>(payload.constData());
-        if (claim < 0 || claim > payload.size() * MostCompression)
+        constexpr qint64 MostBytes = 6'291'456; // of forms that grow more than six times
+        constexpr qint64 MostGrowth = 6;
+        if (claim < 0 || claim > payload.size() * MostCompression
+            || (claim > MostBytes && claim > payload.size() * MostGrowth))
             return std::nullopt;
         const QByteArray uncompressed = qUncompress(payload);
         return uncompressed.size() == claim ? std::optional(uncompressed) : std::nullopt;

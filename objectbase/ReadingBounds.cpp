@@ -228,7 +228,7 @@ private:
         if (!entity)
             return;
         count(*entity);
-        // Each element that an entity brings is looked up among all attributes that are declared.
+        // Each element is looked up among all attributes that are declared, those that entities bring, too.
         addCharacters(offset, sum(entity->characters, product(entity->tags, declaredAttributes)));
     }
 
@@ -302,6 +302,7 @@ private:
     void readTag()
     {
         const TextSize begin = text.offset();
+        const bool isEnd = text.isAt(u"</");
         qint64 attributes = 0;
         text.advance();
         while (!text.atEnd() && text.current() != u'>' && text.current() != u'<') {
@@ -313,6 +314,8 @@ private:
             attributes += text.current() == u'=' ? 1 : 0;
             text.advance();
         }
+        if (!isEnd)
+            addCharacters(begin, declaredAttributes);
         if (attributes > limits.GetAttributes()) {
             refuse(RefusedText::Attributes, begin,
                    QStringLiteral("An element has more than %1 attributes.").arg(limits.GetAttributes()));

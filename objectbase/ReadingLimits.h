@@ -15,7 +15,8 @@ public:
     /// \name Entities
     /// The characters that a document type may add to a document of n characters: the greater of
     /// GetEntityCharacters() and GetEntityFactor() times n. Each reference to an entity counts with all
-    /// characters that are put in its place, those of entities within it included.
+    /// characters that are put in its place, those of entities within it included, and each element with one
+    /// for each attribute that the document type declares.
     /// @{
     [[nodiscard]] constexpr qint64 GetEntityCharacters() const noexcept { return entityCharacters; }
     constexpr void SetEntityCharacters(qint64 characters) noexcept { entityCharacters = characters; }

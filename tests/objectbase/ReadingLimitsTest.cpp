@@ -267,8 +267,8 @@ void ReadingLimitsTest::boundaries_data()
             + area("&e;" + QString("&g;").repeated(n - 8)); // xy&f; and zzz
     });
     add("entity in the default of an attribute", "Area", entities, 40, [](int n) {
-        return "<!DOCTYPE Area [<!ENTITY e 'x'><!ATTLIST Area Version CDATA '" + QString("&e;").repeated(n)
-            + "'>]><Area/>";
+        return "<!DOCTYPE Area [<!ENTITY e 'x'><!ATTLIST Area Version CDATA '"
+            + QString("&e;").repeated(n - 1) + "'>]><Area/>";
     });
     add("parameter entity", "Area", entities, 40,
         [](int n) { return "<!DOCTYPE Area [<!ENTITY % e ' '>" + QString("%e;").repeated(n) + "]><Area/>"; });
@@ -276,6 +276,12 @@ void ReadingLimitsTest::boundaries_data()
         // 15 characters and 100 for the declaration
         return "<!DOCTYPE Area [<!ENTITY % p '<!ENTITY e \"x\">'>%p;]>"
             + area(QString("&e;").repeated(n - 115));
+    });
+
+    add("elements with declared attributes", "ActivityGeneration", entities, 40, [](int n) {
+        // The root and the mode count, too.
+        return activity(QString("<a/>").repeated(n / 4 - 2) + QString("&e;").repeated(n % 4),
+                        "<!ENTITY e '.'><!ATTLIST a b CDATA '' c CDATA '' d CDATA '' e CDATA ''>");
     });
 
     const Change mostAttributes = [](ReadingLimits &limits, int value) { limits.SetAttributes(value); };

@@ -154,7 +154,10 @@ inline QVector<Document> documents()
     addActivity("many attributes of one name", "<b" + filledWith(Megabyte, " a=''") + "/>");
     addActivity("attributes that a document type declares", filledWith(Half, "<b/>"),
                 "<!ATTLIST b" + filled(Half, [](int i) { return ' ' + name(i) + " CDATA ''"; }) + '>');
-    addActivity("declared attributes within the limit", filledWith(Megabyte, "<b/>"),
+    addActivity("declared attributes within the limit",
+                filledWith(40'000, "<b/>") + QString(Megabyte - 50'000, 'x'),
+                "<!ATTLIST b" + attributes(Most - 10).replace("=''", " CDATA ''") + '>');
+    addActivity("elements with declared attributes", filledWith(Megabyte, "<b/>"),
                 "<!ATTLIST b" + attributes(Most - 10).replace("=''", " CDATA ''") + '>');
     addActivity("elements in entities with declared attributes", filledWith(750, "&e;"),
                 "<!ATTLIST b" + attributes(Most - 10).replace("=''", " CDATA ''") + "><!ENTITY e '"
@@ -233,7 +236,8 @@ inline QVector<Form> binaryForms()
         {"compressed elements with declared attributes within the limit", "ActivityGeneration",
          compressed("ActivityGeneration",
                     withDocumentType("<!ATTLIST b" + attributes(Most - 10).replace("=''", " CDATA ''") + '>',
-                                     within("ActivityGeneration", filledWith(Limit - 10'000, "<b/>"))))},
+                                     within("ActivityGeneration",
+                                            filledWith(250'000, "<b/>") + QString(Limit - 260'000, 'x'))))},
         {"compressed text within the limit", "Area",
          compressed("Area", "<Area><Name>" + QString(Limit - 100, 'x') + "</Name></Area>")},
         {"compressed entries within the limit", "Parameter",
