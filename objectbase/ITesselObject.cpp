@@ -34,6 +34,8 @@ namespace {
 
 [[maybe_unused]] constexpr auto LogLevels = LogLevelNames;
 
+[[maybe_unused]] const bool hasCodecs = makeCodecs();
+
 constexpr int Uncompressed = 0;
 constexpr int UsualCompression = -1;
 

@@ -4,6 +4,9 @@
 
 #include <QLibraryInfo>
 #include <QString>
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+#include <QTextCodec>
+#endif
 #include <QTextStream>
 #include <QVersionNumber>
 
@@ -17,6 +20,17 @@ using TextSize = decltype(QString().size());
 
 /// The longest QByteArray whose text is sure to fit into a QString.
 inline constexpr qint64 MostBytes = std::numeric_limits<TextSize>::max() / 2 - 64;
+
+/// Qt 5 destroys its codecs when the process ends, and no XML can be written then. What is made before the
+/// objects of a program is destroyed after them.
+inline bool makeCodecs()
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    return QTextCodec::codecForName("UTF-8") != nullptr;
+#else
+    return true;
+#endif
+}
 
 /// Texts in UTF-8; Qt 6 does so by itself.
 inline void useUtf8([[maybe_unused]] QTextStream &stream)

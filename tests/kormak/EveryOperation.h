@@ -16,6 +16,8 @@
 #include <objectbase/ObjectTypes.h>
 #include <objectbase/ResourceType.h>
 
+#include <QTemporaryDir>
+
 namespace EveryOperation {
 
 using namespace KORMAK;
@@ -132,6 +134,29 @@ inline QString binaryForm()
     return binary.toHex() + (isRead && read == completeJob() ? " read" : " not read");
 }
 
+inline QString files()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("file");
+    Job job;
+    GenericReceiver read;
+    GenericReceiver imported;
+    GenericReceiver receiver;
+    receiver.AddParameter(TestSupport::completeParameter(2));
+    const bool isJobRead = completeJob().SaveXml(path) && job.LoadXml(path) && job == completeJob();
+    const bool isReceiverRead = receiver.SaveXml(path) && read.LoadXml(path) && read == receiver;
+    imported.ImportXML(path);
+    return isJobRead && isReceiverRead && imported == receiver ? " read" : " not read";
+}
+
+inline QString merging()
+{
+    Parameter merged = TestSupport::completeParameter(7, "rx.other");
+    const Parameter copy = merged;
+    const bool isMerged = merged.MergeTesselObject(TestSupport::completeParameter(7));
+    return TestSupport::elementOf(copy) + TestSupport::elementOf(merged) + (isMerged ? " read" : " not read");
+}
+
 inline QMap<QString, QString> everything()
 {
     return {
@@ -146,6 +171,8 @@ inline QMap<QString, QString> everything()
         {"Parameter", writtenAndRead(TestSupport::completeParameter(TestSupport::TypeCount - 1))},
         {"GenericReceiver", receiver()},
         {"Binary form", binaryForm()},
+        {"Files", files()},
+        {"Merging", merging()},
         {"Message", TestSupport::messageOf([] { JobHeader().Check(); })},
     };
 }
