@@ -33,8 +33,10 @@ qint64 product(qint64 a, qint64 b)
 /// Looks for the first character alone, which Qt does many characters at a time.
 bool holds(QStringView text, QStringView word)
 {
-    for (auto at = text.indexOf(word.front()); at >= 0; at = text.indexOf(word.front(), at + 1)) {
-        if (text.mid(at).startsWith(word))
+    const auto last = text.size() - word.size();
+    for (auto at = text.indexOf(word.front()); at >= 0 && at <= last;
+         at = text.indexOf(word.front(), at + 1)) {
+        if (text[at + 1] == word[1] && text.mid(at).startsWith(word))
             return true;
     }
     return false;
