@@ -70,6 +70,21 @@ struct LibraryReading {
     [[nodiscard]] bool isComplete() const { return isAccepted && object->HasData(); }
 };
 
+/// Whether \a xml holds a token that no object keeps, of any kind but \a allowed.
+bool holdsMoreThanElements(const QByteArray &xml, QXmlStreamReader::TokenType allowed)
+{
+    QXmlStreamReader reader(TESSEL::decodeUtf8(xml));
+    bool isFound = false;
+    while (!reader.atEnd()) {
+        const auto token = reader.readNext();
+        isFound = isFound
+            || (token != allowed
+                && (token == QXmlStreamReader::Comment || token == QXmlStreamReader::ProcessingInstruction
+                    || token == QXmlStreamReader::DTD));
+    }
+    return isFound;
+}
+
 /// Nothing in \a bytes can steer a terminal.
 void demandHarmless(const QByteArray &bytes, const QString &property)
 {
@@ -124,7 +139,7 @@ void checkCheck(const Tool &tool, const QString &path, const LibraryReading &rea
     const QList<QJsonObject> lines = jsonLinesIn(asJson.output);
     const auto findings = lines.size() - 2;
     demand(findings >= 0 && lines.last().value("type") == "summary", "the last line sums up");
-    const QJsonObject file = lines.at(lines.size() - 2);
+    const QJsonObject &file = lines.at(lines.size() - 2);
     demand(file.value("type") == "file" && file.value("findings").toInt() == findings
                && file.value("status") == (reading.isAccepted ? "good" : "faulty")
                && (!reading.isAccepted || file.value("complete").toBool() == reading.isComplete()),
@@ -167,7 +182,7 @@ QJsonArray differencesToldBy(const Tool &tool, const QString &before, const QStr
     const QString told = QString::fromUtf8(asText.output + asText.complaints + asJson.output);
     demandHarmless(asText.output, "'diff' writes nothing that steers a terminal");
     const QJsonObject json = jsonIn(asJson.output);
-    const QJsonArray differences = json.value("differences").toArray();
+    QJsonArray differences = json.value("differences").toArray();
     demand(json.value("equal").toBool() == differences.isEmpty() && asJson.status == asText.status
                && asText.status == (differences.isEmpty() ? Good : Faulty),
            "the status tells whether a field differs: " + told);
@@ -188,7 +203,8 @@ void checkDiffWithItself(const Tool &tool, const QString &path, const LibraryRea
 /// A document that was written anew says what it said, and what it left to defaults.
 void checkDiffWithWritten(const Tool &tool, const QString &path, const QString &written)
 {
-    for (const QJsonValue &difference : differencesToldBy(tool, path, written)) {
+    const QJsonArray differences = differencesToldBy(tool, path, written);
+    for (const auto &difference : differences) {
         const QJsonObject object = difference.toObject();
         demand(object.contains("before") && object.value("before").isNull(),
                "nothing that was said is changed: " + QString::fromUtf8(QJsonDocument(object).toJson()));
@@ -210,7 +226,8 @@ void checkWritten(const Tool &tool, const QString &path, const QByteArray &text)
                 "what was formatted stays as it is");
 }
 
-void checkFormat(const Tool &tool, const QString &path, const LibraryReading &reading)
+void checkFormat(const Tool &tool, const QString &path, const QByteArray &bytes,
+                 const LibraryReading &reading)
 {
     static const InputFile formattedFile("formatted.xml");
 
@@ -219,8 +236,11 @@ void checkFormat(const Tool &tool, const QString &path, const LibraryReading &re
     const ToolRun withoutComments = tool({"format", "--drop-comments", path});
     demand(run.status != Good || withoutComments.output == run.output,
            "without comments to lose, nothing else is lost");
+    demand(run.status != Good || !holdsMoreThanElements(bytes, QXmlStreamReader::NoToken),
+           "a comment is not lost without a word");
     if (withoutComments.status != Good)
         return;
+    demand(!holdsMoreThanElements(bytes, QXmlStreamReader::Comment), "only comments may be dropped");
     demand(reading.isComplete(), "what is formatted is complete");
     const QString &formatted = formattedFile.holding(withoutComments.output);
     checkWritten(tool, formatted, withoutComments.output);
@@ -237,7 +257,7 @@ void checkToolOnDocument(const Tool &tool, const QByteArray &bytes)
     const LibraryReading reading(bytes);
     checkCheck(tool, path, reading);
     checkShow(tool, path, reading);
-    checkFormat(tool, path, reading);
+    checkFormat(tool, path, bytes, reading);
     checkDiffWithItself(tool, path, reading);
 }
 

@@ -3,7 +3,7 @@
 
 #include <QtTest>
 
-#include <fuzz/Kinds.h>
+#include <fuzz/Properties.h>
 #include <fuzz/ToolProperties.h>
 
 using Fuzz::ToolRun;
@@ -101,6 +101,20 @@ void ToolPropertiesTest::faultsAreNoticed_data()
         "'show' tells whether the document is complete");
     row("show writes though it fails", malformed, plain("show", [](ToolRun &run) { run.output = "Job\n"; }),
         "what fails writes nothing");
+    row(
+        "format loses a comment", QByteArray(document).replace("<Author>", "<!-- --><Author>"),
+        [](const QStringList &arguments, ToolRun &run) {
+            if (arguments.constFirst() == "format")
+                run = Fuzz::runTool({"format", "--drop-comments", arguments.constLast()});
+        },
+        "a comment is not lost without a word");
+    row("format loses an instruction with the comments",
+        QByteArray(document).replace("<Author>", "<?a?><Author>"),
+        of("format", "--drop-comments",
+           [written = Fuzz::sampleOf<KORMAK::Job>().GetXmlString().toUtf8()](ToolRun &run) {
+               run = {Good, written, {}};
+           }),
+        "only comments may be dropped");
     row("format loses an element", document,
         plain("format", [](ToolRun &run) { run.output.replace("<Description>b</Description>", ""); }),
         "without comments to lose, nothing else is lost");

@@ -36,7 +36,7 @@ public:
     [[nodiscard]] QByteArray bytes() const
     {
         std::fflush(stream);
-        return QByteArray(text, static_cast<int>(size));
+        return {text, static_cast<int>(size)};
     }
 
 private:

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <random>
+#include <utility>
 #include <vector>
 
 namespace Fuzz {
@@ -51,7 +52,7 @@ Token tokenAt(const QByteArray &xml, int begin)
 
 class Mutator {
 public:
-    Mutator(const QByteArray &document, unsigned int seed) : xml(document), generator(seed + 1)
+    Mutator(QByteArray document, unsigned int seed) : xml(std::move(document)), generator(seed + 1)
     {
         for (int at = 0; at < xml.size(); at = tokens.back().end)
             tokens.push_back(tokenAt(xml, at));
@@ -190,7 +191,7 @@ private:
             return;
         xml.insert(startOfProlog(),
                    anyOf({"<!DOCTYPE a>", "<!DOCTYPE a [<!ENTITY b \"c\">]>",
-                          "<!DOCTYPE a [<!ENTITY b \"1\"><!ENTITY d \"&b;&b;\">]>",
+                          R"(<!DOCTYPE a [<!ENTITY b "1"><!ENTITY d "&b;&b;">]>)",
                           "<!DOCTYPE a [<!ENTITY b \"<Unknown/>\">]>", "<!DOCTYPE a [<!ENTITY b \"&#60;\">]>",
                           "<!DOCTYPE a SYSTEM \"a.dtd\">", "<!DOCTYPE a [<!ENTITY b SYSTEM \"b.txt\">]>",
                           "<!DOCTYPE a [<!ATTLIST Job Unknown CDATA \"c\">]>"}));
@@ -248,13 +249,13 @@ private:
     void addDeclaration()
     {
         const int start = xml.startsWith("\xEF\xBB\xBF") ? 3 : 0;
-        xml.replace(start, startOfProlog() - start,
-                    anyOf({"<?xml version=\"1.0\"?>", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>",
-                           "<?xml version=\"1.0\" encoding=\"UTF-16\"?>",
-                           "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>",
-                           "<?xml version=\"1.0\" encoding=\"unknown\"?>",
-                           "<?xml version=\"1.0\" standalone=\"yes\"?>", "<?xml version=\"1.1\"?>",
-                           "<?xml version=\"2.0\"?>", "<?xml?>"}));
+        xml.replace(
+            start, startOfProlog() - start,
+            anyOf({"<?xml version=\"1.0\"?>", R"(<?xml version="1.0" encoding="UTF-8"?>)",
+                   R"(<?xml version="1.0" encoding="UTF-16"?>)",
+                   R"(<?xml version="1.0" encoding="ISO-8859-1"?>)",
+                   R"(<?xml version="1.0" encoding="unknown"?>)", R"(<?xml version="1.0" standalone="yes"?>)",
+                   "<?xml version=\"1.1\"?>", "<?xml version=\"2.0\"?>", "<?xml?>"}));
     }
 
     void encode()
