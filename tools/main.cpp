@@ -65,7 +65,8 @@ ExitStatus run(const QStringList &arguments)
         return status;
     } catch (const UsageError &error) {
         const QString name = command ? QLatin1Char(' ') + arguments.at(1) : QString();
-        Console::complain(QStringLiteral("kormak") + name + QStringLiteral(": ") + error.message);
+        Console::complain(QStringLiteral("kormak") + name + QStringLiteral(": ")
+                          + Console::oneLine(error.message));
         return Failed;
     }
 }

@@ -336,6 +336,12 @@ void CommandLineTest::wrongCalls_data()
         << "kormak new: --list-fields stands alone\n";
     QTest::newRow("list of two vocabularies")
         << QStringList{"list", "JobType", "ValueType"} << "kormak list: takes one VOCABULARY, not 2\n";
+    QTest::newRow("command that could steer a terminal")
+        << QStringList{"a\x1B[2J\nb"}
+        << "kormak: Unknown command 'a\\u001b[2J\\nb'. Allowed: check, show, diff, format, new, list\n";
+    QTest::newRow("field that could steer a terminal")
+        << QStringList{"new", "Job", "--set", "\x1B[2J=1"}
+        << "kormak new: there is no field '\\u001b'. Allowed: JobHeader, ResourceType, AntennaData\n";
     QTest::newRow("show of two files")
         << QStringList{"show", "job.xml", "job.xml"} << "kormak show: takes one FILE, not 2\n";
     QTest::newRow("format of three files")
