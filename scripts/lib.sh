@@ -97,8 +97,8 @@ requirement_program ninja ninja-build "Ninja"
 requirement_program make make "GNU make"
 for qt in 6 5; do
     requirement "qt$qt" "$([ $qt = 6 ] && echo qt6-base-dev || echo qtbase5-dev)" \
-        "finds Qt$qt $(minimum qt$qt) REQUIRED COMPONENTS Core Concurrent Test" \
-        "Qt $qt, $(minimum qt$qt) or newer, with Core, Concurrent, Test and their CMake packages"
+        "finds Qt$qt $(minimum qt$qt) REQUIRED COMPONENTS Core Test" \
+        "Qt $qt, $(minimum qt$qt) or newer, with Core, Test and their CMake packages"
 done
 requirement qt6-xml qt6-base-dev "finds Qt6 $(minimum qt6) REQUIRED COMPONENTS Xml" "Qt Xml of Qt 6"
 requirement_program pkg-config pkg-config "pkg-config"

@@ -1,16 +1,24 @@
 #include <tools/CheckReport.h>
 #include <tools/Command.h>
 #include <tools/Console.h>
+#include <tools/DocumentFile.h>
 #include <tools/OutputFormat.h>
 #include <tools/PathList.h>
 #include <tools/ProgressBar.h>
 #include <tools/Terminal.h>
 
 #include <QCommandLineParser>
-#include <QFuture>
-#include <QtConcurrentMap>
 #include <QThread>
-#include <QThreadPool>
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <exception>
+#include <mutex>
+#include <new>
+#include <thread>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -25,10 +33,17 @@ QList<QCommandLineOption> options()
         {{QStringLiteral("r"), RecursiveOption.toString()},
          QStringLiteral("Go through the folders below a folder, too.")},
         {{QStringLiteral("j"), JobsOption.toString()},
-         QStringLiteral("Check N files at a time (default: one per processor core)."),
+         QStringLiteral("Check N files at a time (default: 1 per core; at most 4)."),
          QStringLiteral("N")},
         formatOption(),
     };
+}
+
+/// More would only wait for one another.
+int mostJobs()
+{
+    constexpr int PerCore = 4;
+    return PerCore * std::max(QThread::idealThreadCount(), 1);
 }
 
 /// The last of the values given; nothing when the option is not. \throws UsageError
@@ -41,50 +56,129 @@ int jobsOf(const QCommandLineParser &parser)
     const int jobs = text.toInt(&ok);
     if (!ok || jobs < 1)
         throw UsageError{QStringLiteral("-j takes a number from 1, not '%1'").arg(text)};
-    return jobs;
+    return std::min(jobs, mostJobs());
 }
 
 struct Outcome {
-    ExitStatus status;
+    ExitStatus status = Failed;
     Lines lines;
 };
+
+Outcome outcomeOf(const FileCheck &check, OutputFormat format)
+{
+    return {check.status, linesOf(check, format)};
+}
 
 /// The checks of all paths, of which several are going on at a time.
 class Checks {
 public:
-    Checks(const std::vector<ListedPath> &paths, OutputFormat format, int jobs)
+    Checks(std::vector<ListedPath> paths, OutputFormat outputFormat, int jobs)
+        : listed(std::move(paths)), format(outputFormat), outcomes(listed.size())
     {
-        QThreadPool::globalInstance()->setMaxThreadCount(jobs);
-        const std::function<Outcome(const ListedPath &)> check = [format](const ListedPath &listed) {
-            const FileCheck result =
-                listed.obstacle ? unreadable(listed.path, *listed.obstacle) : checkFile(listed.path);
-            return Outcome{result.status, linesOf(result, format)};
-        };
-        future = QtConcurrent::mapped(paths, check);
+        const auto wanted = std::min(static_cast<std::size_t>(jobs), listed.size());
+        try {
+            while (threads.size() < wanted)
+                threads.emplace_back([this] { work(); });
+        } catch (const std::exception &) {
+            // So many it shall be. Without any, the checks are done when they are asked for.
+        }
     }
 
     /// When the output cannot be written, the rest of the checks is of no use.
     ~Checks()
     {
-        future.cancel();
-        future.waitForFinished();
+        {
+            const std::lock_guard<std::mutex> lock(mutex);
+            next = listed.size();
+        }
+        for (std::thread &thread : threads)
+            thread.join();
     }
     Checks(const Checks &) = delete;
     Checks &operator=(const Checks &) = delete;
 
-    /// Waits for it.
-    Outcome outcome(int number, ProgressBar &progress)
+    /// Waits for it. Each can be asked for once.
+    Outcome outcome(std::size_t number, ProgressBar &progress)
     {
-        constexpr unsigned long Tick = 20; // ms
-        while (progress.isWanted() && !future.isResultReadyAt(number)) {
-            progress.show(future.progressValue());
-            QThread::msleep(Tick);
+        if (threads.empty())
+            work(number + 1);
+        constexpr std::chrono::milliseconds Tick(20);
+        std::unique_lock<std::mutex> lock(mutex);
+        while (!outcomes[number].isKnown) {
+            if (!progress.isWanted()) {
+                change.wait(lock);
+                continue;
+            }
+            change.wait_for(lock, Tick);
+            const int done = finished;
+            lock.unlock();
+            progress.show(done);
+            lock.lock();
         }
-        return future.resultAt(number);
+        Known known = std::move(outcomes[number]);
+        lock.unlock();
+        return known.exception ? failure(number, known.exception) : std::move(known.outcome);
     }
 
 private:
-    QFuture<Outcome> future;
+    struct Known {
+        bool isKnown = false;
+        Outcome outcome;
+        std::exception_ptr exception; ///< null: there is an outcome
+    };
+
+    void work() { work(listed.size()); }
+
+    /// Does the checks before \a end that nobody has begun.
+    void work(std::size_t end)
+    {
+        std::unique_lock<std::mutex> lock(mutex);
+        while (next < end) {
+            const std::size_t number = next++;
+            lock.unlock();
+            Known known = check(listed[number]);
+            lock.lock();
+            known.isKnown = true;
+            outcomes[number] = std::move(known);
+            ++finished;
+            change.notify_all();
+        }
+    }
+
+    [[nodiscard]] Known check(const ListedPath &path) const
+    {
+        Known known;
+        try {
+            known.outcome = outcomeOf(
+                path.obstacle ? unreadable(path.path, *path.obstacle) : checkFile(path.path), format);
+        } catch (...) {
+            known.exception = std::current_exception();
+        }
+        return known;
+    }
+
+    /// What is said of a file whose check went wrong in itself.
+    [[nodiscard]] Outcome failure(std::size_t number, const std::exception_ptr &exception) const
+    {
+        QString reason;
+        try {
+            std::rethrow_exception(exception);
+        } catch (const std::bad_alloc &) {
+            reason = NotEnoughMemory.toString();
+        } catch (const std::exception &error) {
+            reason = QString::fromUtf8(error.what());
+        }
+        return outcomeOf(unreadable(listed[number].path, reason), format);
+    }
+
+    const std::vector<ListedPath> listed;
+    const OutputFormat format;
+    std::mutex mutex; ///< of what follows
+    std::condition_variable change;
+    std::vector<Known> outcomes;
+    std::size_t next = 0; ///< the first that nobody has begun
+    int finished = 0;
+    std::vector<std::thread> threads;
 };
 
 void write(const Lines &lines, ProgressBar &progress)
@@ -102,17 +196,18 @@ ExitStatus run(const QCommandLineParser &parser)
     if (arguments.count(StandardStream.toString()) > 1)
         throw UsageError{QStringLiteral("standard input can be read only once")};
 
-    const auto paths = listedPaths(arguments, parser.isSet(RecursiveOption.toString()));
+    auto paths = listedPaths(arguments, parser.isSet(RecursiveOption.toString()));
     const bool wouldMix = format == OutputFormat::Json && Terminal::isOutput();
     ProgressBar progress(static_cast<int>(paths.size()), Terminal::isErrorOutput() && !wouldMix);
+    const bool isOneFile = paths.size() == 1 && arguments == QStringList(paths.front().path);
+    const std::size_t count = paths.size();
     Counts counts;
-    Checks checks(paths, format, jobs);
-    for (int i = 0; i < static_cast<int>(paths.size()); ++i) {
+    Checks checks(std::move(paths), format, jobs);
+    for (std::size_t i = 0; i < count; ++i) {
         const Outcome outcome = checks.outcome(i, progress);
         counts.add(outcome.status);
         write(outcome.lines, progress);
     }
-    const bool isOneFile = paths.size() == 1 && arguments == QStringList(paths.front().path);
     if (format == OutputFormat::Json || !isOneFile)
         Console::writeBytes(summary(counts, format));
     return counts.status();

@@ -8,6 +8,8 @@
 
 #include <QCommandLineParser>
 
+#include <new>
+
 namespace {
 
 struct Comparison {
@@ -67,9 +69,12 @@ ExitStatus compareFiles(const QStringList &paths, OutputFormat format)
     ExitStatus status = Good;
     for (int i = 0; i < 2; ++i) {
         try {
-            documents[i] = readDocument(paths.at(i));
+            documents[i] = readDocument(paths.at(i), XmlTree::Extent::UpToRoot);
         } catch (const DocumentError &error) {
             complainAbout(paths.at(i), error);
+            status = Failed;
+        } catch (const std::bad_alloc &) {
+            complainAbout(paths.at(i), {NotEnoughMemory.toString()});
             status = Failed;
         }
     }

@@ -2,24 +2,17 @@
 
 #include <tools/DocumentFile.h>
 #include <tools/FormProblems.h>
-#include <tools/XmlPlaces.h>
-
-#include <QXmlStreamReader>
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
-/// How the text breaks off, if it is not well-formed.
-std::optional<Finding> breakOf(const QString &text, const XmlTree &tree)
+Finding breakOf(const XmlTree &tree)
 {
-    QXmlStreamReader reader(text);
-    while (!reader.atEnd())
-        reader.readNext();
-    if (!reader.hasError())
-        return std::nullopt;
-    return Finding{placeOfError(reader, text), reader.errorString(), tree.path(tree.brokenIn()),
-                   FindingId::NotWellFormed, Severity::Error};
+    const XmlTree::Break &broken = *tree.broken();
+    return {broken.offset, broken.message, tree.path(broken.element), FindingId::NotWellFormed,
+            Severity::Error};
 }
 
 /// A finding tells of the refusal when the library says what it says, or when it is an error at that place.
@@ -56,25 +49,25 @@ FileCheck checkFile(const QString &path)
         return checkText(path, readText(path));
     } catch (const DocumentError &error) {
         return failed(path, error);
+    } catch (const std::bad_alloc &) {
+        return unreadable(path, NotEnoughMemory.toString());
     }
 }
 
-FileCheck checkText(const QString &path, const QString &text)
+FileCheck checkText(const QString &path, const SourceText &text)
 {
-    Document document{text, nullptr, nullptr};
+    Document document;
     try {
-        document.kind = &kindOf(text);
+        document = documentOf(text, XmlTree::Extent::Whole);
     } catch (const DocumentError &error) {
         return failed(path, error);
     }
-    document.object = document.kind->create();
-    const XmlTree tree(text);
+    const XmlTree &tree = document.tree;
     Findings findings = findProblems(tree, document.kind->form(tree));
     std::optional<Rejection> rejection = readObject(document);
-    if (rejection) {
-        if (auto broken = breakOf(text, tree))
-            findings.push_back(std::move(*broken));
-    } else {
+    if (tree.isBroken())
+        findings.push_back(breakOf(tree));
+    if (!rejection) {
         rejection = checkObject(document);
         if (document.kind->lint)
             append(findings, document.kind->lint(*document.object, tree));
@@ -97,7 +90,7 @@ FileCheck checkText(const QString &path, const QString &text)
         check.state = stateOf(document);
     if (findings.empty())
         return check;
-    const TextPositions positions(text);
+    TextPositions positions(document.text);
     check.findings.reserve(findings.size());
     for (Finding &finding : findings) {
         const TextPosition position = positions.at(finding.offset);

@@ -3,7 +3,7 @@
 #define KORMAK_TOOLS_DOCUMENTCHECK_H
 
 #include <tools/Command.h>
-#include <tools/DocumentKind.h>
+#include <tools/DocumentFile.h>
 #include <tools/Finding.h>
 #include <tools/TextPosition.h>
 
@@ -34,6 +34,6 @@ struct FileCheck {
 [[nodiscard]] FileCheck unreadable(const QString &path, const QString &reason);
 
 /// All that there is to tell about \a text, and whether the library accepts it.
-[[nodiscard]] FileCheck checkText(const QString &path, const QString &text);
+[[nodiscard]] FileCheck checkText(const QString &path, const SourceText &text);
 
 #endif

@@ -8,104 +8,110 @@
 #include <tools/Utf8.h>
 #include <tools/XmlPlaces.h>
 
-#include <QByteArray>
-#include <QFile>
-#include <QFileInfo>
 #include <QXmlStreamReader>
 
-#include <cstdio>
+#include <new>
+#include <utility>
 
 namespace {
 
-[[noreturn]] void throwAt(const QString &text, qsizetype offset, const QString &message,
+[[noreturn]] void throwAt(const QByteArray &text, qsizetype offset, const QString &message,
                           QStringView id = FindingId::Refused, const QStringList &allowed = {})
 {
     throw DocumentError{message, TextPositions(text).at(offset), id, allowed};
 }
 
-[[noreturn]] void throwUnreadable(const QString &reason)
+InputFile::Content readBytes(const QString &path)
 {
-    throw DocumentError{QStringLiteral("cannot be read: ") + reason};
+    try {
+        return InputFile::read(path);
+    } catch (const InputFile::Error &error) {
+        throw DocumentError{QStringLiteral("cannot be read: ") + error.reason};
+    }
 }
 
-QByteArray readBytes(const QString &path)
+/// \throws DocumentError for anything that Qt would replace or stop at without a word
+QByteArray checkedText(QByteArray bytes)
 {
-    QFile file(path);
-    const bool isStandardInput = path == StandardStream;
-    if (!isStandardInput && QFileInfo(path).isDir())
-        throwUnreadable(QStringLiteral("it is a folder"));
-    if (!(isStandardInput ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly)))
-        throwUnreadable(file.errorString());
-    QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        throwUnreadable(file.errorString());
-    return bytes;
-}
-
-/// The text without its byte-order mark. \throws DocumentError for anything that Qt would replace or stop at
-/// without a word
-QString decoded(const QByteArray &bytes)
-{
+    constexpr char ByteOrderMark[] = "\xEF\xBB\xBF";
+    if (bytes.startsWith(ByteOrderMark))
+        bytes.remove(0, sizeof ByteOrderMark - 1);
     const qsizetype end = firstByteOutsideUtf8(bytes);
-    QString text = QString::fromUtf8(bytes.constData(), static_cast<int>(end));
-    if (const auto nul = text.indexOf(QChar(QChar::Null)); nul >= 0)
-        throwAt(text, nul, QStringLiteral("the text holds a NUL byte"), FindingId::Encoding);
+    if (const qsizetype nul = bytes.indexOf('\0'); nul >= 0 && nul < end)
+        throwAt(bytes, nul, QStringLiteral("the text holds a NUL byte"), FindingId::Encoding);
     if (end < bytes.size()) {
-        throwAt(text, text.size(),
+        throwAt(bytes, end,
                 QStringLiteral("byte 0x%1 is not UTF-8")
-                    .arg(static_cast<uchar>(bytes.at(static_cast<int>(end))), 2, 16, QLatin1Char('0')),
+                    .arg(static_cast<uchar>(bytes.constData()[end]), 2, 16, QLatin1Char('0')),
                 FindingId::Encoding);
     }
-    return text;
+    return withoutEncoding(std::move(bytes));
 }
 
-Rejection errorOf(const QXmlStreamReader &reader, const QString &text)
-{
-    return {reader.errorString(), placeOfError(reader, text)};
-}
-
-[[noreturn]] void throwRejection(const Rejection &rejection, const QString &text)
+[[noreturn]] void throwRejection(const Rejection &rejection, const QByteArray &text)
 {
     throwAt(text, rejection.offset, rejection.message);
 }
 
-} // namespace
-
-QString readText(const QString &path)
+/// Whether a namespace may be declared twice in an element, which nothing but the whole tree would tell.
+bool mayRepeatDeclarations(const QByteArray &text)
 {
-    return decoded(readBytes(path));
+    const char declaration[] = "xmlns";
+    const auto first = text.indexOf(declaration);
+    return (first >= 0 && text.indexOf(declaration, first + 1) >= 0) || text.contains("<!ENTITY");
 }
 
-const DocumentKind &kindOf(const QString &text)
+std::optional<Rejection> readInto(TESSEL::ITesselObject &object, const QByteArray &text)
 {
-    QXmlStreamReader reader(text);
-    if (!TESSEL::readToRoot(reader)) {
-        const Rejection error = errorOf(reader, text);
-        throwAt(text, error.offset, error.message, FindingId::NotWellFormed);
+    PlacedReader placed(text);
+    QXmlStreamReader &reader = placed.xml();
+    (void)TESSEL::readToRoot(reader);
+    try {
+        object.ProcessXml(reader);
+    } catch (const TESSEL::TesselException &exception) {
+        if (!reader.hasError())
+            return Rejection{exception.GetErrorMessage(), elementReadAt(text, placed.offset())};
     }
-    const DocumentKind *kind = findDocumentKind(reader.name());
-    if (!kind) {
-        throwAt(text, startOfToken(reader, text),
-                QStringLiteral("unknown kind of document '%1'").arg(reader.name().toString()),
+    while (!reader.atEnd())
+        reader.readNext();
+    return reader.hasError() ? std::optional(Rejection{reader.errorString(), placed.placeOfError()})
+                             : std::nullopt;
+}
+
+} // namespace
+
+SourceText readText(const QString &path)
+{
+    InputFile::Content content = readBytes(path);
+    return {checkedText(std::move(content.bytes)), content.state};
+}
+
+Document documentOf(const SourceText &source, XmlTree::Extent extent)
+{
+    const QByteArray &text = source.text;
+    if (mayRepeatDeclarations(text))
+        extent = XmlTree::Extent::Whole;
+    Document document{text, XmlTree(text, extent), nullptr, nullptr, source.source};
+    const XmlTree &tree = document.tree;
+    if (!tree.hasRoot())
+        throwAt(text, tree.broken()->offset, tree.broken()->message, FindingId::NotWellFormed);
+    const QStringView rootElement = localName(tree.name(XmlTree::Root));
+    document.kind = findDocumentKind(rootElement);
+    if (!document.kind) {
+        throwAt(text, tree.offset(XmlTree::Root),
+                QStringLiteral("unknown kind of document '%1'").arg(rootElement.toString()),
                 FindingId::UnknownKind, documentKindNames());
     }
-    return *kind;
+    document.object = document.kind->create();
+    return document;
 }
 
 std::optional<Rejection> readObject(Document &document)
 {
-    QXmlStreamReader reader(document.text);
-    (void)TESSEL::readToRoot(reader);
-    try {
-        document.object->ProcessXml(reader);
-    } catch (const TESSEL::TesselException &exception) {
-        if (!reader.hasError())
-            return Rejection{exception.GetErrorMessage(),
-                             elementReadAt(document.text, reader.characterOffset())};
-    }
-    while (!reader.atEnd())
-        reader.readNext();
-    return reader.hasError() ? std::optional(errorOf(reader, document.text)) : std::nullopt;
+    auto rejection = readInto(*document.object, document.text);
+    if (const auto &broken = document.tree.broken(); broken && !rejection)
+        rejection = Rejection{broken->message, broken->offset};
+    return rejection;
 }
 
 std::optional<Rejection> checkObject(const Document &document)
@@ -114,14 +120,12 @@ std::optional<Rejection> checkObject(const Document &document)
     if (!complaint)
         return std::nullopt;
     const QString objectName = complaint->section(QLatin1Char(':'), 0, 0);
-    return Rejection{*complaint, elementNamed(document.text, objectName)};
+    return Rejection{*complaint, document.tree.offset(elementNamed(document.tree, objectName))};
 }
 
-Document readDocument(const QString &path)
+Document readDocument(const QString &path, XmlTree::Extent extent)
 {
-    Document document{readText(path), nullptr, nullptr};
-    document.kind = &kindOf(document.text);
-    document.object = document.kind->create();
+    Document document = documentOf(readText(path), extent);
     if (const auto rejection = readObject(document))
         throwRejection(*rejection, document.text);
     return document;
@@ -135,7 +139,7 @@ void checkDocument(const Document &document)
 
 void throwAtRoot(const Document &document, const QString &message)
 {
-    throwAt(document.text, elementNamed(document.text, document.kind->rootElement), message);
+    throwAt(document.text, document.tree.offset(XmlTree::Root), message);
 }
 
 QString stateOf(const Document &document)
@@ -145,13 +149,18 @@ QString stateOf(const Document &document)
     return kind + (reason ? QStringLiteral(", not complete: ") + *reason : QStringLiteral(", complete"));
 }
 
-ExitStatus onDocument(const QString &path, const std::function<ExitStatus(const Document &)> &work)
+ExitStatus onDocument(const QString &path, XmlTree::Extent extent,
+                      const std::function<ExitStatus(Document &)> &work)
 {
     try {
-        return work(readDocument(path));
+        Document document = readDocument(path, extent);
+        return work(document);
     } catch (const DocumentError &error) {
         complainAbout(path, error);
         return error.position ? Faulty : Failed;
+    } catch (const std::bad_alloc &) {
+        complainAbout(path, {NotEnoughMemory.toString()});
+        return Failed;
     }
 }
 
@@ -160,7 +169,7 @@ void complainAbout(const QString &path, const Document &document, QStringView se
 {
     if (findings.empty())
         return;
-    const TextPositions positions(document.text);
+    TextPositions positions(document.text);
     for (const Finding &finding : findings)
         Console::complain(complaintLine(path, positions.at(finding.offset), severity, finding));
 }

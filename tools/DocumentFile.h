@@ -5,8 +5,10 @@
 #include <objectbase/ITesselObject.h>
 #include <tools/Command.h>
 #include <tools/DocumentKind.h>
+#include <tools/InputFile.h>
 #include <tools/TextPosition.h>
 
+#include <QByteArray>
 #include <QString>
 #include <QStringView>
 
@@ -15,9 +17,17 @@
 #include <optional>
 
 struct Document {
-    QString text;
-    const DocumentKind *kind;
-    std::unique_ptr<TESSEL::ITesselObject> object;
+    QByteArray text; ///< in UTF-8
+    XmlTree tree; ///< of the text, as far as it is wanted
+    const DocumentKind *kind = nullptr;
+    std::unique_ptr<TESSEL::ITesselObject> object; ///< of the kind
+    InputFile::State source = {}; ///< the file that it was read from, as it was then
+};
+
+/// The text of a file, as Document holds it.
+struct SourceText {
+    QByteArray text;
+    InputFile::State source = {};
 };
 
 /// Why a document cannot be used. Without a position it is not the document that is at fault: the file cannot
@@ -35,17 +45,19 @@ struct Rejection {
     qsizetype offset; ///< of the element that it is about, or of what ended the reading
 };
 
-/// The text of the file \a path, "-" being standard input. \throws DocumentError
-[[nodiscard]] QString readText(const QString &path);
-/// The kind of the document \a text. \throws DocumentError
-[[nodiscard]] const DocumentKind &kindOf(const QString &text);
-/// Reads the text of \a document into its object.
+/// The text of the file \a path, "-" being standard input: UTF-8 without a mark, without a NUL, and with no
+/// encoding declared. \throws DocumentError
+[[nodiscard]] SourceText readText(const QString &path);
+/// The document that \a text is, with so much of its tree at least, and its object as a new one is. \throws
+/// DocumentError when it has no root element or is of no known kind
+[[nodiscard]] Document documentOf(const SourceText &text, XmlTree::Extent extent);
+/// Reads the text of \a document into its object. What is not well-formed is always refused.
 [[nodiscard]] std::optional<Rejection> readObject(Document &document);
 /// What Check() says of \a document.
 [[nodiscard]] std::optional<Rejection> checkObject(const Document &document);
 
 /// All of that but the check. \throws DocumentError
-[[nodiscard]] Document readDocument(const QString &path);
+[[nodiscard]] Document readDocument(const QString &path, XmlTree::Extent extent);
 
 /// \throws DocumentError when Check() of the document throws, at the element that it is about
 void checkDocument(const Document &document);
@@ -56,10 +68,10 @@ void checkDocument(const Document &document);
 /// Whether \a document is complete and, if not, why: "Job, not complete: JobHeader: Please set Author"
 [[nodiscard]] QString stateOf(const Document &document);
 
-/// Does \a work on the document in the file \a path. When reading or \a work throws a DocumentError, that is
-/// complained about.
-[[nodiscard]] ExitStatus onDocument(const QString &path,
-                                    const std::function<ExitStatus(const Document &)> &work);
+/// Does \a work on the document in the file \a path. When reading or \a work throws a DocumentError or runs
+/// out of memory, that is complained about.
+[[nodiscard]] ExitStatus onDocument(const QString &path, XmlTree::Extent extent,
+                                    const std::function<ExitStatus(Document &)> &work);
 
 /// One line "FILE:LINE:COLUMN: SEVERITY: PATH: MESSAGE" for each finding.
 void complainAbout(const QString &path, const Document &document, QStringView severity,
@@ -71,6 +83,9 @@ void complainAbout(const QString &path, const Document &document, QStringView se
                                     const QStringList &allowed = {});
 [[nodiscard]] QString complaintLine(const QString &path, const std::optional<TextPosition> &position,
                                     QStringView severity, const Finding &finding);
+
+/// What is said of a file when memory ran out over it.
+inline constexpr QStringView NotEnoughMemory = u"not enough memory";
 
 /// The file at \a path as complaints name it, with the message.
 void complainAbout(const QString &path, const DocumentError &error);

@@ -41,7 +41,7 @@ public:
     [[nodiscard]] std::optional<QString> text(QStringView element) const override
     {
         const Index index = last(element);
-        return index == XmlTree::None ? std::nullopt : std::optional(tree.element(index).text);
+        return index == XmlTree::None ? std::nullopt : std::optional(tree.text(index));
     }
 
     [[nodiscard]] Index last(QStringView element) const
@@ -92,7 +92,7 @@ private:
     void readChild(ObjectState &parent)
     {
         const auto &rows = parent.form.elements;
-        const QStringView name = localName(tree.element(cursor.element()).name);
+        const QStringView name = localName(tree.name(cursor.element()));
         const auto row = std::find_if(rows.begin(), rows.end(),
                                       [name](const auto &candidate) { return candidate.name == name; });
         if (row == rows.end()) {
@@ -147,10 +147,9 @@ private:
     void readText(const ObjectState &parent, const ElementForm &row, RowState &state)
     {
         const Index index = cursor.element();
-        const XmlTree::Element &element = tree.element(index);
         checkAttributes(row.attributes);
-        if (element.firstChild != XmlTree::None) {
-            add(element.firstChild, FindingId::MisplacedElement,
+        if (tree.hasChild(index)) {
+            add(tree.firstChild(index), FindingId::MisplacedElement,
                 QStringLiteral("an element where a text belongs"))
                 .severity = Severity::Error;
             state.isSet = true;
@@ -158,24 +157,25 @@ private:
         }
         if (index == tree.brokenIn())
             return;
-        const bool isSaid = row.form.isSaidBy(element.text);
+        const QString text = tree.text(index);
+        const bool isSaid = row.form.isSaidBy(text);
         state.finding = isSaid ? -1 : static_cast<std::ptrdiff_t>(findings.size());
         if (!isSaid)
             reportText(parent.form, row, index);
-        const bool isGood = isSaid && !(row.form.isFree() && element.text.isEmpty());
+        const bool isGood = isSaid && !(row.form.isFree() && text.isEmpty());
         state.isSet = isGood || (row.keepsFormer && state.isSet);
     }
 
     void readObject(ObjectState &object)
     {
         object.index = cursor.element();
-        const QString &ownName = tree.element(object.index).name;
+        const QString &ownName = tree.name(object.index);
         checkAttributes(object.form.attributes);
         reportStrayText();
         while (cursor.next()) {
             if (!cursor.isAtEnd())
                 readChild(object);
-            else if (tree.element(cursor.element()).name == ownName)
+            else if (tree.name(cursor.element()) == ownName)
                 return; // told by its name, since a block may have ended below
         }
     }
@@ -189,7 +189,7 @@ private:
         reportStrayText();
         bool isInside = true;
         while (cursor.next()) {
-            if (cursor.isAtEnd() && tree.element(cursor.element()).name == end)
+            if (cursor.isAtEnd() && tree.name(cursor.element()) == end)
                 return;
             if (cursor.isAtEnd())
                 isInside = isInside && cursor.element() != block.index;
@@ -203,7 +203,7 @@ private:
     void readInBlock(ObjectState &block)
     {
         const Index index = cursor.element();
-        const Index parent = tree.element(index).parent;
+        const Index parent = tree.parent(index);
         if (isKnown(block.form, index))
             readChild(block);
         else if (parent == block.index || isKnown(block.form, parent))
@@ -214,11 +214,11 @@ private:
     {
         const auto row =
             std::find_if(form.elements.begin(), form.elements.end(), [this](const ElementForm &candidate) {
-                return candidate.name == localName(tree.element(cursor.element()).name);
+                return candidate.name == localName(tree.name(cursor.element()));
             });
         if (row == form.elements.end() || row->content != Content::Text)
             return;
-        const Index child = tree.element(cursor.element()).firstChild;
+        const Index child = tree.firstChild(cursor.element());
         if (child != XmlTree::None)
             add(child, FindingId::MisplacedElement, QStringLiteral("an element where a text belongs"))
                 .severity = Severity::Error;
@@ -227,7 +227,7 @@ private:
 
     bool isKnown(const ObjectForm &form, Index index) const
     {
-        const QStringView name = localName(tree.element(index).name);
+        const QStringView name = localName(tree.name(index));
         return std::any_of(form.elements.begin(), form.elements.end(),
                            [name](const auto &row) { return row.name == name; });
     }
@@ -235,9 +235,7 @@ private:
     void checkAttributes(const FormTable<AttributeForm> &rows)
     {
         const Index index = cursor.element();
-        const XmlTree::Element &element = tree.element(index);
-        for (Index i = element.firstAttribute; i < element.attributesEnd; ++i) {
-            const XmlTree::Attribute &attribute = tree.attribute(i);
+        for (const XmlTree::Attribute &attribute : tree.attributes(index)) {
             if (attribute.name.contains(QLatin1Char(':')) || attribute.name == QLatin1String("xmlns"))
                 continue; // meant for others
             const auto row = std::find_if(rows.begin(), rows.end(), [&attribute](const auto &candidate) {
@@ -282,14 +280,14 @@ private:
 
     void demandAttribute(const ObjectState &object, const AttributeForm &row, Severity severity)
     {
-        const auto *attribute = tree.findAttribute(tree.element(object.index), row.name);
-        if (attribute && !attribute->value.isEmpty())
+        const auto value = tree.attribute(object.index, row.name);
+        if (value && !value->isEmpty())
             return;
         const QString complaint = pleaseSet(object.form, row.field);
-        if (attribute) {
-            setSeverity(
-                addAttribute(object.index, *attribute, FindingId::BadValue, QStringLiteral("is empty")),
-                severity, complaint);
+        if (value) {
+            setSeverity(addAttribute(object.index, {row.name.toString(), *value}, FindingId::BadValue,
+                                     QStringLiteral("is empty")),
+                        severity, complaint);
         } else {
             setSeverity(add(object.index, FindingId::MissingAttribute, QStringLiteral("missing"),
                             QStringLiteral("/@") + row.name.toString()),
@@ -318,7 +316,7 @@ private:
 
     Finding &reportUnmet(const ElementForm &row, Index index)
     {
-        const QString &text = tree.element(index).text;
+        const QString text = tree.text(index);
         const QString message = row.wanted.isEmpty() || text.isEmpty()
             ? QStringLiteral("is empty")
             : QStringLiteral("%1 is not %2").arg(Console::quoted(text), row.wanted.toString());
@@ -330,7 +328,7 @@ private:
     void reportRule(const ObjectState &object, const FormRule &rule, Index place, Severity severity)
     {
         Finding &finding = add(place, FindingId::BadValue, rule.message.toString());
-        finding.found = tree.element(place).text;
+        finding.found = tree.text(place);
         if (!rule.field.isEmpty())
             setSeverity(finding, severity, pleaseSet(object.form, rule.field));
     }
@@ -343,7 +341,7 @@ private:
             pathIndex = index;
             path = tree.path(index);
         }
-        findings.push_back({tree.element(index).offset, message, path + below, id});
+        findings.push_back({tree.offset(index), message, path + below, id});
         return findings.back();
     }
 
@@ -371,7 +369,7 @@ private:
                                                   : QStringLiteral("unknown element, which is passed over"));
         finding.allowed = namesIn(form);
         if (form.refusesOthers) {
-            const QStringView name = localName(tree.element(cursor.element()).name);
+            const QStringView name = localName(tree.name(cursor.element()));
             setSeverity(
                 finding, Severity::Error,
                 QStringLiteral("Unknown Tag '%1' in '%2'.").arg(name.toString(), form.name.toString()));
@@ -386,14 +384,14 @@ private:
             return;
         // An object that is given twice is told of itself; what is in it need not be.
         const Index here = cursor.element();
-        if (parent.form.refusesOthers && tree.element(here).parent != tree.element(former).parent)
+        if (parent.form.refusesOthers && tree.parent(here) != tree.parent(former))
             return;
         add(here, FindingId::Repeated, QStringLiteral("given before; the last one counts"));
     }
 
     void reportText(const ObjectForm &form, const ElementForm &row, Index index)
     {
-        const QString &text = tree.element(index).text;
+        const QString text = tree.text(index);
         Finding &finding = add(index, FindingId::BadValue, row.form.objectionTo(text));
         finding.found = text;
         finding.allowed = row.form.allowed();
@@ -406,7 +404,7 @@ private:
 
     void reportStrayText()
     {
-        const QString text = tree.element(cursor.element()).text.trimmed();
+        const QString text = tree.text(cursor.element()).trimmed();
         if (text.isEmpty())
             return;
         add(cursor.element(), FindingId::StrayText,
@@ -452,5 +450,5 @@ private:
 
 Findings findProblems(const XmlTree &document, const ObjectForm &form)
 {
-    return ProblemFinder(document).find(form);
+    return document.hasRoot() ? ProblemFinder(document).find(form) : Findings();
 }

@@ -8,7 +8,7 @@
 
 /// In the order of the document. The document is gone through as the library reads it, so that there is an
 /// error exactly when the library refuses the document; but where the library stops, this goes on. Nothing is
-/// said to be missing from a document that breaks off.
+/// said to be missing from a document that breaks off, and one without a root has no problems.
 [[nodiscard]] Findings findProblems(const XmlTree &document, const ObjectForm &form);
 
 #endif

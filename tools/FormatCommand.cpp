@@ -24,13 +24,13 @@ QList<QCommandLineOption> options()
 }
 
 /// \throws DocumentError when the document is not complete: nothing would be written
-QString canonicalText(const Document &document)
+QByteArray canonicalText(const Document &document)
 {
     checkDocument(document);
     if (!document.object->HasData())
         throwAtRoot(document, stateOf(document));
     try {
-        return document.object->GetXmlString();
+        return document.object->GetXmlString().toUtf8();
     } catch (const TESSEL::TesselException &exception) {
         throwAtRoot(document, exception.GetErrorMessage());
     }
@@ -50,7 +50,7 @@ void complainAboutLosses(const QString &path, const Document &document, const st
         + (hasComments ? QStringLiteral(" (--drop-comments allows to lose comments)") : QString()));
 }
 
-std::vector<XmlLoss> lossesIn(const QString &text, const XmlTree &original, const XmlDefaults &defaults,
+std::vector<XmlLoss> lossesIn(const QByteArray &text, const XmlTree &original, const XmlDefaults &defaults,
                               bool dropsComments)
 {
     std::vector<XmlLoss> losses = findLosses(original, XmlTree(text), defaults);
@@ -64,20 +64,23 @@ std::vector<XmlLoss> lossesIn(const QString &text, const XmlTree &original, cons
 
 /// Writes the document to \a target unless it cannot be written or something of it would be lost.
 /// \throws DocumentError
-ExitStatus format(const Document &document, const QString &source, const QString &target, bool dropsComments)
+ExitStatus format(Document &document, const QString &source, const QString &target, bool dropsComments)
 {
     const DocumentKind &kind = *document.kind;
-    const XmlTree tree(document.text);
+    const bool replacesSource = target == source || InputFile::stateOf(target).isSameFile(document.source);
     if (kind.obstacles) {
-        const Findings obstacles = kind.obstacles(*document.object, tree);
+        const Findings obstacles = kind.obstacles(*document.object, document.tree);
         complainAbout(source, document, u"error", obstacles);
         if (!obstacles.empty())
             return Faulty;
     }
-    const QString text = canonicalText(document);
-    const auto losses = lossesIn(text, tree, kind.defaults, dropsComments);
-    if (losses.empty())
-        return writeOutput(text, target);
+    const QByteArray text = canonicalText(document);
+    document.object.reset(); // large documents would stand in memory many times over
+    const auto losses = lossesIn(text, document.tree, kind.defaults, dropsComments);
+    if (losses.empty()) {
+        const SourceText original{document.text, document.source};
+        return writeOutput(text, target, replacesSource ? &original : nullptr);
+    }
     complainAboutLosses(source, document, losses);
     return Faulty;
 }
@@ -108,10 +111,10 @@ ExitStatus run(const QCommandLineParser &parser)
     const bool dropsComments = parser.isSet(DropCommentsOption.toString());
     ExitStatus worst = Good;
     for (int i = 0; i < static_cast<int>(sources.size()); ++i) {
-        const auto formatIt = [&](const Document &document) {
+        const auto formatIt = [&](Document &document) {
             return format(document, sources[i], targets[static_cast<std::size_t>(i)], dropsComments);
         };
-        worst = std::max(worst, onDocument(sources[i], formatIt));
+        worst = std::max(worst, onDocument(sources[i], XmlTree::Extent::Whole, formatIt));
     }
     return worst;
 }

@@ -122,7 +122,7 @@ ExitStatus make(const DocumentKind &kind, const QStringList &settings, const QSt
             Console::complain(start(u"error") + Console::oneLine(complaint));
         return Faulty;
     }
-    const ExitStatus status = writeOutput(text, target);
+    const ExitStatus status = writeOutput(text.toUtf8(), target);
     if (status == Good)
         warnOfLosses(kind, *object, text, wanted);
     return status;

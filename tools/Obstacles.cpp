@@ -4,6 +4,8 @@
 #include <kormak/Parameter.h>
 #include <objectbase/TesselException.h>
 
+#include <algorithm>
+
 using namespace KORMAK;
 
 namespace {
@@ -32,18 +34,17 @@ std::optional<QString> whyIncomplete(const TESSEL::ITesselObject &object)
 
 Findings modeNotReadBack(const AutomaticWorkflow &workflow, const XmlTree &tree)
 {
-    const XmlTree::Element &root = tree.element(XmlTree::Root);
     const XmlTree::Index child = tree.findChild(XmlTree::Root, ModeName);
     if (child != XmlTree::None && workflow.HasData()) {
-        return {{tree.element(child).offset,
+        return {{tree.offset(child),
                  QStringLiteral(
                      "the mode would be written as the attribute \"Mode\", but it is read only from an "
                      "element \"Mode\": the rewritten document would not be complete"),
                  tree.path(child)}};
     }
-    if (child == XmlTree::None && tree.findAttribute(root, ModeName)) {
+    if (child == XmlTree::None && tree.attribute(XmlTree::Root, ModeName)) {
         return {
-            {root.offset,
+            {tree.offset(XmlTree::Root),
              QStringLiteral("the mode stands in the attribute \"Mode\", but it is read only from an element "
                             "\"Mode\": the document is not complete"),
              tree.path(XmlTree::Root)}};
@@ -61,5 +62,7 @@ Findings incompleteParameters(const std::vector<ParameterElement> &parameters)
             complaintOf(element.parameter).value_or(QStringLiteral("its handler holds no data"));
         findings.push_back(element.finding(element.index, QStringLiteral("not complete: ") + reason));
     }
+    std::sort(findings.begin(), findings.end(),
+              [](const Finding &a, const Finding &b) { return a.offset < b.offset; });
     return findings;
 }

@@ -2,7 +2,8 @@
 
 #include <kormak/GenericReceiver.h>
 
-#include <QHash>
+#include <algorithm>
+#include <functional>
 
 using namespace KORMAK;
 using Index = XmlTree::Index;
@@ -14,8 +15,7 @@ constexpr QStringView DoubleTag = u"Double";
 
 QString uniqueNameOf(const XmlTree &tree, Index element)
 {
-    const XmlTree::Attribute *name = tree.findAttribute(tree.element(element), UniqueNameAttribute);
-    return name ? name->value : QString();
+    return tree.attribute(element, UniqueNameAttribute).value_or(QString());
 }
 
 } // namespace
@@ -24,8 +24,8 @@ std::vector<Index> ParameterElement::blocks() const
 {
     const QString type = ParameterTypeToName(parameter.GetParameterType());
     std::vector<Index> found;
-    for (Index i = tree.element(index).firstChild; i != XmlTree::None; i = tree.element(i).nextSibling) {
-        const QString &name = tree.element(i).name;
+    for (Index i = tree.firstChild(index); i != XmlTree::None; i = tree.nextSibling(i)) {
+        const QString &name = tree.name(i);
         if (name == type || (parameter.IsDoubleList() && name == DoubleTag))
             found.push_back(i);
     }
@@ -36,8 +36,8 @@ std::vector<Index> ParameterElement::inBlocks(QStringView name) const
 {
     std::vector<Index> found;
     for (const Index block : blocks()) {
-        for (Index i = block + 1; i < tree.end() && tree.element(i).parent >= block; ++i) {
-            if (tree.element(i).name == name)
+        for (Index i = block + 1; i < tree.end() && tree.parent(i) >= block; ++i) {
+            if (tree.name(i) == name)
                 found.push_back(i);
         }
     }
@@ -46,7 +46,7 @@ std::vector<Index> ParameterElement::inBlocks(QStringView name) const
 
 Finding ParameterElement::finding(Index element, const QString &message) const
 {
-    return {tree.element(element).offset, message, tree.path(element)};
+    return {tree.offset(element), message, tree.path(element)};
 }
 
 Finding ParameterElement::findingInBlocks(QStringView name, const QString &message) const
@@ -63,30 +63,29 @@ Finding ParameterElement::findingAtBlock(const QString &message) const
 
 std::vector<ParameterElement> parameterElements(const GenericReceiver &receiver, const XmlTree &tree)
 {
-    struct Namesakes {
-        Index last = XmlTree::None;
-        int count = 0;
+    struct Place {
+        Index element;
+        const Parameter *parameter;
     };
-    QHash<QString, Namesakes> byName;
-    const auto forEachElement = [&tree](auto visit) {
-        for (Index i = tree.element(XmlTree::Root).firstChild; i != XmlTree::None;
-             i = tree.element(i).nextSibling) {
-            if (tree.element(i).name == ParameterTag)
-                visit(i, uniqueNameOf(tree, i));
-        }
-    };
-    forEachElement([&byName](Index element, const QString &name) {
-        Namesakes &namesakes = byName[name];
-        namesakes.last = element;
-        ++namesakes.count;
+    std::vector<Place> places;
+    for (Index i = tree.firstChild(XmlTree::Root); i != XmlTree::None; i = tree.nextSibling(i)) {
+        if (tree.name(i) != ParameterTag)
+            continue;
+        const auto parameter = receiver.GetParameterList().constFind(uniqueNameOf(tree, i));
+        if (parameter != receiver.GetParameterList().constEnd())
+            places.push_back({i, &*parameter});
+    }
+    // The elements of one parameter side by side, the last one first, and then those in their order.
+    std::sort(places.begin(), places.end(), [](const Place &a, const Place &b) {
+        return a.parameter == b.parameter ? a.element > b.element : std::less<>()(a.parameter, b.parameter);
     });
     std::vector<ParameterElement> elements;
-    forEachElement([&](Index element, const QString &name) {
-        const Namesakes namesakes = byName.value(name);
-        const auto parameter = receiver.GetParameterList().constFind(name);
-        if (element == namesakes.last && parameter != receiver.GetParameterList().constEnd())
-            elements.push_back({tree, element, *parameter, true, namesakes.count > 1});
-    });
+    for (auto place = places.begin(); place != places.end();) {
+        const auto end = std::find_if(
+            place, places.end(), [place](const Place &other) { return other.parameter != place->parameter; });
+        elements.push_back({tree, place->element, *place->parameter, true, end - place > 1});
+        place = end;
+    }
     return elements;
 }
 

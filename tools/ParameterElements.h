@@ -41,7 +41,7 @@ private:
     [[nodiscard]] std::vector<XmlTree::Index> blocks() const;
 };
 
-/// In the order of the document. An element is left out when a later one has taken its place, and when its
+/// In any order. An element is left out when a later one has taken its place, and when its
 /// parameter was not read.
 [[nodiscard]] std::vector<ParameterElement> parameterElements(const KORMAK::GenericReceiver &receiver,
                                                               const XmlTree &tree);

@@ -115,9 +115,8 @@ Findings blockOfOtherType(const Element &element)
         return {};
     const XmlTree &tree = element.tree;
     Findings findings;
-    for (Index i = tree.element(element.index).firstChild; i != XmlTree::None;
-         i = tree.element(i).nextSibling) {
-        const QString &name = tree.element(i).name;
+    for (Index i = tree.firstChild(element.index); i != XmlTree::None; i = tree.nextSibling(i)) {
+        const QString &name = tree.name(i);
         const ParameterType block = NameToParameterType(name);
         if (block == ParameterType::Invalid || block == ParameterType::DoubleList || block == type)
             continue;

@@ -111,6 +111,6 @@ const ObjectForm &workflowForm(const XmlTree & /*document*/)
 
 const ObjectForm &generationForm(const XmlTree &document)
 {
-    const auto *version = document.findAttribute(document.element(XmlTree::Root), u"Version");
-    return version && version->value == OldVersion ? OldGenerationDocument : GenerationDocument;
+    const auto version = document.attribute(XmlTree::Root, u"Version");
+    return version && *version == OldVersion ? OldGenerationDocument : GenerationDocument;
 }

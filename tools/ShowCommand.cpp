@@ -35,13 +35,14 @@ void printText(const Document &document)
 ExitStatus run(const QCommandLineParser &parser)
 {
     const OutputFormat format = outputFormat(parser);
-    return onDocument(parser.positionalArguments().constFirst(), [format](const Document &document) {
+    const auto show = [format](const Document &document) {
         if (format == OutputFormat::Json)
             Console::print(jsonOf(document));
         else
             printText(document);
         return Good;
-    });
+    };
+    return onDocument(parser.positionalArguments().constFirst(), XmlTree::Extent::UpToRoot, show);
 }
 
 } // namespace

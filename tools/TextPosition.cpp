@@ -1,7 +1,5 @@
 #include "tools/TextPosition.h"
 
-#include <QChar>
-
 #include <algorithm>
 
 QString toText(TextPosition position)
@@ -9,23 +7,23 @@ QString toText(TextPosition position)
     return QStringLiteral("%1:%2").arg(position.line).arg(position.column);
 }
 
-TextPositions::TextPositions(QStringView text)
+TextPosition TextPositions::at(qsizetype offset)
 {
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar c = text[i];
-        const bool isPair = c == QLatin1Char('\r') && i + 1 < text.size() && text[i + 1] == QLatin1Char('\n');
-        if (c == QLatin1Char('\n') || (c == QLatin1Char('\r') && !isPair))
-            lineStarts.push_back(i + 1);
-        else if (c.isLowSurrogate())
-            secondUnits.push_back(i);
+    if (offset < place) {
+        place = 0;
+        position = {};
     }
-}
-
-TextPosition TextPositions::at(qsizetype offset) const
-{
-    const auto nextLine = std::upper_bound(lineStarts.begin(), lineStarts.end(), offset);
-    const qsizetype start = *(nextLine - 1);
-    const auto firstPair = std::lower_bound(secondUnits.begin(), secondUnits.end(), start);
-    const auto pairsEnd = std::lower_bound(firstPair, secondUnits.end(), offset);
-    return {nextLine - lineStarts.begin(), offset - start + 1 - (pairsEnd - firstPair)};
+    const char *const bytes = text.constData();
+    const qsizetype size = text.size();
+    for (const qsizetype end = std::min(offset, size); place < end; ++place) {
+        constexpr int UpperBits = 0xC0;
+        constexpr int FurtherByte = 0x80;
+        const char c = bytes[place];
+        const bool isPair = c == '\r' && place + 1 < size && bytes[place + 1] == '\n';
+        if (c == '\n' || (c == '\r' && !isPair))
+            position = {position.line + 1, 1};
+        else if ((c & UpperBits) != FurtherByte)
+            ++position.column;
+    }
+    return position;
 }

@@ -2,12 +2,10 @@
 #ifndef KORMAK_TOOLS_TEXTPOSITION_H
 #define KORMAK_TOOLS_TEXTPOSITION_H
 
+#include <QByteArray>
 #include <QString>
-#include <QStringView>
 
-#include <vector>
-
-/// Both from 1; a column is a character, however many code units it takes.
+/// Both from 1; a column is a character, however many bytes it takes.
 struct TextPosition {
     qsizetype line = 1;
     qsizetype column = 1;
@@ -16,16 +14,18 @@ struct TextPosition {
 /// "LINE:COLUMN"
 [[nodiscard]] QString toText(TextPosition position);
 
-/// Tells the position of any offset (in code units) in a text that was looked through once.
+/// Tells the positions of offsets (in bytes) in a text in UTF-8. Offsets that grow cost one walk through the
+/// text in all.
 class TextPositions {
 public:
-    explicit TextPositions(QStringView text);
+    explicit TextPositions(const QByteArray &utf8) : text(utf8) { }
 
-    [[nodiscard]] TextPosition at(qsizetype offset) const;
+    [[nodiscard]] TextPosition at(qsizetype offset);
 
 private:
-    std::vector<qsizetype> lineStarts{0};
-    std::vector<qsizetype> secondUnits; ///< offsets of the second halves of characters
+    const QByteArray text;
+    qsizetype place = 0;
+    TextPosition position;
 };
 
 #endif

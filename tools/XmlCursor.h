@@ -6,7 +6,7 @@
 
 class XmlCursor {
 public:
-    /// At the start of the root.
+    /// At the start of the root, which there is.
     explicit XmlCursor(const XmlTree &xml) : tree(xml) { }
 
     [[nodiscard]] XmlTree::Index element() const noexcept { return current; }
@@ -15,16 +15,15 @@ public:
     /// To the next start or end; false behind the end of the root.
     bool next()
     {
-        const XmlTree::Element &here = tree.element(current);
-        if (!atEnd && here.firstChild != XmlTree::None) {
-            current = here.firstChild;
+        if (!atEnd && tree.hasChild(current)) {
+            current = tree.firstChild(current);
         } else if (!atEnd) {
             atEnd = true;
-        } else if (here.nextSibling != XmlTree::None) {
-            current = here.nextSibling;
+        } else if (tree.nextSibling(current) != XmlTree::None) {
+            current = tree.nextSibling(current);
             atEnd = false;
-        } else if (here.parent != XmlTree::None) {
-            current = here.parent;
+        } else if (tree.parent(current) != XmlTree::None) {
+            current = tree.parent(current);
         } else {
             return false;
         }

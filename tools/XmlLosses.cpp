@@ -79,10 +79,8 @@ public:
 
     std::vector<XmlLoss> find()
     {
-        if (original.element(XmlTree::Root).name == rewritten.element(XmlTree::Root).name)
-            compare(XmlTree::Root, XmlTree::Root);
-        else
-            loseElement(XmlTree::Root);
+        if (original.hasRoot())
+            compareRoots();
         loseAsides();
         std::stable_sort(losses.begin(), losses.end(),
                          [](const XmlLoss &a, const XmlLoss &b) { return a.offset < b.offset; });
@@ -96,46 +94,64 @@ private:
 
     static Key keyOf(const XmlTree &tree, Index index)
     {
-        const XmlTree::Element &element = tree.element(index);
-        const XmlTree::Attribute *uniqueName = tree.findAttribute(element, UniqueNameAttribute);
-        return {element.name, uniqueName ? uniqueName->value : QString()};
+        return {tree.name(index), tree.attribute(index, UniqueNameAttribute).value_or(QString())};
+    }
+
+    void compareRoots()
+    {
+        if (rewritten.hasRoot() && original.name(XmlTree::Root) == rewritten.name(XmlTree::Root))
+            compare(XmlTree::Root, XmlTree::Root);
+        else
+            loseElement(XmlTree::Root);
     }
 
     /// As deep as both documents go, so no deeper than the library writes.
     void compare(Index was, Index willBe)
     {
-        const QString &text = original.element(was).text;
-        if (!text.isEmpty() && !saysSame(text, rewritten.element(willBe).text))
-            lose(was, QString(), text, rewritten.element(willBe).text);
+        if (original.hasText(was)) {
+            const QString text = original.text(was);
+            const QString instead = rewritten.text(willBe);
+            if (!saysSame(text, instead))
+                lose(was, QString(), text, instead);
+        }
         compareAttributes(was, willBe);
         compareChildren(was, willBe);
     }
 
     void compareAttributes(Index was, Index willBe)
     {
-        const XmlTree::Element &element = original.element(was);
-        for (Index i = element.firstAttribute; i < element.attributesEnd; ++i) {
-            const XmlTree::Attribute &attribute = original.attribute(i);
-            const auto *counterpart = rewritten.findAttribute(rewritten.element(willBe), attribute.name);
+        for (const XmlTree::Attribute &attribute : original.attributes(was)) {
+            const auto counterpart = rewritten.attribute(willBe, attribute.name);
             const QString place = QStringLiteral("/@") + attribute.name;
-            if (!counterpart && !isDefault(element.name, attribute.name, attribute.value))
+            if (!counterpart && !isDefault(original.name(was), attribute.name, attribute.value))
                 lose(was, place, attribute.value, std::nullopt);
-            else if (counterpart && !saysSame(attribute.value, counterpart->value))
-                lose(was, place, attribute.value, counterpart->value);
+            else if (counterpart && !saysSame(attribute.value, *counterpart))
+                lose(was, place, attribute.value, counterpart);
         }
     }
 
+    /// Elements that stand in one order in both need not be looked for.
     void compareChildren(Index was, Index willBe)
     {
-        const Index firstChild = original.element(was).firstChild;
-        if (firstChild == XmlTree::None)
-            return;
+        Index child = original.firstChild(was);
+        Index counterpart = rewritten.firstChild(willBe);
+        while (child != XmlTree::None && counterpart != XmlTree::None
+               && keyOf(original, child) == keyOf(rewritten, counterpart)) {
+            compare(child, counterpart);
+            child = original.nextSibling(child);
+            counterpart = rewritten.nextSibling(counterpart);
+        }
+        if (child != XmlTree::None)
+            compareSiblings(child, counterpart);
+    }
+
+    void compareSiblings(Index was, Index willBe)
+    {
         QHash<Key, std::vector<Index>> counterparts;
-        for (Index i = rewritten.element(willBe).firstChild; i != XmlTree::None;
-             i = rewritten.element(i).nextSibling)
+        for (Index i = willBe; i != XmlTree::None; i = rewritten.nextSibling(i))
             counterparts[keyOf(rewritten, i)].push_back(i);
         QHash<Key, std::size_t> seen;
-        for (Index i = firstChild; i != XmlTree::None; i = original.element(i).nextSibling) {
+        for (Index i = was; i != XmlTree::None; i = original.nextSibling(i)) {
             const Key key = keyOf(original, i);
             const std::size_t number = seen[key]++;
             const auto found = counterparts.constFind(key);
@@ -149,27 +165,26 @@ private:
     void lose(Index was, const QString &place, const QString &text, const std::optional<QString> &instead)
     {
         const QString outcome = instead ? Console::quoted(*instead) : QStringLiteral("missing");
-        add(original.element(was).offset,
+        add(original.offset(was),
             original.path(was) + place + QStringLiteral(": was ") + Console::quoted(text)
                 + QStringLiteral(", would be ") + outcome);
     }
 
     void loseElement(Index was)
     {
-        const XmlTree::Element &element = original.element(was);
-        if (saysNothing(element))
+        if (saysNothing(was))
             return;
-        if (element.firstChild == XmlTree::None)
-            lose(was, QString(), element.text, std::nullopt);
+        if (!original.hasChild(was))
+            lose(was, QString(), original.text(was), std::nullopt);
         else
-            add(element.offset,
+            add(original.offset(was),
                 original.path(was) + QStringLiteral(": would be missing with all that is in it"));
     }
 
-    [[nodiscard]] bool saysNothing(const XmlTree::Element &element) const
+    [[nodiscard]] bool saysNothing(Index element) const
     {
-        return element.firstChild == XmlTree::None && element.firstAttribute == element.attributesEnd
-            && (element.text.isEmpty() || isDefault(element.name, {}, element.text));
+        return !original.hasChild(element) && !original.hasAttributes(element)
+            && (!original.hasText(element) || isDefault(original.name(element), {}, original.text(element)));
     }
 
     [[nodiscard]] bool isDefault(QStringView element, QStringView attribute, const QString &text) const

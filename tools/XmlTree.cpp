@@ -1,24 +1,63 @@
 #include "tools/XmlTree.h"
 
+#include <objectbase/XmlForm_p.h>
 #include <tools/Console.h>
 #include <tools/XmlPlaces.h>
 
-#include <QSet>
+#include <QHash>
 #include <QStringList>
 #include <QXmlStreamReader>
 
 #include <algorithm>
+#include <limits>
+#include <new>
+#include <utility>
 
 class XmlTreeBuilder {
 public:
-    XmlTreeBuilder(XmlTree &result, const QString &document) : tree(result), text(document), reader(document)
+    XmlTreeBuilder(XmlTree &result, const QByteArray &document)
+        : tree(result), text(document), placed(document), reader(placed.xml())
     {
-        reader.setNamespaceProcessing(false);
     }
 
-    void build()
+    void build(XmlTree::Extent extent)
     {
-        while (!reader.atEnd()) {
+        if (!breaksBeforeRoot())
+            read(extent);
+        for (; !open.empty(); open.pop_back())
+            setText(open.back().element, open.back().text);
+    }
+
+private:
+    using Index = XmlTree::Index;
+    using Attributes = std::vector<XmlTree::Attribute>;
+
+    /// An element that is not closed yet, the last of its children so far, and its text so far.
+    struct Open {
+        Index element;
+        Index lastChild;
+        QString text;
+    };
+
+    static constexpr auto MostNodes = static_cast<std::size_t>(std::numeric_limits<Index>::max());
+
+    XmlTree::Node &at(Index index) { return tree.nodes[static_cast<std::size_t>(index)]; }
+    Index currentIndex() const { return open.empty() ? XmlTree::None : open.back().element; }
+
+    /// What the library refuses to read at all.
+    bool breaksBeforeRoot()
+    {
+        PlacedReader prolog(text);
+        if (TESSEL::readToRoot(prolog.xml()))
+            return false;
+        tree.breakOff = {prolog.xml().errorString(), prolog.placeOfError(), XmlTree::None};
+        return true;
+    }
+
+    void read(XmlTree::Extent extent)
+    {
+        const bool isWhole = extent == XmlTree::Extent::Whole;
+        while (!reader.atEnd() && !tree.isBroken() && (isWhole || !tree.hasRoot())) {
             switch (reader.readNext()) {
             case QXmlStreamReader::StartElement:
                 startElement();
@@ -28,78 +67,124 @@ public:
                 break;
             case QXmlStreamReader::Characters:
                 if (!open.empty())
-                    current().text += reader.text();
+                    open.back().text += reader.text();
                 break;
             default:
                 addAside();
                 break;
             }
         }
-        tree.isCut = reader.hasError();
-        tree.brokenElement = currentIndex();
+        if (reader.hasError())
+            tree.breakOff = {reader.errorString(), placed.placeOfError(), currentIndex()};
     }
 
-private:
-    /// An element that is not closed yet, and the last of its children so far.
-    struct Open {
-        XmlTree::Index element;
-        XmlTree::Index lastChild;
-    };
-
-    XmlTree::Element &at(XmlTree::Index index) { return tree.elements[static_cast<std::size_t>(index)]; }
-    XmlTree::Element &current() { return at(open.back().element); }
-    XmlTree::Index currentIndex() const { return open.empty() ? XmlTree::None : open.back().element; }
-
-    /// Documents repeat few names many times.
-    template <class Text>
-    const QString &shared(Text name)
+    quint32 numberOf(const QString &name)
     {
-        return *names.insert(name.toString());
+        const auto known = numbers.constFind(name); // documents repeat few names many times
+        if (known != numbers.constEnd())
+            return *known;
+        const auto number = static_cast<quint32>(tree.names.size());
+        tree.names.push_back(name);
+        numbers.insert(name, number);
+        return number;
     }
 
     void startElement()
     {
-        const auto index = static_cast<XmlTree::Index>(tree.elements.size());
-        const auto attributesBegin = static_cast<XmlTree::Index>(tree.attributes.size());
-        const QXmlStreamAttributes present = reader.attributes();
-        for (const auto &attribute : present)
-            tree.attributes.push_back({shared(attribute.qualifiedName()), attribute.value().toString()});
-        XmlTree::Element element;
-        element.name = shared(reader.qualifiedName());
-        element.offset = startOfToken(reader, text);
-        element.parent = currentIndex();
-        element.firstAttribute = attributesBegin;
-        element.attributesEnd = static_cast<XmlTree::Index>(tree.attributes.size());
-        tree.elements.push_back(element);
-        if (!open.empty())
-            link(index);
-        open.push_back({index, XmlTree::None});
+        if (tree.nodes.size() == MostNodes || tree.nodeAttributes.size() >= MostNodes)
+            throw std::bad_alloc();
+        const qsizetype start = placed.startOfToken();
+        const auto present = attributes();
+        if (tree.isBroken())
+            return;
+        XmlTree::Node node{};
+        node.name = numberOf(reader.qualifiedName().toString());
+        node.offset = static_cast<qint32>(start);
+        node.parent = currentIndex();
+        node.nextSibling = XmlTree::None;
+        node.firstAttribute = static_cast<quint32>(tree.nodeAttributes.size());
+        for (const XmlTree::Attribute &attribute : present)
+            tree.nodeAttributes.push_back({numberOf(attribute.name), tree.texts.put(attribute.value)});
+        const auto index = static_cast<Index>(tree.nodes.size());
+        tree.nodes.push_back(node);
+        if (!open.empty()) {
+            const Index before = std::exchange(open.back().lastChild, index);
+            if (before != XmlTree::None)
+                at(before).nextSibling = index;
+        }
+        open.push_back({index, XmlTree::None, {}});
     }
 
-    void link(XmlTree::Index child)
+    /// In the order in which they stand in the tag. Qt's reader does not mind that a namespace is declared
+    /// twice, but that is not well-formed.
+    Attributes attributes()
     {
-        Open &parent = open.back();
-        if (parent.lastChild == XmlTree::None)
-            at(parent.element).firstChild = child;
-        else
-            at(parent.lastChild).nextSibling = child;
-        parent.lastChild = child;
+        const QXmlStreamAttributes plain = reader.attributes();
+        const QXmlStreamNamespaceDeclarations declarations = reader.namespaceDeclarations();
+        Attributes all;
+        all.reserve(static_cast<std::size_t>(plain.size() + declarations.size()));
+        for (const auto &declaration : declarations) {
+            const QString prefix = declaration.prefix().toString();
+            all.push_back({prefix.isEmpty() ? QStringLiteral("xmlns") : QStringLiteral("xmlns:") + prefix,
+                           declaration.namespaceUri().toString()});
+        }
+        const bool hasDeclarations = !all.empty();
+        if (declarations.size() > 1)
+            refuseRepeated(all);
+        for (const auto &attribute : plain)
+            all.push_back({attribute.qualifiedName().toString(), attribute.value().toString()});
+        if (hasDeclarations)
+            sortAsInTag(all);
+        return all;
+    }
+
+    void refuseRepeated(const Attributes &declarations)
+    {
+        QStringList sorted;
+        for (const XmlTree::Attribute &declaration : declarations)
+            sorted += declaration.name;
+        std::sort(sorted.begin(), sorted.end());
+        const auto twice = std::adjacent_find(sorted.begin(), sorted.end());
+        if (twice == sorted.end())
+            return;
+        qsizetype place = placed.startOfToken();
+        for (const auto &[name, offset] : placed.attributesInTag()) {
+            if (name == *twice)
+                place = offset; // of the last one
+        }
+        tree.breakOff = {
+            QStringLiteral("The namespace declaration '%1' stands twice in one element.").arg(*twice), place,
+            currentIndex()};
+    }
+
+    void sortAsInTag(Attributes &all)
+    {
+        QHash<QString, qsizetype> places;
+        for (const auto &[name, offset] : placed.attributesInTag())
+            places.insert(name, offset);
+        const auto placeOf = [&places](const XmlTree::Attribute &attribute) {
+            return places.value(attribute.name, std::numeric_limits<qsizetype>::max());
+        };
+        std::stable_sort(all.begin(), all.end(),
+                         [&placeOf](const auto &a, const auto &b) { return placeOf(a) < placeOf(b); });
     }
 
     void endElement()
     {
-        XmlTree::Element &element = current();
-        if (element.firstChild != XmlTree::None || element.parent == XmlTree::None)
-            element.text = withoutLayout(element.text);
+        const auto &[element, lastChild, content] = open.back();
+        const bool hasLayout = lastChild != XmlTree::None || element == XmlTree::Root;
+        setText(element, hasLayout ? withoutLayout(content) : QStringView(content));
         open.pop_back();
     }
 
-    static QString withoutLayout(const QString &text)
+    void setText(Index element, QStringView content) { at(element).text = tree.texts.put(content); }
+
+    static QStringView withoutLayout(QStringView text)
     {
         const auto isLayout = [](QChar c) { return QStringView(u" \t\r\n").contains(c); };
         const auto begin = std::find_if_not(text.begin(), text.end(), isLayout);
         const auto end = std::find_if_not(text.rbegin(), std::make_reverse_iterator(begin), isLayout).base();
-        return QString(begin, static_cast<int>(end - begin));
+        return text.mid(begin - text.begin(), end - begin);
     }
 
     void addAside()
@@ -118,50 +203,79 @@ private:
 
     void add(XmlTree::Aside::Kind kind, const QString &content)
     {
-        tree.asides.push_back({kind, content, startOfToken(reader, text), currentIndex()});
+        tree.asides.push_back({kind, content, placed.startOfToken(), currentIndex()});
     }
 
     XmlTree &tree;
-    const QString &text;
-    QXmlStreamReader reader;
-    QSet<QString> names;
+    const QByteArray &text;
+    PlacedReader placed;
+    QXmlStreamReader &reader;
+    QHash<QString, quint32> numbers;
     std::vector<Open> open;
 };
 
-XmlTree::XmlTree(const QString &text)
+XmlTree::XmlTree(const QByteArray &utf8, Extent extent)
 {
-    XmlTreeBuilder(*this, text).build();
+    XmlTreeBuilder(*this, utf8).build(extent);
 }
 
-const XmlTree::Attribute *XmlTree::findAttribute(const Element &element, QStringView name) const
+std::size_t XmlTree::attributesEnd(Index element) const
 {
-    const auto begin = attributes.begin() + element.firstAttribute;
-    const auto end = attributes.begin() + element.attributesEnd;
-    const auto found =
-        std::find_if(begin, end, [name](const auto &candidate) { return candidate.name == name; });
-    return found == end ? nullptr : &*found;
+    return element + 1 < end() ? node(element + 1).firstAttribute : nodeAttributes.size();
+}
+
+std::vector<XmlTree::Attribute> XmlTree::attributes(Index element) const
+{
+    std::vector<Attribute> found;
+    const std::size_t last = attributesEnd(element);
+    for (std::size_t i = node(element).firstAttribute; i < last; ++i)
+        found.push_back({names[nodeAttributes[i].name], texts.text(nodeAttributes[i].value)});
+    return found;
+}
+
+bool XmlTree::hasAttributes(Index element) const
+{
+    return node(element).firstAttribute < attributesEnd(element);
+}
+
+std::optional<QString> XmlTree::attribute(Index element, QStringView name) const
+{
+    const std::size_t last = attributesEnd(element);
+    for (std::size_t i = node(element).firstAttribute; i < last; ++i) {
+        if (names[nodeAttributes[i].name] == name)
+            return texts.text(nodeAttributes[i].value);
+    }
+    return std::nullopt;
 }
 
 XmlTree::Index XmlTree::findChild(Index parent, QStringView name) const
 {
-    Index child = element(parent).firstChild;
-    while (child != None && element(child).name != name)
-        child = element(child).nextSibling;
+    Index child = firstChild(parent);
+    while (child != None && this->name(child) != name)
+        child = nextSibling(child);
     return child;
 }
 
-QString XmlTree::path(Index index) const
+QString XmlTree::path(Index element) const
 {
     constexpr int MostSteps = 20;
     QStringList steps;
-    for (; index != None && steps.size() < MostSteps; index = element(index).parent) {
-        const Element &step = element(index);
-        const Attribute *uniqueName = findAttribute(step, UniqueNameAttribute);
-        const QString name = Console::shortened(step.name);
-        steps.prepend(uniqueName ? QStringLiteral("%1[%2]").arg(name, Console::shortened(uniqueName->value))
-                                 : name);
+    for (; element != None && steps.size() < MostSteps; element = parent(element)) {
+        const auto uniqueName = attribute(element, UniqueNameAttribute);
+        const QString step = Console::shortened(name(element));
+        steps.prepend(uniqueName ? QStringLiteral("%1[%2]").arg(step, Console::shortened(*uniqueName))
+                                 : step);
     }
-    if (index != None)
+    if (element != None)
         steps.prepend(QString(QChar(0x2026)));
     return steps.join(QLatin1Char('/'));
+}
+
+XmlTree::Index elementNamed(const XmlTree &tree, QStringView name)
+{
+    for (XmlTree::Index i = XmlTree::Root; i < tree.end(); ++i) {
+        if (localName(tree.name(i)) == name)
+            return i;
+    }
+    return XmlTree::Root;
 }

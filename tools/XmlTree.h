@@ -1,11 +1,16 @@
-// An XML document as a tree, to compare what two documents say. The nodes stand in one vector, in document
+// An XML document as a tree, to compare what two documents say. The nodes stand in one list, in document
 // order: documents may have a million of them, nested to any depth.
 #ifndef KORMAK_TOOLS_XMLTREE_H
 #define KORMAK_TOOLS_XMLTREE_H
 
+#include <tools/TextPool.h>
+
+#include <QByteArray>
 #include <QString>
 #include <QStringView>
 
+#include <deque>
+#include <optional>
 #include <vector>
 
 class XmlTree {
@@ -14,18 +19,8 @@ public:
     static constexpr Index None = -1;
 
     struct Attribute {
-        QString name;
-        QString value;
-    };
-    struct Element {
         QString name; ///< with its prefix
-        QString text; ///< without the white space around it that lays out child elements or the document
-        qsizetype offset; ///< where it stands in the text of the document
-        Index parent;
-        Index firstChild = None;
-        Index nextSibling = None;
-        Index firstAttribute; ///< namespace declarations count as attributes
-        Index attributesEnd;
+        QString value;
     };
     /// What stands beside the elements.
     struct Aside {
@@ -35,46 +30,92 @@ public:
         qsizetype offset;
         Index parent;
     };
+    /// Where and why a text breaks off that is not well-formed.
+    struct Break {
+        QString message;
+        qsizetype offset;
+        Index element; ///< the innermost one that it breaks off in; None when it does so outside the root
+    };
 
     static constexpr Index Root = 0;
 
-    /// When \a text is not well-formed, the tree holds what stands before the place where it breaks.
-    explicit XmlTree(const QString &text);
+    enum class Extent {
+        Whole,
+        UpToRoot, ///< the root element, and what stands before it
+    };
 
-    [[nodiscard]] bool isBroken() const noexcept { return isCut; }
-    /// The innermost element that a broken text breaks off in; None when it does so outside the root.
-    [[nodiscard]] Index brokenIn() const noexcept { return brokenElement; }
+    /// Of a document without any text.
+    XmlTree() = default;
+    /// When \a utf8 is not well-formed, the tree holds what stands before the place where it breaks. Offsets
+    /// count its bytes. \throws std::bad_alloc
+    explicit XmlTree(const QByteArray &utf8, Extent extent = Extent::Whole);
 
-    [[nodiscard]] const Element &element(Index index) const
+    [[nodiscard]] const std::optional<Break> &broken() const noexcept { return breakOff; }
+    [[nodiscard]] bool isBroken() const noexcept { return breakOff.has_value(); }
+    [[nodiscard]] Index brokenIn() const noexcept { return breakOff ? breakOff->element : None; }
+
+    /// Only a broken text may have none. Without it there is no element to ask for.
+    [[nodiscard]] bool hasRoot() const noexcept { return !nodes.empty(); }
+
+    /// With its prefix.
+    [[nodiscard]] const QString &name(Index element) const { return names[node(element).name]; }
+    /// Without the white space around it that lays out child elements or the document.
+    [[nodiscard]] QString text(Index element) const { return texts.text(node(element).text); }
+    [[nodiscard]] bool hasText(Index element) const { return node(element).text != TextPool::Empty; }
+    /// Where it stands in the text of the document.
+    [[nodiscard]] qsizetype offset(Index element) const { return node(element).offset; }
+    [[nodiscard]] Index parent(Index element) const { return node(element).parent; }
+    [[nodiscard]] Index firstChild(Index element) const
     {
-        return elements[static_cast<std::size_t>(index)];
+        const Index next = element + 1;
+        return next < end() && node(next).parent == element ? next : None;
     }
-    [[nodiscard]] const Attribute &attribute(Index index) const
-    {
-        return attributes[static_cast<std::size_t>(index)];
-    }
+    [[nodiscard]] Index nextSibling(Index element) const { return node(element).nextSibling; }
+    [[nodiscard]] bool hasChild(Index element) const { return firstChild(element) != None; }
+
+    /// Namespace declarations count as attributes.
+    [[nodiscard]] std::vector<Attribute> attributes(Index element) const;
+    [[nodiscard]] bool hasAttributes(Index element) const;
+    /// The value of the attribute called \a name; nothing when there is none.
+    [[nodiscard]] std::optional<QString> attribute(Index element, QStringView name) const;
+
     /// Elements have the indexes from Root to before this one; all that is in an element follows it.
-    [[nodiscard]] Index end() const { return static_cast<Index>(elements.size()); }
+    [[nodiscard]] Index end() const { return static_cast<Index>(nodes.size()); }
     [[nodiscard]] const std::vector<Aside> &allAsides() const noexcept { return asides; }
-
-    /// The attribute of an element; null when it has none of that name.
-    [[nodiscard]] const Attribute *findAttribute(const Element &element, QStringView name) const;
 
     /// The first child called \a name, or None.
     [[nodiscard]] Index findChild(Index parent, QStringView name) const;
 
     /// The names down to the element, the unique names of those that have one included. Long names are cut,
     /// and of a deep path only the end is told.
-    [[nodiscard]] QString path(Index index) const;
+    [[nodiscard]] QString path(Index element) const;
 
 private:
     friend class XmlTreeBuilder;
 
-    std::vector<Element> elements;
-    std::vector<Attribute> attributes;
+    // As small as can be: a document of a gigabyte has some ten million elements.
+    struct Node {
+        quint32 name; ///< its number
+        TextPool::Id text;
+        qint32 offset;
+        Index parent;
+        Index nextSibling;
+        quint32 firstAttribute; ///< its attributes end where those of the next element begin
+    };
+    struct NodeAttribute {
+        quint32 name;
+        TextPool::Id value;
+    };
+
+    [[nodiscard]] const Node &node(Index element) const { return nodes[static_cast<std::size_t>(element)]; }
+    [[nodiscard]] std::size_t attributesEnd(Index element) const;
+
+    std::deque<Node> nodes;
+    std::deque<NodeAttribute> nodeAttributes;
+    std::vector<QString> names;
+    TextPool texts;
     std::vector<Aside> asides;
-    bool isCut = false;
-    Index brokenElement = None;
+    std::optional<Break> breakOff;
 };
 
 /// The name of an element without its prefix.
@@ -85,5 +126,8 @@ private:
 
 /// The attribute that tells apart elements of the same name.
 inline constexpr QStringView UniqueNameAttribute = u"UniqueName";
+
+/// The first element called \a name whatever its prefix, or the root element when none is.
+[[nodiscard]] XmlTree::Index elementNamed(const XmlTree &tree, QStringView name);
 
 #endif

@@ -9,10 +9,15 @@
 #include <QTextCodec>
 #endif
 
+#include <algorithm>
 #include <cerrno>
 #include <clocale>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <iterator>
+#include <new>
 
 namespace {
 
@@ -85,17 +90,54 @@ void fixLocale()
 void ignoreMessage(QtMsgType /*type*/, const QMessageLogContext & /*context*/, const QString & /*message*/) {
 }
 
+/// Without an application object, whose event loop nobody needs.
+QStringList argumentsOf(int argc, char **argv)
+{
+#ifdef Q_OS_WIN
+    const QCoreApplication application(argc, argv); // which knows how they are encoded
+    return QCoreApplication::arguments();
+#else
+    QStringList arguments;
+    std::transform(argv, argv + argc, std::back_inserter(arguments),
+                   [](const char *argument) { return QString::fromLocal8Bit(argument); });
+    return arguments;
+#endif
+}
+
+/// Takes no memory itself.
+ExitStatus complainAboutMemory() noexcept
+{
+    std::fflush(stdout);
+    std::fputs("kormak: not enough memory\n", stderr);
+    return Failed;
+}
+
+/// Memory may run out where nothing can be thrown, too.
+[[noreturn]] void endAtOnce() noexcept
+{
+    try {
+        if (const auto exception = std::current_exception())
+            std::rethrow_exception(exception);
+    } catch (const std::bad_alloc &) {
+        std::_Exit(complainAboutMemory());
+    } catch (...) {
+    }
+    std::abort();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
+    std::set_terminate(endAtOnce);
     // Qt warns of locales and empty file names; what is wrong the tool says itself.
     qInstallMessageHandler(ignoreMessage);
-    const QCoreApplication application(argc, argv);
-    fixLocale();
     try {
-        return run(QCoreApplication::arguments());
-    } catch (const std::exception &error) { // of which running out of memory is one
+        fixLocale();
+        return run(argumentsOf(argc, argv));
+    } catch (const std::bad_alloc &) {
+        return complainAboutMemory();
+    } catch (const std::exception &error) {
         Console::complain(QStringLiteral("kormak: ") + QString::fromUtf8(error.what()));
         return Failed;
     } catch (const Console::OutputError &error) {

@@ -489,7 +489,25 @@ void CheckCommandTest::faulty_data()
     add("character outside XML", jobWith("Mara Lind", "Mara\x01"),
         {"5:21: error: Job/JobHeader/Author: Unexpected ''."});
     add("prefix that is not declared", jobWith("<Author>Mara", "<Author x:a='b'>Mara"),
-        {"5:24: error: Namespace prefix 'x' not declared"});
+        {"5:24: error: Job/JobHeader: Namespace prefix 'x' not declared"});
+    const auto twice = [](const char *name) {
+        return QString(" The namespace declaration '%1' stands twice in one element.").arg(name);
+    };
+    add("namespace that is declared twice", jobWith("<Author>", "<Author xmlns=\"a\" xmlns=\"a\">"),
+        {"5:27: error: Job/JobHeader:" + twice("xmlns")});
+    add("prefix that is declared twice, with an attribute between",
+        jobWith("<JobHeader Ver", "<JobHeader xmlns:x='a' x:b='' xmlns:x='a' Ver"),
+        {"3:35: error: Job:" + twice("xmlns:x")});
+    add("prefix that is declared twice in the root", jobWith("<Job Ver", "<Job xmlns:x='a' xmlns:x='b' Ver"),
+        {"2:18: error:" + twice("xmlns:x")});
+    add("namespace that is declared twice in the root, without children", "<Job xmlns=\"a\" xmlns=\"a\"/>",
+        {"1:16: error:" + twice("xmlns")});
+    add("namespace that is declared twice, behind what is refused",
+        jobWith("<ResourceType>", "<Foo/><ResourceType xmlns='a' xmlns='a'>"),
+        {"9:5: error: Job/Foo:" + unknownInJob, "9:35: error: Job:" + twice("xmlns")});
+    add("namespace that is declared twice in an entity",
+        "<!DOCTYPE Job [<!ENTITY e \"<JobHeader xmlns:x='a' xmlns:x='a'/>\">]>\n<Job>&e;</Job>",
+        {"2:1: error: Job:" + twice("xmlns:x")});
 }
 
 void CheckCommandTest::faulty()
@@ -915,7 +933,10 @@ public:
           hasBar(isBarExpected)
     {
         folder.write("a.xml", completeJob());
-        QCOMPARE(mkfifo(QFile::encodeName(folder.path("slow.xml")).constData(), S_IRUSR | S_IWUSR), 0);
+        const QByteArray path = QFile::encodeName(folder.path("slow.xml"));
+        QCOMPARE(mkfifo(path.constData(), S_IRUSR | S_IWUSR), 0);
+        pipe = open(path.constData(), O_RDWR | O_CLOEXEC);
+        QVERIFY(pipe >= 0);
         process.setWorkingDirectory(folder.path("."));
         if (writes)
             process.setStandardOutputFile(screen.path());
@@ -936,7 +957,9 @@ public:
 
     void end()
     {
-        folder.write("slow.xml", completeJob());
+        QCOMPARE(write(pipe, completeJob().constData(), static_cast<std::size_t>(completeJob().size())),
+                 static_cast<ssize_t>(completeJob().size()));
+        close(pipe);
         QVERIFY(process.waitForFinished());
         QCOMPARE(process.exitCode(), 0);
 
@@ -961,6 +984,7 @@ private:
     Folder folder;
     Screen screen;
     QProcess process;
+    int pipe = -1; ///< that somebody may still write to
 };
 
 } // namespace

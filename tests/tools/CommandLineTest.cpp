@@ -95,7 +95,7 @@ The PATH - is standard input.
 
 Options:
   -r, --recursive  Go through the folders below a folder, too.
-  -j, --jobs N     Check N files at a time (default: one per processor core).
+  -j, --jobs N     Check N files at a time (default: 1 per core; at most 4).
   --format FORMAT  text (for people, the default) or json (for scripts).
   -h, --help       Show this help.
 

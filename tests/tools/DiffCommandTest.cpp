@@ -248,6 +248,9 @@ void DiffCommandTest::refused_data()
     QTest::newRow("other kinds") << QStringList{"job.xml", "parameter.xml"}
                                  << "parameter.xml: error: is of kind Parameter, but job.xml is of kind Job: "
                                     "they cannot be compared\n";
+    QTest::newRow("namespace that is declared twice")
+        << QStringList{"job.xml", "twice.xml"}
+        << "twice.xml:1:29: error: The namespace declaration 'xmlns:x' stands twice in one element.\n";
     QTest::newRow("neither can be read") << QStringList{"none.xml", "faulty.xml"}
                                          << "none.xml: error: cannot be read: No such file or directory\n"
                                             "faulty.xml:1:6: error: Unknown Tag 'Foo' in 'Job'.\n";
@@ -264,6 +267,7 @@ void DiffCommandTest::refused()
     folder.write("job.xml", completeJob());
     folder.write("parameter.xml", completeParameter());
     folder.write("faulty.xml", "<Job><Foo/></Job>");
+    folder.write("twice.xml", "<Job><JobHeader xmlns:x='a' xmlns:x='a'/></Job>");
     const Run run = folder.run(QStringList("diff") + files);
     QCOMPARE(run.out, QString());
     QCOMPARE(run.err, complaint);

@@ -59,7 +59,7 @@ QString refusal(const QString &text)
 QString misfit(const QString &text)
 {
     const QString said = refusal(text);
-    const FileCheck check = checkText("a.xml", text);
+    const FileCheck check = checkText("a.xml", {text.toUtf8()});
     bool hasError = false;
     bool hasNeed = false;
     QString findings;
@@ -97,7 +97,7 @@ QList<Place> allPlaces()
     QList<Place> places;
     for (const QString &name : documentKindNames()) {
         const DocumentKind *kind = findDocumentKind(name);
-        const XmlTree tree('<' + name + "/>");
+        const XmlTree tree(('<' + name + "/>").toUtf8());
         const ElementForm &root = kind->form(tree).elements[0];
         addPlaces(places, {kind, root.name.toString(), root.object});
     }

@@ -685,6 +685,10 @@ void ShowCommandTest::faulty_data()
     QTest::newRow("unknown element") << "tag.xml"
                                      << "tag.xml:1:6: error: Unknown Tag 'Foo' in 'Job'.\n"
                                      << 1;
+    QTest::newRow("namespace that is declared twice")
+        << "twice.xml"
+        << "twice.xml:1:16: error: The namespace declaration 'xmlns' stands twice in one element.\n"
+        << 1;
     QTest::newRow("missing") << "none.xml"
                              << "none.xml: error: cannot be read: No such file or directory\n"
                              << 2;
@@ -698,6 +702,7 @@ void ShowCommandTest::faulty()
 
     Folder folder;
     folder.write("tag.xml", "<Job><Foo/></Job>");
+    folder.write("twice.xml", "<Job xmlns='a' xmlns='b'/>");
     const Run run = folder.run({"show", name});
     QCOMPARE(run.out, QString());
     QCOMPARE(run.err, complaint);

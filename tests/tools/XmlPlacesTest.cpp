@@ -1,5 +1,7 @@
 #include "tools/XmlPlaces.h"
 
+#include <tools/XmlTree.h>
+
 #include <QtTest>
 #include <QXmlStreamReader>
 
@@ -9,6 +11,10 @@ class XmlPlacesTest : public QObject {
 private Q_SLOTS:
     void elementReadAt_data();
     void elementReadAt();
+    void offsetsInBytes();
+    void attributesInTag();
+    void withoutEncoding_data();
+    void withoutEncoding();
     void elementNamed_data();
     void elementNamed();
 };
@@ -35,12 +41,72 @@ void XmlPlacesTest::elementReadAt()
 
     const auto place = text.indexOf('|');
     text.remove('|');
-    QXmlStreamReader reader(text);
+    PlacedReader placed(text.toUtf8());
+    QXmlStreamReader &reader = placed.xml();
     while (!(reader.isStartElement() && reader.name() == QLatin1String("b")))
         QVERIFY(reader.readNext() != QXmlStreamReader::Invalid);
+    QCOMPARE(placed.startOfToken(), static_cast<qsizetype>(place));
     if (isReadToItsEnd)
         reader.readElementText();
-    QCOMPARE(::elementReadAt(text, reader.characterOffset()), static_cast<qsizetype>(place));
+    QCOMPARE(::elementReadAt(text.toUtf8(), placed.offset()), static_cast<qsizetype>(place));
+}
+
+/// However many bytes and code units the characters before a place take, and wherever Qt's reader begins
+/// anew.
+void XmlPlacesTest::offsetsInBytes()
+{
+    constexpr int Filling = 5000;
+    for (const char *character : {"x", "\xC3\xA4", "\xE2\x82\xAC", "\xF0\x9D\x84\x9E"}) {
+        QByteArray text("<a>");
+        for (int i = 0; i < Filling; ++i)
+            text += character;
+        text += "<b/>";
+        const auto place = text.indexOf("<b");
+        PlacedReader placed(text + "</a>");
+        while (!(placed.xml().isStartElement() && placed.xml().name() == QLatin1String("b")))
+            QVERIFY(placed.xml().readNext() != QXmlStreamReader::Invalid);
+        QCOMPARE(placed.startOfToken(), static_cast<qsizetype>(place));
+        QCOMPARE(placed.offset(), static_cast<qsizetype>(text.size()));
+    }
+}
+
+void XmlPlacesTest::attributesInTag()
+{
+    const QByteArray text = "<a><b xmlns:x='y>' c = \"1'\"\n\txmlns=\"z\" x:d='/>'/></a>";
+    PlacedReader placed(text);
+    while (!(placed.xml().isStartElement() && placed.xml().name() == QLatin1String("b")))
+        QVERIFY(placed.xml().readNext() != QXmlStreamReader::Invalid);
+    QStringList found;
+    for (const auto &[name, offset] : placed.attributesInTag())
+        found += QString("%1 %2").arg(name).arg(offset);
+    QCOMPARE(found, (QStringList{"xmlns:x 6", "c 19", "xmlns 29", "x:d 39"}));
+}
+
+void XmlPlacesTest::withoutEncoding_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("after");
+
+    const auto add = [](const char *name, const QByteArray &before, const QByteArray &after) {
+        QTest::newRow(name) << before << after;
+    };
+    const auto same = [&add](const char *name, const QByteArray &text) { add(name, text, text); };
+    add("encoding", "<?xml version=\"1.0\" encoding=\"UTF-16\"?><a/>",
+        "<?xml version=\"1.0\"                  ?><a/>");
+    add("between others", "<?xml version='1.0'\n encoding = 'x' standalone='yes'?><a/>",
+        "<?xml version='1.0'                 standalone='yes'?><a/>");
+    same("none", "<?xml version=\"1.0\"?><a encoding=\"UTF-16\"/>");
+    same("no declaration", "<a encoding='UTF-16'/>");
+    same("no name of an encoding", "<?xml version=\"1.0\" encoding=\"1\"?><a/>");
+    same("elsewhere", " <?xml version=\"1.0\" encoding=\"UTF-16\"?><a/>");
+}
+
+void XmlPlacesTest::withoutEncoding()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, after);
+
+    QCOMPARE(::withoutEncoding(before), after);
 }
 
 void XmlPlacesTest::elementNamed_data()
@@ -60,7 +126,8 @@ void XmlPlacesTest::elementNamed()
 
     const auto place = text.indexOf('|');
     text.remove('|');
-    QCOMPARE(::elementNamed(text, u"b"), static_cast<qsizetype>(place));
+    const XmlTree tree(text.toUtf8());
+    QCOMPARE(tree.offset(::elementNamed(tree, u"b")), static_cast<qsizetype>(place));
 }
 
 QTEST_GUILESS_MAIN(XmlPlacesTest)
