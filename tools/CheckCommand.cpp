@@ -2,6 +2,7 @@
 #include <tools/Command.h>
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
+#include <tools/ListOf.h>
 #include <tools/OutputFormat.h>
 #include <tools/PathList.h>
 #include <tools/ProgressBar.h>
@@ -29,14 +30,13 @@ constexpr QStringView JobsOption = u"jobs";
 
 QList<QCommandLineOption> options()
 {
-    return {
-        {{QStringLiteral("r"), RecursiveOption.toString()},
-         QStringLiteral("Go through the folders below a folder, too.")},
-        {{QStringLiteral("j"), JobsOption.toString()},
-         QStringLiteral("Check N files at a time (default: 1 per core; at most 4)."),
-         QStringLiteral("N")},
-        formatOption(),
-    };
+    return listOf<QList<QCommandLineOption>>(
+        QCommandLineOption(listOf<QStringList>(QStringLiteral("r"), RecursiveOption.toString()),
+                           QStringLiteral("Go through the folders below a folder, too.")),
+        QCommandLineOption(listOf<QStringList>(QStringLiteral("j"), JobsOption.toString()),
+                           QStringLiteral("Check N files at a time (default: 1 per core; at most 4)."),
+                           QStringLiteral("N")),
+        formatOption());
 }
 
 /// More would only wait for one another.
@@ -127,7 +127,16 @@ private:
         std::exception_ptr exception; ///< null: there is an outcome
     };
 
-    void work() { work(listed.size()); }
+    /// In a thread of its own.
+    void work() noexcept
+    {
+        try {
+            (void)QThread::currentThread(); // made now, and not where Qt could not do without
+        } catch (const std::bad_alloc &) {
+            // Then the first reader makes it.
+        }
+        work(listed.size());
+    }
 
     /// Does the checks before \a end that nobody has begun.
     void work(std::size_t end)
@@ -199,7 +208,8 @@ ExitStatus run(const QCommandLineParser &parser)
     auto paths = listedPaths(arguments, parser.isSet(RecursiveOption.toString()));
     const bool wouldMix = format == OutputFormat::Json && Terminal::isOutput();
     ProgressBar progress(static_cast<int>(paths.size()), Terminal::isErrorOutput() && !wouldMix);
-    const bool isOneFile = paths.size() == 1 && arguments == QStringList(paths.front().path);
+    const bool isOneFile =
+        paths.size() == 1 && arguments.size() == 1 && arguments.constFirst() == paths.front().path;
     const std::size_t count = paths.size();
     Counts counts;
     Checks checks(std::move(paths), format, jobs);

@@ -3,6 +3,7 @@
 #include <tools/DocumentFile.h>
 #include <tools/FieldDiff.h>
 #include <tools/Json.h>
+#include <tools/ListOf.h>
 #include <tools/Output.h>
 #include <tools/OutputFormat.h>
 
@@ -122,6 +123,6 @@ const Command diffCommand{
      u"a document cannot be read, or the documents are of different kinds"},
     u"kormak diff old.xml new.xml",
     {FileName, u"FILE FILE", 2, 2},
-    [] { return QList<QCommandLineOption>{formatOption()}; },
+    [] { return listOf<QList<QCommandLineOption>>(formatOption()); },
     run,
 };

@@ -2,6 +2,7 @@
 #include <tools/Command.h>
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
+#include <tools/ListOf.h>
 #include <tools/Output.h>
 #include <tools/XmlLosses.h>
 
@@ -16,11 +17,12 @@ constexpr QStringView DropCommentsOption = u"drop-comments";
 
 QList<QCommandLineOption> options()
 {
-    return {
+    return listOf<QList<QCommandLineOption>>(
         outputOption(),
-        {InPlaceOption.toString(), QStringLiteral("Write each document to the FILE that it comes from.")},
-        {DropCommentsOption.toString(), QStringLiteral("Write even if comments are lost.")},
-    };
+        QCommandLineOption(listOf<QStringList>(InPlaceOption.toString()),
+                           QStringLiteral("Write each document to the FILE that it comes from.")),
+        QCommandLineOption(listOf<QStringList>(DropCommentsOption.toString()),
+                           QStringLiteral("Write even if comments are lost.")));
 }
 
 /// \throws DocumentError when the document is not complete: nothing would be written

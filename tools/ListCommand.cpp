@@ -1,6 +1,7 @@
 #include <tools/Command.h>
 #include <tools/Console.h>
 #include <tools/Json.h>
+#include <tools/ListOf.h>
 #include <tools/NameLists.h>
 #include <tools/OutputFormat.h>
 #include <tools/TextLayout.h>
@@ -87,6 +88,6 @@ const Command listCommand{
     {u"the names are listed", {}, u"there is no such vocabulary"},
     u"kormak list JobType",
     {u"VOCABULARY", u"[VOCABULARY]", 0, 1},
-    [] { return QList<QCommandLineOption>{formatOption()}; },
+    [] { return listOf<QList<QCommandLineOption>>(formatOption()); },
     run,
 };

@@ -5,6 +5,7 @@
 #include <tools/DocumentKind.h>
 #include <tools/FieldAssignment.h>
 #include <tools/FieldDiff.h>
+#include <tools/ListOf.h>
 #include <tools/Obstacles.h>
 #include <tools/Output.h>
 #include <tools/Terminal.h>
@@ -29,12 +30,13 @@ struct Incomplete {
 
 QList<QCommandLineOption> options()
 {
-    return {
-        {SetOption.toString(), QStringLiteral("Set a field; can be given many times."),
-         QStringLiteral("FIELD=VALUE")},
+    return listOf<QList<QCommandLineOption>>(
+        QCommandLineOption(listOf<QStringList>(SetOption.toString()),
+                           QStringLiteral("Set a field; can be given many times."),
+                           QStringLiteral("FIELD=VALUE")),
         outputOption(),
-        {ListOption.toString(), QStringLiteral("List the fields of KIND and what they can be set to.")},
-    };
+        QCommandLineOption(listOf<QStringList>(ListOption.toString()),
+                           QStringLiteral("List the fields of KIND and what they can be set to.")));
 }
 
 const DocumentKind &kindNamed(const QString &name)

@@ -1,6 +1,7 @@
 #include "tools/Output.h"
 
 #include <tools/Console.h>
+#include <tools/ListOf.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -73,8 +74,8 @@ bool hasChanged(const QString &path, const SourceText &source)
 
 QCommandLineOption outputOption()
 {
-    return {OutputOption.toString(), QStringLiteral("Write to the file OUT, not to standard output."),
-            QStringLiteral("OUT")};
+    return {listOf<QStringList>(OutputOption.toString()),
+            QStringLiteral("Write to the file OUT, not to standard output."), QStringLiteral("OUT")};
 }
 
 ExitStatus writeOutput(const QByteArray &text, const QString &path, const SourceText *source)

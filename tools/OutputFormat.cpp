@@ -1,5 +1,6 @@
 #include "tools/OutputFormat.h"
 
+#include <tools/ListOf.h>
 #include <tools/Usage.h>
 
 #include <QCommandLineParser>
@@ -14,13 +15,14 @@ constexpr QStringView JsonName = u"json";
 
 QCommandLineOption formatOption()
 {
-    return {OptionName.toString(), QStringLiteral("text (for people, the default) or json (for scripts)."),
+    return {listOf<QStringList>(OptionName.toString()),
+            QStringLiteral("text (for people, the default) or json (for scripts)."),
             QStringLiteral("FORMAT")};
 }
 
 QStringList outputFormatNames()
 {
-    return {TextName.toString(), JsonName.toString()};
+    return listOf<QStringList>(TextName.toString(), JsonName.toString());
 }
 
 OutputFormat outputFormat(const QCommandLineParser &parser)

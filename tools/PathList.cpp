@@ -1,18 +1,55 @@
 #include "tools/PathList.h"
 
-#include <QDir>
+#include <QByteArray>
+#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
 
 namespace {
 
-constexpr QDir::Filters Files = QDir::Files;
-constexpr QDir::Filters Folders = QDir::AllDirs | QDir::NoDotAndDotDot | QDir::NoSymLinks;
+namespace fs = std::filesystem;
+
+bool isDocument(const QString &name)
+{
+    return name.endsWith(QLatin1String(".xml"), Qt::CaseInsensitive);
+}
 
 QString below(const QString &folder, const QString &name)
 {
     return folder.endsWith(QLatin1Char('/')) ? folder + name : folder + QLatin1Char('/') + name;
+}
+
+/// What is in a folder, hidden ones left out.
+struct Entries {
+    std::vector<QString> files;
+    std::vector<QString> folders;
+    std::error_code error; ///< what has kept from listing more
+};
+
+Entries entriesOf(const QString &folder)
+{
+    Entries entries;
+    try {
+        for (const fs::directory_entry &entry :
+             fs::directory_iterator(fs::path(QFile::encodeName(folder).toStdString()))) {
+            const QString name =
+                QFile::decodeName(QByteArray::fromStdString(entry.path().filename().string()));
+            if (name.startsWith(QLatin1Char('.')))
+                continue;
+            std::error_code ignored; // what cannot be looked at is neither
+            if (entry.is_regular_file(ignored) && isDocument(name))
+                entries.files.push_back(name);
+            else if (entry.is_directory(ignored) && !entry.is_symlink(ignored))
+                entries.folders.push_back(name);
+        }
+    } catch (const fs::filesystem_error &error) {
+        entries.error = error.code();
+    }
+    return entries;
 }
 
 class FolderWalk {
@@ -22,38 +59,45 @@ public:
     void walk(const QString &root)
     {
         const auto before = static_cast<std::ptrdiff_t>(list.size());
-        QStringList open{root};
-        while (!open.isEmpty())
-            open += visit(open.takeLast());
+        bool hasFolders = false;
+        std::vector<QString> open;
+        open.push_back(root);
+        while (!open.empty()) {
+            const QString folder = open.back();
+            open.pop_back();
+            for (const QString &name : visit(folder)) {
+                hasFolders = true;
+                if (isRecursive)
+                    open.push_back(below(folder, name));
+            }
+        }
         const auto begin = list.begin() + before;
         std::sort(begin, list.end(), [](const auto &a, const auto &b) { return a.path < b.path; });
         if (begin == list.end())
-            list.push_back({root, obstacleOf(root)});
+            list.push_back({root, nothingIn(hasFolders)});
     }
 
 private:
-    /// Lists the files of \a folder and gives the folders in it that are to be visited.
-    QStringList visit(const QString &folder)
+    /// Lists the files of \a folder and gives the folders in it.
+    std::vector<QString> visit(const QString &folder)
     {
-        const QDir dir(folder);
-        if (!dir.isReadable()) {
-            list.push_back({folder, QStringLiteral("cannot be read: Permission denied")});
+        Entries entries = entriesOf(folder);
+        if (entries.error) {
+            list.push_back(
+                {folder,
+                 QStringLiteral("cannot be read: ") + QString::fromStdString(entries.error.message())});
             return {};
         }
-        const QStringList files = dir.entryList({QStringLiteral("*.xml")}, Files);
-        for (const QString &name : files)
+        for (const QString &name : entries.files)
             list.push_back({below(folder, name)});
-        QStringList folders = isRecursive ? dir.entryList(Folders) : QStringList();
-        for (QString &name : folders)
-            name = below(folder, name);
-        return folders;
+        return std::move(entries.folders);
     }
 
-    QString obstacleOf(const QString &root) const
+    [[nodiscard]] QString nothingIn(bool hasFolders) const
     {
-        const bool hasFolders = !isRecursive && !QDir(root).entryList(Folders).isEmpty();
         return QStringLiteral("there is no *.xml file in this folder")
-            + (hasFolders ? QStringLiteral(" (-r goes through the folders below, too)") : QString());
+            + (hasFolders && !isRecursive ? QStringLiteral(" (-r goes through the folders below, too)")
+                                          : QString());
     }
 
     std::vector<ListedPath> &list;

@@ -3,6 +3,7 @@
 #include <tools/DocumentFile.h>
 #include <tools/FieldLines.h>
 #include <tools/Json.h>
+#include <tools/ListOf.h>
 #include <tools/Obstacles.h>
 #include <tools/OutputFormat.h>
 
@@ -57,6 +58,6 @@ const Command showCommand{
     {u"the document is shown", u"the document is at fault", u"FILE cannot be read"},
     u"kormak show --format json job.xml",
     OneFile,
-    [] { return QList<QCommandLineOption>{formatOption()}; },
+    [] { return listOf<QList<QCommandLineOption>>(formatOption()); },
     run,
 };

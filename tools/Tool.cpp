@@ -1,20 +1,23 @@
 #include "tools/Tool.h"
 
+#include <tools/ListOf.h>
+
 #include <algorithm>
 
 namespace {
 
 QCommandLineOption helpOption()
 {
-    return {{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Show this help.")};
+    return QCommandLineOption(listOf<QStringList>(QStringLiteral("h"), QStringLiteral("help")),
+                              QStringLiteral("Show this help."));
 }
 
 } // namespace
 
-const QList<const Command *> &Tool::commands()
+const std::array<const Command *, 6> &Tool::commands()
 {
-    static const QList<const Command *> all{&checkCommand,  &showCommand, &diffCommand,
-                                            &formatCommand, &newCommand,  &listCommand};
+    static constexpr std::array<const Command *, 6> all{&checkCommand,  &showCommand, &diffCommand,
+                                                        &formatCommand, &newCommand,  &listCommand};
     return all;
 }
 
@@ -35,10 +38,10 @@ const Command *Tool::findCommand(QStringView name)
 
 QList<QCommandLineOption> Tool::options()
 {
-    return {
+    return listOf<QList<QCommandLineOption>>(
         helpOption(),
-        {{QStringLiteral("v"), QStringLiteral("version")}, QStringLiteral("Show the version of the tool.")},
-    };
+        QCommandLineOption(listOf<QStringList>(QStringLiteral("v"), QStringLiteral("version")),
+                           QStringLiteral("Show the version of the tool.")));
 }
 
 QList<QCommandLineOption> Tool::optionsOf(const Command &command)

@@ -9,6 +9,8 @@
 #include <QStringList>
 #include <QStringView>
 
+#include <array>
+
 namespace Tool {
 
 inline constexpr QStringView Summary =
@@ -33,7 +35,7 @@ inline constexpr QStringView Example =
     u"kormak check job.xml";
 
 /// In the order in which people are told of them.
-[[nodiscard]] const QList<const Command *> &commands();
+[[nodiscard]] const std::array<const Command *, 6> &commands();
 [[nodiscard]] QStringList commandNames();
 /// Null when there is none.
 [[nodiscard]] const Command *findCommand(QStringView name);

@@ -1,8 +1,7 @@
 #include "tools/XmlPlaces.h"
 
-#include <QRegularExpression>
-
 #include <algorithm>
+#include <optional>
 #include <string_view>
 
 namespace {
@@ -42,6 +41,48 @@ int unitsOf(char c)
 {
     constexpr auto FirstOfFour = static_cast<uchar>(0xF0);
     return static_cast<uchar>(c) >= FirstOfFour ? 2 : 1;
+}
+
+void skipBlanks(std::string_view &text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(Blanks), text.size()));
+}
+
+bool take(std::string_view &text, std::string_view what)
+{
+    const bool isThere = text.substr(0, what.size()) == what;
+    text.remove_prefix(isThere ? what.size() : 0);
+    return isThere;
+}
+
+/// The value of the attribute that \a text begins with, behind blanks; nothing when it is another one.
+std::optional<std::string_view> takeAttribute(std::string_view &text, std::string_view name)
+{
+    std::string_view rest = text;
+    skipBlanks(rest);
+    const bool hasBlanks = rest.size() < text.size();
+    if (!hasBlanks || !take(rest, name))
+        return std::nullopt;
+    skipBlanks(rest);
+    if (!take(rest, "="))
+        return std::nullopt;
+    skipBlanks(rest);
+    const auto end =
+        rest.empty() || (rest[0] != '"' && rest[0] != '\'') ? std::string_view::npos : rest.find(rest[0], 1);
+    if (end == std::string_view::npos)
+        return std::nullopt;
+    const std::string_view value = rest.substr(1, end - 1);
+    text = rest.substr(end + 1);
+    return value;
+}
+
+bool isEncodingName(std::string_view name)
+{
+    const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
+    const auto isAllowed = [&isLetter](char c) {
+        return isLetter(c) || (c >= '0' && c <= '9') || c == '.' || c == '_' || c == '-';
+    };
+    return !name.empty() && isLetter(name[0]) && std::all_of(name.begin(), name.end(), isAllowed);
 }
 
 } // namespace
@@ -132,14 +173,19 @@ std::vector<PlacedReader::NamePlace> PlacedReader::attributesInTag()
 
 QByteArray withoutEncoding(QByteArray utf8)
 {
-    constexpr int LongestDeclaration = 1000;
-    static const QRegularExpression declaration(
-        QStringLiteral("^<\\?xml[ \\t\\r\\n]+version[ \\t\\r\\n]*=[ \\t\\r\\n]*(?:\"[^\"]*\"|'[^']*')"
-                       "([ \\t\\r\\n]+encoding[ \\t\\r\\n]*=[ \\t\\r\\n]*"
-                       "(?:\"[A-Za-z][A-Za-z0-9._-]*\"|'[A-Za-z][A-Za-z0-9._-]*'))"));
-    const auto match = declaration.match(QString::fromLatin1(utf8.left(LongestDeclaration)));
-    if (match.hasMatch())
-        std::fill_n(utf8.data() + match.capturedStart(1), match.capturedLength(1), ' ');
+    std::string_view rest = viewOf(utf8);
+    constexpr std::string_view Start = "<?xml";
+    if (rest.substr(0, Start.size()) != Start)
+        return utf8;
+    rest.remove_prefix(Start.size());
+    if (!takeAttribute(rest, "version"))
+        return utf8;
+    const auto begin = utf8.size() - static_cast<qsizetype>(rest.size());
+    const auto encoding = takeAttribute(rest, "encoding");
+    if (encoding && isEncodingName(*encoding)) {
+        const auto end = utf8.size() - static_cast<qsizetype>(rest.size());
+        std::fill_n(utf8.data() + begin, end - begin, ' ');
+    }
     return utf8;
 }
 

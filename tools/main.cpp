@@ -5,6 +5,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QThread>
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 #include <QTextCodec>
 #endif
@@ -30,6 +31,15 @@ void parse(QCommandLineParser &parser, const QList<QCommandLineOption> &options,
     throw UsageError{QStringLiteral("%1 Allowed: %2").arg(parser.errorText(), Usage::optionNames(options))};
 }
 
+/// \a arguments from \a begin to before \a end. QStringList::mid() does not notice it when there is no
+/// memory.
+QStringList part(const QStringList &arguments, qsizetype begin, qsizetype end)
+{
+    QStringList some;
+    std::copy(arguments.begin() + begin, arguments.begin() + end, std::back_inserter(some));
+    return some;
+}
+
 ExitStatus runCommand(const Command &command, const QStringList &arguments)
 {
     QCommandLineParser parser;
@@ -46,7 +56,7 @@ ExitStatus runCommand(const Command &command, const QStringList &arguments)
 ExitStatus runWithoutCommand(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parse(parser, Tool::options(), arguments.mid(0, 2));
+    parse(parser, Tool::options(), part(arguments, 0, 2));
     if (parser.isSet(QStringLiteral("help")))
         Console::write(Usage::ofTool());
     else if (parser.isSet(QStringLiteral("version")))
@@ -64,8 +74,8 @@ ExitStatus run(const QStringList &arguments)
     }
     const Command *command = Tool::findCommand(arguments.at(1));
     try {
-        const ExitStatus status =
-            command ? runCommand(*command, arguments.mid(1)) : runWithoutCommand(arguments);
+        const ExitStatus status = command ? runCommand(*command, part(arguments, 1, arguments.size()))
+                                          : runWithoutCommand(arguments);
         Console::flush();
         return status;
     } catch (const UsageError &error) {
@@ -116,13 +126,15 @@ ExitStatus complainAboutMemory() noexcept
 [[noreturn]] void endAtOnce() noexcept
 {
     try {
-        if (const auto exception = std::current_exception())
-            std::rethrow_exception(exception);
+        const auto exception = std::current_exception();
+        if (!exception) // what is thrown there has not been caught yet: nothing else is
+            std::_Exit(complainAboutMemory());
+        std::rethrow_exception(exception);
     } catch (const std::bad_alloc &) {
         std::_Exit(complainAboutMemory());
     } catch (...) {
+        std::abort();
     }
-    std::abort();
 }
 
 } // namespace
@@ -134,6 +146,7 @@ int main(int argc, char **argv)
     qInstallMessageHandler(ignoreMessage);
     try {
         fixLocale();
+        (void)QThread::currentThread(); // made now, and not where Qt could not do without
         return run(argumentsOf(argc, argv));
     } catch (const std::bad_alloc &) {
         return complainAboutMemory();

@@ -85,6 +85,11 @@ private Q_SLOTS:
     void vanishingFolder();
     void whatIsNoFile();
     void deviceWithoutData();
+    void devices_data();
+    void devices();
+    void pipes();
+    void ownerGroupAndMode();
+    void hardLinks();
     void killedTool();
 };
 
@@ -217,7 +222,122 @@ void FileFaultsTest::deviceWithoutData()
     QVERIFY(!read.LoadXml("/dev/null"));
     QVERIFY(read == job());
     const Folder folder;
-    QCOMPARE(folder.run({"check", "/dev/null"}).status, 1);
+    const Run run = folder.run({"check", "/dev/null"});
+    QCOMPARE(run.err, QString("/dev/null: error: cannot be read: it is a device\n"));
+    QCOMPARE(run.status, 2);
+}
+
+void FileFaultsTest::devices_data()
+{
+    QTest::addColumn<QStringList>("arguments"); // %1: what is no file
+
+    QTest::newRow("check") << QStringList{"check", "%1"};
+    QTest::newRow("show") << QStringList{"show", "%1"};
+    QTest::newRow("diff") << QStringList{"diff", "job.xml", "%1"};
+    QTest::newRow("format") << QStringList{"format", "%1"};
+    QTest::newRow("format in place") << QStringList{"format", "--in-place", "%1"};
+}
+
+/// Nobody waits for the end of what has none.
+void FileFaultsTest::devices()
+{
+    QFETCH(QStringList, arguments);
+
+    const Folder folder;
+    folder.write("job.xml", completeJob());
+    QCOMPARE(mkfifo(folder.path("pipe").toLocal8Bit().constData(), 0666), 0);
+    const QPair<QString, QString> places[] = {{"/dev/zero", "it is a device"},
+                                              {"pipe", "it is a pipe that nobody writes to"}};
+    for (const auto &[place, reason] : places) {
+        const Run run = folder.run(QStringList(arguments).replaceInStrings("%1", place));
+        QCOMPARE(run.err, QString("%1: error: cannot be read: %2\n").arg(place, reason));
+        QCOMPARE(run.out, QString());
+        QCOMPARE(run.status, 2);
+    }
+}
+
+/// Standard input by its name in /dev, the pipes that a shell makes, and a named pipe that somebody writes
+/// to, however late and in however many pieces.
+void FileFaultsTest::pipes()
+{
+    const Folder folder;
+    folder.write("job.xml", completeJob());
+    const QByteArray tool = KORMAK_TOOL;
+    const auto run = [&folder](const QByteArray &call) {
+        QProcess shell;
+        shell.setWorkingDirectory(folder.path("."));
+        shell.start("bash", {"-c", QString::fromLocal8Bit(call)});
+        if (!shell.waitForFinished())
+            return QString("it does not end");
+        return QString::fromUtf8(shell.readAllStandardOutput() + shell.readAllStandardError());
+    };
+    if (run("echo yes") != "yes\n") {
+        skip("needs bash");
+        return;
+    }
+    QCOMPARE(run("cat job.xml | " + tool + " check /dev/stdin"), QString("/dev/stdin: Job, complete\n"));
+    QCOMPARE(run(tool + " check /dev/stdin < job.xml"), QString("/dev/stdin: Job, complete\n"));
+    QCOMPARE(run("(sleep 0.3; cat job.xml) | " + tool + " check -"), QString("-: Job, complete\n"));
+    QVERIFY(run(tool + " check <(sleep 0.3; head -c 99 job.xml; sleep 0.3; tail -c +100 job.xml)")
+                .endsWith(": Job, complete\n"));
+    QVERIFY(run(tool + " check <(true)").endsWith(":1:1: error: Premature end of document.\n"));
+    QCOMPARE(run("mkfifo pipe; exec 3<>pipe; (sleep 0.3; cat job.xml >pipe; exec 3>&-)& exec 3>&-; " + tool
+                 + " check pipe"),
+             QString("pipe: Job, complete\n"));
+}
+
+void FileFaultsTest::ownerGroupAndMode()
+{
+    constexpr uid_t Owner = 65534;
+    constexpr gid_t Group = 65533;
+    constexpr mode_t Mode = 0640;
+    if (geteuid() != 0) {
+        skip("only root can give files away");
+        return;
+    }
+    const Folder folder;
+    const QByteArray path = folder.path("job.xml").toLocal8Bit();
+    const auto state = [&path] {
+        struct stat status { };
+        return stat(path.constData(), &status) == 0
+            ? QString("%1 %2 %3").arg(status.st_uid).arg(status.st_gid).arg(status.st_mode & 07777, 0, 8)
+            : QString();
+    };
+    for (const QStringList &arguments :
+         {QStringList{"format", "--in-place", "job.xml"}, QStringList{"format", "other.xml", "-o", "job.xml"},
+          QStringList{"new", "Area", "-o", "job.xml"}}) {
+        folder.write("job.xml", completeJob().replace("    <", "\t<"));
+        folder.write("other.xml", completeJob());
+        QCOMPARE(chown(path.constData(), Owner, Group), 0);
+        QVERIFY(changeMode(folder.path("job.xml"), Mode));
+        const Run run = folder.run(arguments);
+        QCOMPARE(state(), QString("65534 65533 640"));
+        if (arguments.first() == "format") {
+            QCOMPARE(run.status, 0);
+            QCOMPARE(run.err, QString());
+            QCOMPARE(folder.read("job.xml"), QString::fromUtf8(completeJob()));
+        }
+    }
+}
+
+/// The other names stand for what the file was, and that is told.
+void FileFaultsTest::hardLinks()
+{
+    const Folder folder;
+    const QByteArray untidy = completeJob().replace("    <", "\t<");
+    folder.write("job.xml", untidy);
+    QCOMPARE(link(folder.path("job.xml").toLocal8Bit().constData(),
+                  folder.path("other.xml").toLocal8Bit().constData()),
+             0);
+    const Run run = folder.run({"format", "--in-place", "job.xml"});
+    QCOMPARE(
+        run.err,
+        QString("job.xml: warning: it has other names (hard links: 2 in all), which still stand for what it "
+                "was\n"));
+    QCOMPARE(run.status, 0);
+    QCOMPARE(folder.read("job.xml"), QString::fromUtf8(completeJob()));
+    QCOMPARE(folder.read("other.xml"), QString::fromUtf8(untidy));
+    QCOMPARE(folder.run({"format", "--in-place", "job.xml"}).err, QString());
 }
 
 /// The file is always the old one or the new one. A temporary file may be left beside it.

@@ -378,7 +378,7 @@ void FormatCommandTest::refused_data()
                                      << "16:2: error: Premature end of document.";
     QTest::newRow("namespace that is declared twice, before what would be lost")
         << jobWith("<JobHeader ", "<!--x--><JobHeader xmlns:x='a' xmlns:x='a' x:Foo='lost' ")
-        << "3:32: error: The namespace declaration 'xmlns:x' stands twice in one element.";
+        << "3:36: error: The namespace declaration 'xmlns:x' stands twice in one element.";
     QTest::newRow("unknown kind") << QByteArray("<Work/>")
                                   << "1:1: error: unknown kind of document 'Work' (" + knownKinds() + ")";
     QTest::newRow("mode of a workflow as an attribute")
