@@ -11,6 +11,8 @@ class FieldAssignmentTest : public QObject {
 
 private Q_SLOTS:
     void order();
+    void indexes_data();
+    void indexes();
     void namesReachTheHandler();
     void fieldsThatDocumentsDoNotHold();
     void explicitFieldsOfTheHandlerWin();
@@ -44,6 +46,39 @@ void FieldAssignmentTest::order()
                       "Enum.EnumValue=2", "Enum.EnumValue=1", "UniqueName=u", "ParameterType=Enum"}),
              (QStringList{"ParameterType=Enum", "UniqueName=u", "ToolTip=t", "Enum.EnumValue=2",
                           "Enum.EnumValue=1", "Enum.EnumValue[2].Name=c", "Enum.EnumValue[10].Name=k"}));
+}
+
+void FieldAssignmentTest::indexes_data()
+{
+    QTest::addColumn<QString>("index");
+    QTest::addColumn<bool>("isTaken");
+
+    for (const char *index : {"0", "7", "10", "2147483647"})
+        QTest::newRow(index) << QString(index) << true;
+    for (const char *index : {"00", "01", "+0", "-0", "-1", " 0", "0 ", "0x0", "1e0", "a", "2147483648"})
+        QTest::newRow(index) << QString(index) << false;
+    QTest::newRow("empty") << QString() << false;
+    QTest::newRow("digit of another script") << QString(QChar(0x661)) << false;
+}
+
+/// One number is written in one way only, so that a field has one path.
+void FieldAssignmentTest::indexes()
+{
+    QFETCH(QString, index);
+    QFETCH(bool, isTaken);
+
+    const QStringList texts("Enum.EnumValue[" + index + "].Name=n");
+    if (isTaken) {
+        QCOMPARE(pathsOf(ParameterFields, texts), texts);
+        return;
+    }
+    try {
+        (void)assignments(ParameterFields, texts);
+        QFAIL("taken");
+    } catch (const FieldError &error) {
+        QCOMPARE(error.message,
+                 "Enum.EnumValue[" + index + "]: the index of a list is a whole number from 0");
+    }
 }
 
 void FieldAssignmentTest::namesReachTheHandler()
