@@ -49,6 +49,7 @@ public:
     constexpr void SetExpandedFactor(int factor) noexcept { expandedFactor = factor; }
     /// @}
 
+    /// All limits are the same.
     [[nodiscard]] constexpr bool operator==(const ReadingLimits &other) const noexcept
     {
         return entityCharacters == other.entityCharacters && entityFactor == other.entityFactor
