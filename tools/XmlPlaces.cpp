@@ -88,15 +88,14 @@ bool isEncodingName(std::string_view name)
 } // namespace
 
 PlacedReader::PlacedReader(const QByteArray &utf8)
-    : text(utf8), begin(viewOf(text).substr(0, ByteOrderMark.size()) == ByteOrderMark
-                            ? static_cast<qsizetype>(ByteOrderMark.size())
-                            : 0),
+    : text(utf8), reader(text.size() < FewestBytesOfDevice ? QString::fromUtf8(text) : QString()),
+      begin(viewOf(text).substr(0, ByteOrderMark.size()) == ByteOrderMark
+                ? static_cast<qsizetype>(ByteOrderMark.size())
+                : 0),
       place(begin)
 {
-    if (text.size() < FewestBytesOfDevice) {
-        reader.addData(QString::fromUtf8(text));
+    if (text.size() < FewestBytesOfDevice)
         return;
-    }
     device.setData(text);
     device.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     reader.setDevice(&device);
