@@ -2,6 +2,7 @@
 #include <tools/Command.h>
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
+#include <tools/LimitOptions.h>
 #include <tools/ListOf.h>
 #include <tools/OutputFormat.h>
 #include <tools/PathList.h>
@@ -30,13 +31,13 @@ constexpr QStringView JobsOption = u"jobs";
 
 QList<QCommandLineOption> options()
 {
-    return listOf<QList<QCommandLineOption>>(
+    return withLimitOptions(listOf<QList<QCommandLineOption>>(
         QCommandLineOption(listOf<QStringList>(QStringLiteral("r"), RecursiveOption.toString()),
                            QStringLiteral("Go through the folders below a folder, too.")),
         QCommandLineOption(listOf<QStringList>(QStringLiteral("j"), JobsOption.toString()),
                            QStringLiteral("Check N files at a time (default: 1 per core; at most 4)."),
                            QStringLiteral("N")),
-        formatOption());
+        formatOption()));
 }
 
 /// More would only wait for one another.
@@ -72,8 +73,9 @@ Outcome outcomeOf(const FileCheck &check, OutputFormat format)
 /// The checks of all paths, of which several are going on at a time.
 class Checks {
 public:
-    Checks(std::vector<ListedPath> paths, OutputFormat outputFormat, int jobs)
-        : listed(std::move(paths)), format(outputFormat), outcomes(listed.size())
+    Checks(std::vector<ListedPath> paths, OutputFormat outputFormat,
+           const TESSEL::ReadingLimits &readingLimits, int jobs)
+        : listed(std::move(paths)), format(outputFormat), limits(readingLimits), outcomes(listed.size())
     {
         const auto wanted = std::min(static_cast<std::size_t>(jobs), listed.size());
         try {
@@ -159,7 +161,7 @@ private:
         Known known;
         try {
             known.outcome = outcomeOf(
-                path.obstacle ? unreadable(path.path, *path.obstacle) : checkFile(path.path), format);
+                path.obstacle ? unreadable(path.path, *path.obstacle) : checkFile(path.path, limits), format);
         } catch (...) {
             known.exception = std::current_exception();
         }
@@ -182,6 +184,7 @@ private:
 
     const std::vector<ListedPath> listed;
     const OutputFormat format;
+    const TESSEL::ReadingLimits limits;
     std::mutex mutex; ///< of what follows
     std::condition_variable change;
     std::vector<Known> outcomes;
@@ -212,7 +215,7 @@ ExitStatus run(const QCommandLineParser &parser)
         paths.size() == 1 && arguments.size() == 1 && arguments.constFirst() == paths.front().path;
     const std::size_t count = paths.size();
     Counts counts;
-    Checks checks(std::move(paths), format, jobs);
+    Checks checks(std::move(paths), format, limitsOf(parser), jobs);
     for (std::size_t i = 0; i < count; ++i) {
         const Outcome outcome = checks.outcome(i, progress);
         counts.add(outcome.status);
@@ -250,8 +253,9 @@ const Command checkCommand{
     u"allowed lists the names that could be there, complaint is what the library says. What does not apply "
     u"is null, or an empty list.\n"
     u"\n"
-    u"id is one of bad-value, encoding, misplaced-element, missing-attribute, missing-element, "
-    u"not-well-formed, refused, repeated, stray-text, suspicious, unknown-attribute, unknown-element, "
+    u"id is one of bad-value, beyond-limit, encoding, misplaced-element, missing-attribute, "
+    u"missing-element, not-well-formed, refused, repeated, stray-text, suspicious, unknown-attribute, "
+    u"unknown-element, "
     u"unknown-kind, unread, unreadable.",
     {u"all documents are good, with warnings or without", u"a document is at fault",
      u"a file cannot be read"},

@@ -3,6 +3,7 @@
 #include <tools/DocumentFile.h>
 #include <tools/FieldDiff.h>
 #include <tools/Json.h>
+#include <tools/LimitOptions.h>
 #include <tools/ListOf.h>
 #include <tools/Output.h>
 #include <tools/OutputFormat.h>
@@ -63,14 +64,14 @@ void printJson(const Comparison &comparison)
     Console::print(json.text());
 }
 
-ExitStatus compareFiles(const QStringList &paths, OutputFormat format)
+ExitStatus compareFiles(const QStringList &paths, OutputFormat format, const TESSEL::ReadingLimits &limits)
 {
     // Both are read, so that both complaints are seen.
     Document documents[2];
     ExitStatus status = Good;
     for (int i = 0; i < 2; ++i) {
         try {
-            documents[i] = readDocument(paths.at(i), XmlTree::Extent::UpToRoot);
+            documents[i] = readDocument(paths.at(i), XmlTree::Extent::UpToRoot, limits);
         } catch (const DocumentError &error) {
             complainAbout(paths.at(i), error);
             status = Failed;
@@ -103,7 +104,7 @@ ExitStatus run(const QCommandLineParser &parser)
     const QStringList paths = parser.positionalArguments();
     if (paths.at(0) == StandardStream && paths.at(1) == StandardStream)
         throw UsageError{QStringLiteral("only one of the files can be standard input")};
-    return compareFiles(paths, format);
+    return compareFiles(paths, format, limitsOf(parser));
 }
 
 } // namespace
@@ -123,6 +124,6 @@ const Command diffCommand{
      u"a document cannot be read, or the documents are of different kinds"},
     u"kormak diff old.xml new.xml",
     {FileName, u"FILE FILE", 2, 2},
-    [] { return listOf<QList<QCommandLineOption>>(formatOption()); },
+    [] { return withLimitOptions(listOf<QList<QCommandLineOption>>(formatOption())); },
     run,
 };

@@ -43,10 +43,10 @@ FileCheck unreadable(const QString &path, const QString &reason)
     return failed(path, {reason});
 }
 
-FileCheck checkFile(const QString &path)
+FileCheck checkFile(const QString &path, const TESSEL::ReadingLimits &limits)
 {
     try {
-        return checkText(path, readText(path));
+        return checkText(path, readText(path), limits);
     } catch (const DocumentError &error) {
         return failed(path, error);
     } catch (const std::bad_alloc &) {
@@ -54,11 +54,11 @@ FileCheck checkFile(const QString &path)
     }
 }
 
-FileCheck checkText(const QString &path, const SourceText &text)
+FileCheck checkText(const QString &path, const SourceText &text, const TESSEL::ReadingLimits &limits)
 {
     Document document;
     try {
-        document = documentOf(text, XmlTree::Extent::Whole);
+        document = documentOf(text, XmlTree::Extent::Whole, limits);
     } catch (const DocumentError &error) {
         return failed(path, error);
     }
@@ -76,7 +76,7 @@ FileCheck checkText(const QString &path, const SourceText &text)
         findings.push_back({rejection->offset,
                             rejection->message,
                             {},
-                            FindingId::Refused,
+                            rejection->id,
                             Severity::Error,
                             {},
                             {},

@@ -28,12 +28,13 @@ struct FileCheck {
 };
 
 /// Checks the file \a path, "-" being standard input.
-[[nodiscard]] FileCheck checkFile(const QString &path);
+[[nodiscard]] FileCheck checkFile(const QString &path, const TESSEL::ReadingLimits &limits = {});
 
 /// The outcome for a \a path that cannot be read.
 [[nodiscard]] FileCheck unreadable(const QString &path, const QString &reason);
 
 /// All that there is to tell about \a text, and whether the library accepts it.
-[[nodiscard]] FileCheck checkText(const QString &path, const SourceText &text);
+[[nodiscard]] FileCheck checkText(const QString &path, const SourceText &text,
+                                  const TESSEL::ReadingLimits &limits = {});
 
 #endif

@@ -1,8 +1,12 @@
 #include "tools/DocumentFile.h"
 
+#include <objectbase/Nesting_p.h>
+#include <objectbase/QtCompat_p.h>
+#include <objectbase/ReadingBounds_p.h>
 #include <objectbase/TesselException.h>
 #include <objectbase/XmlForm_p.h>
 #include <tools/Console.h>
+#include <tools/LimitOptions.h>
 #include <tools/Obstacles.h>
 #include <tools/Terminal.h>
 #include <tools/Utf8.h>
@@ -50,7 +54,23 @@ QByteArray checkedText(QByteArray bytes)
 
 [[noreturn]] void throwRejection(const Rejection &rejection, const QByteArray &text)
 {
-    throwAt(text, rejection.offset, rejection.message);
+    throwAt(text, rejection.offset, rejection.message, rejection.id);
+}
+
+/// \throws DocumentError for a text that could take much more memory or time than it has characters
+void checkLimits(const QByteArray &text, const TESSEL::ReadingLimits &limits)
+{
+    using TESSEL::RefusedText;
+    const QString characters = QString::fromUtf8(text);
+    const auto refused = TESSEL::refusalOf(characters, limits);
+    if (!refused || refused->reason == RefusedText::NamespaceDeclaredTwice) // of which the tree tells more
+        return;
+    const QStringView option = refused->reason == RefusedText::Attributes ? AttributesLimit
+        : refused->reason == RefusedText::Depth                           ? DepthLimit
+                                                                          : EntitiesLimit;
+    const qsizetype offset =
+        QStringView(characters).left(static_cast<TESSEL::TextSize>(refused->offset)).toUtf8().size();
+    throwAt(text, offset, withOption(refused->message, option), FindingId::BeyondLimit);
 }
 
 /// Whether a namespace may be declared twice in an element, which nothing but the whole tree would tell.
@@ -74,8 +94,12 @@ std::optional<Rejection> readInto(TESSEL::ITesselObject &object, const QByteArra
     }
     while (!reader.atEnd())
         reader.readNext();
-    return reader.hasError() ? std::optional(Rejection{reader.errorString(), placed.placeOfError()})
-                             : std::nullopt;
+    if (!reader.hasError())
+        return std::nullopt;
+    if (reader.errorString() == TESSEL::depthMessage(object.GetReadingLimits().GetDepth()))
+        return Rejection{withOption(reader.errorString(), DepthLimit), placed.placeOfError(),
+                         FindingId::BeyondLimit};
+    return Rejection{reader.errorString(), placed.placeOfError()};
 }
 
 } // namespace
@@ -86,9 +110,10 @@ SourceText readText(const QString &path)
     return {checkedText(std::move(content.bytes)), content.state};
 }
 
-Document documentOf(const SourceText &source, XmlTree::Extent extent)
+Document documentOf(const SourceText &source, XmlTree::Extent extent, const TESSEL::ReadingLimits &limits)
 {
     const QByteArray &text = source.text;
+    checkLimits(text, limits);
     if (mayRepeatDeclarations(text))
         extent = XmlTree::Extent::Whole;
     Document document{text, XmlTree(text, extent), nullptr, nullptr, source.source};
@@ -103,6 +128,7 @@ Document documentOf(const SourceText &source, XmlTree::Extent extent)
                 FindingId::UnknownKind, documentKindNames());
     }
     document.object = document.kind->create();
+    document.object->SetReadingLimits(limits);
     return document;
 }
 
@@ -123,9 +149,9 @@ std::optional<Rejection> checkObject(const Document &document)
     return Rejection{*complaint, document.tree.offset(elementNamed(document.tree, objectName))};
 }
 
-Document readDocument(const QString &path, XmlTree::Extent extent)
+Document readDocument(const QString &path, XmlTree::Extent extent, const TESSEL::ReadingLimits &limits)
 {
-    Document document = documentOf(readText(path), extent);
+    Document document = documentOf(readText(path), extent, limits);
     if (const auto rejection = readObject(document))
         throwRejection(*rejection, document.text);
     return document;
@@ -149,11 +175,11 @@ QString stateOf(const Document &document)
     return kind + (reason ? QStringLiteral(", not complete: ") + *reason : QStringLiteral(", complete"));
 }
 
-ExitStatus onDocument(const QString &path, XmlTree::Extent extent,
+ExitStatus onDocument(const QString &path, XmlTree::Extent extent, const TESSEL::ReadingLimits &limits,
                       const std::function<ExitStatus(Document &)> &work)
 {
     try {
-        Document document = readDocument(path, extent);
+        Document document = readDocument(path, extent, limits);
         return work(document);
     } catch (const DocumentError &error) {
         complainAbout(path, error);

@@ -3,6 +3,7 @@
 #define KORMAK_TOOLS_DOCUMENTFILE_H
 
 #include <objectbase/ITesselObject.h>
+#include <objectbase/ReadingLimits.h>
 #include <tools/Command.h>
 #include <tools/DocumentKind.h>
 #include <tools/InputFile.h>
@@ -43,21 +44,24 @@ struct DocumentError {
 struct Rejection {
     QString message;
     qsizetype offset; ///< of the element that it is about, or of what ended the reading
+    QStringView id = FindingId::Refused;
 };
 
 /// The text of the file \a path, "-" being standard input: UTF-8 without a mark, without a NUL, and with no
 /// encoding declared. \throws DocumentError
 [[nodiscard]] SourceText readText(const QString &path);
 /// The document that \a text is, with so much of its tree at least, and its object as a new one is. \throws
-/// DocumentError when it has no root element or is of no known kind
-[[nodiscard]] Document documentOf(const SourceText &text, XmlTree::Extent extent);
+/// DocumentError when it goes beyond the limits, has no root element or is of no known kind
+[[nodiscard]] Document documentOf(const SourceText &text, XmlTree::Extent extent,
+                                  const TESSEL::ReadingLimits &limits);
 /// Reads the text of \a document into its object. What is not well-formed is always refused.
 [[nodiscard]] std::optional<Rejection> readObject(Document &document);
 /// What Check() says of \a document.
 [[nodiscard]] std::optional<Rejection> checkObject(const Document &document);
 
 /// All of that but the check. \throws DocumentError
-[[nodiscard]] Document readDocument(const QString &path, XmlTree::Extent extent);
+[[nodiscard]] Document readDocument(const QString &path, XmlTree::Extent extent,
+                                    const TESSEL::ReadingLimits &limits);
 
 /// \throws DocumentError when Check() of the document throws, at the element that it is about
 void checkDocument(const Document &document);
@@ -71,6 +75,7 @@ void checkDocument(const Document &document);
 /// Does \a work on the document in the file \a path. When reading or \a work throws a DocumentError or runs
 /// out of memory, that is complained about.
 [[nodiscard]] ExitStatus onDocument(const QString &path, XmlTree::Extent extent,
+                                    const TESSEL::ReadingLimits &limits,
                                     const std::function<ExitStatus(Document &)> &work);
 
 /// One line "FILE:LINE:COLUMN: SEVERITY: PATH: MESSAGE" for each finding.

@@ -17,6 +17,7 @@ enum class Severity {
 /// What kinds of findings there are, as scripts tell them apart.
 namespace FindingId {
 inline constexpr QStringView BadValue = u"bad-value"; ///< a text that does not say what belongs there
+inline constexpr QStringView BeyondLimit = u"beyond-limit"; ///< more than a document may become
 inline constexpr QStringView Encoding = u"encoding";
 inline constexpr QStringView MisplacedElement = u"misplaced-element"; ///< an element within a text
 inline constexpr QStringView MissingAttribute = u"missing-attribute";

@@ -2,6 +2,7 @@
 #include <tools/Command.h>
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
+#include <tools/LimitOptions.h>
 #include <tools/ListOf.h>
 #include <tools/Output.h>
 #include <tools/XmlLosses.h>
@@ -17,12 +18,12 @@ constexpr QStringView DropCommentsOption = u"drop-comments";
 
 QList<QCommandLineOption> options()
 {
-    return listOf<QList<QCommandLineOption>>(
+    return withLimitOptions(listOf<QList<QCommandLineOption>>(
         outputOption(),
         QCommandLineOption(listOf<QStringList>(InPlaceOption.toString()),
                            QStringLiteral("Write each document to the FILE that it comes from.")),
         QCommandLineOption(listOf<QStringList>(DropCommentsOption.toString()),
-                           QStringLiteral("Write even if comments are lost.")));
+                           QStringLiteral("Write even if comments are lost."))));
 }
 
 /// \throws DocumentError when the document is not complete: nothing would be written
@@ -111,12 +112,13 @@ ExitStatus run(const QCommandLineParser &parser)
     std::transform(sources.begin(), sources.end(), std::back_inserter(targets),
                    [&parser](const QString &source) { return targetOf(parser, source); });
     const bool dropsComments = parser.isSet(DropCommentsOption.toString());
+    const TESSEL::ReadingLimits limits = limitsOf(parser);
     ExitStatus worst = Good;
     for (int i = 0; i < static_cast<int>(sources.size()); ++i) {
         const auto formatIt = [&](Document &document) {
             return format(document, sources[i], targets[static_cast<std::size_t>(i)], dropsComments);
         };
-        worst = std::max(worst, onDocument(sources[i], XmlTree::Extent::Whole, formatIt));
+        worst = std::max(worst, onDocument(sources[i], XmlTree::Extent::Whole, limits, formatIt));
     }
     return worst;
 }

@@ -3,6 +3,7 @@
 #include <tools/DocumentFile.h>
 #include <tools/FieldLines.h>
 #include <tools/Json.h>
+#include <tools/LimitOptions.h>
 #include <tools/ListOf.h>
 #include <tools/Obstacles.h>
 #include <tools/OutputFormat.h>
@@ -43,7 +44,8 @@ ExitStatus run(const QCommandLineParser &parser)
             printText(document);
         return Good;
     };
-    return onDocument(parser.positionalArguments().constFirst(), XmlTree::Extent::UpToRoot, show);
+    return onDocument(parser.positionalArguments().constFirst(), XmlTree::Extent::UpToRoot, limitsOf(parser),
+                      show);
 }
 
 } // namespace
@@ -58,6 +60,6 @@ const Command showCommand{
     {u"the document is shown", u"the document is at fault", u"FILE cannot be read"},
     u"kormak show --format json job.xml",
     OneFile,
-    [] { return listOf<QList<QCommandLineOption>>(formatOption()); },
+    [] { return withLimitOptions(listOf<QList<QCommandLineOption>>(formatOption())); },
     run,
 };
