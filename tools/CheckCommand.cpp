@@ -35,7 +35,7 @@ QList<QCommandLineOption> options()
         QCommandLineOption(listOf<QStringList>(QStringLiteral("r"), RecursiveOption.toString()),
                            QStringLiteral("Go through the folders below a folder, too.")),
         QCommandLineOption(listOf<QStringList>(QStringLiteral("j"), JobsOption.toString()),
-                           QStringLiteral("Check N files at a time (default: 1 per core; at most 4)."),
+                           QStringLiteral("Check N files at once (default: 1 per core, most: 4)."),
                            QStringLiteral("N")),
         formatOption()));
 }

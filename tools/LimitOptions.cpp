@@ -12,7 +12,7 @@ namespace {
 QCommandLineOption limitOption(QStringView name, const QString &what, qint64 standard)
 {
     return {listOf<QStringList>(name.toString()),
-            QStringLiteral("Refuse a document with more than N %1 (default: %2).").arg(what).arg(standard),
+            QStringLiteral("Most %1 (default: %2).").arg(what).arg(standard),
             QStringLiteral("N")};
 }
 
@@ -37,10 +37,10 @@ QList<QCommandLineOption> withLimitOptions(QList<QCommandLineOption> own)
 {
     const TESSEL::ReadingLimits limits;
     own.push_back(
-        limitOption(AttributesLimit, QStringLiteral("attributes in an element"), limits.GetAttributes()));
+        limitOption(AttributesLimit, QStringLiteral("attributes of an element"), limits.GetAttributes()));
     own.push_back(limitOption(DepthLimit, QStringLiteral("elements in one another"), limits.GetDepth()));
-    own.push_back(limitOption(EntitiesLimit, QStringLiteral("characters that entities stand for"),
-                              limits.GetEntityCharacters()));
+    own.push_back(
+        limitOption(EntitiesLimit, QStringLiteral("characters from entities"), limits.GetEntityCharacters()));
     return own;
 }
 

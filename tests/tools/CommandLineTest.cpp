@@ -87,17 +87,21 @@ line and column count from 1. status is good, faulty or unreadable. found is
 the text that is there, allowed lists the names that could be there, complaint
 is what the library says. What does not apply is null, or an empty list.
 
-id is one of bad-value, encoding, misplaced-element, missing-attribute,
-missing-element, not-well-formed, refused, repeated, stray-text, suspicious,
-unknown-attribute, unknown-element, unknown-kind, unread, unreadable.
+id is one of bad-value, beyond-limit, encoding, misplaced-element,
+missing-attribute, missing-element, not-well-formed, refused, repeated,
+stray-text, suspicious, unknown-attribute, unknown-element, unknown-kind,
+unread, unreadable.
 
 The PATH - is standard input.
 
 Options:
-  -r, --recursive  Go through the folders below a folder, too.
-  -j, --jobs N     Check N files at a time (default: 1 per core; at most 4).
-  --format FORMAT  text (for people, the default) or json (for scripts).
-  -h, --help       Show this help.
+  -r, --recursive       Go through the folders below a folder, too.
+  -j, --jobs N          Check N files at once (default: 1 per core, most: 4).
+  --format FORMAT       text (for people, the default) or json (for scripts).
+  --limit-attributes N  Most attributes of an element (default: 100).
+  --limit-depth N       Most elements in one another (default: 1000).
+  --limit-entities N    Most characters from entities (default: 1048576).
+  -h, --help            Show this help.
 
 Exit status:
   0  all documents are good, with warnings or without
@@ -118,8 +122,11 @@ for what is not set.
 The FILE - is standard input.
 
 Options:
-  --format FORMAT  text (for people, the default) or json (for scripts).
-  -h, --help       Show this help.
+  --format FORMAT       text (for people, the default) or json (for scripts).
+  --limit-attributes N  Most attributes of an element (default: 100).
+  --limit-depth N       Most elements in one another (default: 1000).
+  --limit-entities N    Most characters from entities (default: 1048576).
+  -h, --help            Show this help.
 
 Exit status:
   0  the document is shown
@@ -145,8 +152,11 @@ line says so.
 The FILE - is standard input.
 
 Options:
-  --format FORMAT  text (for people, the default) or json (for scripts).
-  -h, --help       Show this help.
+  --format FORMAT       text (for people, the default) or json (for scripts).
+  --limit-attributes N  Most attributes of an element (default: 100).
+  --limit-depth N       Most elements in one another (default: 1000).
+  --limit-entities N    Most characters from entities (default: 1048576).
+  -h, --help            Show this help.
 
 Exit status:
   0  no field differs
@@ -170,10 +180,13 @@ a line:
 The FILE - is standard input.
 
 Options:
-  -o OUT           Write to the file OUT, not to standard output.
-  --in-place       Write each document to the FILE that it comes from.
-  --drop-comments  Write even if comments are lost.
-  -h, --help       Show this help.
+  -o OUT                Write to the file OUT, not to standard output.
+  --in-place            Write each document to the FILE that it comes from.
+  --drop-comments       Write even if comments are lost.
+  --limit-attributes N  Most attributes of an element (default: 100).
+  --limit-depth N       Most elements in one another (default: 1000).
+  --limit-entities N    Most characters from entities (default: 1048576).
+  -h, --help            Show this help.
 
 Exit status:
   0  all documents are written
@@ -303,18 +316,23 @@ void CommandLineTest::wrongCalls_data()
         << "kormak: Unknown command 'Check'. Allowed: check, show, diff, format, new, list\n";
     QTest::newRow("unknown option of the tool")
         << QStringList{"--foo"} << "kormak: Unknown option 'foo'. Allowed: -h, --help, -v, --version\n";
-    QTest::newRow("unknown option of check") << QStringList{"check", "--foo", "job.xml"}
-                                             << "kormak check: Unknown option 'foo'. Allowed: -r, "
-                                                "--recursive, -j, --jobs N, --format FORMAT, -h, --help\n";
+    QTest::newRow("unknown option of check")
+        << QStringList{"check", "--foo", "job.xml"}
+        << "kormak check: Unknown option 'foo'. Allowed: -r, "
+           "--recursive, -j, --jobs N, --format FORMAT, --limit-attributes N, --limit-depth N, "
+           "--limit-entities N, -h, --help\n";
     QTest::newRow("option of the tool behind a command")
         << QStringList{"show", "--version", "job.xml"}
-        << "kormak show: Unknown option 'version'. Allowed: --format FORMAT, -h, --help\n";
+        << "kormak show: Unknown option 'version'. Allowed: --format FORMAT, --limit-attributes N, "
+           "--limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("unknown option of format")
         << QStringList{"format", "job.xml", "--bar"}
-        << "kormak format: Unknown option 'bar'. Allowed: -o OUT, --in-place, --drop-comments, -h, --help\n";
+        << "kormak format: Unknown option 'bar'. Allowed: -o OUT, --in-place, --drop-comments, "
+           "--limit-attributes N, --limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("option without its value") << QStringList{"format", "job.xml", "-o"}
                                               << "kormak format: Missing value after '-o'. Allowed: -o OUT, "
-                                                 "--in-place, --drop-comments, -h, --help\n";
+                                                 "--in-place, --drop-comments, --limit-attributes N, "
+                                                 "--limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("check without a file") << QStringList{"check"} << "kormak check: no PATH given\n";
     QTest::newRow("show without a file") << QStringList{"show"} << "kormak show: no FILE given\n";
     QTest::newRow("format without a file")
@@ -364,10 +382,12 @@ void CommandLineTest::wrongCalls_data()
                                                       << "kormak check: -j takes a number from 1, not '-1'\n";
     QTest::newRow("check in another format") << QStringList{"check", "--format", "xml", "job.xml"}
                                              << "kormak check: Unknown format 'xml'. Allowed: text, json\n";
-    QTest::newRow("check without a format") << QStringList{"check", "job.xml", "--format"}
-                                            << "kormak check: Missing value after '--format'. Allowed: -r, "
-                                               "--recursive, -j, --jobs N, --format FORMAT, -h, "
-                                               "--help\n";
+    QTest::newRow("check without a format")
+        << QStringList{"check", "job.xml", "--format"}
+        << "kormak check: Missing value after '--format'. Allowed: -r, "
+           "--recursive, -j, --jobs N, --format FORMAT, --limit-attributes N, --limit-depth N, "
+           "--limit-entities N, -h, "
+           "--help\n";
     QTest::newRow("check of standard input twice") << QStringList{"check", "-", "job.xml", "-"}
                                                    << "kormak check: standard input can be read only once\n";
     QTest::newRow("format to a file and in place")
