@@ -258,7 +258,7 @@ bool ActivityGenerationData::IsValidEnergyActivityGenerationChannel(
 
 QStringList ActivityGenerationData::GetEnergyActivityGenerationChannelList(bool all) const
 {
-    return all ? channelNames.list() : channelNames.list().mid(0, 1);
+    return all ? channelNames.list() : QStringList(channelNames.list().mid(0, 1));
 }
 
 QString ActivityGenerationData::ActivityGenerationDataBaseWriteModeToName(
@@ -302,7 +302,7 @@ bool ActivityGenerationData::IsValidDDemActiveCriteria(const DDemActiveCriteria 
 
 QStringList ActivityGenerationData::GetDDemActiveCriteriaList(bool all) const
 {
-    return all ? criteriaNames.list() : criteriaNames.list().mid(0, 2);
+    return all ? criteriaNames.list() : QStringList(criteriaNames.list().mid(0, 2));
 }
 
 bool ActivityGenerationData::operator==(const ActivityGenerationData &other) const
