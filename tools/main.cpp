@@ -5,6 +5,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QLocale>
 #include <QThread>
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
 #include <QTextCodec>
@@ -100,6 +101,14 @@ void fixLocale()
 void ignoreMessage(QtMsgType /*type*/, const QMessageLogContext & /*context*/, const QString & /*message*/) {
 }
 
+/// Has made what Qt makes but once, while an exception does no harm: later, it might leave a lock behind or
+/// be what Qt does not do without.
+void prepareQt()
+{
+    (void)QThread::currentThread();
+    (void)QLocale::system();
+}
+
 /// Without an application object, whose event loop nobody needs.
 QStringList argumentsOf(int argc, char **argv)
 {
@@ -146,7 +155,7 @@ int main(int argc, char **argv)
     qInstallMessageHandler(ignoreMessage);
     try {
         fixLocale();
-        (void)QThread::currentThread(); // made now, and not where Qt could not do without
+        prepareQt();
         return run(argumentsOf(argc, argv));
     } catch (const std::bad_alloc &) {
         return complainAboutMemory();
