@@ -12,6 +12,7 @@
 
 #include <limits>
 #include <optional>
+#include <string_view>
 
 namespace TESSEL {
 
@@ -54,6 +55,17 @@ template <class Bytes>
     return text.size() <= MostCharacters ? std::optional(text.toUtf8()) : std::nullopt;
 }
 
+/// Whether the reader takes a declaration of the encoding \a name in a text, where it means nothing. Qt 6
+/// takes any.
+[[nodiscard]] inline bool isKnownEncoding([[maybe_unused]] std::string_view name)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    return QTextCodec::codecForName(QByteArray(name.data(), static_cast<int>(name.size())));
+#else
+    return true;
+#endif
+}
+
 /// Qt 6 before 6.5 writes to a QString slower than it could. Asked of the Qt that runs: later ones differ in
 /// how they look for lone surrogates.
 [[nodiscard]] inline bool isEarlyQt6()
@@ -62,7 +74,6 @@ template <class Bytes>
         QLibraryInfo::version() >= QVersionNumber(6) && QLibraryInfo::version() < QVersionNumber(6, 5);
     return isEarly;
 }
-
 
 } // namespace TESSEL
 

@@ -50,9 +50,9 @@ struct Rejection {
 /// The text of the file \a path, "-" being standard input: UTF-8 without a mark, without a NUL, and with no
 /// encoding declared. \throws DocumentError
 [[nodiscard]] SourceText readText(const QString &path);
-/// The document that \a text is, with so much of its tree at least, and its object as a new one is. \throws
+/// The document that \a source is, with so much of its tree at least, and its object as a new one is. \throws
 /// DocumentError when it goes beyond the limits, has no root element or is of no known kind
-[[nodiscard]] Document documentOf(const SourceText &text, XmlTree::Extent extent,
+[[nodiscard]] Document documentOf(const SourceText &source, XmlTree::Extent extent,
                                   const TESSEL::ReadingLimits &limits);
 /// Reads the text of \a document into its object. What is not well-formed is always refused.
 [[nodiscard]] std::optional<Rejection> readObject(Document &document);

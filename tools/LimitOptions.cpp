@@ -12,8 +12,7 @@ namespace {
 QCommandLineOption limitOption(QStringView name, const QString &what, qint64 standard)
 {
     return {listOf<QStringList>(name.toString()),
-            QStringLiteral("Most %1 (default: %2).").arg(what).arg(standard),
-            QStringLiteral("N")};
+            QStringLiteral("Most %1 (default: %2).").arg(what).arg(standard), QStringLiteral("N")};
 }
 
 /// The last of the values given; \a standard when the option is not.

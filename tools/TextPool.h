@@ -21,7 +21,7 @@ public:
     [[nodiscard]] QString text(Id id) const;
 
 private:
-    [[nodiscard]] bool isText(Id id, QStringView text) const;
+    [[nodiscard]] bool isText(Id id, QStringView wanted) const;
     [[nodiscard]] char *place(std::size_t size);
 
     std::vector<std::unique_ptr<char[]>> chunks;

@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <utility>
+
 /// Both from 1; a column is a character, however many bytes it takes.
 struct TextPosition {
     qsizetype line = 1;
@@ -18,7 +20,7 @@ struct TextPosition {
 /// text in all.
 class TextPositions {
 public:
-    explicit TextPositions(const QByteArray &utf8) : text(utf8) { }
+    explicit TextPositions(QByteArray utf8) : text(std::move(utf8)) { }
 
     [[nodiscard]] TextPosition at(qsizetype offset);
 

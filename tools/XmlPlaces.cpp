@@ -1,8 +1,11 @@
 #include "tools/XmlPlaces.h"
 
+#include <objectbase/QtCompat_p.h>
+
 #include <algorithm>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -87,8 +90,8 @@ bool isEncodingName(std::string_view name)
 
 } // namespace
 
-PlacedReader::PlacedReader(const QByteArray &utf8)
-    : text(utf8), reader(text.size() < FewestBytesOfDevice ? QString::fromUtf8(text) : QString()),
+PlacedReader::PlacedReader(QByteArray utf8)
+    : text(std::move(utf8)), reader(text.size() < FewestBytesOfDevice ? QString::fromUtf8(text) : QString()),
       begin(viewOf(text).substr(0, ByteOrderMark.size()) == ByteOrderMark
                 ? static_cast<qsizetype>(ByteOrderMark.size())
                 : 0),
@@ -181,7 +184,7 @@ QByteArray withoutEncoding(QByteArray utf8)
         return utf8;
     const auto begin = utf8.size() - static_cast<qsizetype>(rest.size());
     const auto encoding = takeAttribute(rest, "encoding");
-    if (encoding && isEncodingName(*encoding)) {
+    if (encoding && isEncodingName(*encoding) && TESSEL::isKnownEncoding(*encoding)) {
         const auto end = utf8.size() - static_cast<qsizetype>(rest.size());
         std::fill_n(utf8.data() + begin, end - begin, ' ');
     }

@@ -14,7 +14,7 @@
 class PlacedReader {
 public:
     /// \a utf8: declares no other encoding; see withoutEncoding().
-    explicit PlacedReader(const QByteArray &utf8);
+    explicit PlacedReader(QByteArray utf8);
 
     [[nodiscard]] QXmlStreamReader &xml() noexcept { return reader; }
 
