@@ -64,13 +64,13 @@ void *addressIn(const DocumentKind &kind, ITesselObject &object)
 QString textOf(const DocumentKind &kind, const ITesselObject &object)
 {
     if (const auto complaint = complaintOf(object))
-        throw Incomplete{{*complaint}};
+        throw Incomplete{listOf<QStringList>(*complaint)};
     if (!object.HasData())
         throw Incomplete{kind.missing(object)};
     try {
         return object.GetXmlString();
     } catch (const TESSEL::TesselException &exception) {
-        throw Incomplete{{exception.GetErrorMessage()}};
+        throw Incomplete{listOf<QStringList>(exception.GetErrorMessage())};
     }
 }
 
