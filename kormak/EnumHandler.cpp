@@ -107,7 +107,7 @@ bool EnumHandler::AnyData() const
 
 void EnumHandler::Reset()
 {
-    enumList = {}; // clear() would keep memory for as many entries
+    enumList = QVector<EnumValue>(); // clear() would keep memory for as many entries
 }
 
 bool EnumHandler::operator==(const EnumHandler &other) const

@@ -130,9 +130,8 @@ HandlerSlot<Handler>::~HandlerSlot()
 template <class Handler>
 Handler &HandlerSlot<Handler>::lend()
 {
-    Handler &handler = edit();
-    word.store(State(state().node(), State::Lent).stored(), std::memory_order_release);
-    return handler;
+    // As the const form, and not in place: callers that only read may use this one, too, several at a time.
+    return const_cast<Handler &>(std::as_const(*this).lend());
 }
 
 template <class Handler>

@@ -152,6 +152,8 @@ void readBlock(Parameter &parameter, Handler &handler, QStringView name, QXmlStr
     while (!reader.atEnd()) {
         const auto token = reader.readNext();
         nesting.count(token);
+        if (reader.hasError())
+            break;
         if (token == QXmlStreamReader::EndElement && QStringView(reader.qualifiedName()) == name)
             break;
         if (token == QXmlStreamReader::StartElement && readKnownChild<Block>(parameter, reader)

@@ -229,7 +229,7 @@ void DoubleHandler::Reset()
     SetValue(NoValue);
     precision = DefaultPrecision;
     useAsList = false;
-    doubleList = {}; // clear() would keep memory for as many numbers
+    doubleList = QVector<double>(); // clear() would keep memory for as many numbers
 }
 
 bool DoubleHandler::operator==(const DoubleHandler &other) const

@@ -17,7 +17,11 @@ constexpr QStringView TagLongitude = u"Longitude";
 Coordinate readCoordinate(const Area &area, QXmlStreamReader &reader)
 {
     Coordinate coordinate;
+    constexpr int WithCoordinate = 2;
     while (reader.readNextStartElement()) {
+        Nesting(area, reader, WithCoordinate).count(QXmlStreamReader::StartElement);
+        if (reader.hasError())
+            break;
         double degrees = 0;
         if (reader.name() == TagLatitude) {
             fromText(elementText(reader), degrees);

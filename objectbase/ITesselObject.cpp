@@ -257,7 +257,8 @@ bool ITesselObject::SetXmlString(const QString &text, bool validate)
     if (refusalOf(text, GetReadingLimits()))
         return false;
     QXmlStreamReader reader(text);
-    if (!readToRoot(reader) || (validate && reader.name() != GetObjectName()))
+    if (!readToRoot(reader) || GetReadingLimits().GetDepth() < 1
+        || (validate && reader.name() != GetObjectName()))
         return false;
     ProcessXml(reader);
     return readToEnd(*this, reader, 0);
@@ -304,15 +305,18 @@ void ITesselObject::ProcessXml(QXmlStreamReader &reader)
 {
     // A child may be read up to an end element deeper than its own, so ours is told by its name.
     const QString ownName = reader.qualifiedName().toString();
-    constexpr int WithChild = 2;
     while (!reader.atEnd()) {
         const auto token = reader.readNext();
         if (token == QXmlStreamReader::EndElement && reader.qualifiedName() == ownName)
             return;
         if (token == QXmlStreamReader::StartElement) {
+            Nesting nesting(*this, reader, 1);
+            nesting.count(token);
+            if (reader.hasError())
+                return;
             ProcessXmlStartElement(reader);
             if (reader.isStartElement())
-                Nesting(*this, reader, WithChild).skipElement();
+                nesting.skipElement();
         }
     }
 }

@@ -131,6 +131,9 @@ private Q_SLOTS:
     void ownedObjects_data();
     void ownedObjects();
     void ownedObjectsKeepTheirLimits();
+    void depthOfKnownElements_data();
+    void depthOfKnownElements();
+    void tooDeepInABlock();
     void copies();
     void callersReader();
     void blockOfAParameter();
@@ -490,6 +493,57 @@ void ReadingLimitsTest::ownedObjectsKeepTheirLimits()
     receiver.SetReadingLimits(few);
     QVERIFY(receiver.SetXmlString("<GenericReceiver><Parameter UniqueName='a'/></GenericReceiver>", true));
     QVERIFY(receiver.GetParameter("a").GetReadingLimits() == ReadingLimits());
+}
+
+void ReadingLimitsTest::depthOfKnownElements_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("depth");
+    QTest::newRow("root") << "Area"
+                          << "<Area/>" << 1;
+    QTest::newRow("text") << "Area"
+                          << "<Area><Name>a</Name></Area>" << 2;
+    QTest::newRow("coordinate") << "Area"
+                                << "<Area><Coordinate><Latitude>1</Latitude></Coordinate></Area>" << 3;
+    QTest::newRow("owned object") << "Job"
+                                  << "<Job><JobHeader><Author>a</Author></JobHeader></Job>" << 3;
+    QTest::newRow("block") << "Parameter"
+                           << "<Parameter><Long><Minimum>1</Minimum></Long></Parameter>" << 3;
+}
+
+// As deep as the document is and no less, in XML as in a binary form.
+void ReadingLimitsTest::depthOfKnownElements()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, text);
+    QFETCH(int, depth);
+    for (const int most : {depth, depth - 1}) {
+        const auto object = newObject(kind);
+        ReadingLimits limits;
+        limits.SetDepth(most);
+        object->SetReadingLimits(limits);
+        bool isRead = false;
+        (void)messageOf([&] { isRead = object->SetXmlString(text, true); });
+        QCOMPARE(isRead, most == depth);
+        QByteArray form = formWith(kind.toUtf8(), text, false);
+        QCOMPARE(newObject(kind)->SetBinaryRepresentation(form), true);
+        QCOMPARE(object->SetBinaryRepresentation(form), most == depth);
+    }
+}
+
+// What is too deep is not stored either.
+void ReadingLimitsTest::tooDeepInABlock()
+{
+    ReadingLimits limits;
+    limits.SetDepth(3);
+    OpenParameter parameter;
+    parameter.SetReadingLimits(limits);
+    parameter.GetLongHandler().SetMinimum(7);
+    QXmlStreamReader reader("<Long><x><y><Minimum>1</Minimum></y></x></Long>");
+    reader.readNextStartElement();
+    QVERIFY(!messageOf([&] { parameter.ProcessLongList(reader); }).isEmpty());
+    QCOMPARE(parameter.GetLongHandler().GetMinimum(), 7);
 }
 
 void ReadingLimitsTest::copies()
