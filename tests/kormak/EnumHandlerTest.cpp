@@ -10,7 +10,6 @@ using namespace KORMAK;
 using EnumValue = EnumHandler::EnumValue;
 using EnumList = QVector<EnumValue>;
 
-Q_DECLARE_METATYPE(EnumHandler)
 Q_DECLARE_METATYPE(EnumHandler::EnumValue)
 
 namespace KORMAK {

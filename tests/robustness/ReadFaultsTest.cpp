@@ -230,7 +230,7 @@ void ReadFaultsTest::longerThan32BitsCount()
     QFETCH(qint64, hole);
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
     hole = 0;
-    QSKIP("Sanitizers need the address space");
+    QSKIP("Sanitizers need the address space", ""); // clang asks for a second argument
 #endif
 
     const auto &[name, read] = operations()[operation];
@@ -240,7 +240,7 @@ void ReadFaultsTest::longerThan32BitsCount()
     const QString path = write(bytes);
     QVERIFY(isReadBy(read, path));
     if (truncate(path.toLocal8Bit().constData(), hole + bytes.size()) != 0)
-        QSKIP("Files cannot be as long here");
+        QSKIP("Files cannot be as long here", "");
 
     const pid_t child = fork();
     if (child == 0) {
