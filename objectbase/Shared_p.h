@@ -9,7 +9,8 @@
 namespace TESSEL {
 
 /// \a make must be a lambda without captures. The constant is made when it is first asked for, before main()
-/// if need be. Objects that outlive it, as those with static storage in a program may, get one each.
+/// if need be. Objects that outlive it, as those with static storage in a program may, get one each. It is
+/// released when the library is unloaded; what has to stay is Lasting instead.
 template <class Make>
 [[nodiscard]] auto shared(Make make)
 {

@@ -1535,7 +1535,7 @@ void ParameterTest::threadsReadOneParameter()
         const Parameter &shared = parameter;
         constexpr int Count = 4;
         std::atomic<int> waiting{Count};
-        std::array<std::array<const void *, 3>, Count> seen{};
+        std::array<std::array<const void *, 4>, Count> seen{};
         std::array<QString, Count> names;
         std::vector<std::thread> threads;
         for (std::size_t i = 0; i < Count; ++i) {
@@ -1544,7 +1544,8 @@ void ParameterTest::threadsReadOneParameter()
                 while (waiting > 0) { } // all begin together
                 const Parameter copy = shared;
                 seen.at(i) = {&shared.GetIntegerHandler(), &shared.GetEnumHandler(),
-                              &shared.GetDoubleHandler()};
+                              &shared.GetDoubleHandler(),
+                              &parameter.GetLongHandler()}; // without const, but only to read
                 names.at(i) = copy.GetIntegerHandler().GetUniqueParameterName()
                     + shared.GetEnumHandler().GetUniqueParameterName();
             });
