@@ -1,5 +1,6 @@
 #include "tools/Completion.h"
 
+#include <objectbase/QtCompat_p.h>
 #include <tools/DocumentKind.h>
 #include <tools/FieldAssignment.h>
 #include <tools/NameLists.h>
@@ -7,6 +8,8 @@
 #include <tools/Tool.h>
 #include <tools/Usage.h>
 
+#include <QMap>
+#include <QRegularExpression>
 #include <QStringList>
 
 #include <algorithm>
@@ -45,12 +48,12 @@ QString quoted(QString text)
     return QLatin1Char('\'') + text.replace(QLatin1Char('\''), QStringLiteral("'\\''")) + QLatin1Char('\'');
 }
 
-QString quoted(const QStringList &texts)
+QString quoted(const QStringList &texts, const QString &between = QStringLiteral(" "))
 {
     QStringList all;
     for (const QString &text : texts)
         all += quoted(text);
-    return all.join(QLatin1Char(' '));
+    return all.join(between);
 }
 
 /// One case of a shell.
@@ -112,42 +115,6 @@ QString valueCases()
     for (const Texts &row : all)
         cases += caseOf(row.patterns.join(QStringLiteral(" | ")), printing(row.texts));
     return cases;
-}
-
-QString functions()
-{
-    return QStringLiteral(R"sh(# The fields of a KIND that can be set; N stands for an index, NAME for a name.
-_kormak_all_fields() {
-    case $1 in
-%1    esac
-}
-
-# What the FIELD of a KIND can be set to, where that can be listed.
-_kormak_values() {
-    case $1:$2 in
-%2    esac
-}
-
-# The fields of a KIND, each up to the first bracket that is not in TYPED, else with "=".
-_kormak_fields() {
-    local begin rest end
-    _kormak_all_fields "$1" | while IFS= read -r end; do
-        begin='' rest=$2
-        while [[ $end == *\]* && $rest == *\]* ]]; do
-            rest=${rest#*\[}
-            begin=$begin${end%%\[*}[${rest%%\]*}]
-            rest=${rest#*\]} end=${end#*\]}
-        done
-        if [[ $end == *\[* ]]; then
-            end=${end%%\[*}[
-        else
-            end=$end=
-        fi
-        printf '%s\n' "$begin$end"
-    done | uniq
-}
-)sh")
-        .arg(fieldCases(), valueCases());
 }
 
 // Bash
@@ -272,13 +239,9 @@ QStringList zshOptions(const QList<QCommandLineOption> &options)
     return rows;
 }
 
-/// A command of a shell with each of its arguments on a line of its own.
-QString zshCall(const QString &command, const QStringList &arguments, const QString &indent)
+QString zshToolOptions()
 {
-    QString call = indent + command;
-    for (const QString &argument : arguments)
-        call += QStringLiteral(" \\\n    ") + indent + quoted(argument);
-    return call;
+    return quoted(zshOptions(Tool::options()), QStringLiteral(" \\\n        "));
 }
 
 QString zshCommands()
@@ -296,156 +259,51 @@ QString zshCommandCases()
         const QString start = command->arguments.most == 1 ? QStringLiteral("1") : QStringLiteral("*");
         const QStringList rows = zshOptions(Tool::optionsOf(*command))
             << start + zshValue(command->arguments.name.toString());
-        cases += QStringLiteral("                ") + command->name.toString() + QStringLiteral(")\n")
-            + zshCall(QStringLiteral("_arguments"), rows, QString(20, QLatin1Char(' ')))
+        const QString between = QStringLiteral(" \\\n                        ");
+        cases += QStringLiteral("                ") + command->name.toString()
+            + QStringLiteral(")\n                    _arguments") + between + quoted(rows, between)
             + QStringLiteral("\n                    ;;\n");
     }
     return cases;
 }
 
+/// \a script with its value in the place of each @NAME@, and of the whole line if that is "# @NAME@"; lines
+/// that speak to ShellCheck are left out. A name that has no value ends the build.
+QString filled(const QString &script, const QMap<QString, QString> &values)
+{
+    static const QRegularExpression place(
+        QStringLiteral("^ *# @([A-Z_]+)@\\n|@([A-Z_]+)@|^ *# shellcheck .*\\n"),
+        QRegularExpression::MultilineOption);
+    QString text;
+    TESSEL::TextSize end = 0;
+    for (auto matches = place.globalMatch(script); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        text += script.mid(end, match.capturedStart() - end);
+        end = match.capturedEnd();
+        if (match.lastCapturedIndex() == 0)
+            continue;
+        const QString name = match.captured(match.lastCapturedIndex());
+        if (!values.contains(name))
+            qFatal("There is nothing for @%s@", qPrintable(name));
+        text += values[name];
+    }
+    return text + script.mid(end);
+}
+
 } // namespace
 
-QString Completion::forBash()
+QString Completion::filledIn(const QString &script, const QString &fieldFunctions)
 {
-    return QStringLiteral("# What bash completes the calls of kormak with.\n\n") + functions()
-        + QStringLiteral(R"sh(
-# FIELD= as far as it is TYPED for a KIND, then FIELD=VALUE.
-_kormak_settings() {
-    local value
-    if [[ $2 != *=* ]]; then
-        _kormak_fields "$1" "$2"
-    else
-        _kormak_values "$1" "${2%%=*}" | while IFS= read -r value; do
-            printf '%s\n' "${2%%=*}=$value"
-        done
-    fi
-}
-
-# What can stand behind COMMAND and OPTION, either of which may be empty, with the ARGUMENT that is there already.
-# Fails where it is a file.
-_kormak_words() {
-    case $1:$2 in
-)sh") + bashWordCases()
-        + QStringLiteral(R"sh(    esac
-}
-
-_kormak_options() {
-    case $1 in
-)sh") + bashOptionCases()
-        + QStringLiteral(R"sh(    esac
-}
-
-_kormak() {
-    # Bash takes words apart at "=".
-    local words=() i word last=''
-    for ((i = 1; i <= COMP_CWORD; ++i)); do
-        word=${COMP_WORDS[i]}
-        if ((${#words[@]} > 0)) && [[ $word == '=' || $last == '=' ]]; then
-            words[${#words[@]} - 1]+=$word
-        else
-            words+=("$word")
-        fi
-        last=$word
-    done
-
-    local typed=${words[${#words[@]} - 1]} command='' argument='' option=''
-    for word in "${words[@]:0:${#words[@]} - 1}"; do
-        if [[ $option ]]; then
-            option=''
-        elif [[ $word == -?* ]]; then
-            case $command:$word in
-                )sh")
-        + bashValueOptions() + QStringLiteral(R"sh() option=$word ;;
-            esac
-        elif [[ ! $command ]]; then
-            command=$word
-        elif [[ ! $argument ]]; then
-            argument=$word
-        fi
-    done
-
-    local prefix='' quote=''
-    if [[ ! $option && $typed == --*=* ]]; then
-        option=${typed%%=*} prefix=$option= typed=${typed#*=}
-    fi
-    if [[ $typed == [\'\"]* ]]; then
-        quote=${typed:0:1} prefix='' typed=${typed:1}
-    else
-        typed=${typed//\\/}
-    fi
-
-    COMPREPLY=()
-    local offered
-    if [[ ! $option && $typed == -* ]]; then
-        offered=$(_kormak_options "$command")
-    else
-        offered=$(_kormak_words "$command" "$option" "$argument" "$typed") || return 0
-    fi
-    compopt +o default 2>/dev/null
-    local behind=''
-    if [[ ! $quote && $prefix$typed == *=* && $COMP_WORDBREAKS == *=* ]]; then
-        behind=$prefix$typed
-        behind=${behind%=*}=
-    fi
-    while IFS= read -r word; do
-        [[ $word && $word == "$typed"* ]] || continue
-        [[ $word != *[=[] ]] || compopt -o nospace 2>/dev/null
-        word=$prefix$word
-        word=${word#"$behind"}
-        [[ $quote ]] || printf -v word %q "$word"
-        COMPREPLY+=("$word")
-    done <<<"$offered"
-}
-
-complete -o default -F _kormak kormak
-)sh");
-}
-
-QString Completion::forZsh()
-{
-    return QStringLiteral("#compdef kormak\n# What zsh completes the calls of kormak with.\n\n") + functions()
-        + QStringLiteral(R"sh(
-# FIELD=VALUE of the kind that is among the words.
-_kormak_setting() {
-    local kind='' word typed=${(Q)PREFIX}
-    local -a matches
-    for word in $words; do
-        [[ -z $kind && -n $(_kormak_all_fields $word) ]] && kind=$word
-    done
-    if [[ $typed == *=* ]]; then
-        matches=(${(f)"$(_kormak_values "$kind" "${typed%%=*}")"})
-        compset -P '*='
-        compadd -a matches
-    else
-        matches=(${(f)"$(_kormak_fields "$kind" "$typed")"})
-        compadd -S '' -a matches
-    fi
-}
-
-_kormak() {
-    local curcontext=$curcontext state
-    local -a line commands
-    local -A opt_args
-)sh")
-        + zshCall(QStringLiteral("_arguments -C"),
-                  zshOptions(Tool::options())
-                      << QStringLiteral("1:COMMAND:->command") << QStringLiteral("*::ARGUMENT:->argument"),
-                  QStringLiteral("    "))
-        + QStringLiteral(R"sh( && return
-    case $state in
-        command)
-            commands=()sh")
-        + zshCommands() + QStringLiteral(R"sh()
-            _describe COMMAND commands
-            ;;
-        argument)
-            case $words[1] in
-)sh") + zshCommandCases()
-        + QStringLiteral(R"sh(            esac
-            ;;
-    esac
-}
-
-_kormak "$@"
-)sh");
+    QMap<QString, QString> values{
+        {QStringLiteral("FIELD_CASES"), fieldCases()},
+        {QStringLiteral("VALUE_CASES"), valueCases()},
+        {QStringLiteral("WORD_CASES"), bashWordCases()},
+        {QStringLiteral("OPTION_CASES"), bashOptionCases()},
+        {QStringLiteral("VALUE_OPTIONS"), bashValueOptions()},
+        {QStringLiteral("TOOL_OPTIONS"), zshToolOptions()},
+        {QStringLiteral("COMMANDS"), zshCommands()},
+        {QStringLiteral("COMMAND_CASES"), zshCommandCases()},
+    };
+    values.insert(QStringLiteral("FIELD_FUNCTIONS"), filled(fieldFunctions, values));
+    return filled(script, values);
 }

@@ -6,8 +6,9 @@
 
 namespace Completion {
 
-[[nodiscard]] QString forBash();
-[[nodiscard]] QString forZsh();
+/// The template \a script with the commands, options, fields and names that the tool knows; \a fieldFunctions
+/// is the template of what the scripts of all shells have in common.
+[[nodiscard]] QString filledIn(const QString &script, const QString &fieldFunctions);
 
 } // namespace Completion
 
