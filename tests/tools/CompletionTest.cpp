@@ -20,6 +20,10 @@ private Q_SLOTS:
     void fieldsAndValues_data();
     void fieldsAndValues();
     void zsh();
+    void isFilledIn_data();
+    void isFilledIn();
+    void shellCheck_data();
+    void shellCheck();
 };
 
 namespace {
@@ -240,6 +244,47 @@ void CompletionTest::zsh()
     process.start("zsh", {"-n", ForZsh});
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.readAllStandardError(), QByteArray());
+    QCOMPARE(process.exitCode(), 0);
+}
+
+void CompletionTest::isFilledIn_data()
+{
+    fieldsAndValues_data();
+}
+
+/// Nothing is left of what only the templates hold.
+void CompletionTest::isFilledIn()
+{
+    QFETCH(QString, path);
+
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(file.readAll());
+    QVERIFY(text.contains("_kormak() {\n"));
+    QCOMPARE(QRegularExpression("@[A-Z_]+@|shellcheck").match(text).captured(), QString());
+}
+
+void CompletionTest::shellCheck_data()
+{
+    QTest::addColumn<QString>("path");
+
+    QTest::newRow("for bash") << ForBash;
+    QTest::newRow("template for bash") << KORMAK_TEMPLATES "/kormak.bash.in";
+    QTest::newRow("template of both shells") << KORMAK_TEMPLATES "/fields.sh.in";
+}
+
+void CompletionTest::shellCheck()
+{
+    QFETCH(QString, path);
+
+    if (isMissing("shellcheck")) {
+        skip("there is no ShellCheck");
+        return;
+    }
+    QProcess process;
+    process.start("shellcheck", {"--norc", "--shell=bash", path});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(QString::fromUtf8(process.readAllStandardOutput() + process.readAllStandardError()), QString());
     QCOMPARE(process.exitCode(), 0);
 }
 
