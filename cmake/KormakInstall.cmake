@@ -1,14 +1,14 @@
 # Installs the libraries, their public headers, the CMake and pkg-config packages, the tool and the schemas. Builds with
 # Qt 6 and with Qt 5 fit into the same folder: what differs between them carries the major version of Qt in its name.
 #
-# Components: Runtime is what a program needs to run, Devel what is needed to build one, DevelCommon what is the same
-# for every Qt, Tools what people run and edit with.
+# Components: each library, by the name of its target, is what a program that uses it needs to run; Devel is what is
+# needed to build one, DevelCommon what of that is the same for every Qt, Tools what people run and edit with.
 
 include(CMakePackageConfigHelpers)
 
 set(kormak_package "KormakQt${QT_VERSION_MAJOR}")
 set(kormak_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/${kormak_package}")
-set(kormak_schema_dir "${CMAKE_INSTALL_DATADIR}/kormak/schemas")
+get_property(kormak_libraries GLOBAL PROPERTY KORMAK_LIBRARIES)
 
 # kormak_install_library(target): public is the header beside a source, a header among the sources, and the generated
 # export header; what ends in _p.h is not.
@@ -29,8 +29,8 @@ function(kormak_install_library target)
     kormak_find_libraries_beside(${target} "")
     install(TARGETS ${target}
         EXPORT ${kormak_package}Targets
-        RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT Runtime
-        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT Runtime NAMELINK_COMPONENT Devel
+        RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT ${target}
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT ${target} NAMELINK_COMPONENT Devel
         ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT Devel
     )
 endfunction()
@@ -54,11 +54,25 @@ function(kormak_find_libraries_beside target path)
     endif()
 endfunction()
 
-# kormak_install_pkgconfig(target requires description): the file names the folders relative to itself, unless they are
-# installed to absolute ones.
-function(kormak_install_pkgconfig target pc_requires pc_description)
+# kormak_install_pkgconfig(target): the file names the folders relative to itself, unless they are installed to absolute
+# ones. It requires this version of our libraries, and at least the Qt that they were built with.
+function(kormak_install_pkgconfig target)
     get_target_property(pc_library ${target} OUTPUT_NAME)
+    get_target_property(pc_description ${target} KORMAK_DESCRIPTION)
     set(pc_name "${pc_library}")
+    set(pc_requires "")
+    get_target_property(required ${target} INTERFACE_LINK_LIBRARIES)
+    foreach(library IN LISTS required)
+        if(library IN_LIST kormak_libraries)
+            get_target_property(name ${library} OUTPUT_NAME)
+            list(APPEND pc_requires "${name} = ${PROJECT_VERSION}")
+        elseif(library MATCHES "^Qt${QT_VERSION_MAJOR}::(.*)$")
+            list(APPEND pc_requires "Qt${QT_VERSION_MAJOR}${CMAKE_MATCH_1} >= ${KORMAK_QT_VERSION}")
+        else()
+            message(FATAL_ERROR "${target} requires ${library}, whose name for pkg-config is not known")
+        endif()
+    endforeach()
+    list(JOIN pc_requires ", " pc_requires)
     set(pkgconfig_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
     set(pc_prefix "${CMAKE_INSTALL_PREFIX}")
     if(NOT IS_ABSOLUTE "${pkgconfig_dir}")
@@ -86,12 +100,10 @@ endfunction()
 string(REGEX MATCH "^[0-9]+\\.[0-9]+" KORMAK_QT_VERSION "${Qt${QT_VERSION_MAJOR}_VERSION}")
 math(EXPR KORMAK_QT_OTHER_MAJOR "11 - ${QT_VERSION_MAJOR}")
 
-kormak_install_library(objectbase)
-kormak_install_library(kormak)
-kormak_install_pkgconfig(objectbase "Qt${QT_VERSION_MAJOR}Core >= ${KORMAK_QT_VERSION}"
-    "What every document that steers a radio-monitoring system is"
-)
-kormak_install_pkgconfig(kormak "objectbase-qt${QT_VERSION_MAJOR} = ${PROJECT_VERSION}" "${PROJECT_DESCRIPTION}")
+foreach(library IN LISTS kormak_libraries)
+    kormak_install_library(${library})
+    kormak_install_pkgconfig(${library})
+endforeach()
 if(TARGET kormak-cli)
     kormak_install_tool(kormak-cli)
 
@@ -106,25 +118,9 @@ if(TARGET kormak-cli)
     )
 endif()
 
-# For editors and validators. One file for each kind of document; what they share stands in types/.
-install(FILES
-    "${PROJECT_SOURCE_DIR}/schemas/ActivityGeneration.xsd"
-    "${PROJECT_SOURCE_DIR}/schemas/AntennaData.xsd"
-    "${PROJECT_SOURCE_DIR}/schemas/Area.xsd"
-    "${PROJECT_SOURCE_DIR}/schemas/AutomaticWorkflow.xsd"
-    "${PROJECT_SOURCE_DIR}/schemas/GenericReceiver.xsd"
-    "${PROJECT_SOURCE_DIR}/schemas/Job.xsd"
-    "${PROJECT_SOURCE_DIR}/schemas/JobHeader.xsd"
-    "${PROJECT_SOURCE_DIR}/schemas/Parameter.xsd"
-    DESTINATION "${kormak_schema_dir}" COMPONENT Tools
-)
-install(FILES
-    "${PROJECT_SOURCE_DIR}/schemas/types/AntennaData.xsd"
-    "${PROJECT_SOURCE_DIR}/schemas/types/Area.xsd"
-    "${PROJECT_SOURCE_DIR}/schemas/types/JobHeader.xsd"
-    "${PROJECT_SOURCE_DIR}/schemas/types/Parameter.xsd"
-    "${PROJECT_SOURCE_DIR}/schemas/types/Texts.xsd"
-    DESTINATION "${kormak_schema_dir}/types" COMPONENT Tools
+# For editors and validators.
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/schemas" DESTINATION "${CMAKE_INSTALL_DATADIR}/kormak" COMPONENT Tools
+    FILES_MATCHING PATTERN "*.xsd"
 )
 
 # The package of this build, and the package "Kormak" that chooses between the builds beside it.
@@ -133,7 +129,7 @@ configure_package_config_file(
     "${PROJECT_SOURCE_DIR}/cmake/KormakQtConfig.cmake.in"
     "${PROJECT_BINARY_DIR}/${kormak_package}Config.cmake"
     INSTALL_DESTINATION "${kormak_package_dir}"
-    NO_SET_AND_CHECK_MACRO
+    NO_SET_AND_CHECK_MACRO NO_CHECK_REQUIRED_COMPONENTS_MACRO
 )
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/${kormak_package}ConfigVersion.cmake"
     COMPATIBILITY SameMajorVersion

@@ -37,9 +37,16 @@ function(kormak_strict_conversions target)
     target_compile_options(${target} PRIVATE -Wconversion -Wsign-conversion)
 endfunction()
 
-# kormak_add_library(target source...): a library whose headers are included from the project root.
+# kormak_add_library(target DESCRIPTION text [OUTPUT_NAME name] source...): a library whose headers are included from the
+# project root. Its file and its packages are called name, else like the target, and bear the major version of Qt. It is
+# added after those that it is linked with; the property KORMAK_LIBRARIES has them all in that order.
 function(kormak_add_library target)
-    add_library(${target} ${ARGN})
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "DESCRIPTION;OUTPUT_NAME" "")
+    if(NOT arg_OUTPUT_NAME)
+        set(arg_OUTPUT_NAME ${target})
+    endif()
+    set_property(GLOBAL APPEND PROPERTY KORMAK_LIBRARIES ${target})
+    add_library(${target} ${arg_UNPARSED_ARGUMENTS})
     add_library(Kormak::${target} ALIAS ${target})
     kormak_target_defaults(${target})
     kormak_strict_text(${target})
@@ -51,7 +58,8 @@ function(kormak_add_library target)
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}
         EXPORT_NAME ${target}
-        OUTPUT_NAME ${target}-qt${QT_VERSION_MAJOR}
+        OUTPUT_NAME ${arg_OUTPUT_NAME}-qt${QT_VERSION_MAJOR}
+        KORMAK_DESCRIPTION "${arg_DESCRIPTION}"
         INTERFACE_QT_MAJOR_VERSION ${QT_VERSION_MAJOR}
     )
     set_property(TARGET ${target} APPEND PROPERTY COMPATIBLE_INTERFACE_STRING QT_MAJOR_VERSION)
