@@ -9,6 +9,14 @@ if [ -t 1 ] && [ -z "${NO_COLOR-}" ]; then
     bold=$'\033[1m' plain=$'\033[0m'
 fi
 
+# The libraries, which have the names of their folders, in the order in which they are built.
+libraries=()
+while read -r folder; do
+    if grep -q '^kormak_add_library(' "$project_dir/$folder/CMakeLists.txt"; then
+        libraries+=("$folder")
+    fi
+done < <(sed -n 's/^ *add_subdirectory(\(.*\))$/\1/p' "$project_dir/CMakeLists.txt")
+
 heading() {
     printf '\n%s== %s ==%s\n' "$bold" "$*" "$plain"
 }
