@@ -1,4 +1,5 @@
-// Writes and reads documents with the build of the library that the plugin is linked with.
+// Writes, reads and inspects documents with the build of the libraries that the plugin is linked with.
+#include <inspection/Kinds.h>
 #include <kormak/GenericReceiver.h>
 #include <kormak/Job.h>
 #include <objectbase/TesselException.h>
@@ -63,6 +64,12 @@ bool isRefused(const KORMAK::Job &incomplete)
     return false;
 }
 
+/// What is known about documents is there, too.
+bool isInspected()
+{
+    return KORMAK::Inspection::GetKinds().contains(QStringLiteral("Job"));
+}
+
 bool isOfItsOwnType(const TESSEL::ITesselObject &object)
 {
     return dynamic_cast<const KORMAK::Job *>(&object) && typeid(object) == typeid(KORMAK::Job);
@@ -73,7 +80,7 @@ bool isOfItsOwnType(const TESSEL::ITesselObject &object)
 /// The major version of the Qt that the documents work with; 0 when something is not as it should be.
 extern "C" Q_DECL_EXPORT int workWithDocuments()
 {
-    const bool works =
-        isReadBack(job()) && isReadBack(receiver()) && isRefused(KORMAK::Job()) && isOfItsOwnType(job());
+    const bool works = isReadBack(job()) && isReadBack(receiver()) && isRefused(KORMAK::Job())
+        && isOfItsOwnType(job()) && isInspected();
     return works ? QT_VERSION_MAJOR : 0;
 }
