@@ -1,9 +1,10 @@
 // Changes binary forms so that the fuzzer gets behind their checksum: one in four as they are, which leaves
 // them damaged, one in four with the checksum put right, the others in the XML that they hold.
+#include <tests/support/BinaryParts.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <fuzz/BinaryParts.h>
 
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t *data, std::size_t size, std::size_t maximumSize);
 extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t *data, std::size_t size, std::size_t maximumSize,
@@ -11,7 +12,7 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t *data, std::size_t s
 
 namespace {
 
-using Fuzz::BinaryParts;
+using TestSupport::BinaryParts;
 
 QByteArray mutated(QByteArray bytes, std::size_t maximumSize)
 {

@@ -2,15 +2,16 @@
 #ifndef KORMAK_FUZZ_BINARYPROPERTIES_H
 #define KORMAK_FUZZ_BINARYPROPERTIES_H
 
+#include <fuzz/Properties.h>
 #include <objectbase/QtCompat_p.h>
+#include <tests/support/BinaryParts.h>
 
 #include <QDataStream>
 #include <QTemporaryFile>
 
-#include <fuzz/BinaryParts.h>
-#include <fuzz/Properties.h>
-
 namespace Fuzz {
+
+using TestSupport::BinaryParts;
 
 /// A sample that a binary form was read into by one of the operations, and what came of it.
 template <class Document>
@@ -28,15 +29,14 @@ struct BinaryReading {
 /// form.
 inline std::optional<QString> documentIn(const QByteArray &bytes, const QString &objectName)
 {
-    const QByteArray start("TSLB\0\1\0", BinaryParts::StartSize - 1);
     const auto parts = BinaryParts::of(bytes);
-    if (!parts || !bytes.startsWith(start) || quint8(parts->start.back()) > BinaryParts::Compressed
-        || !bytes.startsWith(parts->sealed()) || parts->name != objectName.toUtf8())
+    if (!parts || !bytes.startsWith(BinaryParts::firstVersion())
+        || quint8(parts->start.back()) > BinaryParts::Compressed || !bytes.startsWith(parts->sealed())
+        || parts->name != objectName.toUtf8())
         return std::nullopt;
     const auto text = parts->text();
     const QString document = text ? TESSEL::decodeUtf8(*text) : QString();
-    return rootName(document) == objectName && isWellFormed(document) ? std::optional(document)
-                                                                      : std::nullopt;
+    return rootOf(document) == objectName && isWellFormed(document) ? std::optional(document) : std::nullopt;
 }
 
 /// What an object writes in the form with compression \a level is read back, and not with one bit flipped.

@@ -1,5 +1,9 @@
 // Fills a folder with what the fuzzers start from, one folder for each target: the examples, small documents
 // of every kind, good and bad, documents with random values, and the binary forms of the complete ones.
+#include <fuzz/Targets.h>
+#include <tests/support/RandomDocuments.h>
+#include <tests/support/SmallDocuments.h>
+
 #include <QCryptographicHash>
 #include <QDirIterator>
 #include <QJsonArray>
@@ -9,13 +13,9 @@
 #include <QTemporaryFile>
 
 #include <cstdio>
-#include <fuzz/Targets.h>
-#include <tests/RandomDocuments.h>
-#include <tests/schemas/SmallDocuments.h>
 #ifdef KORMAK_FUZZES_TOOL
-#include <tools/Command.h>
-
 #include <fuzz/ToolProperties.h>
+#include <tools/Command.h>
 #endif
 
 namespace {
@@ -54,9 +54,8 @@ public:
     void add(const QString &target, const QByteArray &input)
     {
         const QString name = QCryptographicHash::hash(input, QCryptographicHash::Sha1).toHex();
-        QFile file(folder.filePath(target + '/' + name));
-        if (!folder.mkpath(target) || !file.open(QIODevice::WriteOnly) || file.write(input) != input.size())
-            throw std::runtime_error(file.fileName().toStdString());
+        folder.mkpath(target);
+        TestSupport::writtenFile(folder.filePath(target + '/' + name), input);
     }
 
 private:
@@ -68,9 +67,8 @@ void addExamples(Seeds &seeds)
 {
     QDirIterator file(EXAMPLES_DIR, {"*.xml"}, QDir::Files, QDirIterator::Subdirectories);
     while (file.hasNext()) {
-        const QString text = QString::fromUtf8(contentsOf({file.next()}).first());
-        QXmlStreamReader reader(text);
-        const QString root = reader.readNextStartElement() ? reader.name().toString() : QString();
+        const QString text = QString::fromUtf8(TestSupport::bytesOf(file.next()));
+        const QString root = TestSupport::rootOf(text);
         if (kinds().contains(root))
             seeds.addDocument(root, text);
         else

@@ -3,15 +3,17 @@
 #ifndef KORMAK_FUZZ_PROPERTIES_H
 #define KORMAK_FUZZ_PROPERTIES_H
 
-#include <objectbase/TesselException.h>
+#include <fuzz/Kinds.h>
+#include <tests/support/DocumentKinds.h>
 
 #include <QXmlStreamReader>
-#include <QXmlStreamWriter>
 
-#include <fuzz/Kinds.h>
 #include <stdexcept>
 
 namespace Fuzz {
+
+using TestSupport::elementOf;
+using TestSupport::rootOf;
 
 class Violation : public std::logic_error {
 public:
@@ -57,21 +59,6 @@ inline void demandEqual(const Reading &actual, const Reading &expected, const QS
     demandEqual(actual.toString(), expected.toString(), property);
 }
 
-/// The object's element alone; empty for an object that is not complete.
-inline QString elementOf(const TESSEL::ITesselObject &object)
-{
-    QString text;
-    QXmlStreamWriter writer(&text);
-    object.GetXml(writer);
-    return text;
-}
-
-inline QString rootName(const QString &text)
-{
-    QXmlStreamReader reader(text);
-    return reader.readNextStartElement() ? reader.name().toString() : QString();
-}
-
 /// Without namespaces, declarations count as attributes, which an element bears once.
 inline bool isWellFormed(const QString &text, bool hasNamespaces = true)
 {
@@ -88,8 +75,8 @@ const Document &sampleOf()
 {
     static const Document sample = [] {
         Document document;
-        demand(document.SetXmlString(Kind<Document>::sample(), true) && document.HasData(),
-               "the sample is complete");
+        const QString text = TestSupport::wholeDocument(document.GetObjectName());
+        demand(document.SetXmlString(text, true) && document.HasData(), "the sample is complete");
         return document;
     }();
     return sample;
@@ -135,7 +122,7 @@ void checkObject(const Document &document)
     QString text;
     const Reading writing = readingOf([&] {
         text = document.GetXmlString();
-        return rootName(text) == document.GetObjectName();
+        return rootOf(text) == document.GetObjectName();
     });
     demandEqual(writing, check, "an object is written when it is complete and passes its check");
 
@@ -167,7 +154,7 @@ void checkXml(const QByteArray &bytes)
 
     Document validated = sampleOf<Document>();
     const Reading validation = readingOf([&] { return validated.SetXmlString(text, true); });
-    if (rootName(text) == document.GetObjectName()) {
+    if (rootOf(text) == document.GetObjectName()) {
         demandEqual(validation, reading, "the right root element changes nothing");
     } else {
         demand(validation.outcome == Reading::NotTaken, "another root element is not taken");

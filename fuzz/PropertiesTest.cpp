@@ -1,8 +1,9 @@
 // A property that does not hold must be noticed: areas with one fault each.
+#include <fuzz/BinaryProperties.h>
+
 #include <QtTest>
 
 #include <functional>
-#include <fuzz/BinaryProperties.h>
 
 namespace {
 
@@ -180,12 +181,12 @@ void PropertiesTest::faultsAreNoticed_data()
     QTest::addColumn<Check>("check");
     QTest::addColumn<QString>("violation"); // empty: none
 
-    const QByteArray document = Fuzz::Kind<TESSEL::Area>::sample().toUtf8();
-    const QByteArray withNan = QByteArray(document).replace("35.8", "nan");
+    const QByteArray document = TestSupport::wholeArea().toUtf8();
+    const QByteArray withNan = QByteArray(document).replace("53.55", "nan");
     const QByteArray malformed = document.chopped(1);
     const QByteArray form =
         TESSEL::Area(Fuzz::sampleOf<Faulty<Faultless>>()).GetBinaryRepresentationAsQByteArray();
-    const QByteArray damaged = QByteArray(form).replace("35.8", "35.9");
+    const QByteArray damaged = QByteArray(form).replace("53.55", "53.56");
     const QByteArray cut = form.chopped(1);
     const QByteArray longer = form + '\0';
 

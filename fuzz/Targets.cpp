@@ -1,8 +1,12 @@
 #include "fuzz/Targets.h"
 
-#include <algorithm>
 #include <fuzz/BinaryProperties.h>
+#include <tests/support/DocumentKinds.h>
+
+#include <algorithm>
+#include <array>
 #include <iterator>
+#include <tuple>
 #ifdef KORMAK_FUZZES_TOOL
 #include <fuzz/ToolProperties.h>
 #endif
@@ -17,22 +21,12 @@ struct KindRow {
     Check binary;
 };
 
-template <class Document>
-constexpr KindRow kind(const char *rootElement)
-{
-    return {rootElement, checkXml<Document>, checkBinary<Document>};
-}
-
-constexpr KindRow Kinds[] = {
-    kind<KORMAK::ActivityGenerationData>("ActivityGeneration"),
-    kind<TESSEL::AntennaData>("AntennaData"),
-    kind<TESSEL::Area>("Area"),
-    kind<KORMAK::AutomaticWorkflow>("AutomaticWorkflow"),
-    kind<KORMAK::GenericReceiver>("GenericReceiver"),
-    kind<KORMAK::Job>("Job"),
-    kind<KORMAK::JobHeader>("JobHeader"),
-    kind<KORMAK::Parameter>("Parameter"),
-};
+constexpr auto Kinds = std::apply(
+    [](auto... kind) {
+        return std::array{KindRow{kind.name, checkXml<typename decltype(kind)::Document>,
+                                  checkBinary<typename decltype(kind)::Document>}...};
+    },
+    TestSupport::Kinds);
 
 /// Looks at \a input as every kind when it names none, else as that kind and as the one behind it, which must
 /// not take it.
@@ -52,7 +46,7 @@ void checkAsNamed(const QString &name, Check KindRow::*check, const QByteArray &
 
 void checkDocument(const QByteArray &input)
 {
-    checkAsNamed(rootName(QString::fromUtf8(input)), &KindRow::xml, input);
+    checkAsNamed(rootOf(QString::fromUtf8(input)), &KindRow::xml, input);
 }
 
 void checkAnyBinary(const QByteArray &input)

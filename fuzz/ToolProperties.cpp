@@ -1,17 +1,18 @@
 #include "fuzz/ToolProperties.h"
 
+#include <fuzz/Properties.h>
+#include <inspection/DocumentKind_p.h>
+#include <inspection/QuotedText_p.h>
 #include <objectbase/ITesselObject.h>
 #include <objectbase/QtCompat_p.h>
 #include <tools/Command.h>
-#include <tools/Console.h>
-#include <tools/DocumentKind.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTemporaryDir>
 
-#include <fuzz/Properties.h>
+using namespace KORMAK::Inspection;
 
 namespace Fuzz {
 
@@ -51,7 +52,7 @@ struct LibraryReading {
     explicit LibraryReading(const QByteArray &bytes)
     {
         const QString text = TESSEL::decodeUtf8(bytes);
-        const DocumentKind *kind = findDocumentKind(rootName(text));
+        const DocumentKind *kind = findDocumentKind(rootOf(text));
         // A text that is not what the bytes say is not read, though the library would take what it decodes
         // to.
         if (!kind || text.contains(QChar(QChar::Null)) || !bytes.endsWith(text.toUtf8())
@@ -91,7 +92,7 @@ void demandHarmless(const QByteArray &bytes, const QString &property)
     const QString text = QString::fromUtf8(bytes);
     demand(text.toUtf8() == bytes, property + ": it is UTF-8");
     for (const QChar c : text)
-        demand(c == QLatin1Char('\n') || Console::isHarmless(c), property + ": " + text);
+        demand(c == QLatin1Char('\n') || isHarmless(c), property + ": " + text);
     demand(text.isEmpty() || text.endsWith(QLatin1Char('\n')), property + ": lines are ended");
 }
 

@@ -1,7 +1,7 @@
 #include "fuzz/ToolRun.h"
 
+#include <inspection/QuotedText_p.h>
 #include <tools/Command.h>
-#include <tools/Console.h>
 #include <tools/Tool.h>
 #include <tools/Usage.h>
 
@@ -65,7 +65,8 @@ ToolRun capturedRun(const Command &command, const QStringList &arguments)
         const ExitStatus status = run(command, arguments);
         return {status, output.bytes(), complaints.bytes()};
     } catch (const UsageError &error) {
-        return {Failed, output.bytes(), complaints.bytes() + Console::oneLine(error.message).toUtf8() + '\n'};
+        return {Failed, output.bytes(),
+                complaints.bytes() + KORMAK::Inspection::oneLine(error.message).toUtf8() + '\n'};
     }
 }
 

@@ -1,8 +1,10 @@
 #include "kormak/ActivityGenerationData.h"
 
+#include <kormak/Vocabularies_p.h>
 #include <objectbase/Constants_p.h>
-#include <objectbase/Vocabulary_p.h>
-#include <objectbase/XmlForm_p.h>
+#include <objectbase/DocumentRows_p.h>
+#include <objectbase/DocumentXml_p.h>
+#include <objectbase/Messages_p.h>
 
 namespace KORMAK {
 
@@ -48,45 +50,84 @@ constexpr Vocabulary Criteria{CriteriaRows};
 
 } // namespace
 
+NameTable generationModes()
+{
+    return Modes.table();
+}
+
+NameTable energyChannels()
+{
+    return Channels.table();
+}
+
+NameTable databaseWriteModes()
+{
+    return WriteModes.table();
+}
+
+NameTable activeCriteria()
+{
+    return Criteria.table();
+}
+
 struct ActivityGenerationData::Xml {
-    static void readVersion(Data &data, QStringView text) { fromText(text, data.version); }
+    static bool hasMode(const Data &data) { return Modes.isValid(data.mode); }
     static QString currentVersion(const Data & /*data*/) { return CurrentVersion.toString(); }
 
-    static constexpr XmlAttribute<Data> attributes[] = {
-        {TagVersion, readVersion, currentVersion},
-        attribute<&Data::autoStartOn>(u"Autostart"),
+    static constexpr Row attributes[] = {
+        Rows::attribute<&Data::version>(TagVersion).writtenBy<currentVersion>(),
+        Rows::attribute<&Data::autoStartOn, &Data::SetAutoStartOn>(u"Autostart"),
     };
-    static constexpr XmlElement<Data> elements[] = {
-        namedElement<&Data::mode, &Data::NameToActivityGenerationMode, &Data::ActivityGenerationModeToName>(
-            u"Mode"),
-        namedElement<&Data::energyChannel, &Data::NameToEnergyActivityGenerationChannel,
-                     &Data::EnergyActivityGenerationChannelToName>(u"EnergyChannel"),
-        element<&Data::levelMinBurstDuration>(u"LevelMinBurstDuration"),
-        element<&Data::levelMaxBreakDuration>(u"LevelMaxBreakDuration"),
-        namedElement<&Data::ddemActiveCriteria, &Data::NameToDDemActiveCriteria,
-                     &Data::DDemActiveCriteriaToName>(u"DDemActiveCriteria"),
-        element<&Data::ddemMinBurstDuration>(u"DDemMinBurstDuration"),
-        element<&Data::ddemMaxBreakDuration>(u"DDemMaxBreakDuration"),
-        element<&Data::ddemMorseQualityThreshold>(u"DDemMorseQualityThreshold"),
-        element<&Data::classIntermScore>(u"ClassIntermScore"),
-        element<&Data::classFinalScore>(u"ClassFinalScore"),
-        element<&Data::classStartScore>(u"ClassStartScore"),
-        element<&Data::classStopScore>(u"ClassStopScore"),
-        element<&Data::classMinConfidence>(u"ClassMinConfidence"),
-        element<&Data::detConvMinBurstDuration>(u"DetConvMinBurstDuration"),
-        element<&Data::dbWriteEnergy>(u"DbWriteEnergy"),
-        {u"DbWriteLevel", nullptr,
-         nullptr}, // in documents of older systems; there is no such setting any more
-        {u"DbWriteDc", nullptr, nullptr},
-        namedElement<&Data::dbWriteDDem, &Data::NameToActivityGenerationDataBaseWriteMode,
-                     &Data::ActivityGenerationDataBaseWriteModeToName>(u"DbWriteDDem"),
-        namedElement<&Data::dbWriteClass, &Data::NameToActivityGenerationDataBaseWriteMode,
-                     &Data::ActivityGenerationDataBaseWriteModeToName>(u"DbWriteClass"),
-        element<&Data::cutAtLocations>(u"CutAtLocations"),
-        element<&Data::sessionCloseTime>(u"SessionCloseTime"),
-        element<&Data::restartAttachmentsOnSessionClose>(u"RestartAttachmentsOnSessionClose"),
+    static constexpr Row elements[] = {
+        Rows::namedElement<&Data::mode, generationModes, &Data::SetActivtyGenerationMode>(u"Mode")
+            .required<hasMode>(u"ActivityGenerationMode"),
+        Rows::namedElement<&Data::energyChannel, energyChannels, &Data::SetEnergyActivityGenerationChannel>(
+            u"EnergyChannel"),
+        Rows::element<&Data::levelMinBurstDuration, &Data::SetLevelMinBurstDuration>(
+            u"LevelMinBurstDuration"),
+        Rows::element<&Data::levelMaxBreakDuration, &Data::SetLevelMaxBreakDuration>(
+            u"LevelMaxBreakDuration"),
+        Rows::namedElement<&Data::ddemActiveCriteria, activeCriteria, &Data::SetDDemActiveCriteria>(
+            u"DDemActiveCriteria"),
+        Rows::element<&Data::ddemMinBurstDuration, &Data::SetDDemMinBurstDuration>(u"DDemMinBurstDuration"),
+        Rows::element<&Data::ddemMaxBreakDuration, &Data::SetDDemMaxBreakDuration>(u"DDemMaxBreakDuration"),
+        Rows::element<&Data::ddemMorseQualityThreshold, &Data::SetDDemMorseQualityThreshold>(
+            u"DDemMorseQualityThreshold"),
+        Rows::element<&Data::classIntermScore, &Data::SetClassIntermScore>(u"ClassIntermScore"),
+        Rows::element<&Data::classFinalScore, &Data::SetClassFinalScore>(u"ClassFinalScore"),
+        Rows::element<&Data::classStartScore, &Data::SetClassStartScore>(u"ClassStartScore"),
+        Rows::element<&Data::classStopScore, &Data::SetClassStopScore>(u"ClassStopScore"),
+        Rows::element<&Data::classMinConfidence, &Data::SetClassMinConfidence>(u"ClassMinConfidence"),
+        Rows::element<&Data::detConvMinBurstDuration, &Data::SetDetConvMinBurstDuration>(
+            u"DetConvMinBurstDuration"),
+        Rows::element<&Data::dbWriteEnergy, &Data::SetDbWriteEnergy>(u"DbWriteEnergy"),
+        Rows::ignoredElement(
+            u"DbWriteLevel"), // in documents of older systems; there is no such setting any more
+        Rows::ignoredElement(u"DbWriteDc"),
+        Rows::namedElement<&Data::dbWriteDDem, databaseWriteModes, &Data::SetDbWriteDDem>(u"DbWriteDDem"),
+        Rows::namedElement<&Data::dbWriteClass, databaseWriteModes, &Data::SetDbWriteClass>(u"DbWriteClass"),
+        Rows::element<&Data::cutAtLocations, &Data::SetCutAtLocations>(u"CutAtLocations"),
+        Rows::element<&Data::sessionCloseTime, &Data::SetSessionCloseTime>(u"SessionCloseTime"),
+        Rows::element<&Data::restartAttachmentsOnSessionClose, &Data::SetRestartAttachmentsOnSessionClose>(
+            u"RestartAttachmentsOnSessionClose"),
     };
+    /// In the older form the text of the element is the mode.
+    static constexpr Row olderForm =
+        Rows::namedElement<&Data::mode, generationModes, &Data::SetActivtyGenerationMode>(ObjectName)
+            .required<hasMode>(u"ActivityGenerationMode");
+    static const Row *wholeText(const void *object)
+    {
+        return static_cast<const Data *>(object)->version == OldVersion ? &olderForm : nullptr;
+    }
+    static constexpr bool RefusesOthers = false;
+    static constexpr ObjectTable table{ObjectName, attributes,    elements, {},
+                                       {},         RefusesOthers, nullptr,  wholeText};
 };
+
+const ObjectTable &ActivityGenerationData::table()
+{
+    return Xml::table;
+}
 
 ActivityGenerationData::ActivityGenerationData()
     : modeNames(shared([] { return Modes.names(); })), channelNames(shared([] { return Channels.names(); })),
@@ -312,7 +353,7 @@ bool ActivityGenerationData::operator==(const ActivityGenerationData &other) con
 
 bool ActivityGenerationData::HasData() const
 {
-    return IsValidActivityGenerationMode(mode);
+    return isComplete<Xml>(this);
 }
 
 bool ActivityGenerationData::AnyData() const
@@ -348,8 +389,8 @@ void ActivityGenerationData::Reset()
 
 void ActivityGenerationData::Check() const
 {
-    if (!IsValidActivityGenerationMode(mode))
-        throwPleaseSet(*this, u"ActivityGenerationMode");
+    if (!isComplete<Xml>(this))
+        checkRequired(Xml::table, this, GetObjectName());
 }
 
 const QString &ActivityGenerationData::GetVersion() const
@@ -359,12 +400,13 @@ const QString &ActivityGenerationData::GetVersion() const
 
 void ActivityGenerationData::GetXml(QXmlStreamWriter &writer) const
 {
-    writeDocument<Xml>(*this, writer);
+    if (HasData())
+        writeElement(Xml::table, this, writer, GetObjectName());
 }
 
 void ActivityGenerationData::ProcessXml(QXmlStreamReader &reader)
 {
-    readAttributes<Xml>(*this, reader);
+    readAttributes(Xml::table, this, reader);
     if (version == OldVersion)
         ProcessXmlStartElement(reader);
     else
@@ -374,11 +416,11 @@ void ActivityGenerationData::ProcessXml(QXmlStreamReader &reader)
 void ActivityGenerationData::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
     if (version != OldVersion) {
-        (void)readKnownChild<Xml>(*this, reader); // the base skips what no row stands for
+        readKnownChild(Xml::table, this, reader); // the base skips what no row stands for
     } else if (reader.name() == ObjectName) {
         mode = NameToActivityGenerationMode(GetTextValue(reader)); // in the older form the text is the mode
     } else {
-        throwUnknownTag(*this, reader.name());
+        fail(Messages::unknownTag(GetObjectName(), reader.name()));
     }
 }
 

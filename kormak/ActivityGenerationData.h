@@ -196,7 +196,10 @@ protected:
     /// \endcond
 
 private:
+    friend class TESSEL::DocumentTables;
     struct KORMAK_NO_EXPORT Xml;
+
+    [[nodiscard]] static const TESSEL::ObjectTable &table();
 
     QString version;
     ActivityGenerationMode mode;

@@ -1,8 +1,10 @@
 #include "kormak/AutomaticWorkflow.h"
 
+#include <kormak/Vocabularies_p.h>
 #include <objectbase/Constants_p.h>
-#include <objectbase/Vocabulary_p.h>
-#include <objectbase/XmlForm_p.h>
+#include <objectbase/DocumentRows_p.h>
+#include <objectbase/DocumentXml_p.h>
+#include <objectbase/Messages_p.h>
 
 #include <algorithm>
 
@@ -52,45 +54,81 @@ bool haveSameCoordinates(const Area &a, const Area &b)
 
 } // namespace
 
+NameTable workflowModes()
+{
+    return Modes.table();
+}
+
+NameTable searchStrategies()
+{
+    return Strategies.table();
+}
+
 struct AutomaticWorkflow::Xml {
-    static bool isAutomatic(const AutomaticWorkflow &workflow)
-    {
-        return workflow.workflowMode == AutomaticMode;
-    }
-
-    static QString modeName(const AutomaticWorkflow &workflow)
-    {
-        return WorkflowModeToName(workflow.workflowMode);
-    }
-
-    static void readSearchStrategy(AutomaticWorkflow &workflow, QStringView name)
-    {
-        workflow.SetSearchStrategy(NameToSearchStrategy(borrowed(name)));
-    }
-    static QString searchStrategyName(const AutomaticWorkflow &workflow)
-    {
-        return SearchStrategyToName(workflow.searchStrategy);
-    }
-
     using Workflow = AutomaticWorkflow;
-    static constexpr XmlAttribute<Workflow> attributes[] = {
-        attribute<&Workflow::version>(TagVersion),
-        {u"Mode", nullptr, modeName},
+
+    static bool isAutomatic(const Workflow &workflow) { return workflow.workflowMode == AutomaticMode; }
+    static bool hasMode(const Workflow &workflow) { return Modes.isValid(workflow.workflowMode); }
+    static bool hasClassifiers(const Workflow &workflow)
+    {
+        return workflow.IsValidNumberClassifers(workflow.numberClassifiers);
+    }
+    static bool hasTime(const Workflow &workflow)
+    {
+        return workflow.IsValidClassificationTime(workflow.classificationTime);
+    }
+    static bool hasResults(const Workflow &workflow)
+    {
+        return workflow.IsValidClassificationResults(workflow.classificationResults);
+    }
+    static bool hasStrategy(const Workflow &workflow) { return Strategies.isValid(workflow.searchStrategy); }
+
+    static constexpr Row attributes[] = {
+        Rows::attribute<&Workflow::version>(TagVersion),
+        Rows::namedElement<&Workflow::workflowMode, workflowModes>(u"Mode").onlyWritten(),
     };
-    static constexpr XmlElement<Workflow> elements[] = {
-        namedElement<&Workflow::workflowMode, NameToWorkflowMode, WorkflowModeToName>(u"Mode").onlyRead(),
-        checkedElement<&Workflow::numberClassifiers, &Workflow::SetNumberClassifiers>(u"Classifiers")
-            .when(isAutomatic),
-        checkedElement<&Workflow::classificationTime, &Workflow::SetClassificationTime>(u"ClassificationTime")
-            .when(isAutomatic),
-        checkedElement<&Workflow::classificationResults, &Workflow::SetClassificationResults>(
+    static constexpr Row elements[] = {
+        Rows::namedElement<&Workflow::workflowMode, workflowModes, &Workflow::SetWorkflowMode>(u"Mode")
+            .onlyRead()
+            .required<hasMode>(u"WorkflowMode"),
+        Rows::checkedElement<&Workflow::numberClassifiers, &Workflow::SetNumberClassifiers>(u"Classifiers")
+            .from(1, MostClassifiers)
+            .refusedAs(u"NumberClassifiers")
+            .when<isAutomatic>()
+            .needed<hasClassifiers>()
+            .provided<isAutomatic>(),
+        Rows::checkedElement<&Workflow::classificationTime, &Workflow::SetClassificationTime>(
+            u"ClassificationTime")
+            .from(1, LongestClassificationTime)
+            .refusedAs(u"ClassificationTime")
+            .when<isAutomatic>()
+            .needed<hasTime>()
+            .provided<isAutomatic>(),
+        Rows::checkedElement<&Workflow::classificationResults, &Workflow::SetClassificationResults>(
             u"ClassificationResult")
-            .when(isAutomatic),
-        textElement<Workflow, readSearchStrategy, searchStrategyName>(u"SearchStrategy").when(isAutomatic),
-        element<&Workflow::hfBitstreamClassification>(u"BitstreamClassification").when(isAutomatic),
-        ownedElement<&Workflow::area>().when(isAutomatic),
+            .from(1, MostClassificationResults)
+            .refusedAs(u"ClassificationResults")
+            .when<isAutomatic>()
+            .needed<hasResults>()
+            .provided<isAutomatic>(),
+        Rows::checkedNamedElement<&Workflow::searchStrategy, searchStrategies, &Workflow::SetSearchStrategy>(
+            u"SearchStrategy")
+            .refusedAs(u"SearchStrategy")
+            .when<isAutomatic>()
+            .needed<hasStrategy>()
+            .provided<isAutomatic>(),
+        Rows::element<&Workflow::hfBitstreamClassification, &Workflow::SetHFBitstreamClassification>(
+            u"BitstreamClassification")
+            .when<isAutomatic>(),
+        Rows::ownedElement<&Workflow::area>(u"Area").when<isAutomatic>(),
     };
+    static constexpr ObjectTable table{ObjectName, attributes, elements};
 };
+
+const ObjectTable &AutomaticWorkflow::table()
+{
+    return Xml::table;
+}
 
 AutomaticWorkflow::AutomaticWorkflow()
 {
@@ -202,10 +240,7 @@ bool AutomaticWorkflow::operator==(const AutomaticWorkflow &other) const
 
 bool AutomaticWorkflow::HasData() const
 {
-    return workflowMode == ManualMode
-        || (workflowMode == AutomaticMode && IsValidNumberClassifers(numberClassifiers)
-            && IsValidClassificationTime(classificationTime)
-            && IsValidClassificationResults(classificationResults) && IsValidSearchStrategy(searchStrategy));
+    return isComplete<Xml>(this);
 }
 
 bool AutomaticWorkflow::AnyData() const
@@ -232,16 +267,16 @@ void AutomaticWorkflow::Check() const
     if (HasData() || workflowMode == AutomaticMode)
         return;
     if (workflowMode == GetInvalidWorkflow())
-        throwPleaseSet(*this, u"WorkflowMode");
+        fail(Messages::pleaseSet(GetObjectName(), u"WorkflowMode"));
     area.Check();
     if (!IsValidNumberClassifers(numberClassifiers))
-        throwPleaseSet(*this, u"NumberClassifers");
+        fail(Messages::pleaseSet(GetObjectName(), u"NumberClassifers"));
     if (!IsValidClassificationTime(classificationTime))
-        throwPleaseSet(*this, u"ClassificationTime");
+        fail(Messages::pleaseSet(GetObjectName(), u"ClassificationTime"));
     if (!IsValidClassificationResults(classificationResults))
-        throwPleaseSet(*this, u"ClassificationResults");
+        fail(Messages::pleaseSet(GetObjectName(), u"ClassificationResults"));
     if (searchStrategy == GetInvalidSearchStrategy())
-        throwPleaseSet(*this, u"SearchStrategy");
+        fail(Messages::pleaseSet(GetObjectName(), u"SearchStrategy"));
 }
 
 const QString &AutomaticWorkflow::GetVersion() const
@@ -251,12 +286,14 @@ const QString &AutomaticWorkflow::GetVersion() const
 
 void AutomaticWorkflow::GetXml(QXmlStreamWriter &writer) const
 {
-    writeDocument<Xml>(*this, writer);
+    if (HasData())
+        writeElement(Xml::table, this, writer, GetObjectName());
 }
 
 void AutomaticWorkflow::ProcessXml(QXmlStreamReader &reader)
 {
-    readDocument<Xml>(*this, reader);
+    readAttributes(Xml::table, this, reader);
+    ITesselObject::ProcessXml(reader);
 }
 
 QString AutomaticWorkflow::GetXmlString() const
@@ -266,7 +303,7 @@ QString AutomaticWorkflow::GetXmlString() const
 
 void AutomaticWorkflow::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
-    readChild<Xml>(*this, reader);
+    readChild(Xml::table, this, GetObjectName(), reader);
 }
 
 } // namespace KORMAK

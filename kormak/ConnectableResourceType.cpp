@@ -1,9 +1,11 @@
 #include "kormak/ConnectableResourceType.h"
 
+#include <kormak/Vocabularies_p.h>
 #include <objectbase/Constants_p.h>
-#include <objectbase/Vocabulary_p.h>
 
-namespace KORMAK::ConnectableResourceType {
+namespace KORMAK {
+
+namespace ConnectableResourceType {
 
 namespace {
 
@@ -51,4 +53,11 @@ bool IsVUHFResource(const ConnectableResourceTypeValue &value)
     return value == DDCIPCVoiceVUHF || value == DDCIPCDataTransmissionVUHF || value == DDCIPCClassifierVUHF;
 }
 
-} // namespace KORMAK::ConnectableResourceType
+} // namespace ConnectableResourceType
+
+TESSEL::NameTable connectableResources()
+{
+    return ConnectableResourceType::ConnectableResourceTypes.table();
+}
+
+} // namespace KORMAK

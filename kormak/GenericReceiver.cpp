@@ -1,10 +1,11 @@
 #include "kormak/GenericReceiver.h"
 
 #include <objectbase/Constants_p.h>
+#include <objectbase/DocumentRows_p.h>
+#include <objectbase/DocumentXml_p.h>
 #include <objectbase/FileContent_p.h>
+#include <objectbase/Messages_p.h>
 #include <objectbase/QtCompat_p.h>
-#include <objectbase/TesselException.h>
-#include <objectbase/XmlForm_p.h>
 
 #include <QFile>
 #include <QTextStream>
@@ -22,36 +23,84 @@ namespace {
 } // namespace
 
 struct GenericReceiver::Xml {
-    static void readParameter(GenericReceiver &receiver, QXmlStreamReader &reader)
+    static GenericReceiver &as(void *object) { return *static_cast<GenericReceiver *>(object); }
+    static const GenericReceiver &as(const void *object)
     {
-        receiver.readingParameter.Reset();
-        readOwned(receiver, receiver.readingParameter, reader);
-        receiver.AddParameter(receiver.readingParameter);
+        return *static_cast<const GenericReceiver *>(object);
     }
-    static void writeParameters(const GenericReceiver &receiver, QXmlStreamWriter &writer,
-                                const QString & /*tag*/)
+
+    static void *enterParameter(void *object)
     {
-        for (const Parameter &parameter : receiver.parameterList)
+        Parameter &parameter = as(object).readingParameter;
+        parameter.Reset();
+        return &parameter;
+    }
+    static void leaveParameter(void *object, void *parameter)
+    {
+        as(object).AddParameter(*static_cast<Parameter *>(parameter));
+    }
+    static void readParameter(void *object, QXmlStreamReader &reader)
+    {
+        auto &parameter = *static_cast<Parameter *>(enterParameter(object));
+        readOwned(as(object), parameter, reader);
+        leaveParameter(object, &parameter);
+    }
+    static void writeParameters(const void *object, QXmlStreamWriter &writer, const QString & /*tag*/)
+    {
+        for (const Parameter &parameter : as(object).parameterList)
             parameter.GetXml(writer);
     }
-    static const QString &parameterName(const GenericReceiver &receiver)
+    static const QString &parameterName(const void *object)
     {
-        return receiver.readingParameter.GetObjectName();
+        return as(object).readingParameter.GetObjectName();
     }
 
-    static void acceptScript(GenericReceiver & /*receiver*/, QXmlStreamReader & /*reader*/)
+    static std::vector<FieldPart> allParameters(const void *object)
     {
-        // The base skips what is left untouched.
+        const QMap<QString, Parameter> &parameters = as(object).parameterList;
+        std::vector<FieldPart> all;
+        all.reserve(static_cast<std::size_t>(parameters.size()));
+        for (auto entry = parameters.constBegin(); entry != parameters.constEnd(); ++entry)
+            all.push_back({entry.key(), &*entry});
+        return all;
+    }
+    /// The handler of a new type gets to know the name only when it is set again.
+    static void changeParameter(void *object, const QString &name, const FieldChange &work)
+    {
+        GenericReceiver &receiver = as(object);
+        const bool isNew = !receiver.parameterList.contains(name);
+        Parameter parameter = isNew ? Parameter() : receiver.GetParameter(name);
+        if (isNew)
+            parameter.SetUniqueParameterName(name);
+        const ParameterType typeBefore = parameter.GetParameterType();
+        work(&parameter);
+        if (parameter.GetUniqueParameterName() != name)
+            throw FieldError{QStringLiteral("must be the name in the brackets")};
+        if (parameter.GetParameterType() != typeBefore)
+            parameter.SetUniqueParameterName(name);
+        receiver.AddParameter(parameter);
     }
 
-    static constexpr XmlAttribute<GenericReceiver> attributes[] = {
-        attribute<&GenericReceiver::version>(TagVersion),
+    static constexpr Part parameters{Part::Kind::Map, DocumentTables::of<Parameter>,
+                                     allParameters,   changeParameter,
+                                     parameterName,   nullptr,
+                                     readParameter,   writeParameters,
+                                     enterParameter,  leaveParameter};
+
+    static constexpr Row attributes[] = {
+        Rows::attribute<&GenericReceiver::version>(TagVersion),
     };
-    static constexpr XmlElement<GenericReceiver> elements[] = {
-        {{}, readParameter, writeParameters, nullptr, parameterName}, // one element each
-        {u"Script", acceptScript, nullptr},
+    static constexpr Row elements[] = {
+        Rows::partElement(u"Parameter", Row::Content::Object, parameters), // one element each
+        Rows::ignoredElement(u"Script"),
     };
+    static constexpr ObjectTable table{u"GenericReceiver", attributes, elements};
 };
+
+const ObjectTable &GenericReceiver::table()
+{
+    return Xml::table;
+}
 
 GenericReceiver::GenericReceiver() : ITesselObject(ObjectTypes::GenericReceiver)
 {
@@ -74,7 +123,7 @@ Parameter GenericReceiver::GetParameter(const QString &uniqueName) const
 {
     const auto parameter = parameterList.constFind(uniqueName);
     if (parameter == parameterList.constEnd())
-        throw TesselException(borrowed(u"Unknown Parameter '%1' in '%2'.").arg(uniqueName, GetObjectName()));
+        fail(Messages::unknownParameter(GetObjectName(), uniqueName));
     return *parameter;
 }
 
@@ -84,7 +133,7 @@ void GenericReceiver::Load(const QString &path, QString &text) const
     const bool isOpen = file.open(QIODevice::ReadOnly | QIODevice::Text);
     const auto content = isOpen ? contentOf(file) : std::nullopt;
     if (!content)
-        throw TesselException(borrowed(u"Can't open file for reading: '%1'").arg(path));
+        fail(Messages::cannotOpen(path));
     QTextStream stream(*content);
     useUtf8(stream);
     text = stream.readAll();
@@ -95,7 +144,7 @@ void GenericReceiver::ImportXML(const QString &path)
     QString text;
     Load(path, text);
     if (!SetXmlString(text, true))
-        throwMessage(*this, u"Corrupted XML or it does not meet the our format!");
+        fail(Messages::corrupted(GetObjectName()));
 }
 
 bool GenericReceiver::operator==(const GenericReceiver &other) const
@@ -128,7 +177,7 @@ void GenericReceiver::Reset()
 void GenericReceiver::Check() const
 {
     if (parameterList.isEmpty() && !HasData())
-        throwPleaseSet(*this, u"ParameterList");
+        fail(Messages::pleaseSet(GetObjectName(), u"ParameterList"));
 }
 
 const QString &GenericReceiver::GetVersion() const
@@ -138,17 +187,19 @@ const QString &GenericReceiver::GetVersion() const
 
 void GenericReceiver::GetXml(QXmlStreamWriter &writer) const
 {
-    writeDocument<Xml>(*this, writer);
+    if (HasData())
+        writeElement(Xml::table, this, writer, GetObjectName());
 }
 
 void GenericReceiver::ProcessXml(QXmlStreamReader &reader)
 {
-    readDocument<Xml>(*this, reader);
+    readAttributes(Xml::table, this, reader);
+    ITesselObject::ProcessXml(reader);
 }
 
 void GenericReceiver::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
-    readChild<Xml>(*this, reader);
+    readChild(Xml::table, this, GetObjectName(), reader);
 }
 
 } // namespace KORMAK

@@ -77,7 +77,10 @@ protected:
     /// \endcond
 
 private:
+    friend class TESSEL::DocumentTables;
     struct KORMAK_NO_EXPORT Xml;
+
+    [[nodiscard]] static const TESSEL::ObjectTable &table();
 
     QString version;
     Parameter readingParameter; // reset before each use; see ProcessXml() for what a reset leaves

@@ -1,7 +1,10 @@
 #include "kormak/Job.h"
 
 #include <objectbase/Constants_p.h>
-#include <objectbase/XmlForm_p.h>
+#include <objectbase/DocumentRows_p.h>
+#include <objectbase/DocumentXml_p.h>
+#include <objectbase/Messages_p.h>
+#include <objectbase/Vocabularies_p.h>
 
 namespace KORMAK {
 
@@ -17,17 +20,42 @@ namespace {
 
 struct Job::Xml {
     static bool isOnAntenna(const Job &job) { return job.IsValidAntennaData(job.resourceType); }
+    static bool hasHeader(const Job &job) { return job.jobHeader.HasData(); }
+    static bool hasAntenna(const Job &job) { return job.antennaData.HasData(); }
+    static bool hasResource(const Job &job)
+    {
+        return job.resourceType != ResourceType::GetInvalidResourceType();
+    }
 
-    static constexpr XmlAttribute<Job> attributes[] = {
-        attribute<&Job::version>(TagVersion),
+    /// Antenna data are refused on another resource.
+    static void changeAntenna(void *object, const QString & /*key*/, const FieldChange &work)
+    {
+        auto &job = *static_cast<Job *>(object);
+        AntennaData antenna(job.antennaData);
+        work(&antenna);
+        job.SetAntennaData(antenna);
+    }
+
+    static constexpr Row attributes[] = {
+        Rows::attribute<&Job::version>(TagVersion),
     };
-    static constexpr XmlElement<Job> elements[] = {
-        ownedElement<&Job::jobHeader>(),
-        namedElement<&Job::resourceType, ResourceType::NameToResourceType, ResourceType::ResourceTypeToName>(
-            u"ResourceType"),
-        ownedElement<&Job::antennaData>().when(isOnAntenna),
+    static constexpr Row elements[] = {
+        Rows::ownedElement<&Job::jobHeader>(u"JobHeader").requiredPart<hasHeader>(),
+        Rows::namedElement<&Job::resourceType, resourceTypes, &Job::SetResourceType>(u"ResourceType")
+            .required<hasResource>()
+            .needed<isOnAntenna>(),
+        Rows::ownedElement<&Job::antennaData, changeAntenna>(u"AntennaData")
+            .when<isOnAntenna>()
+            .requiredPart<hasAntenna>()
+            .provided<isOnAntenna>(),
     };
+    static constexpr ObjectTable table{u"Job", attributes, elements};
 };
+
+const ObjectTable &Job::table()
+{
+    return Xml::table;
+}
 
 Job::Job() : ITesselObject(ObjectTypes::Job)
 {
@@ -48,8 +76,7 @@ void Job::SetJobHeader(const JobHeader &header)
 void Job::SetAntennaData(const AntennaData &data)
 {
     if (!IsValidAntennaData(resourceType)) {
-        throw TesselException(borrowed(u"Antenna data cannot be set for resource '%1' in '%2'.")
-                                  .arg(ResourceType::ResourceTypeToName(resourceType), GetObjectName()));
+        fail(Messages::antennaDataRefused(GetObjectName(), ResourceType::ResourceTypeToName(resourceType)));
     }
     antennaData = data;
 }
@@ -73,8 +100,7 @@ bool Job::operator==(const Job &other) const
 
 bool Job::HasData() const
 {
-    return jobHeader.HasData() && ResourceType::IsValidResourceType(resourceType)
-        && IsValidAntennaData(resourceType) && antennaData.HasData();
+    return isComplete<Xml>(this);
 }
 
 bool Job::AnyData() const
@@ -92,13 +118,8 @@ void Job::Reset()
 
 void Job::Check() const
 {
-    if (HasData())
-        return;
-    jobHeader.Check();
-    if (resourceType == ResourceType::GetInvalidResourceType())
-        throwPleaseSet(*this, u"ResourceType");
-    if (IsValidAntennaData(resourceType))
-        antennaData.Check();
+    if (!HasData())
+        checkRequired(Xml::table, this, GetObjectName());
 }
 
 const QString &Job::GetVersion() const
@@ -108,12 +129,14 @@ const QString &Job::GetVersion() const
 
 void Job::GetXml(QXmlStreamWriter &writer) const
 {
-    writeDocument<Xml>(*this, writer);
+    if (HasData())
+        writeElement(Xml::table, this, writer, GetObjectName());
 }
 
 void Job::ProcessXml(QXmlStreamReader &reader)
 {
-    readDocument<Xml>(*this, reader);
+    readAttributes(Xml::table, this, reader);
+    ITesselObject::ProcessXml(reader);
 }
 
 QString Job::GetXmlString() const
@@ -123,7 +146,7 @@ QString Job::GetXmlString() const
 
 void Job::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
-    readChild<Xml>(*this, reader);
+    readChild(Xml::table, this, GetObjectName(), reader);
 }
 
 } // namespace KORMAK

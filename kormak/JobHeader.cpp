@@ -1,7 +1,10 @@
 #include "kormak/JobHeader.h"
 
+#include <kormak/Vocabularies_p.h>
 #include <objectbase/Constants_p.h>
-#include <objectbase/XmlForm_p.h>
+#include <objectbase/DocumentRows_p.h>
+#include <objectbase/DocumentXml_p.h>
+#include <objectbase/Messages_p.h>
 
 #include <limits>
 
@@ -27,24 +30,55 @@ quint32 secondsSinceEpoch(const QDateTime &dateTime)
 } // namespace
 
 struct JobHeader::Xml {
-    static bool isSearchJob(const JobHeader &header) { return header.IsSearchMCJob(); }
+    static bool hasAuthor(const JobHeader &header) { return !header.author.isEmpty(); }
+    static bool hasCreation(const JobHeader &header) { return header.creation != QDateTime(); }
+    static bool hasJobType(const JobHeader &header) { return JobType::IsValidJobType(header.jobType); }
+    static bool hasShowJDH(const JobHeader &header) { return !header.showJDH.isEmpty(); }
     static bool hasDescription(const JobHeader &header) { return !header.description.isEmpty(); }
+    static bool hasConnectableResource(const JobHeader &header)
+    {
+        return header.IsValidConnectableRessource(header.connectableResource);
+    }
 
-    static constexpr XmlAttribute<JobHeader> attributes[] = {
-        attribute<&JobHeader::version>(TagVersion),
+    /// The text of the flag, and whether it says something else than true or false.
+    static QString showJDHText(const JobHeader &header) { return header.showJDH; }
+    static bool hasOddShowJDH(const JobHeader &header)
+    {
+        return header.showJDH != toText(header.GetShowJDH());
+    }
+
+    static constexpr Row attributes[] = {
+        Rows::attribute<&JobHeader::version>(TagVersion),
     };
-    static constexpr XmlElement<JobHeader> elements[] = {
-        namedElement<&JobHeader::jobType, JobType::NameToJobType, JobType::JobTypeToName>(u"JobType"),
-        element<&JobHeader::author>(u"Author"),
-        element<&JobHeader::creation>(u"Creation"),
-        element<&JobHeader::showJDH>(u"ShowJDH"),
-        namedElement<&JobHeader::connectableResource, ConnectableResourceType::NameToConnectableResourceType,
-                     ConnectableResourceType::ConnectableResourceTypeToName>(u"ConnectableResource")
+    static constexpr Row elements[] = {
+        Rows::namedElement<&JobHeader::jobType, jobTypes, &JobHeader::SetJobType>(u"JobType")
+            .required<hasJobType>(),
+        Rows::element<&JobHeader::author, &JobHeader::SetAuthor>(u"Author").required<hasAuthor>(),
+        Rows::element<&JobHeader::creation, &JobHeader::SetCreation>(u"Creation").required<hasCreation>(),
+        // Check() is silent about it.
+        Rows::element<&JobHeader::showJDH>(u"ShowJDH")
+            .valued<&JobHeader::GetShowJDH, &JobHeader::SetShowJDH>()
+            .orEmpty()
+            .needed<hasShowJDH>(),
+        Rows::namedElement<&JobHeader::connectableResource, connectableResources>(u"ConnectableResource")
             .onlyWritten()
-            .when(isSearchJob),
-        element<&JobHeader::description>(u"Description").when(hasDescription),
+            .when<&JobHeader::IsSearchMCJob>()
+            .required<hasConnectableResource>(u"ConnectableRessource")
+            .provided<&JobHeader::IsSearchMCJob>(),
+        Rows::element<&JobHeader::description, &JobHeader::SetDescription>(u"Description")
+            .when<hasDescription>(),
     };
+    static constexpr Row fields[] = {
+        Rows::field<showJDHText>(u"ShowJDHText").when<hasOddShowJDH>(),
+    };
+    static constexpr QStringView checked[] = {u"Author", u"Creation", u"JobType", u"ConnectableResource"};
+    static constexpr ObjectTable table{u"JobHeader", attributes, elements, fields, checked};
 };
+
+const ObjectTable &JobHeader::table()
+{
+    return Xml::table;
+}
 
 JobHeader::JobHeader() : ITesselObject(ObjectTypes::JobHeader)
 {
@@ -110,9 +144,7 @@ bool JobHeader::operator==(const JobHeader &other) const
 
 bool JobHeader::HasData() const
 {
-    return !author.isEmpty() && creation != QDateTime() && !showJDH.isEmpty()
-        && JobType::IsValidJobType(jobType)
-        && (!IsSearchMCJob() || IsValidConnectableRessource(connectableResource));
+    return isComplete<Xml>(this);
 }
 
 bool JobHeader::AnyData() const
@@ -132,19 +164,10 @@ void JobHeader::Reset()
     connectableResource = ConnectableResourceType::GetInvalidConnectableResourceType();
 }
 
-// A missing data-header flag is not reported, although the header is incomplete without it.
 void JobHeader::Check() const
 {
-    if (HasData())
-        return;
-    if (author.isEmpty())
-        throwPleaseSet(*this, u"Author");
-    if (creation == QDateTime())
-        throwPleaseSet(*this, u"Creation");
-    if (!JobType::IsValidJobType(jobType))
-        throwPleaseSet(*this, u"JobType");
-    if (IsSearchMCJob() && !IsValidConnectableRessource(connectableResource))
-        throwPleaseSet(*this, u"ConnectableRessource");
+    if (!HasData())
+        checkRequired(Xml::table, this, GetObjectName());
 }
 
 const QString &JobHeader::GetVersion() const
@@ -154,17 +177,19 @@ const QString &JobHeader::GetVersion() const
 
 void JobHeader::GetXml(QXmlStreamWriter &writer) const
 {
-    writeDocument<Xml>(*this, writer);
+    if (HasData())
+        writeElement(Xml::table, this, writer, GetObjectName());
 }
 
 void JobHeader::ProcessXml(QXmlStreamReader &reader)
 {
-    readDocument<Xml>(*this, reader);
+    readAttributes(Xml::table, this, reader);
+    ITesselObject::ProcessXml(reader);
 }
 
 void JobHeader::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
-    readChild<Xml>(*this, reader);
+    readChild(Xml::table, this, GetObjectName(), reader);
 }
 
 } // namespace KORMAK

@@ -81,7 +81,10 @@ protected:
     /// \endcond
 
 private:
+    friend class TESSEL::DocumentTables;
     struct KORMAK_NO_EXPORT Xml;
+
+    [[nodiscard]] static const TESSEL::ObjectTable &table();
 
     [[nodiscard]] KORMAK_NO_EXPORT bool IsSearchMCJob() const;
     [[nodiscard]] KORMAK_NO_EXPORT bool

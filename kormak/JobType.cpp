@@ -1,9 +1,11 @@
 #include "kormak/JobType.h"
 
+#include <kormak/Vocabularies_p.h>
 #include <objectbase/Constants_p.h>
-#include <objectbase/Vocabulary_p.h>
 
-namespace KORMAK::JobType {
+namespace KORMAK {
+
+namespace JobType {
 
 namespace {
 
@@ -107,4 +109,11 @@ bool IsTolvaReceiver(const JobTypeValue &value)
     return value == TolvaReceiver;
 }
 
-} // namespace KORMAK::JobType
+} // namespace JobType
+
+TESSEL::NameTable jobTypes()
+{
+    return JobType::JobTypes.table();
+}
+
+} // namespace KORMAK

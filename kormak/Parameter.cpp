@@ -1,10 +1,11 @@
 #include "kormak/Parameter.h"
 
 #include <kormak/HandlerSlot_p.h>
+#include <kormak/Vocabularies_p.h>
 #include <objectbase/Constants_p.h>
+#include <objectbase/DocumentXml_p.h>
 #include <objectbase/Messages_p.h>
 #include <objectbase/Text_p.h>
-#include <objectbase/Vocabulary_p.h>
 
 #include <type_traits>
 
@@ -21,7 +22,7 @@ namespace {
 constexpr QStringView ObjectName = u"Parameter";
 
 constexpr VocabularyRow<ParameterType> ParameterTypeRows[] = {
-    {ParameterType::Boolean, u"Boolean"},     {ParameterType::Long, u"Long"},
+    {ParameterType::Boolean, u"Boolean", {}}, {ParameterType::Long, u"Long"},
     {ParameterType::Integer, u"Integer"},     {ParameterType::String, u"String"},
     {ParameterType::Double, u"Double"},       {ParameterType::DoubleList, u"DoubleList"},
     {ParameterType::Float, u"Float"},         {ParameterType::Enum, u"Enum"},
@@ -51,6 +52,21 @@ template <class Handler>
 constexpr bool HasMultiplier<Handler, std::void_t<decltype(&Handler::SetMultiplier)>> = true;
 
 } // namespace
+
+NameTable parameterTypes()
+{
+    return ParameterTypes.table();
+}
+
+NameTable valueTypes()
+{
+    return ValueTypes.table();
+}
+
+NameTable controlTypes()
+{
+    return ControlTypes.table();
+}
 
 QString ParameterTypeToName(ParameterType type)
 {
@@ -187,7 +203,7 @@ Parameter::ValueType Parameter::NameToValueType(const QString &name) const
 {
     const ValueType type = ToValueType(name);
     if (!IsValidValueType(type))
-        throwInvalid(*this, u"ValueType", name);
+        fail(Messages::invalid(GetObjectName(), u"ValueType", name));
     return type;
 }
 
@@ -195,21 +211,21 @@ Parameter::ControlType Parameter::NameToControlType(const QString &name) const
 {
     const ControlType type = ToControlType(name);
     if (!IsValidControlType(type))
-        throwInvalid(*this, u"ValueType", name); // applications look for this text
+        fail(Messages::invalid(GetObjectName(), u"ValueType", name)); // applications look for this text
     return type;
 }
 
 const QString &Parameter::ValueTypeToName(ValueType type) const
 {
     if (!IsValidValueType(type))
-        throwInvalid(*this, u"ValueType", numberText(type));
+        fail(Messages::invalid(GetObjectName(), u"ValueType", numberText(type)));
     return valueTypeNames.at(type);
 }
 
 const QString &Parameter::ControlTypeToName(ControlType type) const
 {
     if (!IsValidControlType(type))
-        throwInvalid(*this, u"ControlType", numberText(type));
+        fail(Messages::invalid(GetObjectName(), u"ControlType", numberText(type)));
     return controlTypeNames.at(type);
 }
 
@@ -346,12 +362,6 @@ bool Parameter::operator==(const Parameter &other) const
         && visitHandler([&](auto handler) { return (this->*handler).look() == (other.*handler).look(); });
 }
 
-bool Parameter::HasData() const
-{
-    return !uniqueName.isEmpty() && !representationName.isEmpty() && parameterType != ParameterType::Invalid
-        && valueType != InvalidValueType && IsValidParameter();
-}
-
 bool Parameter::AnyData() const
 {
     return !representationName.isEmpty() || parameterType != ParameterType::Invalid
@@ -379,20 +389,6 @@ void Parameter::Reset()
     stringHandler.reset();
     floatHandler.reset();
     timeStampHandler.reset();
-}
-
-void Parameter::Check() const
-{
-    if (HasData())
-        return;
-    if (parameterType == ParameterType::Invalid)
-        throwPleaseSet(*this, u"ParameterType");
-    if (valueType == InvalidValueType)
-        throwPleaseSet(*this, u"ValueType");
-    if (uniqueName.isEmpty())
-        throwPleaseSet(*this, u"UniqueName attribute");
-    if (representationName.isEmpty())
-        throwPleaseSet(*this, u"RepresentationName");
 }
 
 } // namespace KORMAK

@@ -230,7 +230,10 @@ protected:
     /// \endcond
 
 private:
+    friend class TESSEL::DocumentTables;
     struct KORMAK_NO_EXPORT Xml;
+
+    [[nodiscard]] static const TESSEL::ObjectTable &table();
 
     [[nodiscard]] KORMAK_NO_EXPORT static bool IsValidValueType(ValueType type);
     [[nodiscard]] static bool IsValidControlType(ControlType type);

@@ -1,13 +1,16 @@
-// The XML form of Parameter: its own attributes and elements, and the blocks of its handlers. A block is a
+// The table of Parameter: its own attributes and elements, and the blocks of its handlers. A block is a
 // table like any other; it is written like an element and read by readBlock().
 #include "kormak/Parameter.h"
 
 #include <kormak/HandlerSlot_p.h>
+#include <kormak/NoDoubleValue_p.h>
+#include <kormak/Vocabularies_p.h>
 #include <objectbase/Constants_p.h>
-#include <objectbase/TesselException.h>
-#include <objectbase/XmlForm_p.h>
+#include <objectbase/DocumentRows_p.h>
+#include <objectbase/DocumentXml_p.h>
+#include <objectbase/Messages_p.h>
 
-#include <array>
+#include <utility>
 
 namespace KORMAK {
 
@@ -20,6 +23,8 @@ namespace {
 constexpr int LimitDecimals = 6;
 constexpr int ShortDecimals = 2; // multipliers and the values of enumeration entries
 
+constexpr QStringView ObjectName = u"Parameter";
+constexpr QStringView TagBoolean = u"Boolean";
 constexpr QStringView TagDefault = u"Default";
 constexpr QStringView TagDoubleBlock = u"Double";
 constexpr QStringView TagEnumBlock = u"Enum";
@@ -31,31 +36,11 @@ constexpr QStringView TagTimeStampBlock = u"TimeStamp";
 
 using EnumValue = EnumHandler::EnumValue;
 
-/// The attributes of an enumeration entry.
-struct EnumValueXml {
-    static bool hasIdentifier(const EnumValue &entry) { return !entry.Identifier.isEmpty(); }
+template <class Handler>
+Handler handlerOf(const HandlerSlot<Handler> &);
 
-    static void readValue(EnumValue &entry, QStringView text) { fromText(text, entry.Value); }
-    static QString valueText(const EnumValue &entry) { return fixedText(entry.Value, ShortDecimals); }
-
-    static bool isDefault(const EnumValue &entry) { return entry.IsDefault(); }
-    static void readDefault(EnumValue &entry, QStringView text)
-    {
-        bool isDefault = false;
-        fromText(text, isDefault);
-        entry.Default = toText(isDefault);
-    }
-    static QString defaultText(const EnumValue &entry) { return entry.Default; }
-
-    static constexpr XmlAttribute<EnumValue> attributes[] = {
-        attribute<&EnumValue::Key>(u"Key"),
-        attribute<&EnumValue::Name>(u"Name"),
-        attribute<&EnumValue::Identifier>(u"Identifier").when(hasIdentifier),
-        {u"Value", readValue, valueText},
-        {TagDefault, readDefault, defaultText, isDefault},
-    };
-    static constexpr std::array<XmlElement<EnumValue>, 0> elements{};
-};
+template <auto Slot>
+using HandlerOf = decltype(handlerOf(std::declval<Rows::ValueOf<Slot> &>()));
 
 template <class Number>
 QString limitText(Number number)
@@ -66,87 +51,151 @@ QString limitText(Number number)
         return numberText(number);
 }
 
-/// Calls the setters of a handler with the number that \a text says.
-template <auto Handler, auto Getter, auto... Setters>
-void readNumber(Parameter &parameter, QStringView text)
+/// A field of a handler, which documents do not say.
+template <auto Slot, auto Getter, auto Setter>
+constexpr Rows::Maker handlerField(QStringView name)
 {
-    auto &handler = (parameter.*Handler).edit();
-    std::decay_t<decltype((handler.*Getter)())> number{};
-    fromText(text, number);
-    ((handler.*Setters)(number), ...);
+    using Value = std::decay_t<std::invoke_result_t<decltype(Getter), const HandlerOf<Slot> &>>;
+    Rows::Maker row;
+    row.name = name;
+    row.type = Rows::typeOf<Value>();
+    row.get = [](const void *object) {
+        return Rows::toField(((Rows::as<Parameter>(object).*Slot).look().*Getter)());
+    };
+    row.set = [](void *object, const FieldValue &value) {
+        ((Rows::as<Parameter>(object).*Slot).edit().*Setter)(Rows::fromField<Value>(value));
+    };
+    return row;
 }
 
-template <auto Handler, auto Getter>
-QString writeNumber(const Parameter &parameter)
+/// A number in a handler. Reading it calls \a MoreSetters, too.
+template <auto Slot, auto Getter, auto Setter, auto... MoreSetters>
+constexpr Rows::Maker handlerElement(QStringView tag)
 {
-    return limitText(((parameter.*Handler).look().*Getter)());
+    Rows::Maker row = handlerField<Slot, Getter, Setter>(tag);
+    row.read = [](void *object, QStringView text) {
+        auto &handler = (Rows::as<Parameter>(object).*Slot).edit();
+        std::decay_t<decltype((handler.*Getter)())> number{};
+        fromText(text, number);
+        (handler.*Setter)(number);
+        ((handler.*MoreSetters)(number), ...);
+    };
+    row.write = [](const void *object) {
+        return limitText(((Rows::as<Parameter>(object).*Slot).look().*Getter)());
+    };
+    return row;
 }
-
-template <auto Handler, auto Getter, auto... Setters>
-constexpr auto numberElement(QStringView tag)
-{
-    return textElement<Parameter, readNumber<Handler, Getter, Setters...>, writeNumber<Handler, Getter>>(tag);
-}
-
-template <class Handler>
-Handler handlerOf(const HandlerSlot<Handler> &);
 
 template <auto Slot>
-using HandlerOf = decltype(handlerOf(std::declval<typename Detail::MemberOf<Slot>::Type>()));
-
-template <auto Handler>
 constexpr auto minimumElement()
 {
-    using H = HandlerOf<Handler>;
-    return numberElement<Handler, &H::GetMinimum, &H::SetMinimum>(u"Minimum");
+    using H = HandlerOf<Slot>;
+    return handlerElement<Slot, &H::GetMinimum, &H::SetMinimum>(u"Minimum").limit();
 }
 
-template <auto Handler>
+template <auto Slot>
 constexpr auto maximumElement()
 {
-    using H = HandlerOf<Handler>;
-    return numberElement<Handler, &H::GetMaximum, &H::SetMaximum>(u"Maximum");
+    using H = HandlerOf<Slot>;
+    return handlerElement<Slot, &H::GetMaximum, &H::SetMaximum>(u"Maximum").limit();
 }
 
 /// Reading a default also sets the value.
-template <auto Handler>
+template <auto Slot>
 constexpr auto defaultElement()
 {
-    using H = HandlerOf<Handler>;
-    return numberElement<Handler, &H::GetDefault, &H::SetDefault, &H::SetValue>(TagDefault);
+    using H = HandlerOf<Slot>;
+    return handlerElement<Slot, &H::GetDefault, &H::SetDefault, &H::SetValue>(TagDefault);
 }
 
-template <auto Handler>
+template <auto Slot>
 constexpr auto precisionElement()
 {
-    using H = HandlerOf<Handler>;
-    return numberElement<Handler, &H::GetPrecision, &H::SetPrecision>(u"Precision");
+    using H = HandlerOf<Slot>;
+    return handlerElement<Slot, &H::GetPrecision, &H::SetPrecision>(u"Precision");
 }
 
-struct WithoutAttributes {
-    static constexpr std::array<XmlAttribute<Parameter>, 0> attributes{};
+template <auto Slot>
+constexpr auto valueField()
+{
+    using H = HandlerOf<Slot>;
+    return handlerField<Slot, &H::GetValue, &H::SetValue>(u"Value");
+}
+
+template <auto Slot>
+constexpr auto multiplierField()
+{
+    using H = HandlerOf<Slot>;
+    return handlerField<Slot, &H::GetMultiplier, &H::SetMultiplier>(u"Multiplier");
+}
+
+template <auto Slot>
+constexpr auto representationNameField()
+{
+    using H = HandlerOf<Slot>;
+    return handlerField<Slot, &H::GetRepresentationName, &H::SetRepresentationName>(u"RepresentationName");
+}
+
+template <auto Slot>
+constexpr auto uniqueNameField()
+{
+    using H = HandlerOf<Slot>;
+    return handlerField<Slot, &H::GetUniqueParameterName, &H::SetUniqueParameterName>(u"UniqueParameterName");
+}
+
+/// The attributes of an enumeration entry.
+struct EntryXml {
+    static bool hasIdentifier(const EnumValue &entry) { return !entry.Identifier.isEmpty(); }
+    static QString valueText(const EnumValue &entry) { return fixedText(entry.Value, ShortDecimals); }
+    static void setDefault(EnumValue &entry, bool isDefault) { entry.Default = toText(isDefault); }
+    static void readDefault(EnumValue &entry, QStringView text)
+    {
+        bool isDefault = false;
+        fromText(text, isDefault);
+        setDefault(entry, isDefault);
+    }
+
+    static constexpr Row attributes[] = {
+        Rows::attribute<&EnumValue::Key>(u"Key").assigned<&EnumValue::Key>(),
+        Rows::attribute<&EnumValue::Name>(u"Name").assigned<&EnumValue::Name>(),
+        Rows::attribute<&EnumValue::Identifier>(u"Identifier")
+            .assigned<&EnumValue::Identifier>()
+            .when<hasIdentifier>()
+            .orElse(u""),
+        Rows::attribute<&EnumValue::Value>(u"Value").assigned<&EnumValue::Value>().writtenBy<valueText>(),
+        Rows::attribute<&EnumValue::Default>(TagDefault)
+            .valued<&EnumValue::IsDefault, setDefault>()
+            .readBy<readDefault>()
+            .when<&EnumValue::IsDefault>()
+            .orElse(u"false"),
+    };
+    static constexpr ObjectTable table{u"EnumValue", attributes, {}};
+    static const ObjectTable &get() { return table; }
 };
 
-/// A block whose reading calls the member \a Read.
-template <class Block, auto Read>
-constexpr auto blockElement(QStringView tag)
-{
-    return XmlElement<Parameter>{
-        tag,
-        [](Parameter &parameter, QXmlStreamReader &reader) { (parameter.*Read)(reader); },
-        [](const Parameter &parameter, QXmlStreamWriter &writer, const QString &name) {
-            writeElement<Block>(parameter, writer, name);
-        },
+/// A value of a double list, which has no name.
+struct DoubleXml {
+    static double value(const double &number) { return number; }
+    static void setValue(double &number, double value) { number = value; }
+
+    static constexpr Row fields[] = {
+        Rows::field<value, setValue>({}),
     };
+    static constexpr ObjectTable table{{}, {}, {}, fields};
+    static const ObjectTable &get() { return table; }
+};
+
+constexpr bool RefusesOthers = false; // blocks do not
+
+constexpr Rows::Maker blockElement(QStringView tag, QStringView end, const Part &part)
+{
+    return Rows::partElement(tag, Row::Content::Block, part).with<&Row::end>(end);
 }
 
 /// Reads up to the next end element called \a name, whatever the block was opened as. Every descendant is
 /// looked at; what no row of the block stands for is passed over.
-template <class Block, class Handler>
-void readBlock(Parameter &parameter, Handler &handler, QStringView name, QXmlStreamReader &reader)
+void readBlock(const ObjectTable &table, Parameter &parameter, QStringView name, QXmlStreamReader &reader)
 {
-    handler.SetRepresentationName(parameter.GetRepresenationName());
-    handler.SetUniqueParameterName(parameter.GetUniqueParameterName());
     constexpr int WithBlock = 2;
     Nesting nesting(parameter, reader, WithBlock);
     while (!reader.atEnd()) {
@@ -156,225 +205,400 @@ void readBlock(Parameter &parameter, Handler &handler, QStringView name, QXmlStr
             break;
         if (token == QXmlStreamReader::EndElement && QStringView(reader.qualifiedName()) == name)
             break;
-        if (token == QXmlStreamReader::StartElement && readKnownChild<Block>(parameter, reader)
+        if (token == QXmlStreamReader::StartElement && readKnownChild(table, &parameter, reader)
             && !reader.isStartElement())
             nesting.leave();
     }
     if (reader.hasError())
-        throw TesselException(reader.errorString());
+        fail(reader.errorString());
 }
 
 } // namespace
 
 struct Parameter::Xml {
-    template <auto Predicate>
-    static bool is(const Parameter &parameter)
-    {
-        return (parameter.*Predicate)();
-    }
+    using P = Parameter;
+
     template <auto Text>
-    static bool isSet(const Parameter &parameter)
+    static bool isSet(const P &parameter)
     {
         return !(parameter.*Text).isEmpty();
     }
 
-    template <auto Handler>
-    struct WholeNumberBlock : WithoutAttributes {
-        static constexpr XmlElement<Parameter> elements[] = {
-            minimumElement<Handler>(),
-            maximumElement<Handler>(),
-            defaultElement<Handler>(),
+    // Blocks
+
+    /// The handler of a block gets to know the names before the block is read.
+    template <auto Slot>
+    static void enter(P &parameter)
+    {
+        auto &handler = (parameter.*Slot).edit();
+        handler.SetRepresentationName(parameter.representationName);
+        handler.SetUniqueParameterName(parameter.uniqueName);
+    }
+    static void enterDouble(P &parameter)
+    {
+        parameter.doubleHandler.edit().SetUseAsList(parameter.IsDoubleList());
+        enter<&P::doubleHandler>(parameter);
+    }
+    static void enterEnum(P &parameter)
+    {
+        if (parameter.isMerging())
+            parameter.enumHandler.edit().Reset(); // which leaves the default and the selected entry
+        enter<&P::enumHandler>(parameter);
+    }
+
+    /// A block whose rows take the parameter.
+    template <class Block, auto Enter, auto Read>
+    static constexpr Part blockPart{
+        Part::Kind::One,
+        []() -> const ObjectTable & { return Block::table; },
+        [](const void *object) {
+            return std::vector<FieldPart>{{QString(), object}};
+        },
+        [](void *object, const QString & /*key*/, const FieldChange &work) { work(object); },
+        nullptr,
+        nullptr,
+        [](void *object, QXmlStreamReader &reader) { (Rows::as<P>(object).*Read)(reader); },
+        [](const void *object, QXmlStreamWriter &writer, const QString &tag) {
+            writeElement(Block::table, object, writer, tag);
+        },
+        [](void *object) {
+            Enter(Rows::as<P>(object));
+            return object;
+        },
+    };
+    template <auto Slot>
+    struct WholeNumberBlock {
+        static constexpr Row elements[] = {
+            minimumElement<Slot>(),
+            maximumElement<Slot>(),
+            defaultElement<Slot>(),
         };
+        static constexpr Row fields[] = {
+            valueField<Slot>(),
+            multiplierField<Slot>(),
+            representationNameField<Slot>(),
+            uniqueNameField<Slot>(),
+        };
+        static constexpr ObjectTable table{TagIntegerBlock, {}, elements, fields, {}, RefusesOthers};
     };
 
-    struct FloatBlock : WithoutAttributes {
-        static constexpr XmlElement<Parameter> elements[] = {
-            minimumElement<&Parameter::floatHandler>(),
-            maximumElement<&Parameter::floatHandler>(),
-            defaultElement<&Parameter::floatHandler>(),
-            precisionElement<&Parameter::floatHandler>(),
+    struct FloatBlock {
+        static constexpr Row elements[] = {
+            minimumElement<&P::floatHandler>(),
+            maximumElement<&P::floatHandler>(),
+            defaultElement<&P::floatHandler>(),
+            precisionElement<&P::floatHandler>(),
         };
+        static constexpr Row fields[] = {
+            valueField<&P::floatHandler>(),
+            multiplierField<&P::floatHandler>(),
+            representationNameField<&P::floatHandler>(),
+            uniqueNameField<&P::floatHandler>(),
+        };
+        static constexpr ObjectTable table{TagFloatBlock, {}, elements, fields, {}, RefusesOthers};
     };
 
-    struct DoubleBlock : WithoutAttributes {
-        static constexpr XmlElement<Parameter> elements[] = {
-            minimumElement<&Parameter::doubleHandler>(),
-            maximumElement<&Parameter::doubleHandler>(),
-            defaultElement<&Parameter::doubleHandler>(),
-            precisionElement<&Parameter::doubleHandler>(),
-            numberElement<&Parameter::doubleHandler, &DoubleHandler::GetMaxDoubleListLength,
-                          &DoubleHandler::SetMaxDoubleListLength>(u"MaxDoubleListLength")
-                .when(is<&Parameter::IsDoubleList>),
+    struct DoubleBlock {
+        static FieldValue value(const void *object)
+        {
+            const double number = Rows::as<P>(object).doubleHandler.look().GetValue();
+            return number == NoDoubleValue ? FieldValue() : FieldValue(number);
+        }
+        static const QVector<double> &values(const P &p) { return p.doubleHandler.look().GetDoubleList(); }
+        static QVector<double> &variableValues(P &p) { return p.doubleHandler.edit().GetDoubleList(); }
+        static constexpr Part valuesPart = Rows::listPart<values, variableValues, DoubleXml::get>();
+
+        static constexpr Row elements[] = {
+            minimumElement<&P::doubleHandler>(),
+            maximumElement<&P::doubleHandler>(),
+            defaultElement<&P::doubleHandler>(),
+            precisionElement<&P::doubleHandler>(),
+            handlerElement<&P::doubleHandler, &DoubleHandler::GetMaxDoubleListLength,
+                           &DoubleHandler::SetMaxDoubleListLength>(u"MaxDoubleListLength")
+                .when<&P::IsDoubleList>(),
         };
+        static constexpr Row fields[] = {
+            valueField<&P::doubleHandler>().gotBy<value>(),
+            handlerField<&P::doubleHandler, &DoubleHandler::IsDoubleList, &DoubleHandler::SetUseAsList>(
+                u"UseAsList"),
+            Rows::partElement(u"DoubleList", Row::Content::Object, valuesPart),
+            multiplierField<&P::doubleHandler>(),
+            representationNameField<&P::doubleHandler>(),
+            uniqueNameField<&P::doubleHandler>(),
+        };
+        static constexpr ObjectTable table{TagDoubleBlock, {}, elements, fields, {}, RefusesOthers};
     };
 
     /// The default is written as an attribute, but read from an element.
     struct StringBlock {
-        static bool hasDefault(const Parameter &p) { return !p.stringHandler.look().GetDefault().isEmpty(); }
-        static QString defaultText(const Parameter &p) { return p.stringHandler.look().GetDefault(); }
-        static void readDefault(Parameter &p, QXmlStreamReader &reader)
+        static bool hasDefault(const P &p) { return !p.stringHandler.look().GetDefault().isEmpty(); }
+        static QString defaultText(const P &p) { return p.stringHandler.look().GetDefault(); }
+        static void readDefault(P &p, QStringView text)
         {
-            const QString text = elementText(reader);
-            p.stringHandler.edit().SetDefault(text);
-            p.stringHandler.edit().SetValue(text);
+            StringHandler &handler = p.stringHandler.edit();
+            handler.SetDefault(text.toString());
+            handler.SetValue(handler.GetDefault());
         }
 
-        static constexpr XmlAttribute<Parameter> attributes[] = {
-            {TagDefault, nullptr, defaultText, hasDefault},
+        static constexpr Row attributes[] = {
+            Rows::field<defaultText>(TagDefault).writtenBy<defaultText>().when<hasDefault>(),
         };
-        static constexpr XmlElement<Parameter> elements[] = {
-            {TagDefault, readDefault, nullptr},
+        static constexpr Row elements[] = {
+            handlerField<&P::stringHandler, &StringHandler::GetDefault, &StringHandler::SetDefault>(
+                TagDefault)
+                .readBy<readDefault>(),
         };
+        static constexpr Row fields[] = {
+            valueField<&P::stringHandler>(),
+            representationNameField<&P::stringHandler>(),
+            uniqueNameField<&P::stringHandler>(),
+        };
+        static constexpr ObjectTable table{TagStringBlock, attributes, elements, fields, {}, RefusesOthers};
     };
 
-    struct EnumBlock : WithoutAttributes {
+    struct EnumBlock {
+        static EnumHandler &edit(void *object) { return Rows::as<P>(object).enumHandler.edit(); }
+
         /// The first entry is the default until one that says so takes its place.
-        static void readEntry(Parameter &p, QXmlStreamReader &reader)
+        static void leaveEntry(void *object, void *part)
         {
-            EnumValue entry;
-            readAttributes<EnumValueXml>(entry, reader);
-            EnumHandler &handler = p.enumHandler.edit();
-            if (entry.IsDefault() || !handler.HasData()) {
+            EnumHandler &handler = edit(object);
+            const EnumValue entry = *static_cast<const EnumValue *>(part);
+            if (entry.IsDefault() || handler.GetEnumList().size() == 1) {
                 handler.SetDefaultValue(entry);
                 handler.SetSelectedEnumValue(entry);
             }
-            handler.AppendEnumValue(entry);
         }
-        static void writeEntries(const Parameter &p, QXmlStreamWriter &writer, const QString &tag)
+        static void readEntry(void *object, QXmlStreamReader &reader)
         {
-            for (const EnumValue &entry : p.enumHandler.look().GetEnumList())
-                writeElement<EnumValueXml>(entry, writer, tag);
+            void *const entry = Rows::appendToList<variableEntries>(object);
+            readAttributes(EntryXml::table, entry, reader);
+            leaveEntry(object, entry);
+        }
+        static void writeEntries(const void *object, QXmlStreamWriter &writer, const QString &tag)
+        {
+            for (const EnumValue &entry : entries(Rows::as<P>(object)))
+                writeElement(EntryXml::table, &entry, writer, tag);
         }
 
-        static constexpr XmlElement<Parameter> elements[] = {
-            {u"EnumValue", readEntry, writeEntries}, // one element each
+        static const QVector<EnumValue> &entries(const P &p) { return p.enumHandler.look().GetEnumList(); }
+        static QVector<EnumValue> &variableEntries(P &p) { return p.enumHandler.edit().GetEnumList(); }
+
+        static constexpr Part entriesPart =
+            Rows::listPart<entries, variableEntries, EntryXml::get>(readEntry, writeEntries, leaveEntry);
+
+        template <auto Get, auto Edit>
+        static constexpr Part entryPart{
+            Part::Kind::One,
+            EntryXml::get,
+            [](const void *object) {
+                const EnumHandler &handler = Rows::as<P>(object).enumHandler.look();
+                return std::vector<FieldPart>{{QString(), &(handler.*Get)()}};
+            },
+            [](void *object, const QString & /*key*/, const FieldChange &work) {
+                work(&(edit(object).*Edit)());
+            },
         };
+        using Entry = const EnumValue &(EnumHandler::*)() const noexcept;
+        using VariableEntry = EnumValue &(EnumHandler::*)() noexcept;
+
+        static constexpr Row elements[] = {
+            Rows::partElement(u"EnumValue", Row::Content::Entry, entriesPart), // one element each
+        };
+        static constexpr Row fields[] = {
+            Rows::partElement(u"DefaultValue", Row::Content::Object,
+                              entryPart<static_cast<Entry>(&EnumHandler::GetDefaultValue),
+                                        static_cast<VariableEntry>(&EnumHandler::GetDefaultValue)>),
+            Rows::partElement(u"SelectedEnumValue", Row::Content::Object,
+                              entryPart<static_cast<Entry>(&EnumHandler::GetSelectedEnumValue),
+                                        static_cast<VariableEntry>(&EnumHandler::GetSelectedEnumValue)>),
+            representationNameField<&P::enumHandler>(),
+            uniqueNameField<&P::enumHandler>(),
+        };
+        static constexpr ObjectTable table{TagEnumBlock, {}, elements, fields, {}, RefusesOthers};
     };
 
-    static void readUniqueName(Parameter &p, QStringView text) { p.SetUniqueParameterName(text.toString()); }
-    static QString uniqueNameText(const Parameter &p) { return p.uniqueName; }
+    /// The element is a text; what it fills has more fields.
+    struct BooleanBlock {
+        static constexpr Row fields[] = {
+            valueField<&P::booleanHandler>(),
+            representationNameField<&P::booleanHandler>(),
+            uniqueNameField<&P::booleanHandler>(),
+        };
+        static constexpr ObjectTable table{TagBoolean, {}, {}, fields};
+        static void enter(P & /*parameter*/) { }
+    };
 
-    static void readRepresentationName(Parameter &p, QStringView text)
+    template <auto Slot, auto Read>
+    static constexpr const Part &wholeNumberPart = blockPart<WholeNumberBlock<Slot>, enter<Slot>, Read>;
+    static constexpr const Part &doublePart = blockPart<DoubleBlock, enterDouble, &P::ProcessDoubleList>;
+
+    // The parameter itself
+
+    static bool hasValueType(const P &p) { return p.valueType != InvalidValueType; }
+    static bool hasType(const P &p) { return p.parameterType != ParameterType::Invalid; }
+    static bool isValueTypeWritten(const P &p) { return IsValidValueType(p.valueType); }
+    static bool isControlTypeWritten(const P &p) { return p.HasControlType(); }
+    static const QString &valueTypeName(const P &p) { return p.valueTypeNames.at(p.valueType); }
+    static const QString &controlTypeName(const P &p) { return p.controlTypeNames.at(p.controlType); }
+
+    static bool hasMultiplier(const P &p) { return p.multiplier != 1.0; }
+    static QString multiplierText(const P &p) { return fixedText(p.multiplier, ShortDecimals); }
+
+    static bool isTypeWritten(const P &p)
     {
-        p.SetRepresenationName(text.toString());
+        return !p.IsBoolean() && parameterTypes().isValid(static_cast<qint32>(p.parameterType));
     }
-    static QString representationNameText(const Parameter &p) { return p.representationName; }
+    static void readType(P &p, QStringView name) { p.SetParameterType(borrowed(name)); }
+    static void setType(P &p, ParameterType type) { p.parameterType = type; }
 
-    static bool hasValueType(const Parameter &p) { return IsValidValueType(p.valueType); }
-
-    static bool hasValidControlType(const Parameter &p) { return p.HasControlType(); }
-
-    static bool hasMultiplier(const Parameter &p) { return p.multiplier != 1.0; }
-    static void readMultiplier(Parameter &p, QStringView text)
-    {
-        double factor = 0;
-        fromText(text, factor);
-        p.SetMultiplier(factor);
-    }
-    static QString multiplierText(const Parameter &p) { return fixedText(p.multiplier, ShortDecimals); }
-
-    static bool hasTypeName(const Parameter &p) { return !p.IsBoolean() && !typeName(p).isEmpty(); }
-    static void readType(Parameter &p, QStringView name) { p.SetParameterType(borrowed(name)); }
-    static QString typeName(const Parameter &p) { return ParameterTypeToName(p.parameterType); }
-
-    static void readBoolean(Parameter &p, QStringView text)
+    static bool booleanValue(const P &p) { return p.booleanHandler.look().GetValue(); }
+    static QString booleanText(const P &p) { return toText(booleanValue(p)); }
+    static void readBoolean(P &p, QStringView text)
     {
         bool on = false;
         fromText(text, on);
-        BooleanHandler &handler = p.booleanHandler.edit();
-        handler.SetValue(on);
-        handler.SetRepresentationName(p.representationName);
-        handler.SetUniqueParameterName(p.uniqueName);
+        p.booleanHandler.edit().SetValue(on);
+        enter<&P::booleanHandler>(p);
     }
-    static QString booleanText(const Parameter &p) { return toText(p.booleanHandler.look().GetValue()); }
 
-    static bool hasDoubleBlock(const Parameter &p) { return p.IsDouble() || p.IsDoubleList(); }
+    static bool hasDoubleBlock(const P &p) { return p.IsDouble() || p.IsDoubleList(); }
 
-    using P = Parameter;
-    static constexpr XmlAttribute<P> attributes[] = {
-        attribute<&P::version>(TagVersion),
-        {u"UniqueName", readUniqueName, uniqueNameText},
+    static constexpr Row attributes[] = {
+        Rows::attribute<&P::version>(TagVersion),
+        Rows::checkedElement<&P::uniqueName, &P::SetUniqueParameterName>(u"UniqueName")
+            .required<isSet<&P::uniqueName>>(u"UniqueName attribute"),
     };
-    static constexpr XmlElement<P> elements[] = {
-        textElement<P, readRepresentationName, representationNameText>(u"RepresentationName"),
-        element<&P::displayName>(u"DisplayName").when(isSet<&P::displayName>),
-        element<&P::toolTip>(u"ToolTip").when(isSet<&P::toolTip>),
-        namedElement<&P::valueType, &P::ToValueType, &P::ValueTypeToName>(u"ValueType").when(hasValueType),
-        namedElement<&P::controlType, &P::ToControlType, &P::ControlTypeToName>(u"ControlType")
-            .when(hasValidControlType),
-        element<&P::displaySuffix>(u"DisplaySuffix").when(isSet<&P::displaySuffix>),
-        textElement<P, readMultiplier, multiplierText>(u"Multiplier").when(hasMultiplier),
-        element<&P::enabled>(u"Enable"),
-        textElement<P, readType, typeName>(u"ParameterType").when(hasTypeName),
-        textElement<P, readBoolean, booleanText>(u"Boolean").when(is<&P::IsBoolean>),
-        blockElement<EnumBlock, &P::ProcessEnumList>(TagEnumBlock).when(is<&P::IsEnum>),
-        blockElement<DoubleBlock, &P::ProcessDoubleList>(TagDoubleBlock).when(hasDoubleBlock),
-        blockElement<DoubleBlock, &P::ProcessDoubleList>(u"DoubleList").onlyRead(),
-        blockElement<WholeNumberBlock<&P::integerHandler>, &P::ProcessIntegerList>(TagIntegerBlock)
-            .when(is<&P::IsInteger>),
-        blockElement<WholeNumberBlock<&P::longHandler>, &P::ProcessLongList>(TagLongBlock)
-            .when(is<&P::IsLong>),
-        blockElement<FloatBlock, &P::ProcessFloatList>(TagFloatBlock).when(is<&P::IsFloat>),
-        blockElement<StringBlock, &P::ProcessStringList>(TagStringBlock).when(is<&P::IsString>),
-        blockElement<WholeNumberBlock<&P::timeStampHandler>, &P::ProcessTimeStampList>(TagTimeStampBlock)
-            .when(is<&P::IsTimeStamp>),
+    static constexpr Row elements[] = {
+        Rows::checkedElement<&P::representationName, &P::SetRepresenationName>(u"RepresentationName")
+            .required<isSet<&P::representationName>>(),
+        Rows::element<&P::displayName, &P::SetDisplayName>(u"DisplayName").when<isSet<&P::displayName>>(),
+        Rows::element<&P::toolTip, &P::SetToolTip>(u"ToolTip").when<isSet<&P::toolTip>>(),
+        Rows::namedElement<&P::valueType, valueTypes, &P::SetValueType>(u"ValueType")
+            .writtenBy<valueTypeName>()
+            .when<isValueTypeWritten>()
+            .required<hasValueType>(),
+        Rows::namedElement<&P::controlType, controlTypes, &P::SetControlType>(u"ControlType")
+            .writtenBy<controlTypeName>()
+            .when<isControlTypeWritten>(),
+        Rows::element<&P::displaySuffix, &P::SetDisplaySuffix>(u"DisplaySuffix")
+            .when<isSet<&P::displaySuffix>>(),
+        Rows::checkedElement<&P::multiplier, &P::SetMultiplier>(u"Multiplier")
+            .writtenBy<multiplierText>()
+            .when<hasMultiplier>()
+            .orElse(u"1"),
+        Rows::element<&P::enabled>(u"Enable"),
+        Rows::namedElement<&P::parameterType, parameterTypes, setType>(u"ParameterType")
+            .readBy<readType>()
+            .keeping()
+            .when<isTypeWritten>()
+            .required<hasType>(),
+        Rows::field<booleanValue>(TagBoolean)
+            .readBy<readBoolean>()
+            .writtenBy<booleanText>()
+            .when<&P::IsBoolean>(),
+        blockElement(TagEnumBlock, TagEnumBlock, blockPart<EnumBlock, enterEnum, &P::ProcessEnumList>)
+            .when<&P::IsEnum>(),
+        blockElement(TagDoubleBlock, TagDoubleBlock, doublePart).when<hasDoubleBlock>(),
+        blockElement(u"DoubleList", TagDoubleBlock, doublePart).onlyRead(),
+        blockElement(TagIntegerBlock, TagIntegerBlock,
+                     wholeNumberPart<&P::integerHandler, &P::ProcessIntegerList>)
+            .when<&P::IsInteger>(),
+        blockElement(TagLongBlock, TagLongBlock, wholeNumberPart<&P::longHandler, &P::ProcessLongList>)
+            .when<&P::IsLong>(),
+        blockElement(TagFloatBlock, TagFloatBlock,
+                     blockPart<FloatBlock, enter<&P::floatHandler>, &P::ProcessFloatList>)
+            .when<&P::IsFloat>(),
+        blockElement(TagStringBlock, TagStringBlock,
+                     blockPart<StringBlock, enter<&P::stringHandler>, &P::ProcessStringList>)
+            .when<&P::IsString>(),
+        blockElement(TagTimeStampBlock, TagTimeStampBlock,
+                     wholeNumberPart<&P::timeStampHandler, &P::ProcessTimeStampList>)
+            .when<&P::IsTimeStamp>(),
     };
+    static constexpr Row fields[] = {
+        Rows::partElement(TagBoolean, Row::Content::Block,
+                          blockPart<BooleanBlock, BooleanBlock::enter, &P::ProcessStringList>)
+            .when<&P::IsBoolean>(),
+    };
+    static constexpr QStringView checked[] = {u"ParameterType", u"ValueType", u"UniqueName",
+                                              u"RepresentationName"};
+    static constexpr ObjectTable table{ObjectName, attributes, elements, fields, checked};
 };
+
+const ObjectTable &Parameter::table()
+{
+    return Xml::table;
+}
+
+bool Parameter::HasData() const
+{
+    return isComplete<Xml>(this) && IsValidParameter();
+}
+
+void Parameter::Check() const
+{
+    if (!HasData())
+        checkRequired(Xml::table, this, GetObjectName());
+}
 
 void Parameter::GetXml(QXmlStreamWriter &writer) const
 {
-    writeDocument<Xml>(*this, writer);
+    if (HasData())
+        writeElement(Xml::table, this, writer, GetObjectName());
 }
 
 void Parameter::ProcessXml(QXmlStreamReader &reader)
 {
-    readDocument<Xml>(*this, reader);
+    readAttributes(Xml::table, this, reader);
+    ITesselObject::ProcessXml(reader);
 }
 
 void Parameter::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
-    readChild<Xml>(*this, reader);
+    readChild(Xml::table, this, GetObjectName(), reader);
 }
 
 void Parameter::ProcessDoubleList(QXmlStreamReader &reader)
 {
-    doubleHandler.edit().SetUseAsList(IsDoubleList());
-    readBlock<Xml::DoubleBlock>(*this, doubleHandler.edit(), TagDoubleBlock, reader);
+    Xml::enterDouble(*this);
+    readBlock(Xml::DoubleBlock::table, *this, TagDoubleBlock, reader);
 }
 
 void Parameter::ProcessEnumList(QXmlStreamReader &reader)
 {
-    if (isMerging())
-        enumHandler.edit().Reset(); // which leaves the default and the selected entry
-    readBlock<Xml::EnumBlock>(*this, enumHandler.edit(), TagEnumBlock, reader);
+    Xml::enterEnum(*this);
+    readBlock(Xml::EnumBlock::table, *this, TagEnumBlock, reader);
 }
 
 void Parameter::ProcessFloatList(QXmlStreamReader &reader)
 {
-    readBlock<Xml::FloatBlock>(*this, floatHandler.edit(), TagFloatBlock, reader);
+    Xml::enter<&Parameter::floatHandler>(*this);
+    readBlock(Xml::FloatBlock::table, *this, TagFloatBlock, reader);
 }
 
 void Parameter::ProcessIntegerList(QXmlStreamReader &reader)
 {
-    readBlock<Xml::WholeNumberBlock<&Parameter::integerHandler>>(*this, integerHandler.edit(),
-                                                                 TagIntegerBlock, reader);
+    Xml::enter<&Parameter::integerHandler>(*this);
+    readBlock(Xml::WholeNumberBlock<&Parameter::integerHandler>::table, *this, TagIntegerBlock, reader);
 }
 
 void Parameter::ProcessLongList(QXmlStreamReader &reader)
 {
-    readBlock<Xml::WholeNumberBlock<&Parameter::longHandler>>(*this, longHandler.edit(), TagLongBlock,
-                                                              reader);
+    Xml::enter<&Parameter::longHandler>(*this);
+    readBlock(Xml::WholeNumberBlock<&Parameter::longHandler>::table, *this, TagLongBlock, reader);
 }
 
 void Parameter::ProcessStringList(QXmlStreamReader &reader)
 {
-    readBlock<Xml::StringBlock>(*this, stringHandler.edit(), TagStringBlock, reader);
+    Xml::enter<&Parameter::stringHandler>(*this);
+    readBlock(Xml::StringBlock::table, *this, TagStringBlock, reader);
 }
 
 void Parameter::ProcessTimeStampList(QXmlStreamReader &reader)
 {
-    readBlock<Xml::WholeNumberBlock<&Parameter::timeStampHandler>>(*this, timeStampHandler.edit(),
-                                                                   TagTimeStampBlock, reader);
+    Xml::enter<&Parameter::timeStampHandler>(*this);
+    readBlock(Xml::WholeNumberBlock<&Parameter::timeStampHandler>::table, *this, TagTimeStampBlock, reader);
 }
 
 } // namespace KORMAK

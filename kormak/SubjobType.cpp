@@ -1,9 +1,11 @@
 #include "kormak/SubjobType.h"
 
+#include <kormak/Vocabularies_p.h>
 #include <objectbase/Constants_p.h>
-#include <objectbase/Vocabulary_p.h>
 
-namespace KORMAK::SubjobType {
+namespace KORMAK {
+
+namespace SubjobType {
 
 namespace {
 
@@ -60,4 +62,11 @@ bool IsValidSubjobType(SubjobTypeValue value)
     return SubjobTypes.isValid(value);
 }
 
-} // namespace KORMAK::SubjobType
+} // namespace SubjobType
+
+TESSEL::NameTable subjobTypes()
+{
+    return SubjobType::SubjobTypes.table();
+}
+
+} // namespace KORMAK

@@ -1,5 +1,6 @@
 #include "kormak/TypeHandler.h"
 
+#include <kormak/NoDoubleValue_p.h>
 #include <objectbase/Constants_p.h>
 
 #include <algorithm>
@@ -13,7 +14,6 @@ namespace {
 [[maybe_unused]] constexpr auto LogLevels = TESSEL::LogLevelNames;
 
 constexpr int DefaultPrecision = 2;
-constexpr double NoValue = -111111.11;
 
 template <class Number>
 using Limits = std::numeric_limits<Number>;
@@ -213,20 +213,20 @@ bool DoubleHandler::HasData() const
 {
     if (useAsList)
         return !doubleList.isEmpty() || maxDoubleListLength > 0;
-    return GetValue() != NoValue;
+    return GetValue() != NoDoubleValue;
 }
 
 bool DoubleHandler::AnyData() const
 {
     return GetMinimum() != Limits<double>::lowest() || GetMaximum() != Limits<double>::max()
-        || GetDefault() != 0 || GetValue() != NoValue || useAsList || !doubleList.isEmpty()
+        || GetDefault() != 0 || GetValue() != NoDoubleValue || useAsList || !doubleList.isEmpty()
         || maxDoubleListLength > 0;
 }
 
 void DoubleHandler::Reset()
 {
     resetLimits(Limits<double>::lowest(), Limits<double>::max());
-    SetValue(NoValue);
+    SetValue(NoDoubleValue);
     precision = DefaultPrecision;
     useAsList = false;
     doubleList = QVector<double>(); // clear() would keep memory for as many numbers

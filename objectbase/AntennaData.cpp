@@ -1,8 +1,9 @@
 #include "objectbase/AntennaData.h"
 
 #include <objectbase/Constants_p.h>
-#include <objectbase/Vocabulary_p.h>
-#include <objectbase/XmlForm_p.h>
+#include <objectbase/DocumentRows_p.h>
+#include <objectbase/DocumentXml_p.h>
+#include <objectbase/Vocabularies_p.h>
 
 namespace TESSEL {
 
@@ -27,25 +28,44 @@ bool same(double a, double b)
 
 } // namespace
 
+NameTable polarizations()
+{
+    return Polarizations.table();
+}
+
 struct AntennaData::Xml {
+    static bool hasName(const AntennaData &antenna) { return !antenna.name.isEmpty(); }
     static bool hasAzimuth(const AntennaData &antenna) { return antenna.IsValid(antenna.azimuth); }
     static bool hasPolarization(const AntennaData &antenna)
     {
         return IsValidPolarization(antenna.polarization);
     }
 
-    static constexpr XmlAttribute<AntennaData> attributes[] = {
-        attribute<&AntennaData::version>(TagVersion),
+    using Antenna = AntennaData;
+    static constexpr Row attributes[] = {
+        Rows::attribute<&Antenna::version>(TagVersion),
     };
-    static constexpr XmlElement<AntennaData> elements[] = {
-        element<&AntennaData::name>(u"Name"),
-        element<&AntennaData::minimumFrequency>(u"MinimumFrequency"),
-        element<&AntennaData::maximumFrequency>(u"MaximumFrequency"),
-        element<&AntennaData::azimuth>(u"Azimuth").when(hasAzimuth),
-        namedElement<&AntennaData::polarization, NameToPolarization, PolarizationToName>(u"Polarization")
-            .when(hasPolarization),
+    static constexpr Row elements[] = {
+        Rows::element<&Antenna::name, &Antenna::SetName>(u"Name").required<hasName>(),
+        Rows::numberElement<&Antenna::minimumFrequency, &Antenna::SetMinimumFrequency>(u"MinimumFrequency")
+            .required<&Antenna::isMinimumFrequencyValid>()
+            .in(u"Hz"),
+        Rows::numberElement<&Antenna::maximumFrequency, &Antenna::SetMaximumFrequency>(u"MaximumFrequency")
+            .required<&Antenna::isMaximumFrequencyValid>()
+            .in(u"Hz"),
+        Rows::numberElement<&Antenna::azimuth, &Antenna::SetAzimuth>(u"Azimuth")
+            .when<hasAzimuth>()
+            .in(u"degrees"),
+        Rows::namedElement<&Antenna::polarization, polarizations, &Antenna::SetPolarization>(u"Polarization")
+            .when<hasPolarization>(),
     };
+    static constexpr ObjectTable table{u"AntennaData", attributes, elements};
 };
+
+const ObjectTable &AntennaData::table()
+{
+    return Xml::table;
+}
 
 AntennaData::AntennaData() : ITesselObject(ObjectTypes::AntennaData)
 {
@@ -117,12 +137,12 @@ bool AntennaData::isMinimumFrequencyValid() const
 
 bool AntennaData::isMaximumFrequencyValid() const
 {
-    return maximumFrequency > minimumFrequency;
+    return maximumFrequency > (isMinimumFrequencyValid() ? minimumFrequency : 0);
 }
 
 bool AntennaData::HasData() const
 {
-    return !name.isEmpty() && isMinimumFrequencyValid() && isMaximumFrequencyValid();
+    return isComplete<Xml>(this);
 }
 
 bool AntennaData::AnyData() const
@@ -143,14 +163,8 @@ void AntennaData::Reset()
 
 void AntennaData::Check() const
 {
-    if (HasData())
-        return;
-    if (name.isEmpty())
-        throwPleaseSet(*this, u"Name");
-    if (!isMinimumFrequencyValid())
-        throwPleaseSet(*this, u"MinimumFrequency");
-    if (!isMaximumFrequencyValid())
-        throwPleaseSet(*this, u"MaximumFrequency");
+    if (!HasData())
+        checkRequired(Xml::table, this, GetObjectName());
 }
 
 const QString &AntennaData::GetVersion() const
@@ -160,17 +174,19 @@ const QString &AntennaData::GetVersion() const
 
 void AntennaData::GetXml(QXmlStreamWriter &writer) const
 {
-    writeDocument<Xml>(*this, writer);
+    if (HasData())
+        writeElement(Xml::table, this, writer, GetObjectName());
 }
 
 void AntennaData::ProcessXml(QXmlStreamReader &reader)
 {
-    readDocument<Xml>(*this, reader);
+    readAttributes(Xml::table, this, reader);
+    ITesselObject::ProcessXml(reader);
 }
 
 void AntennaData::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
-    readChild<Xml>(*this, reader);
+    readChild(Xml::table, this, GetObjectName(), reader);
 }
 
 } // namespace TESSEL

@@ -78,7 +78,10 @@ protected:
     /// \endcond
 
 private:
+    friend class TESSEL::DocumentTables;
     struct OBJECTBASE_NO_EXPORT Xml;
+
+    [[nodiscard]] static const TESSEL::ObjectTable &table();
 
     [[nodiscard]] OBJECTBASE_NO_EXPORT bool isMinimumFrequencyValid() const;
     [[nodiscard]] OBJECTBASE_NO_EXPORT bool isMaximumFrequencyValid() const;

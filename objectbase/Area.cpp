@@ -1,7 +1,8 @@
 #include "objectbase/Area.h"
 
 #include <objectbase/Constants_p.h>
-#include <objectbase/XmlForm_p.h>
+#include <objectbase/DocumentRows_p.h>
+#include <objectbase/DocumentXml_p.h>
 
 #include <algorithm>
 
@@ -11,61 +12,63 @@ namespace {
 
 [[maybe_unused]] constexpr auto LogLevels = LogLevelNames;
 
-constexpr QStringView TagLatitude = u"Latitude";
-constexpr QStringView TagLongitude = u"Longitude";
-
-Coordinate readCoordinate(const Area &area, QXmlStreamReader &reader)
-{
-    Coordinate coordinate;
-    constexpr int WithCoordinate = 2;
-    while (reader.readNextStartElement()) {
-        Nesting(area, reader, WithCoordinate).count(QXmlStreamReader::StartElement);
-        if (reader.hasError())
-            break;
-        double degrees = 0;
-        if (reader.name() == TagLatitude) {
-            fromText(elementText(reader), degrees);
-            coordinate.SetLatitude(degrees);
-        } else if (reader.name() == TagLongitude) {
-            fromText(elementText(reader), degrees);
-            coordinate.SetLongitude(degrees);
-        } else {
-            throwUnknownTag(area, reader.name());
-        }
-    }
-    return coordinate;
-}
-
-void writeCoordinate(const Coordinate &coordinate, QXmlStreamWriter &writer, const QString &tag)
-{
-    writer.writeStartElement(tag);
-    writer.writeTextElement(borrowed(TagLatitude), toText(coordinate.GetLatitude()));
-    writer.writeTextElement(borrowed(TagLongitude), toText(coordinate.GetLongitude()));
-    writer.writeEndElement();
-}
+/// The table of the corners.
+struct CoordinateXml {
+    static constexpr Row elements[] = {
+        Rows::checkedElement<&Coordinate::GetLatitude, &Coordinate::SetLatitude>(u"Latitude")
+            .expected()
+            .in(u"degrees"),
+        Rows::checkedElement<&Coordinate::GetLongitude, &Coordinate::SetLongitude>(u"Longitude")
+            .expected()
+            .in(u"degrees"),
+    };
+    static constexpr ObjectTable table{u"Area", {}, elements}; // messages name the area
+    static const ObjectTable &get() { return table; }
+};
 
 } // namespace
 
 struct Area::Xml {
-    static void readNextCoordinate(Area &area, QXmlStreamReader &reader)
-    {
-        area.coordinates.append(readCoordinate(area, reader));
-    }
+    static bool hasName(const Area &area) { return !area.name.isEmpty(); }
 
-    static void writeCoordinates(const Area &area, QXmlStreamWriter &writer, const QString &tag)
+    static void readCoordinate(void *object, QXmlStreamReader &reader)
     {
-        for (const Coordinate &coordinate : area.coordinates)
-            writeCoordinate(coordinate, writer, tag);
+        auto &area = *static_cast<Area *>(object);
+        Coordinate coordinate;
+        constexpr int WithCoordinate = 2;
+        while (reader.readNextStartElement()) {
+            Nesting(area, reader, WithCoordinate).count(QXmlStreamReader::StartElement);
+            if (reader.hasError())
+                break;
+            readChild(CoordinateXml::table, &coordinate, area.GetObjectName(), reader);
+        }
+        area.coordinates.append(coordinate);
     }
+    static void writeCoordinates(const void *object, QXmlStreamWriter &writer, const QString &tag)
+    {
+        for (const Coordinate &coordinate : static_cast<const Area *>(object)->coordinates)
+            writeElement(CoordinateXml::table, &coordinate, writer, tag);
+    }
+    static constexpr Part coordinates =
+        Rows::listPart<&Area::coordinates, &Area::coordinates, CoordinateXml::get>(readCoordinate,
+                                                                                   writeCoordinates);
 
-    static constexpr XmlAttribute<Area> attributes[] = {
-        attribute<&Area::version>(TagVersion),
+    static void begin(void *object) { static_cast<Area *>(object)->coordinates.clear(); }
+
+    static constexpr Row attributes[] = {
+        Rows::attribute<&Area::version>(TagVersion),
     };
-    static constexpr XmlElement<Area> elements[] = {
-        element<&Area::name>(u"Name"),
-        {u"Coordinate", readNextCoordinate, writeCoordinates}, // one element each
+    static constexpr Row elements[] = {
+        Rows::element<&Area::name, &Area::SetName>(u"Name").required<hasName>(),
+        Rows::partElement(u"Coordinate", Row::Content::Object, coordinates), // one element each
     };
+    static constexpr ObjectTable table{u"Area", attributes, elements, {}, {}, true, begin};
 };
+
+const ObjectTable &Area::table()
+{
+    return Xml::table;
+}
 
 Area::Area() : ITesselObject(ObjectTypes::Area)
 {
@@ -99,7 +102,7 @@ bool Area::operator==(const Area &other) const
 
 bool Area::HasData() const
 {
-    return !name.isEmpty();
+    return isComplete<Xml>(this);
 }
 
 bool Area::AnyData() const
@@ -116,10 +119,8 @@ void Area::Reset()
 
 void Area::Check() const
 {
-    if (HasData())
-        return;
-    if (name.isEmpty())
-        throwPleaseSet(*this, u"Name");
+    if (!HasData())
+        checkRequired(Xml::table, this, GetObjectName());
 }
 
 const QString &Area::GetVersion() const
@@ -129,18 +130,20 @@ const QString &Area::GetVersion() const
 
 void Area::GetXml(QXmlStreamWriter &writer) const
 {
-    writeDocument<Xml>(*this, writer);
+    if (HasData())
+        writeElement(Xml::table, this, writer, GetObjectName());
 }
 
 void Area::ProcessXml(QXmlStreamReader &reader)
 {
-    coordinates.clear();
-    readDocument<Xml>(*this, reader);
+    Xml::begin(this);
+    readAttributes(Xml::table, this, reader);
+    ITesselObject::ProcessXml(reader);
 }
 
 void Area::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
-    readChild<Xml>(*this, reader);
+    readChild(Xml::table, this, GetObjectName(), reader);
 }
 
 } // namespace TESSEL

@@ -2,30 +2,28 @@
 
 #include <objectbase/BinaryForm_p.h>
 #include <objectbase/Constants_p.h>
+#include <objectbase/DocumentWriter_p.h>
+#include <objectbase/DocumentXml_p.h>
 #include <objectbase/FileContent_p.h>
 #include <objectbase/Lasting_p.h>
 #include <objectbase/Messages_p.h>
 #include <objectbase/Nesting_p.h>
 #include <objectbase/QtCompat_p.h>
 #include <objectbase/ReadingBounds_p.h>
-#include <objectbase/XmlForm_p.h>
 
 #include <QByteArray>
 #include <QDataStream>
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
-#include <QIODevice>
 #include <QSaveFile>
 #include <QScopeGuard>
 #include <QXmlStreamReader>
-#include <QXmlStreamWriter>
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>
-#include <string>
 #include <utility>
 
 namespace TESSEL {
@@ -38,52 +36,6 @@ namespace {
 
 constexpr int Uncompressed = 0;
 constexpr int UsualCompression = -1;
-
-/// True when \a text holds surrogates or carriage returns. Looks at every character, so that it is done many
-/// at a time; hardly a document holds one.
-bool needsCloserLook(const QString &text)
-{
-    constexpr char16_t SurrogateMask = 0xF800;
-    constexpr char16_t Surrogates = 0xD800;
-    const auto *characters = reinterpret_cast<const char16_t *>(text.constData());
-    unsigned short found = 0; // as wide as a character: twice as many at a time as with an int
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const char16_t c = characters[i];
-        found |= static_cast<unsigned short>((c & SurrogateMask) == Surrogates || c == u'\r' ? 1 : 0);
-    }
-    return found != 0;
-}
-
-/// Qt's writer hands lone surrogates on as they are when it writes to a QString.
-bool hasLoneSurrogate(const QString &text)
-{
-    for (auto c = text.begin(); c != text.end(); ++c) {
-        if (!c->isSurrogate())
-            continue;
-        if (!c->isHighSurrogate() || ++c == text.end() || !c->isLowSurrogate())
-            return true;
-    }
-    return false;
-}
-
-/// Where early Qt 6 writes documents to, in UTF-8: for a QString it makes a QString of every bracket, an
-/// eighth of all writing. There its writer finds lone surrogates itself.
-class Utf8Sink final : public QIODevice {
-public:
-    Utf8Sink() { open(WriteOnly | Unbuffered); }
-
-    [[nodiscard]] bool isSequential() const override { return true; }
-
-    std::string bytes;
-
-protected:
-    qint64 readData(char * /*data*/, qint64 /*size*/) override { return -1; }
-    qint64 writeData(const char *data, qint64 size) override
-    {
-        bytes.append(data, static_cast<std::size_t>(size));
-        return size;
-    }
-};
 
 /// \a open elements stand around what is read next.
 bool readToEnd(const ITesselObject &object, QXmlStreamReader &reader, int open)
@@ -324,26 +276,12 @@ void ITesselObject::ProcessXml(QXmlStreamReader &reader)
 QString ITesselObject::GetXmlString() const
 {
     Check();
-    QString text;
-    std::optional<Utf8Sink> sink;
-    QXmlStreamWriter writer(&text);
-    if (isEarlyQt6())
-        writer.setDevice(&sink.emplace());
-    writer.setAutoFormatting(true);
-    writer.writeStartDocument();
-    if (sink)
-        sink->bytes = R"(<?xml version="1.0"?>)"; // Qt names the encoding, which a QString does not have
-    GetXml(writer);
-    writer.writeEndDocument();
-    if (sink)
-        text = decodeUtf8(sink->bytes);
-    const bool isSpecial = sink ? sink->bytes.find('\r') != std::string::npos : needsCloserLook(text);
-    if (writer.hasError() || (isSpecial && hasLoneSurrogate(text)))
-        throwMessage(*this, u"Text cannot be represented in XML");
-    if (isSpecial) // a bare carriage return would be read back as a line feed; in attributes Qt writes the
-                   // reference
-        text.replace(u'\r', borrowed(u"&#13;"));
-    return text;
+    DocumentWriter writer;
+    GetXml(writer.xml());
+    const auto text = writer.finish();
+    if (!text)
+        fail(Messages::notRepresentable(GetObjectName()));
+    return *text;
 }
 
 void ITesselObject::GetBinaryRepresentation(QDataStream &stream) const

@@ -20,10 +20,12 @@ QT_END_NAMESPACE
 
 namespace TESSEL {
 
+class DocumentTables;
 class Logger;
 class Nesting;
 class OwnedReading;
 class ReadingLimits;
+struct ObjectTable;
 
 /// Base of every document object: a named XML element with a "Version" attribute that can be checked, written
 /// to XML or a binary form and read back.
@@ -206,8 +208,8 @@ protected:
     /// becomes an error of \a reader.
     static QString GetTextValue(QXmlStreamReader &reader);
 
-    /// True while MergeTesselObject() reads the document of the other object: what is read then takes the place
-    /// of what is there, of lists, too, to which reading otherwise appends.
+    /// True while MergeTesselObject() reads the document of the other object: what is read then takes the
+    /// place of what is there, of lists, too, to which reading otherwise appends.
     [[nodiscard]] bool isMerging() const noexcept { return merging.isSet; }
 
 private:

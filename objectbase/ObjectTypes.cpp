@@ -1,12 +1,9 @@
 #include "objectbase/ObjectTypes.h"
 
 #include <objectbase/Constants_p.h>
-#include <objectbase/Shared_p.h>
-
-#include <QStringList>
+#include <objectbase/Vocabularies_p.h>
 
 #include <algorithm>
-#include <iterator>
 
 namespace TESSEL {
 
@@ -14,40 +11,38 @@ namespace {
 
 [[maybe_unused]] constexpr auto LogLevels = LogLevelNames;
 
+constexpr NamedValue row(ObjectTypes type, QStringView name)
+{
+    return {static_cast<qint32>(type), name, name};
+}
+
 // Not a Vocabulary: the numbers of the object types have gaps.
-constexpr struct {
-    ObjectTypes type;
-    QStringView name;
-} TypeNames[] = {
-    {ObjectTypes::Area, u"Area"},
-    {ObjectTypes::AntennaData, u"AntennaData"},
-    {ObjectTypes::GenericReceiver, u"GenericReceiver"},
-    {ObjectTypes::Job, u"Job"},
-    {ObjectTypes::JobHeader, u"JobHeader"},
+constexpr NamedValue Rows[] = {
+    row(ObjectTypes::Area, u"Area"),
+    row(ObjectTypes::AntennaData, u"AntennaData"),
+    row(ObjectTypes::GenericReceiver, u"GenericReceiver"),
+    row(ObjectTypes::Job, u"Job"),
+    row(ObjectTypes::JobHeader, u"JobHeader"),
 };
 
 } // namespace
 
+NameTable objectTypes()
+{
+    return NameTable(Rows);
+}
+
 QString ObjectTypeToName(ObjectTypes type)
 {
-    const auto row = std::find_if(std::begin(TypeNames), std::end(TypeNames),
-                                  [type](const auto &candidate) { return candidate.type == type; });
-    if (row == std::end(TypeNames))
+    const NamedValue *const row = objectTypes().find(static_cast<qint32>(type));
+    if (row == objectTypes().end())
         return {};
-    const QStringList names = shared([] {
-        QStringList list;
-        for (const auto &typeName : TypeNames)
-            list << typeName.name.toString();
-        return list;
-    });
-    return names.at(static_cast<int>(row - std::begin(TypeNames)));
+    return shared([] { return objectTypes().names(); }).at(static_cast<int>(row - objectTypes().begin()));
 }
 
 ObjectTypes NameToObjectType(const QString &name)
 {
-    const auto row = std::find_if(std::begin(TypeNames), std::end(TypeNames),
-                                  [&name](const auto &candidate) { return candidate.name == name; });
-    return row == std::end(TypeNames) ? ObjectTypes::Invalid : row->type;
+    return static_cast<ObjectTypes>(objectTypes().valueOf(name));
 }
 
 } // namespace TESSEL

@@ -1,9 +1,11 @@
 #include "objectbase/ResourceType.h"
 
 #include <objectbase/Constants_p.h>
-#include <objectbase/Vocabulary_p.h>
+#include <objectbase/Vocabularies_p.h>
 
-namespace TESSEL::ResourceType {
+namespace TESSEL {
+
+namespace ResourceType {
 
 namespace {
 
@@ -87,4 +89,11 @@ ResourceTypeValue GetInvalidResourceType()
     return ResourceTypes.invalid();
 }
 
-} // namespace TESSEL::ResourceType
+} // namespace ResourceType
+
+NameTable resourceTypes()
+{
+    return ResourceType::ResourceTypes.table();
+}
+
+} // namespace TESSEL

@@ -22,6 +22,8 @@
 #include <utility>
 #include <vector>
 
+using namespace KORMAK::Inspection;
+
 namespace {
 
 using namespace CheckReport;

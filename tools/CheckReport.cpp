@@ -1,7 +1,9 @@
 #include "tools/CheckReport.h"
 
+#include <inspection/DocumentJson_p.h>
 #include <tools/DocumentFile.h>
-#include <tools/Json.h>
+
+using namespace KORMAK::Inspection;
 
 namespace {
 
@@ -27,68 +29,24 @@ QStringView nameOf(ExitStatus status)
 Lines textOf(const FileCheck &check)
 {
     QString complaints;
-    for (const auto &[finding, position] : check.findings)
+    for (const auto &[finding, position] : check.check.findings)
         complaints +=
             complaintLine(check.path, position, nameOf(finding.severity), finding) + QLatin1Char('\n');
     Lines lines;
     lines.complaints = complaints.toUtf8();
     if (check.status == Good)
-        lines.results = (check.path + QStringLiteral(": ") + check.state + QLatin1Char('\n')).toUtf8();
+        lines.results = (check.path + QStringLiteral(": ") + check.check.state + QLatin1Char('\n')).toUtf8();
     return lines;
-}
-
-/// An object of a \a type in a line of its own, with the members that \a write adds.
-template <class Write>
-QByteArray jsonLine(QStringView type, Write write)
-{
-    JsonWriter json(JsonWriter::Layout::OneLine);
-    json.beginObject();
-    json.member(u"type", jsonText(type));
-    write(json);
-    json.endObject();
-    return json.text().toUtf8() + '\n';
-}
-
-QString numberOrNull(const std::optional<TextPosition> &position, qsizetype TextPosition::*part)
-{
-    return position ? QString::number((*position).*part) : QStringLiteral("null");
-}
-
-QByteArray findingLine(const QString &path, const FileCheck::PlacedFinding &placed)
-{
-    const Finding &finding = placed.finding;
-    return jsonLine(u"finding", [&](JsonWriter &json) {
-        json.member(u"file", jsonText(path));
-        json.member(u"line", numberOrNull(placed.position, &TextPosition::line));
-        json.member(u"column", numberOrNull(placed.position, &TextPosition::column));
-        json.member(u"severity", jsonText(nameOf(finding.severity)));
-        json.member(u"id", jsonText(finding.id));
-        json.member(u"path", jsonTextOrNull(finding.path));
-        json.member(u"message", jsonText(finding.message));
-        json.member(u"found", finding.found ? jsonText(*finding.found) : QStringLiteral("null"));
-        json.key(u"allowed");
-        json.array(finding.allowed);
-        json.member(u"complaint", jsonTextOrNull(finding.complaint));
-    });
-}
-
-QByteArray fileLine(const FileCheck &check)
-{
-    return jsonLine(u"file", [&check](JsonWriter &json) {
-        json.member(u"file", jsonText(check.path));
-        json.member(u"status", jsonText(nameOf(check.status)));
-        json.member(u"kind", jsonTextOrNull(check.kind ? check.kind->rootElement.toString() : QString()));
-        json.member(u"complete", jsonBool(check.isComplete));
-        json.member(u"findings", QString::number(check.findings.size()));
-    });
 }
 
 Lines jsonOf(const FileCheck &check)
 {
+    const auto &[isAccepted, kind, isComplete, state, findings, object] = check.check;
     Lines lines;
-    for (const auto &placed : check.findings)
-        lines.results += findingLine(check.path, placed);
-    lines.results += fileLine(check);
+    for (const auto &[finding, position] : findings)
+        lines.results += findingJson(check.path, finding, position);
+    lines.results +=
+        fileJson(check.path, nameOf(check.status), kind, isComplete, static_cast<qsizetype>(findings.size()));
     return lines;
 }
 

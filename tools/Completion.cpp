@@ -1,9 +1,9 @@
 #include "tools/Completion.h"
 
+#include <inspection/DocumentKind_p.h>
+#include <inspection/FieldAssignment_p.h>
+#include <inspection/NameLists_p.h>
 #include <objectbase/QtCompat_p.h>
-#include <tools/DocumentKind.h>
-#include <tools/FieldAssignment.h>
-#include <tools/NameLists.h>
 #include <tools/OutputFormat.h>
 #include <tools/Tool.h>
 #include <tools/Usage.h>
@@ -14,6 +14,8 @@
 
 #include <algorithm>
 #include <vector>
+
+using namespace KORMAK::Inspection;
 
 namespace {
 
@@ -76,7 +78,7 @@ QString fieldCases()
     const QStringList kinds = documentKindNames();
     for (const QString &kind : kinds) {
         QStringList paths;
-        for (const SettableField &field : settableFields(*findDocumentKind(kind)->fields))
+        for (const SettableField &field : settableFields(findDocumentKind(kind)->fields()))
             paths += field.path;
         cases += caseOf(kind, printing(paths));
     }
@@ -101,7 +103,7 @@ QString valueCases()
     std::vector<Texts> all;
     const QStringList kinds = documentKindNames();
     for (const QString &kind : kinds) {
-        for (const SettableField &field : settableFields(*findDocumentKind(kind)->fields)) {
+        for (const SettableField &field : settableFields(findDocumentKind(kind)->fields())) {
             if (field.texts.isEmpty())
                 continue;
             auto same = std::find_if(all.begin(), all.end(),

@@ -28,20 +28,6 @@ void complain(const QString &line);
 /// Writes \a lines, in UTF-8 and each ended, likewise.
 void complainInBytes(const QByteArray &lines);
 
-/// Whether \a c cannot steer a terminal and ends no line.
-[[nodiscard]] bool isHarmless(QChar c);
-/// \a c as an escape that programs know, JSON included.
-[[nodiscard]] QString escaped(QChar c);
-
-/// \a text on one line, with nothing in it that could steer a terminal: control characters as escapes.
-[[nodiscard]] QString oneLine(const QString &text);
-
-/// \a text, cut when it is long.
-[[nodiscard]] QString shortened(const QString &text);
-
-/// \a text between quotation marks, on one line and cut when it is long.
-[[nodiscard]] QString quoted(const QString &text);
-
 } // namespace Console
 
 #endif

@@ -1,8 +1,8 @@
+#include <inspection/DocumentJson_p.h>
+#include <inspection/FieldDiff_p.h>
 #include <tools/Command.h>
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
-#include <tools/FieldDiff.h>
-#include <tools/Json.h>
 #include <tools/LimitOptions.h>
 #include <tools/ListOf.h>
 #include <tools/Output.h>
@@ -12,6 +12,8 @@
 
 #include <new>
 
+using namespace KORMAK::Inspection;
+
 namespace {
 
 struct Comparison {
@@ -20,10 +22,10 @@ struct Comparison {
     bool areEqualToLibrary; ///< by the operator of the class
 };
 
-Comparison compare(const Document &a, const Document &b)
+Comparison compare(const FileDocument &a, const FileDocument &b)
 {
     const DocumentKind &kind = *a.kind;
-    return {kind, differences(*kind.fields, kind.address(*a.object), kind.address(*b.object)),
+    return {kind, differences(kind.fields(), kind.address(*a.object), kind.address(*b.object)),
             kind.areEqual(*a.object, *b.object)};
 }
 
@@ -41,37 +43,14 @@ void printText(const Comparison &comparison)
                                         "fields differ."));
 }
 
-void printJson(const Comparison &comparison)
-{
-    JsonWriter json(JsonWriter::Layout::Indented);
-    json.beginObject();
-    json.member(u"kind", jsonText(comparison.kind.rootElement));
-    json.member(u"equal", jsonBool(comparison.differences.empty()));
-    json.member(u"equalToLibrary", jsonBool(comparison.areEqualToLibrary));
-    json.key(u"differences");
-    json.beginArray();
-    for (const FieldDifference &difference : comparison.differences) {
-        json.beginObject();
-        json.member(u"field", jsonText(difference.path));
-        if (!difference.before.json.isEmpty())
-            json.member(u"before", difference.before.json);
-        if (!difference.after.json.isEmpty())
-            json.member(u"after", difference.after.json);
-        json.endObject();
-    }
-    json.endArray();
-    json.endObject();
-    Console::print(json.text());
-}
-
 ExitStatus compareFiles(const QStringList &paths, OutputFormat format, const TESSEL::ReadingLimits &limits)
 {
     // Both are read, so that both complaints are seen.
-    Document documents[2];
+    FileDocument documents[2];
     ExitStatus status = Good;
     for (int i = 0; i < 2; ++i) {
         try {
-            documents[i] = readDocument(paths.at(i), XmlTree::Extent::UpToRoot, limits);
+            documents[i] = readDocument(paths.at(i), limits);
         } catch (const DocumentError &error) {
             complainAbout(paths.at(i), error);
             status = Failed;
@@ -92,7 +71,8 @@ ExitStatus compareFiles(const QStringList &paths, OutputFormat format, const TES
     }
     const Comparison comparison = compare(a, b);
     if (format == OutputFormat::Json)
-        printJson(comparison);
+        Console::print(
+            differencesJson(comparison.kind, comparison.differences, comparison.areEqualToLibrary));
     else
         printText(comparison);
     return comparison.differences.empty() ? Good : Faulty;

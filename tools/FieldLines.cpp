@@ -1,11 +1,13 @@
 #include "tools/FieldLines.h"
 
-#include <tools/Console.h>
-#include <tools/FieldText.h>
+#include <inspection/FieldText_p.h>
+#include <inspection/QuotedText_p.h>
 
 #include <algorithm>
 #include <iterator>
 #include <optional>
+
+using namespace KORMAK::Inspection;
 
 namespace {
 
@@ -69,8 +71,7 @@ Row rowOf(const QStringList &columns, const FieldTable &table, const void *objec
     for (Line &line : lines) {
         const auto column = columns.indexOf(line.label);
         if (column == 0 || (column > 0 && fitsInCell(line)))
-            row.cells[static_cast<std::size_t>(column)] =
-                Console::oneLine(line.value.value_or(NotSet.toString()));
+            row.cells[static_cast<std::size_t>(column)] = oneLine(line.value.value_or(NotSet.toString()));
         else
             row.beneath.push_back(std::move(line));
     }
@@ -148,7 +149,8 @@ QString plainValues(const FieldTable &table, const std::vector<FieldPart> &all)
 {
     QStringList texts;
     for (const FieldPart &part : all)
-        texts += shownText(table.rows->form, table.rows->get(part.object)).value_or(NotSet.toString());
+        texts += shownText(table.rows.front().type, table.rows.front().get(part.object))
+                     .value_or(NotSet.toString());
     return texts.join(QStringLiteral(", "));
 }
 
@@ -182,7 +184,7 @@ std::vector<Line> linesOf(const FieldTable &table, const void *object)
         if (row.parts)
             addParts(lines, row, object);
         else
-            lines.push_back({row.label.toString(), shownText(row.form, row.get(object))});
+            lines.push_back({row.label.toString(), shownText(row.type, row.get(object))});
         const QStringView remark = row.remark ? row.remark(object) : QStringView();
         if (!remark.isEmpty())
             lines.back().label += QStringLiteral(" (%1)").arg(remark.toString());
@@ -212,7 +214,7 @@ QString valueLines(const std::optional<QString> &value, qsizetype column)
     if (!value)
         return NotSet.toString();
     QStringList lines = value->split(QLatin1Char('\n'));
-    std::transform(lines.begin(), lines.end(), lines.begin(), Console::oneLine);
+    std::transform(lines.begin(), lines.end(), lines.begin(), oneLine);
     return lines.join(QLatin1Char('\n') + spaces(column));
 }
 

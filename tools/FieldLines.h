@@ -2,12 +2,12 @@
 #ifndef KORMAK_TOOLS_FIELDLINES_H
 #define KORMAK_TOOLS_FIELDLINES_H
 
-#include <tools/Field.h>
+#include <inspection/FieldTable_p.h>
 
 #include <QString>
 #include <QStringList>
 
 /// One line per field that people need to see, aligned; the lines of texts that have several follow.
-[[nodiscard]] QStringList fieldLines(const FieldTable &table, const void *object);
+[[nodiscard]] QStringList fieldLines(const KORMAK::Inspection::FieldTable &table, const void *object);
 
 #endif

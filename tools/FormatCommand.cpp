@@ -1,15 +1,17 @@
-#include <objectbase/TesselException.h>
+#include <inspection/Rewriting_p.h>
 #include <tools/Command.h>
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
 #include <tools/LimitOptions.h>
 #include <tools/ListOf.h>
 #include <tools/Output.h>
-#include <tools/XmlLosses.h>
 
 #include <QCommandLineParser>
 
 #include <algorithm>
+
+using namespace KORMAK;
+using namespace KORMAK::Inspection;
 
 namespace {
 
@@ -26,60 +28,34 @@ QList<QCommandLineOption> options()
                            QStringLiteral("Write even if comments are lost."))));
 }
 
-/// \throws DocumentError when the document is not complete: nothing would be written
-QByteArray canonicalText(const Document &document)
+bool isComment(const FindingData &loss)
 {
-    checkDocument(document);
-    if (!document.object->HasData())
-        throwAtRoot(document, stateOf(document));
-    try {
-        return document.object->GetXmlString().toUtf8();
-    } catch (const TESSEL::TesselException &exception) {
-        throwAtRoot(document, exception.GetErrorMessage());
-    }
+    return loss.id == FindingId::LostComment;
 }
 
-void complainAboutLosses(const QString &path, const Document &document, const std::vector<XmlLoss> &losses)
+void complainAboutLosses(const QString &path, const FileDocument &document, const Findings &losses)
 {
-    Findings findings;
-    for (const XmlLoss &loss : losses)
-        findings.push_back({loss.offset, loss.message});
-    complainAbout(path, document, u"loss", findings);
-    const bool hasComments =
-        std::any_of(losses.begin(), losses.end(), [](const XmlLoss &loss) { return loss.isComment; });
+    complainAbout(path, document, u"loss", losses);
+    const bool hasComments = std::any_of(losses.begin(), losses.end(), isComment);
     Console::complain(
         complaintLine(path, std::nullopt, u"error",
                       QStringLiteral("not written, since the lines above would be lost"))
         + (hasComments ? QStringLiteral(" (--drop-comments allows to lose comments)") : QString()));
 }
 
-std::vector<XmlLoss> lossesIn(const QByteArray &text, const XmlTree &original, const XmlDefaults &defaults,
-                              bool dropsComments)
-{
-    std::vector<XmlLoss> losses = findLosses(original, XmlTree(text), defaults);
-    if (dropsComments) {
-        losses.erase(
-            std::remove_if(losses.begin(), losses.end(), [](const XmlLoss &loss) { return loss.isComment; }),
-            losses.end());
-    }
-    return losses;
-}
-
 /// Writes the document to \a target unless it cannot be written or something of it would be lost.
 /// \throws DocumentError
-ExitStatus format(Document &document, const QString &source, const QString &target, bool dropsComments)
+ExitStatus format(FileDocument &document, const QString &source, const QString &target, bool dropsComments)
 {
-    const DocumentKind &kind = *document.kind;
     const bool replacesSource = target == source || InputFile::stateOf(target).isSameFile(document.source);
-    if (kind.obstacles) {
-        const Findings obstacles = kind.obstacles(*document.object, document.tree);
-        complainAbout(source, document, u"error", obstacles);
-        if (!obstacles.empty())
-            return Faulty;
-    }
-    const QByteArray text = canonicalText(document);
-    document.object.reset(); // large documents would stand in memory many times over
-    const auto losses = lossesIn(text, document.tree, kind.defaults, dropsComments);
+    auto [obstacles, refusal, text, losses] = rewrite(document);
+    complainAbout(source, document, u"error", obstacles);
+    if (!obstacles.empty())
+        return Faulty;
+    if (refusal)
+        throwRejection(*refusal, document.text);
+    if (dropsComments)
+        losses.erase(std::remove_if(losses.begin(), losses.end(), isComment), losses.end());
     if (losses.empty()) {
         const SourceText original{document.text, document.source};
         return writeOutput(text, target, replacesSource ? &original : nullptr);
@@ -115,10 +91,10 @@ ExitStatus run(const QCommandLineParser &parser)
     const TESSEL::ReadingLimits limits = limitsOf(parser);
     ExitStatus worst = Good;
     for (int i = 0; i < static_cast<int>(sources.size()); ++i) {
-        const auto formatIt = [&](Document &document) {
+        const auto formatIt = [&](FileDocument &document) {
             return format(document, sources[i], targets[static_cast<std::size_t>(i)], dropsComments);
         };
-        worst = std::max(worst, onDocument(sources[i], XmlTree::Extent::Whole, limits, formatIt));
+        worst = std::max(worst, onDocument(sources[i], limits, formatIt));
     }
     return worst;
 }

@@ -7,7 +7,13 @@
 
 #include <limits>
 
+using namespace KORMAK::Inspection;
+
 namespace {
+
+constexpr QStringView AttributesLimit = u"limit-attributes";
+constexpr QStringView DepthLimit = u"limit-depth";
+constexpr QStringView EntitiesLimit = u"limit-entities";
 
 QCommandLineOption limitOption(QStringView name, const QString &what, qint64 standard)
 {
@@ -54,7 +60,12 @@ TESSEL::ReadingLimits limitsOf(const QCommandLineParser &parser)
     return limits;
 }
 
-QString withOption(const QString &message, QStringView option)
+QString withOption(const QString &message, ReadingLimit limit)
 {
+    if (limit == ReadingLimit::None || message.isEmpty())
+        return message;
+    const QStringView option = limit == ReadingLimit::Attributes ? AttributesLimit
+        : limit == ReadingLimit::Depth                           ? DepthLimit
+                                                                 : EntitiesLimit;
     return message + QStringLiteral(" (--%1 sets the limit)").arg(option);
 }

@@ -1,66 +1,53 @@
+#include <inspection/Json_p.h>
+#include <inspection/NameLists_p.h>
+#include <inspection/Vocabulary.h>
 #include <tools/Command.h>
 #include <tools/Console.h>
-#include <tools/Json.h>
 #include <tools/ListOf.h>
-#include <tools/NameLists.h>
 #include <tools/OutputFormat.h>
 #include <tools/TextLayout.h>
 #include <tools/Usage.h>
 
 #include <QCommandLineParser>
 
-#include <algorithm>
 #include <vector>
+
+using namespace KORMAK;
+using namespace KORMAK::Inspection;
 
 namespace {
 
-const NameList &findList(const QString &name)
+Vocabulary vocabularyCalled(const QString &name)
 {
-    const auto found = std::find_if(allNameLists().begin(), allNameLists().end(),
-                                    [&name](const NameList *list) { return list->name == name; });
-    if (found == allNameLists().end())
+    const Vocabulary vocabulary = FindVocabulary(name);
+    if (vocabulary.IsNull())
         throw Usage::unknown(QStringLiteral("vocabulary"), name, nameListNames());
-    return **found;
+    return vocabulary;
 }
 
-void printLists()
+void printVocabularies()
 {
     std::vector<TextLayout::Row> rows;
-    for (const NameList *list : allNameLists())
-        rows.push_back({list->name.toString(), list->holds.toString()});
+    const QVector<Vocabulary> all = GetVocabularies();
+    for (const Vocabulary &vocabulary : all)
+        rows.push_back({vocabulary.GetName(), vocabulary.GetDescription()});
     Console::write(TextLayout::twoColumns(rows));
 }
 
-void printListsAsJson()
+void printVocabulariesAsJson()
 {
     JsonWriter json(JsonWriter::Layout::Indented);
     json.array(nameListNames());
     Console::print(json.text());
 }
 
-void print(const NameList &list)
+void print(const Vocabulary &vocabulary)
 {
     constexpr int NumberWidth = 2;
-    const QList<qint32> values = list.values();
-    for (const qint32 value : values)
-        Console::print(QString::number(value).rightJustified(NumberWidth) + QStringLiteral("  ")
-                       + list.nameOf(value) + list.difference(value));
-}
-
-void printAsJson(const NameList &list)
-{
-    JsonWriter json(JsonWriter::Layout::Indented);
-    json.beginArray();
-    const QList<qint32> values = list.values();
-    for (const qint32 value : values) {
-        json.beginObject();
-        json.member(u"value", QString::number(value));
-        json.member(u"name", jsonText(list.nameOf(value)));
-        json.member(u"written", jsonTextOrNull(list.writtenAs(value)));
-        json.endObject();
-    }
-    json.endArray();
-    Console::print(json.text());
+    const QVector<Vocabulary::Entry> entries = vocabulary.GetEntries();
+    for (const auto &[value, name, written] : entries)
+        Console::print(QString::number(value).rightJustified(NumberWidth) + QStringLiteral("  ") + name
+                       + writtenDifference(name, written));
 }
 
 ExitStatus run(const QCommandLineParser &parser)
@@ -68,11 +55,11 @@ ExitStatus run(const QCommandLineParser &parser)
     const bool isJson = outputFormat(parser) == OutputFormat::Json;
     const QStringList names = parser.positionalArguments();
     if (names.isEmpty()) {
-        isJson ? printListsAsJson() : printLists();
+        isJson ? printVocabulariesAsJson() : printVocabularies();
         return Good;
     }
-    const NameList &list = findList(names.constFirst());
-    isJson ? printAsJson(list) : print(list);
+    const Vocabulary vocabulary = vocabularyCalled(names.constFirst());
+    isJson ? Console::print(QString::fromUtf8(vocabulary.GetJson())) : print(vocabulary);
     return Good;
 }
 

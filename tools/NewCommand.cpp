@@ -1,12 +1,13 @@
+#include <inspection/DocumentKind_p.h>
+#include <inspection/FieldAssignment_p.h>
+#include <inspection/FieldDiff_p.h>
+#include <inspection/Obstacles_p.h>
+#include <inspection/QuotedText_p.h>
 #include <objectbase/ITesselObject.h>
 #include <objectbase/TesselException.h>
 #include <tools/Command.h>
 #include <tools/Console.h>
-#include <tools/DocumentKind.h>
-#include <tools/FieldAssignment.h>
-#include <tools/FieldDiff.h>
 #include <tools/ListOf.h>
-#include <tools/Obstacles.h>
 #include <tools/Output.h>
 #include <tools/Terminal.h>
 #include <tools/TextLayout.h>
@@ -15,6 +16,8 @@
 #include <QCommandLineParser>
 
 #include <algorithm>
+
+using namespace KORMAK::Inspection;
 
 namespace {
 
@@ -50,7 +53,7 @@ const DocumentKind &kindNamed(const QString &name)
 void listFields(const DocumentKind &kind)
 {
     std::vector<TextLayout::Row> rows;
-    for (const SettableField &field : settableFields(*kind.fields))
+    for (const SettableField &field : settableFields(kind.fields()))
         rows.push_back({field.path, field.allowed});
     Console::write(TextLayout::twoColumns(rows));
 }
@@ -94,7 +97,7 @@ void warnOfLosses(const DocumentKind &kind, const ITesselObject &object, const Q
     const auto readBack = kind.create();
     (void)readBack->SetXmlString(text, true);
     for (const FieldDifference &difference :
-         differences(*kind.fields, kind.address(object), kind.address(*readBack))) {
+         differences(kind.fields(), kind.address(object), kind.address(*readBack))) {
         const bool wasSet = std::any_of(wanted.begin(), wanted.end(), [&difference](const auto &assignment) {
             return isIn(assignment.path, difference.path) || isIn(difference.path, assignment.path);
         });
@@ -110,7 +113,7 @@ ExitStatus make(const DocumentKind &kind, const QStringList &settings, const QSt
     const auto object = kind.create();
     std::vector<FieldAssignment> wanted;
     try {
-        wanted = assignments(*kind.fields, settings);
+        wanted = assignments(kind.fields(), settings);
         for (const FieldAssignment &assignment : wanted)
             assign(assignment, addressIn(kind, *object));
     } catch (const FieldError &error) {
@@ -121,7 +124,7 @@ ExitStatus make(const DocumentKind &kind, const QStringList &settings, const QSt
         text = textOf(kind, *object);
     } catch (const Incomplete &incomplete) {
         for (const QString &complaint : incomplete.complaints)
-            Console::complain(start(u"error") + Console::oneLine(complaint));
+            Console::complain(start(u"error") + oneLine(complaint));
         return Faulty;
     }
     const ExitStatus status = writeOutput(text.toUtf8(), target);

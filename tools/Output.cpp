@@ -65,7 +65,7 @@ bool hasChanged(const QString &path, const SourceText &source)
     try {
         const SourceText now = readText(path);
         return !(now.source == source.source) || now.text != source.text;
-    } catch (const DocumentError &) {
+    } catch (const KORMAK::Inspection::DocumentError &) {
         return true;
     }
 }

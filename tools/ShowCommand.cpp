@@ -1,35 +1,22 @@
+#include <inspection/DocumentJson_p.h>
 #include <tools/Command.h>
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
 #include <tools/FieldLines.h>
-#include <tools/Json.h>
 #include <tools/LimitOptions.h>
 #include <tools/ListOf.h>
-#include <tools/Obstacles.h>
 #include <tools/OutputFormat.h>
 
 #include <QCommandLineParser>
 
+using namespace KORMAK::Inspection;
+
 namespace {
 
-QString jsonOf(const Document &document)
+void printText(const FileDocument &document)
 {
-    const auto reason = whyIncomplete(*document.object);
-    JsonWriter json(JsonWriter::Layout::Indented);
-    json.beginObject();
-    json.member(u"kind", jsonText(document.kind->rootElement));
-    json.member(u"complete", jsonBool(!reason));
-    json.member(u"reason", jsonTextOrNull(reason.value_or(QString())));
-    json.key(u"fields");
-    json.fields(*document.kind->fields, document.kind->address(*document.object));
-    json.endObject();
-    return json.text();
-}
-
-void printText(const Document &document)
-{
-    Console::print(stateOf(document));
-    const QStringList lines = fieldLines(*document.kind->fields, document.kind->address(*document.object));
+    Console::print(stateOf(*document.kind, *document.object));
+    const QStringList lines = fieldLines(document.kind->fields(), document.kind->address(*document.object));
     for (const QString &line : lines)
         Console::print(line);
 }
@@ -37,15 +24,14 @@ void printText(const Document &document)
 ExitStatus run(const QCommandLineParser &parser)
 {
     const OutputFormat format = outputFormat(parser);
-    const auto show = [format](const Document &document) {
+    const auto show = [format](const FileDocument &document) {
         if (format == OutputFormat::Json)
-            Console::print(jsonOf(document));
+            Console::print(fieldsJson(*document.kind, *document.object));
         else
             printText(document);
         return Good;
     };
-    return onDocument(parser.positionalArguments().constFirst(), XmlTree::Extent::UpToRoot, limitsOf(parser),
-                      show);
+    return onDocument(parser.positionalArguments().constFirst(), limitsOf(parser), show);
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include <inspection/QuotedText_p.h>
 #include <tools/Command.h>
 #include <tools/Console.h>
 #include <tools/Tool.h>
@@ -20,6 +21,8 @@
 #include <exception>
 #include <iterator>
 #include <new>
+
+using namespace KORMAK::Inspection;
 
 namespace {
 
@@ -81,8 +84,7 @@ ExitStatus run(const QStringList &arguments)
         return status;
     } catch (const UsageError &error) {
         const QString name = command ? QLatin1Char(' ') + arguments.at(1) : QString();
-        Console::complain(QStringLiteral("kormak") + name + QStringLiteral(": ")
-                          + Console::oneLine(error.message));
+        Console::complain(QStringLiteral("kormak") + name + QStringLiteral(": ") + oneLine(error.message));
         return Failed;
     }
 }

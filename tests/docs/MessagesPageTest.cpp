@@ -2,22 +2,14 @@
 
 #include "Page.h"
 
-#include <kormak/ActivityGenerationData.h>
-#include <kormak/AutomaticWorkflow.h>
-#include <kormak/GenericReceiver.h>
-#include <kormak/Job.h>
-#include <kormak/JobHeader.h>
-#include <kormak/Parameter.h>
-#include <objectbase/AntennaData.h>
-#include <objectbase/Area.h>
-#include <objectbase/TesselException.h>
+#include <objectbase/DocumentTable_p.h>
+#include <objectbase/Messages_p.h>
+#include <tests/support/DocumentKinds.h>
 
 #include <QTemporaryDir>
 #include <QtTest>
-#include <QXmlStreamReader>
 
 #include <functional>
-#include <memory>
 
 using namespace KORMAK;
 using namespace TESSEL;
@@ -39,54 +31,84 @@ QString objectNameIn(const QString &path)
     return others.value(file, file);
 }
 
-/// The message of one call, \a function, with the text literals among its arguments.
+/// The message of one call of \a function, with the text literals among its arguments.
 QString messageOf(const QString &function, const QString &object, const QString &arguments)
 {
     static const QRegularExpression literal("u\"([^\"]*)\"");
-    const QString text = literal.match(arguments).captured(1);
-    if (function == "throwUnknownTag")
-        return "Unknown Tag '%1' in '%2'.";
-    if (arguments.contains("errorString()"))
-        return WordsOfReader;
-    if (text.isEmpty())
-        return "not understood: " + function + '(' + arguments;
-    if (function == "throwPleaseSet")
-        return object + ": Please set " + text;
-    if (function == "throwInvalid" || function == "storeValid")
-        return object + ": Invalid " + text + " '%2'";
-    return function == "throwMessage" ? object + ": " + text : text;
+    const QString field = literal.match(arguments).captured(1);
+    const QMap<QString, QString> messages{
+        {"unknownTag", Messages::unknownTag("%2", u"%1")},
+        {"unknownParameter", Messages::unknownParameter("%2", "%1")},
+        {"antennaDataRefused", Messages::antennaDataRefused("%2", "%1")},
+        {"cannotOpen", Messages::cannotOpen("%1")},
+        {"corrupted", Messages::corrupted(object)},
+        {"notRepresentable", Messages::notRepresentable(object)},
+        {"pleaseSet", Messages::pleaseSet(object, field)},
+        {"invalid", Messages::invalid(object, field, "%2")},
+        {"storeValid", Messages::invalid(object, field, "%2")},
+    };
+    const bool needsField = function == "pleaseSet" || function == "invalid" || function == "storeValid";
+    return needsField && field.isEmpty() ? QString()
+                                         : messages.value(function, "not understood: " + function);
+}
+
+/// What the tables ask for and refuse.
+void addMessagesOf(QSet<QString> &messages, const ObjectTable &table)
+{
+    const QString name = table.name.toString();
+    for (const auto &rows : {table.attributes, table.elements}) {
+        for (const Row &row : rows) {
+            if (row.part && row.part->enter)
+                addMessagesOf(messages, row.part->table());
+            else if (!row.requiredAs.isNull())
+                messages += Messages::pleaseSet(name, row.requiredAs);
+        }
+    }
 }
 
 QSet<QString> messagesInSources()
 {
     QSet<QString> messages;
+    addMessagesOf(messages, DocumentTables::of<Job>());
+    addMessagesOf(messages, DocumentTables::of<AutomaticWorkflow>());
+    addMessagesOf(messages, DocumentTables::of<ActivityGenerationData>());
+    addMessagesOf(messages, DocumentTables::of<GenericReceiver>());
     static const QRegularExpression call(
-        "\\b(throwPleaseSet|throwInvalid|throwMessage|throwUnknownTag|storeValid|throw [\\w:]+)\\(([^;]*);");
+        "\\b(?:fail\\(Messages::(\\w+)|(storeValid)|throw [\\w:]+)\\(([^;]*);");
+    static const QRegularExpression ofReader("\\bfail\\(reader\\.errorString\\(\\)\\);");
     for (const char *folder : {"objectbase", "kormak"}) {
-        const QStringList paths = Page::filesIn(folder, {"*.cpp", "*.h"});
+        const QStringList paths = Page::pathsIn(folder, {"*.cpp", "*.h"});
         for (const QString &path : paths) {
             if (path == "objectbase/Messages_p.h") // the functions that are looked for
                 continue;
-            auto found = call.globalMatch(Page::contentOf(path));
+            const QString content = Page::contentOf(path);
+            auto found = call.globalMatch(content);
             while (found.hasNext()) {
                 const auto match = found.next();
-                messages += messageOf(match.captured(1), objectNameIn(path), match.captured(2));
+                const QString function = match.captured(1) + match.captured(2);
+                if (match.captured(0).startsWith("throw FieldError")) // not to callers of this library
+                    continue;
+                const QString message = messageOf(function, objectNameIn(path), match.captured(3));
+                if (!message.isEmpty())
+                    messages += message;
             }
+            if (ofReader.match(content).hasMatch())
+                messages += WordsOfReader;
         }
     }
     return messages;
 }
 
-struct Row {
+struct PageRow {
     QString message;
     QString example;
     QString outcome; ///< the message that the example brings about
 };
 
 /// The rows of the page whose first cell is a message.
-QList<Row> rowsOfPage()
+QList<PageRow> rowsOfPage()
 {
-    QList<Row> rows;
+    QList<PageRow> rows;
     const auto sections = Page::sectionsOf("docs/messages.md");
     for (const auto &section : sections) {
         for (const QStringList &cells : section.rows) {
@@ -98,31 +120,13 @@ QList<Row> rowsOfPage()
     return rows;
 }
 
-std::unique_ptr<ITesselObject> objectNamed(const QString &name)
-{
-    std::unique_ptr<ITesselObject> objects[] = {
-        std::make_unique<Job>(),
-        std::make_unique<JobHeader>(),
-        std::make_unique<AntennaData>(),
-        std::make_unique<Area>(),
-        std::make_unique<AutomaticWorkflow>(),
-        std::make_unique<ActivityGenerationData>(),
-        std::make_unique<Parameter>(),
-        std::make_unique<GenericReceiver>(),
-    };
-    for (auto &object : objects) {
-        if (object->GetObjectName() == name)
-            return std::move(object);
-    }
-    return nullptr;
-}
-
 void readAndCheck(const QString &document)
 {
-    QXmlStreamReader reader(document);
-    reader.readNextStartElement();
-    const auto object = objectNamed(reader.name().toString());
-    if (object && object->SetXmlString(document, true))
+    const QString root = TestSupport::rootOf(document);
+    if (!TestSupport::kinds().contains(root))
+        return;
+    const auto object = TestSupport::newObject(root);
+    if (object->SetXmlString(document, true))
         object->Check();
 }
 
@@ -169,14 +173,6 @@ QMap<QString, std::function<void()>> calls()
     };
 }
 
-QString errorOfReader(const QString &document)
-{
-    QXmlStreamReader reader(document);
-    while (!reader.atEnd())
-        reader.readNext();
-    return reader.errorString();
-}
-
 } // namespace
 
 class MessagesPageTest : public QObject {
@@ -206,7 +202,7 @@ void MessagesPageTest::messagesAreThoseOfTheSources()
 {
     QStringList onPage;
     const auto rows = rowsOfPage();
-    for (const Row &row : rows)
+    for (const PageRow &row : rows)
         onPage += row.message;
     onPage.sort();
     QStringList inSources = messagesInSources().values();
@@ -219,7 +215,7 @@ void MessagesPageTest::everyCallIsAnExample()
 {
     QStringList onPage;
     const auto rows = rowsOfPage();
-    for (const Row &row : rows) {
+    for (const PageRow &row : rows) {
         if (!row.example.startsWith('<') && row.example != NoExample)
             onPage += row.example;
     }
@@ -234,7 +230,7 @@ void MessagesPageTest::example_data()
     QTest::addColumn<QString>("outcome");
 
     const auto rows = rowsOfPage();
-    for (const Row &row : rows) {
+    for (const PageRow &row : rows) {
         if (row.example != NoExample)
             QTest::newRow(qPrintable(row.message)) << row.message << row.example << row.outcome;
     }
@@ -247,7 +243,7 @@ void MessagesPageTest::example()
     QFETCH(QString, outcome);
 
     if (message == WordsOfReader) {
-        outcome = errorOfReader(example);
+        outcome = TestSupport::errorOfReader(example);
     } else {
         QString pattern = QRegularExpression::escape(message);
         pattern.replace(QRegularExpression("\\\\%[12]"), ".+");

@@ -2,8 +2,8 @@
 #ifndef KORMAK_PAGE_H
 #define KORMAK_PAGE_H
 
-#include <QDir>
-#include <QFile>
+#include <tests/support/Files.h>
+
 #include <QList>
 #include <QRegularExpression>
 #include <QStringList>
@@ -12,17 +12,14 @@ namespace Page {
 
 inline QString contentOf(const QString &path)
 {
-    QFile file(QDir(QStringLiteral(SOURCE_DIR)).filePath(path));
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    return TestSupport::textOf(QDir(SOURCE_DIR).filePath(path));
 }
 
 /// The files of a folder, with their path from the root of the project.
-inline QStringList filesIn(const QString &folder, const QStringList &patterns)
+inline QStringList pathsIn(const QString &folder, const QStringList &patterns)
 {
     QStringList paths;
-    const auto names =
-        QDir(QDir(QStringLiteral(SOURCE_DIR)).filePath(folder)).entryList(patterns, QDir::Files, QDir::Name);
-    for (const QString &name : names)
+    for (const QString &name : TestSupport::namesIn(QDir(SOURCE_DIR).filePath(folder), patterns))
         paths += folder + '/' + name;
     return paths;
 }

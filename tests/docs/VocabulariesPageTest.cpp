@@ -187,7 +187,7 @@ void VocabulariesPageTest::everyEnumerationIsAVocabulary()
         described += vocabulary.header + ' ' + vocabulary.enumeration;
     QStringList declared;
     for (const char *folder : {"objectbase", "kormak"}) {
-        const QStringList headers = Page::filesIn(folder, {"*.h"});
+        const QStringList headers = Page::pathsIn(folder, {"*.h"});
         for (const QString &header : headers) {
             const QStringList enumerations = enumerationsIn(header).keys();
             for (const QString &enumeration : enumerations)

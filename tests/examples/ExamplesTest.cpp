@@ -1,35 +1,22 @@
 // The tool on the documents of examples/, compared with what examples/README.md says of them.
 
-#include <QDir>
-#include <QFile>
-#include <QProcess>
+#include <tests/support/Files.h>
+#include <tests/support/ToolSupport.h>
+
 #include <QRegularExpression>
 #include <QtTest>
 
 namespace {
 
-struct Outcome {
-    int exitCode;
-    QString output;
-    QString errors;
-};
-
 /// Runs the tool in the folder of the examples.
-Outcome runTool(const QStringList &arguments)
+ToolSupport::Run runTool(const QStringList &arguments)
 {
-    QProcess tool;
-    tool.setWorkingDirectory(QStringLiteral(EXAMPLES_DIR));
-    tool.start(QStringLiteral(KORMAK_TOOL), arguments, QIODevice::ReadOnly);
-    if (!tool.waitForFinished() || tool.exitStatus() != QProcess::NormalExit)
-        return {-1, {}, tool.errorString()};
-    return {tool.exitCode(), QString::fromUtf8(tool.readAllStandardOutput()),
-            QString::fromUtf8(tool.readAllStandardError())};
+    return ToolSupport::runTool(EXAMPLES_DIR, arguments);
 }
 
 QString contentOf(const QString &path)
 {
-    QFile file(QDir(QStringLiteral(EXAMPLES_DIR)).filePath(path));
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    return TestSupport::textOf(QDir(EXAMPLES_DIR).filePath(path));
 }
 
 /// The part of the README under a heading, up to the next one.
@@ -61,7 +48,7 @@ QList<QStringList> rowsOf(const QString &text)
 
 QStringList filesIn(const QString &folder)
 {
-    return QDir(QDir(QStringLiteral(EXAMPLES_DIR)).filePath(folder)).entryList(QDir::Files, QDir::Name);
+    return TestSupport::namesIn(QDir(EXAMPLES_DIR).filePath(folder));
 }
 
 QStringList filesOf(const QList<QStringList> &rows)
@@ -138,17 +125,16 @@ void ExamplesTest::jobs()
     const QString state = complete
         ? QStringLiteral("Job, complete")
         : QStringLiteral("Job, not complete: the library accepts it but would write nothing for it");
-    const Outcome check = runTool({QStringLiteral("check"), file});
+    const ToolSupport::Run check = runTool({QStringLiteral("check"), file});
     const QRegularExpression oneWarning(
         QStringLiteral("^%1:\\d+:\\d+: warning: [^\n]+\n$").arg(QRegularExpression::escape(file)));
-    QVERIFY2(complete ? check.errors.isEmpty() : oneWarning.match(check.errors).hasMatch(),
-             qPrintable(check.errors));
-    QCOMPARE(check.output, file + QStringLiteral(": ") + state + QLatin1Char('\n'));
-    QCOMPARE(check.exitCode, 0);
+    QVERIFY2(complete ? check.err.isEmpty() : oneWarning.match(check.err).hasMatch(), qPrintable(check.err));
+    QCOMPARE(check.out, file + QStringLiteral(": ") + state + QLatin1Char('\n'));
+    QCOMPARE(check.status, 0);
 
-    const Outcome format = runTool({QStringLiteral("format"), file});
-    QCOMPARE(format.output, complete ? contentOf(file) : QString());
-    QCOMPARE(format.exitCode, complete ? 0 : 1);
+    const ToolSupport::Run format = runTool({QStringLiteral("format"), file});
+    QCOMPARE(format.out, complete ? contentOf(file) : QString());
+    QCOMPARE(format.status, complete ? 0 : 1);
 }
 
 void ExamplesTest::settingsAndReceivers_data()
@@ -176,18 +162,18 @@ void ExamplesTest::settingsAndReceivers()
     QFETCH(bool, isKept);
 
     const bool isFaulty = saying.contains(QStringLiteral(": error: "));
-    const Outcome check = runTool({QStringLiteral("check"), file});
+    const ToolSupport::Run check = runTool({QStringLiteral("check"), file});
     const QString line =
         file + (isFaulty ? QStringLiteral(":") : QStringLiteral(": ")) + saying + QLatin1Char('\n');
     if (isFaulty)
-        QCOMPARE(withoutNames(check.errors).section(QLatin1Char('\n'), -2), line); // behind a warning
-    QCOMPARE(check.output, isFaulty ? QString() : line);
-    QCOMPARE(check.exitCode, isFaulty ? 1 : 0);
+        QCOMPARE(withoutNames(check.err).section(QLatin1Char('\n'), -2), line); // behind a warning
+    QCOMPARE(check.out, isFaulty ? QString() : line);
+    QCOMPARE(check.status, isFaulty ? 1 : 0);
 
-    const Outcome format = runTool({QStringLiteral("format"), file});
-    QCOMPARE(format.output, isKept ? contentOf(file) : QString());
-    QCOMPARE(format.errors.isEmpty(), isKept);
-    QCOMPARE(format.exitCode, isKept ? 0 : 1);
+    const ToolSupport::Run format = runTool({QStringLiteral("format"), file});
+    QCOMPARE(format.out, isKept ? contentOf(file) : QString());
+    QCOMPARE(format.err.isEmpty(), isKept);
+    QCOMPARE(format.status, isKept ? 0 : 1);
 }
 
 void ExamplesTest::faulty_data()
@@ -215,10 +201,10 @@ void ExamplesTest::faulty()
     QString errors;
     for (const QString &complaint : complaints)
         errors += file + QLatin1Char(':') + complaint + QLatin1Char('\n');
-    const Outcome check = runTool({QStringLiteral("check"), file});
-    QCOMPARE(withoutNames(check.errors), errors);
-    QCOMPARE(check.output, QString());
-    QCOMPARE(check.exitCode, 1);
+    const ToolSupport::Run check = runTool({QStringLiteral("check"), file});
+    QCOMPARE(withoutNames(check.err), errors);
+    QCOMPARE(check.out, QString());
+    QCOMPARE(check.status, 1);
 }
 
 void ExamplesTest::malformed_data()
@@ -238,13 +224,13 @@ void ExamplesTest::malformed()
     QFETCH(QString, file);
     QFETCH(QString, place);
 
-    const Outcome check = runTool({QStringLiteral("check"), file});
+    const ToolSupport::Run check = runTool({QStringLiteral("check"), file});
     const QRegularExpression oneMessage(
         QStringLiteral("^%1:%2: error: [^\n]+\n$")
             .arg(QRegularExpression::escape(file), QRegularExpression::escape(place)));
-    QVERIFY2(oneMessage.match(check.errors).hasMatch(), qPrintable(check.errors));
-    QCOMPARE(check.output, QString());
-    QCOMPARE(check.exitCode, 1);
+    QVERIFY2(oneMessage.match(check.err).hasMatch(), qPrintable(check.err));
+    QCOMPARE(check.out, QString());
+    QCOMPARE(check.status, 1);
 }
 
 void ExamplesTest::readmeShowsTheProgram()

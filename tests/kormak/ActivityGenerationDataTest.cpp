@@ -1,19 +1,17 @@
-#include "SettingsSamples.h"
-
 #include <kormak/ActivityGenerationData.h>
+#include <tests/support/Files.h>
+#include <tests/support/LocaleRuns.h>
+#include <tests/support/Objects.h>
+#include <tests/support/RowNames.h>
+#include <tests/support/VocabularyChecks.h>
 
 #include <array>
 #include <cfloat>
 #include <cmath>
 #include <limits>
-#include <tests/LocaleRuns.h>
-#include <tests/RowNames.h>
-#include <tests/TestSupport.h>
-#include <tests/VocabularyChecks.h>
 #include <type_traits>
 
 using namespace KORMAK;
-using namespace SettingsSamples;
 using namespace TestSupport;
 using Data = ActivityGenerationData;
 using Mode = Data::ActivityGenerationMode;
@@ -1282,13 +1280,13 @@ void ActivityGenerationDataTest::examples()
     QFETCH(QString, path);
     QFETCH(QString, document);
 
-    const QStringList paths = SettingsSamples::examples(path);
+    const QStringList paths = pathsIn(EXAMPLES_DIR "/settings", {path});
     QCOMPARE(paths.size(), 1);
-    QCOMPARE(SettingsSamples::examples("activity-generation*.xml").size(), 3);
+    QCOMPARE(namesIn(EXAMPLES_DIR "/settings", {"activity-generation*.xml"}).size(), 3);
     Data data;
     QVERIFY(data.LoadXml(paths.first()));
     QCOMPARE(data.GetXmlString(), document);
-    QCOMPARE(contentOf(paths.first()) == document, path == "activity-generation.xml");
+    QCOMPARE(TestSupport::textOf(paths.first()) == document, path == "activity-generation.xml");
 }
 
 /// Only the mode counts.

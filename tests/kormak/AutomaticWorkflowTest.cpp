@@ -1,18 +1,16 @@
-#include "SettingsSamples.h"
-
 #include <kormak/AutomaticWorkflow.h>
+#include <tests/support/Files.h>
+#include <tests/support/LocaleRuns.h>
+#include <tests/support/Objects.h>
+#include <tests/support/RowNames.h>
+#include <tests/support/VocabularyChecks.h>
 
 #include <QTemporaryDir>
 
 #include <limits>
-#include <tests/LocaleRuns.h>
-#include <tests/RowNames.h>
-#include <tests/TestSupport.h>
-#include <tests/VocabularyChecks.h>
 #include <type_traits>
 
 using namespace KORMAK;
-using namespace SettingsSamples;
 using namespace TestSupport;
 using TESSEL::Area;
 using TESSEL::Coordinate;
@@ -950,7 +948,7 @@ void AutomaticWorkflowTest::examples_data()
 {
     QTest::addColumn<QString>("path");
 
-    for (const QString &path : SettingsSamples::examples("automatic-workflow*.xml"))
+    for (const QString &path : pathsIn(EXAMPLES_DIR "/settings", {"automatic-workflow*.xml"}))
         QTest::newRow(qPrintable(QFileInfo(path).completeBaseName())) << path;
 }
 
@@ -959,7 +957,7 @@ void AutomaticWorkflowTest::examples_data()
 void AutomaticWorkflowTest::examples()
 {
     QFETCH(QString, path);
-    const QString content = contentOf(path);
+    const QString content = TestSupport::textOf(path);
     const bool isManual = content.contains("ManualMode");
     const bool isModeElement = content.contains("<Mode>");
 

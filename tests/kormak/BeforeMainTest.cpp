@@ -61,7 +61,7 @@ void BeforeMainTest::says_data()
     QTest::newRow("strategy") << "AutomaticWorkflow"
                               << "<SearchStrategy>LowestLevelFirst</SearchStrategy>";
     QTest::newRow("mode") << "ActivityGeneration"
-                          << "<Mode>AGMC</Mode>";
+                          << "<Mode>AGED</Mode>";
     QTest::newRow("parameter") << "GenericReceiver"
                                << "<ParameterType>DoubleList</ParameterType>";
     QTest::newRow("message") << "Message"

@@ -1,6 +1,5 @@
-#include "../VocabularyChecks.h"
-
 #include <kormak/ConnectableResourceType.h>
+#include <tests/support/VocabularyChecks.h>
 
 using namespace KORMAK;
 using ConnectableResourceType::ConnectableResourceTypeValue;

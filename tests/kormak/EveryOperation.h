@@ -2,10 +2,6 @@
 #ifndef KORMAK_EVERYOPERATION_H
 #define KORMAK_EVERYOPERATION_H
 
-#include "../TestSupport.h"
-#include "JobSamples.h"
-#include "ParameterSamples.h"
-
 #include <kormak/ActivityGenerationData.h>
 #include <kormak/AutomaticWorkflow.h>
 #include <kormak/GenericReceiver.h>
@@ -15,6 +11,8 @@
 #include <objectbase/Converters.h>
 #include <objectbase/ObjectTypes.h>
 #include <objectbase/ResourceType.h>
+#include <tests/support/Objects.h>
+#include <tests/support/Samples.h>
 
 #include <QTemporaryDir>
 
@@ -22,12 +20,6 @@ namespace EveryOperation {
 
 using namespace KORMAK;
 using namespace TESSEL;
-
-inline constexpr char ActivityGeneration[] =
-    "<ActivityGeneration Version=\"2.2\"><Mode>AGMC</Mode></ActivityGeneration>";
-inline constexpr char Workflow[] = "<AutomaticWorkflow Version=\"1.0\"><Mode>AutomaticMode</Mode>"
-                                   "<SearchStrategy>LowestLevelFirst</SearchStrategy>"
-                                   "<Area Version=\"1.0\"><Name>Coast</Name></Area></AutomaticWorkflow>";
 
 /// Every name of a vocabulary, and what has no name, both ways: "Name=value".
 template <class Enum, class ToName, class FromName>
@@ -51,22 +43,9 @@ QString writtenAndRead(const Document &object)
     return document + (isRead ? " read " : " not read ") + TestSupport::elementOf(read);
 }
 
-template <class Document>
-Document from(const char *element)
-{
-    Document object;
-    TestSupport::process(object, element);
-    return object;
-}
-
 inline Job completeJob()
 {
-    Job job;
-    job.SetJobHeader(TestSupport::completeHeader(JobType::TunerMCHF));
-    job.SetResourceType(ResourceType::Antenna);
-    job.GetAntennaData().SetName("Log-periodic North");
-    job.GetAntennaData().SetMinimumFrequency(1.5e6);
-    job.GetAntennaData().SetMaximumFrequency(30e6);
+    Job job = TestSupport::completeJob(JobType::TunerMCHF);
     job.GetAntennaData().SetPolarization(AntennaData::RightHandCircular);
     return job;
 }
@@ -166,8 +145,11 @@ inline QMap<QString, QString> everything()
         {"Job", writtenAndRead(completeJob())},
         {"AntennaData", writtenAndRead(completeJob().GetAntennaData())},
         {"Area", area()},
-        {"AutomaticWorkflow", writtenAndRead(from<AutomaticWorkflow>(Workflow))},
-        {"ActivityGeneration", writtenAndRead(from<ActivityGenerationData>(ActivityGeneration))},
+        {"AutomaticWorkflow",
+         writtenAndRead(TestSupport::objectFrom<AutomaticWorkflow>(TestSupport::wholeAutomaticWorkflow()))},
+        {"ActivityGeneration",
+         writtenAndRead(
+             TestSupport::objectFrom<ActivityGenerationData>(TestSupport::wholeActivityGeneration()))},
         {"Parameter", writtenAndRead(TestSupport::completeParameter(TestSupport::TypeCount - 1))},
         {"GenericReceiver", receiver()},
         {"Binary form", binaryForm()},

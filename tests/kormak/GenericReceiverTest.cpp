@@ -1,9 +1,9 @@
-#include "ParameterSamples.h"
-
 #include <kormak/GenericReceiver.h>
 #include <objectbase/Logger.h>
+#include <tests/support/Files.h>
+#include <tests/support/ObjectStates.h>
+#include <tests/support/Samples.h>
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -120,45 +120,26 @@ GenericReceiver receiverOf(const QVector<Parameter> &parameters)
     return receiver;
 }
 
-GenericReceiver readFrom(const QString &element)
-{
-    GenericReceiver receiver;
-    process(receiver, element);
-    return receiver;
-}
-
 QStringList keysOf(const GenericReceiver &receiver)
 {
     return receiver.GetParameterList().keys();
 }
 
 /// Everything that can be seen of \a receiver.
-QStringList stateOf(const GenericReceiver &receiver)
+QStringList everythingOf(const GenericReceiver &receiver)
 {
-    QStringList state{receiver.GetObjectName(), receiver.GetVersion()};
-    const ParameterMap &parameters = receiver.GetParameterList();
-    for (auto entry = parameters.begin(); entry != parameters.end(); ++entry) {
-        state.append("key " + entry.key());
-        const State fields = TestSupport::stateOf(entry.value());
-        for (auto field = fields.begin(); field != fields.end(); ++field)
-            state.append(field.key() + '=' + field.value());
-    }
-    return state;
+    return QStringList{receiver.GetObjectName()} + changes(State(), stateOf(receiver));
 }
 
 /// A file that lives as long as this object.
-class SampleFile {
-public:
+struct SampleFile {
     explicit SampleFile(const QByteArray &content, const QString &name = "receiver.xml")
-        : path(folder.filePath(name))
+        : path(writtenFile(folder.filePath(name), content))
     {
-        QFile file(path);
-        isWritten = file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
     }
 
     QTemporaryDir folder;
     QString path;
-    bool isWritten = false;
 };
 
 // The same list of parameters, not only an equal one.
@@ -185,13 +166,13 @@ void GenericReceiverTest::newReceiver()
 
 void GenericReceiverTest::reset()
 {
-    GenericReceiver receiver =
-        readFrom(receiverElement(parameterElement("a") + parameterElement("b"), "Version=\"7\""));
+    GenericReceiver receiver = objectFrom<GenericReceiver>(
+        receiverElement(parameterElement("a") + parameterElement("b"), "Version=\"7\""));
     QCOMPARE(keysOf(receiver), QStringList({"a", "b"}));
     QCOMPARE(receiver.GetVersion(), QString("7"));
 
     receiver.Reset();
-    QCOMPARE(stateOf(receiver), QStringList({"GenericReceiver", "1.0"}));
+    QCOMPARE(everythingOf(receiver), QStringList({"GenericReceiver", "Version=1.0"}));
 }
 
 void GenericReceiverTest::addParameter()
@@ -200,11 +181,11 @@ void GenericReceiverTest::addParameter()
     Parameter parameter = completeParameter(4, "b");
     receiver.AddParameter(parameter);
     receiver.AddParameter(completeParameter(7, "a"));
-    const State state = TestSupport::stateOf(parameter);
+    const State state = stateOf(parameter);
     parameter.SetDisplayName("changed");
 
     QCOMPARE(keysOf(receiver), QStringList({"a", "b"}));
-    QCOMPARE(TestSupport::stateOf(receiver.GetParameter("b")), state);
+    QCOMPARE(stateOf(receiver.GetParameter("b")), state);
     QVERIFY(receiver.GetParameter("a") == completeParameter(7, "a"));
 }
 
@@ -215,21 +196,20 @@ void GenericReceiverTest::addParameterReplaces()
     receiver.AddParameter(second);
 
     QCOMPARE(keysOf(receiver), QStringList({"a", "b"}));
-    QCOMPARE(TestSupport::stateOf(receiver.GetParameter("a")), TestSupport::stateOf(second));
+    QCOMPARE(stateOf(receiver.GetParameter("a")), stateOf(second));
     QVERIFY(receiver.GetParameter("b") == completeParameter(4, "b"));
 }
 
 void GenericReceiverTest::addParameterOfTheReceiverItself()
 {
     GenericReceiver receiver = receiverOf({completeParameter(4, "a"), completeParameter(1, "b")});
-    const QStringList state = stateOf(receiver);
+    const QStringList state = everythingOf(receiver);
 
     receiver.AddParameter(receiver.GetParameterList()["a"]);
-    QCOMPARE(stateOf(receiver), state);
+    QCOMPARE(everythingOf(receiver), state);
     receiver.GetParameterList()["a"].SetUniqueParameterName("b");
     receiver.AddParameter(receiver.GetParameterList()["a"]);
-    QCOMPARE(TestSupport::stateOf(receiver.GetParameter("b")),
-             TestSupport::stateOf(receiver.GetParameter("a")));
+    QCOMPARE(stateOf(receiver.GetParameter("b")), stateOf(receiver.GetParameter("a")));
 }
 
 void GenericReceiverTest::emptyNameIsAName()
@@ -239,8 +219,8 @@ void GenericReceiverTest::emptyNameIsAName()
     receiver.AddParameter(Parameter());
 
     QCOMPARE(receiver.GetParameterList().size(), 1);
-    QCOMPARE(TestSupport::stateOf(receiver.GetParameter("")), TestSupport::stateOf(Parameter()));
-    QCOMPARE(TestSupport::stateOf(receiver.GetParameter(QString())), TestSupport::stateOf(Parameter()));
+    QCOMPARE(stateOf(receiver.GetParameter("")), stateOf(Parameter()));
+    QCOMPARE(stateOf(receiver.GetParameter(QString())), stateOf(Parameter()));
     process(receiver, receiverElement("<Parameter><ToolTip>T</ToolTip></Parameter>"));
     QCOMPARE(receiver.GetParameterList().size(), 1);
     QCOMPARE(receiver.GetParameter("").GetToolTip(), QString("T"));
@@ -270,11 +250,11 @@ void GenericReceiverTest::unknownParameter()
 void GenericReceiverTest::getParameterGivesACopy()
 {
     GenericReceiver receiver = receiverOf({completeParameter(4, "a")});
-    const QStringList state = stateOf(receiver);
+    const QStringList state = everythingOf(receiver);
     Parameter parameter = receiver.GetParameter("a");
     parameter.SetRepresenationName("changed");
 
-    QCOMPARE(stateOf(receiver), state);
+    QCOMPARE(everythingOf(receiver), state);
     receiver.GetParameterList()["a"].SetRepresenationName("changed");
     QCOMPARE(receiver.GetParameter("a").GetRepresenationName(), QString("changed"));
 }
@@ -435,7 +415,7 @@ void GenericReceiverTest::versions()
 {
     QFETCH(QString, attributes);
     QFETCH(QString, version);
-    const GenericReceiver receiver = readFrom(receiverElement("", attributes));
+    const GenericReceiver receiver = objectFrom<GenericReceiver>(receiverElement("", attributes));
 
     QCOMPARE(receiver.GetVersion(), version);
     QCOMPARE(elementOf(receiver), "<GenericReceiver Version=\"" + version.toHtmlEscaped() + "\"/>");
@@ -445,7 +425,8 @@ void GenericReceiverTest::reading()
 {
     const Parameter a = completeParameter(1, "a");
     const Parameter b = completeParameter(7, "b");
-    const GenericReceiver receiver = readFrom(receiverElement(elementOf(b) + " text " + elementOf(a)));
+    const GenericReceiver receiver =
+        objectFrom<GenericReceiver>(receiverElement(elementOf(b) + " text " + elementOf(a)));
 
     QCOMPARE(keysOf(receiver), QStringList({"a", "b"}));
     QVERIFY(receiver.GetParameterList()["a"] == a);
@@ -455,9 +436,9 @@ void GenericReceiverTest::reading()
 
 void GenericReceiverTest::readingReplaces()
 {
-    const GenericReceiver receiver =
-        readFrom(receiverElement(parameterElement("a", "<ToolTip>1</ToolTip><DisplayName>1</DisplayName>")
-                                 + parameterElement("b") + parameterElement("a", "<ToolTip>2</ToolTip>")));
+    const GenericReceiver receiver = objectFrom<GenericReceiver>(
+        receiverElement(parameterElement("a", "<ToolTip>1</ToolTip><DisplayName>1</DisplayName>")
+                        + parameterElement("b") + parameterElement("a", "<ToolTip>2</ToolTip>")));
 
     QCOMPARE(keysOf(receiver), QStringList({"a", "b"}));
     QCOMPARE(receiver.GetParameterList()["a"].GetToolTip(), QString("2"));
@@ -466,7 +447,8 @@ void GenericReceiverTest::readingReplaces()
 
 void GenericReceiverTest::readingStoresIncompleteParameters()
 {
-    const GenericReceiver receiver = readFrom(receiverElement("<Parameter/>" + parameterElement("a")));
+    const GenericReceiver receiver =
+        objectFrom<GenericReceiver>(receiverElement("<Parameter/>" + parameterElement("a")));
 
     QCOMPARE(keysOf(receiver), QStringList({"", "a"}));
     QVERIFY(!receiver.HasData());
@@ -519,12 +501,13 @@ void GenericReceiverTest::scripts()
     QFETCH(QString, script);
     const QString a = elementOf(completeParameter(4, "a"));
     const QString b = elementOf(completeParameter(4, "b"));
-    const QStringList expected = stateOf(readFrom(receiverElement(a + b)));
+    const QStringList expected = everythingOf(objectFrom<GenericReceiver>(receiverElement(a + b)));
 
-    QCOMPARE(stateOf(readFrom(receiverElement(script + a + b))), expected);
-    QCOMPARE(stateOf(readFrom(receiverElement(a + script + b))), expected);
-    QCOMPARE(stateOf(readFrom(receiverElement(a + b + script))), expected);
-    QCOMPARE(elementOf(readFrom(receiverElement(script))), QString("<GenericReceiver Version=\"1.0\"/>"));
+    QCOMPARE(everythingOf(objectFrom<GenericReceiver>(receiverElement(script + a + b))), expected);
+    QCOMPARE(everythingOf(objectFrom<GenericReceiver>(receiverElement(a + script + b))), expected);
+    QCOMPARE(everythingOf(objectFrom<GenericReceiver>(receiverElement(a + b + script))), expected);
+    QCOMPARE(elementOf(objectFrom<GenericReceiver>(receiverElement(script))),
+             QString("<GenericReceiver Version=\"1.0\"/>"));
 }
 
 void GenericReceiverTest::unknownTags_data()
@@ -561,7 +544,6 @@ void GenericReceiverTest::unknownTags()
     QCOMPARE(keysOf(receiver), QStringList("a"));
 
     const SampleFile file(text.toUtf8());
-    QVERIFY(file.isWritten);
     QCOMPARE(messageOf([&] { GenericReceiver().ImportXML(file.path); }), message);
 }
 
@@ -597,7 +579,8 @@ void GenericReceiverTest::doubleListBlockTakesWhatFollows()
     const QString number = parameterElement(
         "b", "<ToolTip>T</ToolTip><Double><Maximum>2</Maximum></Double><DisplayName>D</DisplayName>");
 
-    GenericReceiver receiver = readFrom(receiverElement(list + number + parameterElement("c")));
+    GenericReceiver receiver =
+        objectFrom<GenericReceiver>(receiverElement(list + number + parameterElement("c")));
     QCOMPARE(keysOf(receiver), QStringList({"a", "c"}));
     QCOMPARE(changes(receiver.GetParameter("a")),
              QStringList({"DisplayName=D", "Double.Maximum=2", "Double.Minimum=1", "Double.UniqueName=a",
@@ -678,20 +661,21 @@ void GenericReceiverTest::handlersKeepFromTheParameterBefore()
     const QString start = parameterElement("a", first);
     const QString rest = parameterElement("b", second);
 
-    GenericReceiver receiver = readFrom(receiverElement(start + rest));
+    GenericReceiver receiver = objectFrom<GenericReceiver>(receiverElement(start + rest));
     QCOMPARE(changes(receiver.GetParameter("b")), changed);
     // Whatever lies between them, and also from one document to the next.
-    receiver = readFrom(receiverElement(start + "<Script/>" + parameterElement("c") + rest));
+    receiver =
+        objectFrom<GenericReceiver>(receiverElement(start + "<Script/>" + parameterElement("c") + rest));
     QCOMPARE(changes(receiver.GetParameter("b")), changed);
-    receiver = readFrom(receiverElement(start));
+    receiver = objectFrom<GenericReceiver>(receiverElement(start));
     process(receiver, receiverElement(rest));
     QCOMPARE(changes(receiver.GetParameter("b")), changed);
 }
 
 void GenericReceiverTest::resetKeepsTheParameterRead()
 {
-    GenericReceiver receiver =
-        readFrom(receiverElement(parameterElement("a", "<Integer><Default>5</Default></Integer>")));
+    GenericReceiver receiver = objectFrom<GenericReceiver>(
+        receiverElement(parameterElement("a", "<Integer><Default>5</Default></Integer>")));
     receiver.Reset();
     process(receiver, receiverElement(parameterElement("b")));
 
@@ -701,8 +685,8 @@ void GenericReceiverTest::resetKeepsTheParameterRead()
 
 void GenericReceiverTest::copiesKeepTheParameterRead()
 {
-    const GenericReceiver source =
-        readFrom(receiverElement(parameterElement("a", "<Integer><Default>5</Default></Integer>")));
+    const GenericReceiver source = objectFrom<GenericReceiver>(
+        receiverElement(parameterElement("a", "<Integer><Default>5</Default></Integer>")));
     GenericReceiver copy = source;
     GenericReceiver assigned;
     assigned = source;
@@ -721,8 +705,8 @@ void GenericReceiverTest::copiesKeepTheParameterRead()
 // The type of a boolean parameter is not written.
 void GenericReceiverTest::booleansKeepTheReceiverFromBeingWritten()
 {
-    const GenericReceiver receiver =
-        readFrom(elementOf(receiverOf({completeParameter(0, "a"), completeParameter(1, "b")})));
+    const GenericReceiver receiver = objectFrom<GenericReceiver>(
+        elementOf(receiverOf({completeParameter(0, "a"), completeParameter(1, "b")})));
 
     QCOMPARE(keysOf(receiver), QStringList({"a", "b"}));
     QVERIFY(!receiver.HasData());
@@ -770,7 +754,6 @@ void GenericReceiverTest::loading()
     QFETCH(QByteArray, content);
     QFETCH(QString, text);
     const SampleFile file(content);
-    QVERIFY(file.isWritten);
 
     QString loaded = "before";
     GenericReceiver().Load(file.path, loaded);
@@ -780,13 +763,13 @@ void GenericReceiverTest::loading()
 void GenericReceiverTest::loadingChangesNothing()
 {
     GenericReceiver receiver = receiverOf({completeParameter(4, "a")});
-    const QStringList state = stateOf(receiver);
+    const QStringList state = everythingOf(receiver);
     const SampleFile file(receiverElement(parameterElement("b"), "Version=\"2\"").toUtf8());
     QString text;
     receiver.Load(file.path, text);
 
     QCOMPARE(text, receiverElement(parameterElement("b"), "Version=\"2\""));
-    QCOMPARE(stateOf(receiver), state);
+    QCOMPARE(everythingOf(receiver), state);
 }
 
 void GenericReceiverTest::loadingFails_data()
@@ -807,13 +790,13 @@ void GenericReceiverTest::loadingFails()
     const QString path = name.isEmpty() ? folder.path() : folder.path() + '/' + name;
     const QString message = "Can't open file for reading: '" + path + '\'';
     GenericReceiver receiver = receiverOf({completeParameter(4, "a")});
-    const QStringList state = stateOf(receiver);
+    const QStringList state = everythingOf(receiver);
     QString text = "before";
 
     QCOMPARE(messageOf([&] { receiver.Load(path, text); }), message);
     QCOMPARE(text, QString("before"));
     QCOMPARE(messageOf([&] { receiver.ImportXML(path); }), message);
-    QCOMPARE(stateOf(receiver), state);
+    QCOMPARE(everythingOf(receiver), state);
 }
 
 void GenericReceiverTest::importing()
@@ -825,7 +808,6 @@ void GenericReceiverTest::importing()
     const SampleFile windows(content.replace("\n", "\r\n"));
 
     for (const SampleFile *file : {&plain, &marked, &windows}) {
-        QVERIFY(file->isWritten);
         GenericReceiver imported;
         imported.ImportXML(file->path);
         QVERIFY(imported == receiver);
@@ -896,12 +878,11 @@ void GenericReceiverTest::importingFails()
     QFETCH(QString, message);
     QFETCH(bool, isUntouched);
     const SampleFile file(content);
-    QVERIFY(file.isWritten);
     GenericReceiver receiver = receiverOf({completeParameter(4, "a")});
-    const QStringList state = stateOf(receiver);
+    const QStringList state = everythingOf(receiver);
 
     QCOMPARE(messageOf([&] { receiver.ImportXML(file.path); }), message);
-    QCOMPARE(stateOf(receiver) == state, isUntouched);
+    QCOMPARE(everythingOf(receiver) == state, isUntouched);
     QCOMPARE(keysOf(receiver), isUntouched ? QStringList("a") : QStringList({"a", "b"}));
 }
 
@@ -938,7 +919,8 @@ void GenericReceiverTest::equality()
     Parameter sameB = b;
     sameB.SetToolTip("other");
     QCOMPARE(isEqual(receiverOf({a, sameB})), QVariant(true));
-    GenericReceiver read = readFrom(receiverElement(parameterElement("x", "<ToolTip>T</ToolTip>")));
+    GenericReceiver read =
+        objectFrom<GenericReceiver>(receiverElement(parameterElement("x", "<ToolTip>T</ToolTip>")));
     read.GetParameterList() = receiver.GetParameterList();
     QCOMPARE(isEqual(read), QVariant(true));
 }
@@ -986,21 +968,21 @@ void GenericReceiverTest::equalityOfNaN()
 void GenericReceiverTest::copies()
 {
     GenericReceiver original =
-        readFrom(receiverElement(elementOf(completeParameter(4, "a")), "Version=\"2\""));
-    const QStringList state = stateOf(original);
+        objectFrom<GenericReceiver>(receiverElement(elementOf(completeParameter(4, "a")), "Version=\"2\""));
+    const QStringList state = everythingOf(original);
 
     GenericReceiver copy = original;
     GenericReceiver assigned = receiverOf({completeParameter(1, "z")});
     GenericReceiver &result = (assigned = original);
     QCOMPARE(&result, &assigned);
     for (GenericReceiver *receiver : {&copy, &assigned}) {
-        QCOMPARE(stateOf(*receiver), state);
+        QCOMPARE(everythingOf(*receiver), state);
         receiver->GetParameterList()["a"].SetDisplayName("changed");
         receiver->AddParameter(completeParameter(1, "b"));
-        QCOMPARE(stateOf(original), state);
+        QCOMPARE(everythingOf(original), state);
     }
     copy.Reset();
-    QCOMPARE(stateOf(original), state);
+    QCOMPARE(everythingOf(original), state);
     QCOMPARE(keysOf(assigned), QStringList({"a", "b"}));
 }
 
@@ -1024,11 +1006,11 @@ void GenericReceiverTest::copiesTheBase()
 void GenericReceiverTest::selfAssignment()
 {
     GenericReceiver receiver = receiverOf({completeParameter(4, "a")});
-    const QStringList state = stateOf(receiver);
+    const QStringList state = everythingOf(receiver);
     const GenericReceiver &same = receiver;
     receiver = same;
 
-    QCOMPARE(stateOf(receiver), state);
+    QCOMPARE(everythingOf(receiver), state);
 }
 
 void GenericReceiverTest::manyParameters()
@@ -1091,7 +1073,7 @@ void GenericReceiverTest::textsThatRecur()
     for (int i = 0; i < Count; ++i)
         children += labelledElement(uniqueName(i), label(i), unit(i), entry(i));
 
-    const GenericReceiver receiver = readFrom(receiverElement(children));
+    const GenericReceiver receiver = objectFrom<GenericReceiver>(receiverElement(children));
     QCOMPARE(receiver.GetParameterList().size(), Count);
     for (int i = 0; i < Count; ++i) {
         const Parameter parameter = receiver.GetParameter(uniqueName(i));
@@ -1147,7 +1129,7 @@ void GenericReceiverTest::handlersOfOtherTypes()
     QString elements;
     for (int i = 0; i < Count; ++i)
         elements += mixedElement(i);
-    GenericReceiver receiver = readFrom(receiverElement(elements));
+    GenericReceiver receiver = objectFrom<GenericReceiver>(receiverElement(elements));
     const GenericReceiver copy = receiver;
     const auto nameOf = [](int number) { return number < 0 ? QString() : QString("rx.%1").arg(number); };
     const auto check = [&nameOf](const Parameter &parameter, int i) {
@@ -1183,7 +1165,7 @@ void GenericReceiverTest::handlersOfOtherTypes()
 void GenericReceiverTest::parametersShareNothing()
 {
     const QString elements = mixedElement(0) + mixedElement(1) + mixedElement(7) + mixedElement(8);
-    GenericReceiver receiver = readFrom(receiverElement(elements));
+    GenericReceiver receiver = objectFrom<GenericReceiver>(receiverElement(elements));
     const GenericReceiver before = receiver;
 
     Parameter &changed = receiver.GetParameterList()["rx.1"]; // an enumeration; integers were read before it

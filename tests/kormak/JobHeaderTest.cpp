@@ -1,6 +1,5 @@
-#include "JobSamples.h"
-
 #include <kormak/JobHeader.h>
+#include <tests/support/Samples.h>
 
 #include <limits>
 #include <type_traits>
@@ -81,13 +80,6 @@ QString element(const QString &children)
     return "<JobHeader Version=\"1.0\">" + children + "</JobHeader>";
 }
 
-JobHeader headerFrom(const QString &element)
-{
-    JobHeader header;
-    process(header, element);
-    return header;
-}
-
 QStringList fieldsOf(const JobHeader &header)
 {
     return {
@@ -104,15 +96,9 @@ QStringList fieldsOf(const JobHeader &header)
 /// The fields of a new header, but for \a changes ("Author=Ida").
 QStringList newFieldsBut(const QStringList &changes)
 {
-    QStringList fields{"Version=1.0",  "JobType=-1",  "ConnectableResource=-1", "Author=", "Creation=",
-                       "Description=", "ShowJDH=true"};
-    for (QString &field : fields) {
-        for (const QString &change : changes) {
-            if (change.section('=', 0, 0) == field.section('=', 0, 0))
-                field = change;
-        }
-    }
-    return fields;
+    return with({"Version=1.0", "JobType=-1", "ConnectableResource=-1",
+                 "Author=", "Creation=", "Description=", "ShowJDH=true"},
+                changes);
 }
 
 /// A class derived from the header may know better what is complete.
@@ -140,9 +126,10 @@ void JobHeaderTest::newHeader()
 
 void JobHeaderTest::reset()
 {
-    JobHeader header = headerFrom("<JobHeader Version=\"7.3\"><Author>Ida</Author><JobType>Antenna</JobType>"
-                                  "<Creation>2026-05-04T07:08:09,010Z</Creation><Description>d</Description>"
-                                  "<ShowJDH>perhaps</ShowJDH></JobHeader>");
+    JobHeader header =
+        objectFrom<JobHeader>("<JobHeader Version=\"7.3\"><Author>Ida</Author><JobType>Antenna</JobType>"
+                              "<Creation>2026-05-04T07:08:09,010Z</Creation><Description>d</Description>"
+                              "<ShowJDH>perhaps</ShowJDH></JobHeader>");
     header.Reset();
 
     QCOMPARE(fieldsOf(header), newFieldsBut({}));
@@ -468,12 +455,12 @@ void JobHeaderTest::anyData()
 {
     QFETCH(QString, header);
     QFETCH(bool, isAny);
-    QCOMPARE(headerFrom(header).AnyData(), isAny);
+    QCOMPARE(objectFrom<JobHeader>(header).AnyData(), isAny);
 }
 
 void JobHeaderTest::emptyTextsAreNoData()
 {
-    JobHeader header = headerFrom(element("<ShowJDH/>"));
+    JobHeader header = objectFrom<JobHeader>(element("<ShowJDH/>"));
     header.SetAuthor("");
     header.SetDescription("");
     QVERIFY(!header.AnyData());
@@ -518,7 +505,7 @@ void JobHeaderTest::writing()
 {
     QFETCH(QString, read);
     QFETCH(QString, written);
-    QCOMPARE(elementOf(headerFrom(read)), written);
+    QCOMPARE(elementOf(objectFrom<JobHeader>(read)), written);
 }
 
 void JobHeaderTest::creationIsWrittenInUtc()
@@ -531,8 +518,8 @@ void JobHeaderTest::creationIsWrittenInUtc()
         header.SetCreation(creation);
         QCOMPARE(elementOf(header), completeHeaderElement());
     }
-    QCOMPARE(headerFrom(completeHeaderElement()).GetCreation().toMSecsSinceEpoch(), milliseconds);
-    QCOMPARE(headerFrom(completeHeaderElement()).GetCreation().timeSpec(), Qt::UTC);
+    QCOMPARE(objectFrom<JobHeader>(completeHeaderElement()).GetCreation().toMSecsSinceEpoch(), milliseconds);
+    QCOMPARE(objectFrom<JobHeader>(completeHeaderElement()).GetCreation().timeSpec(), Qt::UTC);
 }
 
 void JobHeaderTest::documents()
@@ -648,7 +635,7 @@ void JobHeaderTest::reading()
 {
     QFETCH(QString, header);
     QFETCH(QStringList, changes);
-    QCOMPARE(fieldsOf(headerFrom(header)), newFieldsBut(changes));
+    QCOMPARE(fieldsOf(objectFrom<JobHeader>(header)), newFieldsBut(changes));
 }
 
 void JobHeaderTest::readingReplacesOnlyWhatIsThere()
@@ -787,7 +774,7 @@ void JobHeaderTest::roundTrip()
     JobHeader header = completeHeader(jobType);
     header.SetDescription("%1 <b>\n\tÄ 📡 %2");
     header.SetShowJDH(jobType % 2 == 0);
-    const JobHeader copy = headerFrom(elementOf(header));
+    const JobHeader copy = objectFrom<JobHeader>(elementOf(header));
     QCOMPARE(copy, header);
     QCOMPARE(fieldsOf(copy), fieldsOf(header));
     QCOMPARE(elementOf(copy), elementOf(header));
@@ -857,8 +844,8 @@ void JobHeaderTest::equality()
     QFETCH(QString, first);
     QFETCH(QString, second);
     QFETCH(bool, areEqual);
-    const JobHeader a = headerFrom(first);
-    const JobHeader b = headerFrom(second);
+    const JobHeader a = objectFrom<JobHeader>(first);
+    const JobHeader b = objectFrom<JobHeader>(second);
 
     QCOMPARE(a == b, areEqual);
     QCOMPARE(b == a, areEqual);
@@ -876,9 +863,10 @@ void JobHeaderTest::equalityIgnoresTheName()
 
 void JobHeaderTest::copies()
 {
-    JobHeader header = headerFrom("<JobHeader Version=\"7.3\"><Author>Ida</Author><JobType>Antenna</JobType>"
-                                  "<Creation>2026-05-04T07:08:09,010Z</Creation><Description>d</Description>"
-                                  "<ShowJDH>perhaps</ShowJDH></JobHeader>");
+    JobHeader header =
+        objectFrom<JobHeader>("<JobHeader Version=\"7.3\"><Author>Ida</Author><JobType>Antenna</JobType>"
+                              "<Creation>2026-05-04T07:08:09,010Z</Creation><Description>d</Description>"
+                              "<ShowJDH>perhaps</ShowJDH></JobHeader>");
     const QStringList fields = fieldsOf(header);
     const QString written = elementOf(header);
 

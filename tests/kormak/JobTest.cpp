@@ -1,6 +1,5 @@
-#include "JobSamples.h"
-
 #include <kormak/Job.h>
+#include <tests/support/Samples.h>
 
 #include <type_traits>
 
@@ -82,43 +81,6 @@ constexpr int OnAntenna = 49;
 ResourceTypeValue resource(int value)
 {
     return static_cast<ResourceTypeValue>(value);
-}
-
-AntennaData completeAntenna()
-{
-    AntennaData antenna;
-    antenna.SetName("Mast 3");
-    antenna.SetMinimumFrequency(1500000);
-    antenna.SetMaximumFrequency(30000000);
-    return antenna;
-}
-
-QString completeAntennaElement()
-{
-    return "<AntennaData Version=\"1.0\"><Name>Mast 3</Name><MinimumFrequency>1500000</MinimumFrequency>"
-           "<MaximumFrequency>30000000</MaximumFrequency></AntennaData>";
-}
-
-Job completeJob()
-{
-    Job job;
-    job.SetJobHeader(completeHeader());
-    job.SetResourceType(resource(OnAntenna));
-    job.SetAntennaData(completeAntenna());
-    return job;
-}
-
-QString completeJobElement()
-{
-    return "<Job Version=\"1.0\">" + completeHeaderElement() + "<ResourceType>Antenna</ResourceType>"
-        + completeAntennaElement() + "</Job>";
-}
-
-Job jobFrom(const QString &element)
-{
-    Job job;
-    process(job, element);
-    return job;
 }
 
 /// One field of each part of a job.
@@ -428,7 +390,7 @@ void JobTest::anyData()
 {
     QFETCH(QString, job);
     QFETCH(bool, isAny);
-    QCOMPARE(jobFrom(job).AnyData(), isAny);
+    QCOMPARE(objectFrom<Job>(job).AnyData(), isAny);
 }
 
 void JobTest::writing()
@@ -641,7 +603,7 @@ void JobTest::reading()
 {
     QFETCH(QString, job);
     QFETCH(QStringList, fields);
-    QCOMPARE(fieldsOf(jobFrom(job)), fields);
+    QCOMPARE(fieldsOf(objectFrom<Job>(job)), fields);
 }
 
 void JobTest::readingReplacesOnlyWhatIsThere()
@@ -781,7 +743,7 @@ void JobTest::searchJobsAreNeverComplete()
 {
     QFETCH(QString, name);
 
-    Job job = jobFrom(completeJobElement().replace("Production SC HF", name));
+    Job job = objectFrom<Job>(completeJobElement().replace("Production SC HF", name));
     QVERIFY(!job.HasData());
     QCOMPARE(messageOf([&] { (void)job.GetXmlString(); }),
              QString("JobHeader: Please set ConnectableRessource"));
@@ -874,8 +836,8 @@ void JobTest::equality()
     QFETCH(QString, first);
     QFETCH(QString, second);
     QFETCH(bool, areEqual);
-    const Job a = jobFrom(first);
-    const Job b = jobFrom(second);
+    const Job a = objectFrom<Job>(first);
+    const Job b = objectFrom<Job>(second);
 
     QCOMPARE(a == b, areEqual);
     QCOMPARE(b == a, areEqual);

@@ -1,7 +1,7 @@
-#include "../VocabularyChecks.h"
-#include "ParameterSamples.h"
-
 #include <objectbase/Logger.h>
+#include <tests/support/ObjectStates.h>
+#include <tests/support/Samples.h>
+#include <tests/support/VocabularyChecks.h>
 
 #include <array>
 #include <atomic>

@@ -1,7 +1,7 @@
-#include "../LocaleRuns.h"
-#include "ParameterSamples.h"
-
 #include <kormak/GenericReceiver.h>
+#include <tests/support/LocaleRuns.h>
+#include <tests/support/ObjectStates.h>
+#include <tests/support/Samples.h>
 
 #include <cmath>
 #include <limits>
@@ -108,17 +108,10 @@ QString completeElement(const QString &typePart)
                    + typePart);
 }
 
-OpenParameter readFrom(const QString &text)
-{
-    OpenParameter parameter;
-    process(parameter, text);
-    return parameter;
-}
-
 /// What \a children change of a parameter that has its names.
 QStringList changesByChildren(const QString &children)
 {
-    OpenParameter parameter = readFrom(element(Names));
+    OpenParameter parameter = objectFrom<OpenParameter>(element(Names));
     return changesBy(parameter, [&children](OpenParameter &p) { process(p, element(Names + children)); });
 }
 
@@ -782,8 +775,8 @@ void ParameterXmlTest::booleans()
     const QString before = isTrue ? "false" : "true";
     const QString after = isTrue ? "true" : "false";
 
-    OpenParameter parameter =
-        readFrom(element("<Enable>" + before + "</Enable><Boolean>" + before + "</Boolean>"));
+    OpenParameter parameter = objectFrom<OpenParameter>(
+        element("<Enable>" + before + "</Enable><Boolean>" + before + "</Boolean>"));
     QCOMPARE(
         changesBy(parameter, [&text](Parameter &p) { process(p, element("<Enable>" + text + "</Enable>")); }),
         QStringList("Enable=" + after));
@@ -806,9 +799,9 @@ void ParameterXmlTest::unknownTypeNames_data()
 void ParameterXmlTest::unknownTypeNames()
 {
     QFETCH(QString, text);
-    OpenParameter parameter = readFrom(element("<ParameterType>Float</ParameterType>"
-                                               "<ValueType>ValueFrequency</ValueType>"
-                                               "<ControlType>VCTimeEdit</ControlType>"));
+    OpenParameter parameter = objectFrom<OpenParameter>(element("<ParameterType>Float</ParameterType>"
+                                                                "<ValueType>ValueFrequency</ValueType>"
+                                                                "<ControlType>VCTimeEdit</ControlType>"));
     QCOMPARE(changes(parameter),
              QStringList({"ControlType=3", "ParameterType=6", "UniqueName=rx.gain", "ValueType=6"}));
     parameter.GetFloatHandler().SetUniqueParameterName("rx.gain");
@@ -897,7 +890,7 @@ void ParameterXmlTest::numbers()
     QString children = childElement("99") + childElement(text);
     if (!block.isEmpty())
         children = '<' + block + '>' + children + "</" + block + '>';
-    const State state = stateOf(readFrom(element(children)));
+    const State state = stateOf(objectFrom<OpenParameter>(element(children)));
 
     for (const QString &key : keys)
         QCOMPARE(state[key], number);
@@ -950,7 +943,7 @@ void ParameterXmlTest::otherOrders()
     QFETCH(QString, children);
     QFETCH(QStringList, changed);
 
-    QCOMPARE(changes(readFrom(element(children))), changed);
+    QCOMPARE(changes(objectFrom<OpenParameter>(element(children))), changed);
 }
 
 void ParameterXmlTest::blocks_data()
@@ -1231,7 +1224,8 @@ void ParameterXmlTest::entries()
     QFETCH(QString, content);
     QFETCH(QString, list);
     QFETCH(QString, chosen);
-    const State state = stateOf(readFrom(element(Names + QString("<Enum>") + content + "</Enum>")));
+    const State state =
+        stateOf(objectFrom<OpenParameter>(element(Names + QString("<Enum>") + content + "</Enum>")));
 
     QCOMPARE(state["Enum.List"], list);
     QCOMPARE(state["Enum.Default"], chosen);
@@ -1347,7 +1341,7 @@ void ParameterXmlTest::roundTrip()
 
 void ParameterXmlTest::roundTripOfTheDisplay()
 {
-    OpenParameter parameter = readFrom(
+    OpenParameter parameter = objectFrom<OpenParameter>(
         element("<ParameterType>Integer</ParameterType><RepresentationName>\u20ac</RepresentationName>"
                 "<ValueType>ValueNumericInt</ValueType><ControlType>VCLineEditFrequency</ControlType>"
                 "<DisplayName>D \u20ac</DisplayName><DisplaySuffix>k\u03a9</DisplaySuffix>"
@@ -1367,7 +1361,7 @@ void ParameterXmlTest::booleanLosesItsType()
 {
     Parameter parameter = completeParameter(0);
     parameter.GetBooleanHandler().SetValue(true);
-    const Parameter read = readFrom(elementOf(parameter));
+    const Parameter read = objectFrom<OpenParameter>(elementOf(parameter));
 
     QCOMPARE(changes(read),
              sorted(handlerChanges("Boolean", {"Value=true"})
@@ -1378,7 +1372,7 @@ void ParameterXmlTest::booleanLosesItsType()
 
 void ParameterXmlTest::stringLosesItsDefault()
 {
-    const Parameter read = readFrom(elementOf(completeParameter(3)));
+    const Parameter read = objectFrom<OpenParameter>(elementOf(completeParameter(3)));
 
     QCOMPARE(changes(read),
              sorted(handlerChanges("String", {})
@@ -1393,7 +1387,7 @@ void ParameterXmlTest::doubleListLosesItsValues()
     Parameter parameter = completeParameter(5);
     parameter.GetDoubleHandler().AppendDoubleValue(1);
     parameter.GetDoubleHandler().AppendDoubleValue(2);
-    const Parameter read = readFrom(elementOf(parameter));
+    const Parameter read = objectFrom<OpenParameter>(elementOf(parameter));
 
     QCOMPARE(changes(read),
              sorted(handlerChanges("Double", {"Default=1.5", "IsList=true", "MaxLength=3", "Value=1.5"})
@@ -1409,7 +1403,7 @@ void ParameterXmlTest::multiplierStaysInTheParameter()
     Parameter parameter = completeParameter(6);
     parameter.SetMultiplier(1000);
     QCOMPARE(parameter.GetFloatHandler().GetMultiplier(), 1000.0);
-    const Parameter read = readFrom(elementOf(parameter));
+    const Parameter read = objectFrom<OpenParameter>(elementOf(parameter));
 
     QCOMPARE(read.GetMultiplier(), 1000.0);
     QCOMPARE(read.GetFloatHandler().GetMultiplier(), 1.0);

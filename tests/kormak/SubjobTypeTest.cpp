@@ -1,6 +1,5 @@
-#include "../VocabularyChecks.h"
-
 #include <kormak/SubjobType.h>
+#include <tests/support/VocabularyChecks.h>
 
 using namespace KORMAK;
 using SubjobType::SubjobTypeValue;

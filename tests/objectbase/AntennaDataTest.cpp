@@ -1,9 +1,9 @@
 #include <objectbase/AntennaData.h>
+#include <tests/support/Objects.h>
+#include <tests/support/VocabularyChecks.h>
 
 #include <cmath>
 #include <limits>
-#include <tests/TestSupport.h>
-#include <tests/VocabularyChecks.h>
 
 using namespace TESSEL;
 using namespace TestSupport;

@@ -1,8 +1,10 @@
 #include <objectbase/Area.h>
+#include <tests/support/Objects.h>
+
+#include <QtTest>
 
 #include <cmath>
 #include <limits>
-#include <tests/TestSupport.h>
 
 using namespace TESSEL;
 using namespace TestSupport;

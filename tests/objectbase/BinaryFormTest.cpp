@@ -1,5 +1,7 @@
 #include <objectbase/ITesselObject.h>
 #include <objectbase/ReadingLimits.h>
+#include <tests/support/Objects.h>
+#include <tests/support/SampleDocuments.h>
 
 #include <QBuffer>
 #include <QCryptographicHash>
@@ -7,10 +9,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QtEndian>
+#include <QtTest>
 
 #include <functional>
-#include <tests/objectbase/SampleDocuments.h>
-#include <tests/TestSupport.h>
 
 using namespace TESSEL;
 using namespace TestSupport;

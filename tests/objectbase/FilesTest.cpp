@@ -1,12 +1,14 @@
 #include <objectbase/ITesselObject.h>
+#include <tests/support/Files.h>
+#include <tests/support/Objects.h>
+#include <tests/support/SampleDocuments.h>
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QtTest>
 
 #include <memory>
-#include <tests/objectbase/SampleDocuments.h>
-#include <tests/TestSupport.h>
 
 #ifdef Q_OS_UNIX
 #include <csignal>
@@ -71,8 +73,10 @@ private Q_SLOTS:
 
 private:
     QString path(const QString &name) const { return folder->filePath(name); }
-    QString store(const QByteArray &content) const;
-    QByteArray contentOf(const QString &filePath) const;
+    QString store(const QByteArray &content) const
+    {
+        return TestSupport::writtenFile(path("stored"), content);
+    }
     QStringList files() const
     {
         return QDir(folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
@@ -92,25 +96,10 @@ void FilesTest::cleanup()
     folder.reset();
 }
 
-/// The path of a file that holds \a content.
-QString FilesTest::store(const QByteArray &content) const
-{
-    QFile file(path("stored"));
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("The temporary folder cannot be written to");
-    return file.fileName();
-}
-
-QByteArray FilesTest::contentOf(const QString &filePath) const
-{
-    QFile file(filePath);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
-}
-
 void FilesTest::writtenFile()
 {
     QVERIFY(sample().SaveXml(path("note.xml")));
-    QCOMPARE(contentOf(path("note.xml")), sample().GetXmlString().toUtf8());
+    QCOMPARE(bytesOf(path("note.xml")), sample().GetXmlString().toUtf8());
     QCOMPARE(files(), QStringList("note.xml"));
 }
 
@@ -133,7 +122,7 @@ void FilesTest::existingFileIsReplaced()
 {
     const QString name = store(QByteArray(10000, 'x'));
     QVERIFY(sample().SaveXml(name));
-    QCOMPARE(contentOf(name), sample().GetXmlString().toUtf8());
+    QCOMPARE(bytesOf(name), sample().GetXmlString().toUtf8());
     QCOMPARE(files(), QStringList("stored"));
 }
 
@@ -154,7 +143,7 @@ void FilesTest::unwritablePlaces()
     QVERIFY(!sample().SaveXml(path(name)));
     QVERIFY(!sample().SaveXml(QString()));
     QCOMPARE(files(), QStringList("stored"));
-    QCOMPARE(contentOf(path("stored")), QByteArray("content"));
+    QCOMPARE(bytesOf(path("stored")), QByteArray("content"));
 }
 
 void FilesTest::folderWithoutPermission()
@@ -169,7 +158,7 @@ void FilesTest::folderWithoutPermission()
 
     QVERIFY(!saved);
     QCOMPARE(files(), QStringList("stored"));
-    QCOMPARE(contentOf(name), QByteArray("content"));
+    QCOMPARE(bytesOf(name), QByteArray("content"));
 }
 
 void FilesTest::existingFileSurvivesAFullDisk()
@@ -192,7 +181,7 @@ void FilesTest::existingFileSurvivesAFullDisk()
     QVERIFY(!saved);
     QVERIFY(!savedLong);
     QVERIFY(!savedElsewhere);
-    QCOMPARE(contentOf(name), QByteArray("content"));
+    QCOMPARE(bytesOf(name), QByteArray("content"));
     QCOMPARE(files(), QStringList("stored"));
 #else
     QSKIP("The size of files cannot be limited", "");
@@ -205,7 +194,7 @@ void FilesTest::incompleteObjectTouchesNoFile()
     const DraftNote draft(QString(), "body");
     QVERIFY(!draft.SaveXml(name));
     QVERIFY(!draft.SaveXml(path("note.xml")));
-    QCOMPARE(contentOf(name), QByteArray("content"));
+    QCOMPARE(bytesOf(name), QByteArray("content"));
     QCOMPARE(files(), QStringList("stored"));
 }
 
@@ -215,7 +204,7 @@ void FilesTest::invalidObjectTouchesNoFile()
     const Note damaged("title", QString(QChar(1)));
     QCOMPARE(messageOf([&] { Note().SaveXml(name); }), QString("Note: Please set Title"));
     QCOMPARE(messageOf([&] { damaged.SaveXml(name); }), QString("Note: Text cannot be represented in XML"));
-    QCOMPARE(contentOf(name), QByteArray("content"));
+    QCOMPARE(bytesOf(name), QByteArray("content"));
     QCOMPARE(files(), QStringList("stored"));
 }
 

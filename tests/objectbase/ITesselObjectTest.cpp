@@ -1,13 +1,14 @@
 #include <objectbase/ITesselObject.h>
 #include <objectbase/Logger.h>
+#include <tests/support/Objects.h>
+#include <tests/support/SampleDocuments.h>
 
 #include <QDateTime>
+#include <QtTest>
 
 #include <cstring>
 #include <limits>
 #include <numeric>
-#include <tests/objectbase/SampleDocuments.h>
-#include <tests/TestSupport.h>
 
 using namespace TESSEL;
 using namespace TestSupport;

@@ -1,8 +1,9 @@
-#include "../DocumentKinds.h"
-#include "../kormak/ParameterSamples.h"
-
 #include <objectbase/ReadingBounds_p.h>
 #include <objectbase/ReadingLimits.h>
+#include <tests/support/BinaryParts.h>
+#include <tests/support/DocumentKinds.h>
+#include <tests/support/Files.h>
+#include <tests/support/Samples.h>
 
 #include <QDataStream>
 #include <QTemporaryDir>
@@ -49,43 +50,30 @@ QString area(const QString &name)
     return "<Area Version=\"1.0\"><Name>" + name + "</Name></Area>";
 }
 
-/// The binary form of a whole \a object that holds the document \a text instead, of the same size.
-QByteArray formWith(const QByteArray &name, const QString &text, bool isCompressed)
+QByteArray compressedForm(const QByteArray &name, const QString &text)
 {
-    const QByteArray utf8 = text.toUtf8();
-    const QByteArray payload = isCompressed ? qCompress(utf8) : utf8;
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream << quint32(0x54534C42) << quint16(1) << quint16(isCompressed ? 1 : 0) << quint32(name.size())
-           << quint32(payload.size());
-    return bytes + QCryptographicHash::hash(bytes + name + payload, QCryptographicHash::Sha256) + name
-        + payload;
+    return binaryForm(name, qCompress(text.toUtf8()), BinaryParts::Compressed);
 }
 
 /// Whether each operation that reads takes \a text; they must agree.
 bool isTaken(const QString &kind, const QString &text, const ReadingLimits &limits = {})
 {
     const QTemporaryDir folder;
-    const auto write = [&folder](const QByteArray &bytes) {
-        QFile file(folder.filePath("file"));
-        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-    };
+    const QString path = folder.filePath("file");
     const QVector<std::function<bool(ITesselObject &)>> operations{
         [&](ITesselObject &object) { return object.SetXmlString(text, true); },
         [&](ITesselObject &object) { return object.SetXmlString(text, false); },
+        [&](ITesselObject &object) { return object.LoadXml(writtenFile(path, text.toUtf8())); },
         [&](ITesselObject &object) {
-            return write(text.toUtf8()) && object.LoadXml(folder.filePath("file"));
+            QFile file(writtenFile(path, binaryForm(kind.toUtf8(), text.toUtf8())));
+            return object.LoadBinary(&file);
         },
         [&](ITesselObject &object) {
-            QFile file(folder.filePath("file"));
-            return write(formWith(kind.toUtf8(), text, false)) && object.LoadBinary(&file);
-        },
-        [&](ITesselObject &object) {
-            QByteArray bytes = formWith(kind.toUtf8(), text, true);
+            QByteArray bytes = compressedForm(kind.toUtf8(), text);
             return object.SetBinaryRepresentation(bytes);
         },
         [&](ITesselObject &object) {
-            const QByteArray bytes = formWith(kind.toUtf8(), text, true);
+            const QByteArray bytes = compressedForm(kind.toUtf8(), text);
             QDataStream stream(bytes);
             object.SetBinary(stream, 1);
             return stream.status() == QDataStream::Ok;
@@ -468,7 +456,7 @@ void ReadingLimitsTest::ownedObjects()
     QVERIFY(object->SetXmlString(make(Most), true));
     QCOMPARE(messageOf([&] { (void)object->SetXmlString(make(Most + 1), true); }),
              QString("Elements stand more than 6 deep in one another."));
-    QByteArray form = formWith(kind.toUtf8(), make(Most + 1), false);
+    QByteArray form = binaryForm(kind.toUtf8(), make(Most + 1).toUtf8());
     QVERIFY(!object->SetBinaryRepresentation(form));
     QVERIFY(newObject(kind)->SetXmlString(make(Most + 1), true));
 }
@@ -526,7 +514,7 @@ void ReadingLimitsTest::depthOfKnownElements()
         bool isRead = false;
         (void)messageOf([&] { isRead = object->SetXmlString(text, true); });
         QCOMPARE(isRead, most == depth);
-        QByteArray form = formWith(kind.toUtf8(), text, false);
+        QByteArray form = binaryForm(kind.toUtf8(), text.toUtf8());
         QCOMPARE(newObject(kind)->SetBinaryRepresentation(form), true);
         QCOMPARE(object->SetBinaryRepresentation(form), most == depth);
     }
@@ -597,8 +585,8 @@ void ReadingLimitsTest::blockOfAParameter()
 void ReadingLimitsTest::expandedBytes()
 {
     const QString text = area(QString(100'000, 'x'));
-    QByteArray compressed = formWith("Area", text, true);
-    QByteArray plain = formWith("Area", text, false);
+    QByteArray compressed = compressedForm("Area", text);
+    QByteArray plain = binaryForm("Area", text.toUtf8());
     ReadingLimits limits;
     limits.SetExpandedFactor(0);
     Area read;
@@ -613,7 +601,7 @@ void ReadingLimitsTest::expandedBytes()
 void ReadingLimitsTest::expandedFactor()
 {
     const QString text = area(QString(100'000, 'x'));
-    QByteArray compressed = formWith("Area", text, true);
+    QByteArray compressed = compressedForm("Area", text);
     const int payload = static_cast<int>(qCompress(text.toUtf8()).size());
     const int factor = static_cast<int>(text.size()) / payload;
     ReadingLimits limits;

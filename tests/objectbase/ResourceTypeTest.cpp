@@ -1,6 +1,5 @@
 #include <objectbase/ResourceType.h>
-
-#include <tests/VocabularyChecks.h>
+#include <tests/support/VocabularyChecks.h>
 
 using namespace TESSEL;
 using ResourceType::ResourceTypeValue;

@@ -1,4 +1,6 @@
 #include <objectbase/Text_p.h>
+#include <tests/support/LocaleRuns.h>
+#include <tests/support/RowNames.h>
 
 #include <QDateTime>
 
@@ -6,8 +8,6 @@
 #include <climits>
 #include <cmath>
 #include <limits>
-#include <tests/LocaleRuns.h>
-#include <tests/RowNames.h>
 
 using namespace TESSEL;
 

@@ -1,7 +1,8 @@
 #include <objectbase/ITesselObject.h>
+#include <tests/support/Objects.h>
+#include <tests/support/SampleDocuments.h>
 
-#include <tests/objectbase/SampleDocuments.h>
-#include <tests/TestSupport.h>
+#include <QtTest>
 
 using namespace TESSEL;
 using namespace TestSupport;

@@ -1,91 +1,34 @@
 // Documents that are taken apart in every way, and what reading makes of them: the answer, the message, the
 // whole state of the object, and what Check() says afterwards.
-#include "../RowNames.h"
 #include "ReadingModel.h"
 
+#include <tests/support/RowNames.h>
+
 #include <QDateTime>
+#include <QtTest>
 
 using namespace Robustness;
 using namespace TestSupport;
 
 namespace {
 
-/// Documents in which every element and attribute occurs that is read, on one line.
+/// Whole documents of every kind, each with its kind, and of every form that reading tells apart.
 QVector<QPair<QString, QString>> wholeDocuments()
 {
-    const QString antenna = "<AntennaData Version=\"1.5\"><Name>East</Name><MinimumFrequency>1500000.5"
-                            "</MinimumFrequency><MaximumFrequency>3e7</MaximumFrequency>"
-                            "<Azimuth>270</Azimuth><Polarization>Slant</Polarization></AntennaData>";
-    const QString header = "<JobHeader Version=\"1.2\"><JobType>Antenna</JobType><Author>Mara Lind</Author>"
-                           "<Creation>2026-03-29T00:59:59,250Z</Creation><ShowJDH>perhaps</ShowJDH>"
-                           "<Description>first</Description></JobHeader>";
-    const QString area = "<Area Version=\"1.3\"><Name>North</Name>"
-                         "<Coordinate><Latitude>53.55</Latitude><Longitude>-7.1</Longitude></Coordinate>"
-                         "<Coordinate><Longitude>8</Longitude><Latitude>54</Latitude></Coordinate></Area>";
-    QVector<QPair<QString, QString>> documents{
-        {"AntennaData", antenna},
-        {"JobHeader", header},
-        {"Job",
-         "<Job Version=\"1.1\">" + header + "<ResourceType>Antenna</ResourceType>" + antenna + "</Job>"},
-        {"Area", area},
-        {"AutomaticWorkflow",
-         "<AutomaticWorkflow Version=\"1.4\" Mode=\"ManualMode\"><Mode>AutomaticMode</Mode>"
-         "<Classifiers>8</Classifiers><ClassificationTime>25</ClassificationTime>"
-         "<ClassificationResult>4</ClassificationResult><SearchStrategy>LowestLevelFirst</SearchStrategy>"
-         "<BitstreamClassification>true</BitstreamClassification>"
-             + area + "</AutomaticWorkflow>"},
-        {"ActivityGeneration",
-         "<ActivityGeneration Version=\"1.0\" Autostart=\"true\">AGMC</ActivityGeneration>"},
-        {"ActivityGeneration",
-         "<ActivityGeneration Version=\"2.1\" Autostart=\"true\"><Mode>AGED</Mode>"
-         "<EnergyChannel>DDem</EnergyChannel><LevelMinBurstDuration>0.2</LevelMinBurstDuration>"
-         "<LevelMaxBreakDuration>1.5</LevelMaxBreakDuration>"
-         "<DDemActiveCriteria>Signal Detection</DDemActiveCriteria>"
-         "<DDemMinBurstDuration>0.75</DDemMinBurstDuration><DDemMaxBreakDuration>2.5</DDemMaxBreakDuration>"
-         "<DDemMorseQualityThreshold>65</DDemMorseQualityThreshold><ClassIntermScore>2</ClassIntermScore>"
-         "<ClassFinalScore>5</ClassFinalScore><ClassStartScore>4</ClassStartScore>"
-         "<ClassStopScore>1</ClassStopScore><ClassMinConfidence>60</ClassMinConfidence>"
-         "<DetConvMinBurstDuration>0.05</DetConvMinBurstDuration><DbWriteEnergy>false</DbWriteEnergy>"
-         "<DbWriteLevel>true</DbWriteLevel><DbWriteDc>true</DbWriteDc>"
-         "<DbWriteDDem>Always</DbWriteDDem><DbWriteClass>On Energy Detection</DbWriteClass>"
-         "<CutAtLocations>false</CutAtLocations><SessionCloseTime>30</SessionCloseTime>"
-         "<RestartAttachmentsOnSessionClose>true</RestartAttachmentsOnSessionClose></ActivityGeneration>"},
+    QVector<QPair<QString, QString>> documents;
+    const auto add = [&documents](const QString &kind, const QString &document) {
+        if (!documents.contains({kind, document}))
+            documents.append(qMakePair(kind, document));
     };
-
-    const QString limits = "<Minimum>-20</Minimum><Maximum>120</Maximum><Default>7</Default>";
-    const QMap<QString, QString> blocks{
-        {"Boolean", "<Boolean>true</Boolean>"},
-        {"Long", "<Long>" + limits + "</Long>"},
-        {"Integer", "<Integer>" + limits + "</Integer>"},
-        {"String", "<String><Default>west</Default></String>"},
-        {"Double", "<Double>" + limits + "<Precision>3</Precision></Double>"},
-        {"DoubleList",
-         "<Double>" + limits
-             + "<Precision>3</Precision><MaxDoubleListLength>4</MaxDoubleListLength></Double>"},
-        {"Float", "<Float>" + limits + "<Precision>1</Precision></Float>"},
-        {"Enum",
-         "<Enum><EnumValue Key=\"1\" Name=\"Low\" Value=\"0.5\"></EnumValue>"
-         "<EnumValue Key=\"2\" Name=\"High\" Identifier=\"HI\" Value=\"1.5\" Default=\"true\"></EnumValue>"
-         "</Enum>"},
-        {"TimeStamp", "<TimeStamp>" + limits + "</TimeStamp>"},
-    };
-    const auto parameterOf = [&blocks](const QString &type, const QString &name) {
-        return "<Parameter Version=\"1.6\" UniqueName=\"" + name + "\">"
-            + "<RepresentationName>rx.gain</RepresentationName><DisplayName>Gain</DisplayName>"
-              "<ToolTip>of the input</ToolTip><ValueType>ValueNumericInt</ValueType>"
-              "<ControlType>VCLineEdit</ControlType><DisplaySuffix>dB</DisplaySuffix>"
-              "<Multiplier>2.5</Multiplier><Enable>false</Enable><ParameterType>"
-            + type + "</ParameterType>" + blocks[type] + "</Parameter>";
-    };
+    for (const QString &kind : kinds())
+        add(kind, wholeDocument(kind));
+    add("ActivityGeneration",
+        "<ActivityGeneration Version=\"1.0\" Autostart=\"true\">AGMC</ActivityGeneration>");
     for (const QString &type : typeNames())
-        documents.append({"Parameter", parameterOf(type, type)});
-    documents.append({"Parameter",
-                      "<Parameter UniqueName=\"late\"><ParameterType>DoubleList</ParameterType><DoubleList>"
-                          + limits + "</DoubleList><RepresentationName>r</RepresentationName></Parameter>"});
-    documents.append({"GenericReceiver",
-                      "<GenericReceiver Version=\"1.7\">" + parameterOf("Enum", "b")
-                          + "<Script><a>b</a></Script>" + parameterOf("Integer", "a")
-                          + "</GenericReceiver>"});
+        add("Parameter", wholeParameterOf(type, type));
+    add("Parameter",
+        "<Parameter UniqueName=\"late\"><ParameterType>DoubleList</ParameterType><DoubleList>" + wholeLimits()
+            + "</DoubleList><RepresentationName>r</RepresentationName></Parameter>");
     return documents;
 }
 
@@ -97,13 +40,11 @@ QString described(const State &state)
     return lines.join('\n');
 }
 
-/// What Qt's reader says of \a text by itself; an element in a text is no fault of the XML.
+/// What a reader says that gives up; an element in a text is no fault of the XML.
 QString messageOfReader(const QString &text)
 {
-    QXmlStreamReader reader(text);
-    while (!reader.atEnd())
-        reader.readNext();
-    return reader.hasError() ? reader.errorString() : QString("Expected character data.");
+    const QString error = errorOfReader(text);
+    return error.isEmpty() ? QString("Expected character data.") : error;
 }
 
 Answer answerOf(TESSEL::ITesselObject &object, const QString &text)

@@ -1,10 +1,9 @@
 // Files that are not what they should be, and a tool that is killed: a document is there as it was or as it
 // was written, whole, and nothing else is touched. Full disks, missing places and folders stand in the tests
 // of the files and of the tool.
-#include "../TestSupport.h"
-#include "../tools/ToolSupport.h"
-
 #include <kormak/Job.h>
+#include <tests/support/Objects.h>
+#include <tests/support/ToolSupport.h>
 
 #include <QElapsedTimer>
 #include <QRandomGenerator>
@@ -359,10 +358,6 @@ void FileFaultsTest::killedTool()
         }
         return child;
     };
-    const auto contentOf = [&path] {
-        QFile file(QString::fromLocal8Bit(path));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    };
 
     folder.write("job.xml", untidy);
     QElapsedTimer timer;
@@ -370,7 +365,7 @@ void FileFaultsTest::killedTool()
     int status = 0;
     waitpid(start(), &status, 0);
     QCOMPARE(status, 0);
-    QVERIFY(contentOf() == formatted);
+    QVERIFY(TestSupport::bytesOf(folder.path("job.xml")) == formatted);
     const auto usual = static_cast<int>(timer.nsecsElapsed() / 1000);
 
     auto &random = *QRandomGenerator::global();
@@ -393,7 +388,7 @@ void FileFaultsTest::killedTool()
         kill(child, SIGKILL);
         waitpid(child, &status, 0);
 
-        const QByteArray content = contentOf();
+        const QByteArray content = TestSupport::bytesOf(folder.path("job.xml"));
         QVERIFY2(content == untidy || content == formatted,
                  qPrintable(QString("kill %1 left %2 bytes").arg(i).arg(content.size())));
         const QStringList names = folder.names();

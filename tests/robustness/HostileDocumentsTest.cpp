@@ -1,7 +1,8 @@
 // What XML allows, or what only looks like it, to do harm with: entities, references to other files,
 // encodings that are not what they say, line ends.
-#include "../ObjectStates.h"
-#include "../tools/ToolSupport.h"
+#include <tests/support/ObjectStates.h>
+#include <tests/support/Samples.h>
+#include <tests/support/ToolSupport.h>
 
 #include <QElapsedTimer>
 

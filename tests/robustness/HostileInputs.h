@@ -2,15 +2,18 @@
 #ifndef KORMAK_HOSTILEINPUTS_H
 #define KORMAK_HOSTILEINPUTS_H
 
+#include <tests/support/BinaryParts.h>
+
 #include <QByteArray>
-#include <QCryptographicHash>
 #include <QString>
-#include <QtEndian>
 #include <QVector>
 
 #include <functional>
 
 namespace HostileInputs {
+
+using TestSupport::binaryForm;
+using TestSupport::BinaryParts;
 
 inline constexpr int Megabyte = 1 << 20;
 
@@ -41,19 +44,6 @@ inline QString filledWith(int size, const QString &part)
 inline QString withDocumentType(const QString &declarations, const QString &element)
 {
     return "<!DOCTYPE r [" + declarations + "]>" + element;
-}
-
-/// A binary form of an object called \a objectName.
-inline QByteArray binaryForm(const QByteArray &objectName, const QByteArray &payload, bool isCompressed)
-{
-    QByteArray head("TSLB\0\1\0", 7);
-    head += isCompressed ? '\1' : '\0';
-    QByteArray sizes(8, '\0');
-    qToBigEndian(static_cast<quint32>(objectName.size()), sizes.data());
-    qToBigEndian(static_cast<quint32>(payload.size()), sizes.data() + 4);
-    head += sizes;
-    return head + QCryptographicHash::hash(head + objectName + payload, QCryptographicHash::Sha256)
-        + objectName + payload;
 }
 
 struct Document {
@@ -222,14 +212,14 @@ struct Form {
 inline QVector<Form> binaryForms()
 {
     const auto compressed = [](const char *kind, const QString &text) {
-        return binaryForm(kind, qCompress(text.toUtf8(), 9), true);
+        return binaryForm(kind, qCompress(text.toUtf8(), 9), BinaryParts::Compressed);
     };
     constexpr int Limit = 6'291'456;
     constexpr int Huge = 1 << 28;
     const QByteArray huge = qCompress(QByteArray(Huge, ' '), 1);
     constexpr int Most = 100; // attributes
     return {
-        {"text of 256 megabytes", "Area", binaryForm("Area", huge, true)},
+        {"text of 256 megabytes", "Area", binaryForm("Area", huge, BinaryParts::Compressed)},
         {"compressed attributes within the limit", "ActivityGeneration",
          compressed("ActivityGeneration",
                     within("ActivityGeneration", filledWith(Limit - 100, "<b" + attributes(Most) + "/>")))},
@@ -261,8 +251,9 @@ inline QVector<Form> binaryForms()
                                      within("ActivityGeneration",
                                             filledWith(4500, "&e;") + QString(Limit - 20'000, 'x'))))},
         {"not compressed", "Parameter",
-         binaryForm("Parameter", within("Parameter", filledWith(Megabyte, "<EnumValue/>")).toUtf8(), false)},
-        {"a stream of zeros", "Area", binaryForm("Area", QByteArray(Megabyte, '\0'), true)},
+         binaryForm("Parameter", within("Parameter", filledWith(Megabyte, "<EnumValue/>")).toUtf8())},
+        {"a stream of zeros", "Area",
+         binaryForm("Area", QByteArray(Megabyte, '\0'), BinaryParts::Compressed)},
     };
 }
 

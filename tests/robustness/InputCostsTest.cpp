@@ -1,7 +1,10 @@
 // What a megabyte of anything costs to read: never much memory, and never much longer than an ordinary
 // document of that size.
-#include "../DocumentKinds.h"
 #include "HostileInputs.h"
+
+#include <tests/support/DocumentKinds.h>
+
+#include <QtTest>
 
 #include <ctime>
 #include <malloc.h>
@@ -177,7 +180,7 @@ void InputCostsTest::documents()
         }
         object->Reset();
     });
-    QByteArray form = HostileInputs::binaryForm(kind.toUtf8(), text.toUtf8(), false);
+    QByteArray form = HostileInputs::binaryForm(kind.toUtf8(), text.toUtf8());
     checkCost([&] {
         try {
             (void)object->SetBinaryRepresentation(form);

@@ -1,12 +1,11 @@
 // Documents far larger than any that is of use: they are read or refused as small ones are, in a time and
 // with memory that grow as they do, and without deep recursion.
-#include "../TestSupport.h"
-#include "../tools/ToolSupport.h"
-
 #include <kormak/ActivityGenerationData.h>
 #include <kormak/GenericReceiver.h>
 #include <kormak/Job.h>
 #include <objectbase/ReadingLimits.h>
+#include <tests/support/Objects.h>
+#include <tests/support/ToolSupport.h>
 
 #include <QElapsedTimer>
 

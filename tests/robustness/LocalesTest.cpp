@@ -1,12 +1,12 @@
 // That the locale and time zone in which this runs are the ones that were asked for, and that dates and
 // numbers of documents are the same in them. CTest runs it, and other tests, in several of them; the
 // environment says in which.
-#include "../RandomDocuments.h"
-
 #include <kormak/JobHeader.h>
 #include <objectbase/Converters.h>
+#include <tests/support/RandomDocuments.h>
 
 #include <QDateTime>
+#include <QtTest>
 
 #include <clocale>
 #include <cstdlib>

@@ -1,12 +1,12 @@
 // Files whose reading fails in the middle, and files that are longer than 32 bits count: nothing is read as a
 // shorter file.
-#include "../TestSupport.h"
-
 #include <kormak/GenericReceiver.h>
 #include <kormak/Job.h>
+#include <tests/support/Objects.h>
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <QtTest>
 
 #include <algorithm>
 #include <cerrno>

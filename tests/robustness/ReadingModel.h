@@ -4,10 +4,10 @@
 #ifndef KORMAK_ROBUSTNESS_READINGMODEL_H
 #define KORMAK_ROBUSTNESS_READINGMODEL_H
 
-#include "../ObjectStates.h"
 #include "XmlTree.h"
 
 #include <objectbase/Converters.h>
+#include <tests/support/ObjectStates.h>
 
 #include <limits>
 

@@ -1,9 +1,10 @@
 // Random objects of every kind, written, read and compared, copied, exchanged, and held against a comparison
 // field by field. KORMAK_SEED repeats a run, KORMAK_ROUND_TRIPS sets the number of objects of a kind.
-#include "../ObjectStates.h"
-#include "../RandomDocuments.h"
+#include <tests/support/ObjectStates.h>
+#include <tests/support/RandomDocuments.h>
 
 #include <QRegularExpression>
+#include <QtTest>
 
 #include <algorithm>
 #include <functional>
@@ -511,9 +512,6 @@ Changes<GenericReceiver> changesOf(const GenericReceiver & /*kind*/)
 }
 
 template <class Object>
-using Maker = std::function<Object(RandomDocuments &, int index)>;
-
-template <class Object>
 void checkRoundTrip(const Object &object)
 {
     QVERIFY(object.HasData());
@@ -582,15 +580,15 @@ void checkEquality(const Object &a, const Object &b)
 }
 
 template <class Object>
-void check(const char *kind, int usualCount, const Maker<Object> &make)
+void check(int usualCount)
 {
     const int count = countOf(usualCount);
-    qInfo("%s: %d objects, KORMAK_SEED=%u", kind, count, seed());
+    qInfo("%d objects, KORMAK_SEED=%u", count, seed());
     RandomDocuments random(seed());
     const Changes<Object> changes = changesOf(Object());
-    Object previous = make(random, 0);
+    Object previous = random.object<Object>(0);
     for (int index = 0; index < count; ++index) {
-        const Object object = make(random, index);
+        const Object object = random.object<Object>(index);
         checkRoundTrip(object);
         checkEquality(object, previous);
         checkEquality(object, object);
@@ -629,50 +627,42 @@ private Q_SLOTS:
 
 void RoundTripsTest::area()
 {
-    check<TESSEL::Area>("Area", 25'000, [](RandomDocuments &random, int) { return random.area(); });
+    check<TESSEL::Area>(25'000);
 }
 
 void RoundTripsTest::antennaData()
 {
-    check<TESSEL::AntennaData>("AntennaData", 20'000,
-                               [](RandomDocuments &random, int) { return random.antennaData(); });
+    check<TESSEL::AntennaData>(20'000);
 }
 
 void RoundTripsTest::jobHeader()
 {
-    check<JobHeader>("JobHeader", 20'000,
-                     [](RandomDocuments &random, int index) { return random.jobHeader(index); });
+    check<JobHeader>(20'000);
 }
 
 void RoundTripsTest::job()
 {
-    check<Job>("Job", 12'000, [](RandomDocuments &random, int index) { return random.job(index); });
+    check<Job>(12'000);
 }
 
 void RoundTripsTest::automaticWorkflow()
 {
-    check<AutomaticWorkflow>("AutomaticWorkflow", 12'000, [](RandomDocuments &random, int index) {
-        return random.automaticWorkflow(index);
-    });
+    check<AutomaticWorkflow>(12'000);
 }
 
 void RoundTripsTest::activityGenerationData()
 {
-    check<ActivityGenerationData>("ActivityGeneration", 6'000, [](RandomDocuments &random, int index) {
-        return random.activityGeneration(index);
-    });
+    check<ActivityGenerationData>(6'000);
 }
 
 void RoundTripsTest::parameter()
 {
-    check<Parameter>("Parameter", 5'000,
-                     [](RandomDocuments &random, int index) { return random.parameter(index); });
+    check<Parameter>(5'000);
 }
 
 void RoundTripsTest::genericReceiver()
 {
-    check<GenericReceiver>("GenericReceiver", 500,
-                           [](RandomDocuments &random, int index) { return random.genericReceiver(index); });
+    check<GenericReceiver>(500);
 }
 
 QTEST_GUILESS_MAIN(RoundTripsTest)

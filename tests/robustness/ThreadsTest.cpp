@@ -1,10 +1,10 @@
 // Eight threads, each with objects of its own, doing everything at once. What they share are the library's
 // tables and constants, whose first use they race for. Meant for a build under ThreadSanitizer, where it
 // needs no exceptions: the threads start and end by the standard library, and hand over nothing but numbers.
-#include "../ObjectStates.h"
-
 #include <objectbase/Converters.h>
 #include <objectbase/Logger.h>
+#include <tests/support/DocumentKinds.h>
+#include <tests/support/Samples.h>
 
 #include <QDateTime>
 

@@ -1,6 +1,6 @@
 // A tool on which the machine lets it down: memory, disks and other programs that write to the same files.
 // Whatever happens, it ends by itself, tells of it, and no file is other than it was or than it was to be.
-#include "../tools/ToolSupport.h"
+#include <tests/support/ToolSupport.h>
 
 #include <algorithm>
 #include <sys/resource.h>

@@ -1,9 +1,10 @@
 // The schemas, held against the reader: small documents that both take or refuse, and the few on which they
 // differ.
-#include "../RowNames.h"
-#include "SmallDocuments.h"
-
 #include <objectbase/Converters.h>
+#include <tests/support/RowNames.h>
+#include <tests/support/SmallDocuments.h>
+
+#include <QtTest>
 
 using namespace KORMAK;
 using namespace TESSEL;

@@ -1,8 +1,9 @@
 // The schemas, held against what the library writes, the examples and the vocabularies.
-#include "../RandomDocuments.h"
-#include "SchemaSupport.h"
-
 #include <objectbase/ResourceType.h>
+#include <tests/support/RandomDocuments.h>
+#include <tests/support/SchemaSupport.h>
+
+#include <QtTest>
 
 #include <functional>
 
@@ -35,16 +36,6 @@ private Q_SLOTS:
 };
 
 namespace {
-
-QString examplePath(const QString &path)
-{
-    return QDir(EXAMPLES_DIR).filePath(path);
-}
-
-QStringList filesIn(const QString &folder)
-{
-    return QDir(examplePath(folder)).entryList({"*.xml"}, QDir::Files, QDir::Name);
-}
 
 /// The names of an enumeration in a schema, in order.
 QStringList enumerationIn(const QString &schema, const QString &type)
@@ -159,12 +150,10 @@ void SchemasTest::examples_data()
 
     QMap<QString, QStringList> paths;
     for (const QString folder : {"jobs", "settings", "receivers"}) {
-        QVERIFY2(!filesIn(folder).isEmpty(), qPrintable(folder));
-        for (const QString &name : filesIn(folder)) {
-            const QString path = examplePath(folder + '/' + name);
-            QXmlStreamReader reader(contentsOf({path}).first());
-            QVERIFY2(reader.readNextStartElement(), qPrintable(path));
-            paths[reader.name().toString()] << path;
+        for (const QString &path : TestSupport::pathsIn(EXAMPLES_DIR "/" + folder, {"*.xml"})) {
+            const QString root = TestSupport::rootOf(TestSupport::textOf(path));
+            QVERIFY2(!root.isNull(), qPrintable(path));
+            paths[root] << path;
         }
     }
     for (auto kind = paths.begin(); kind != paths.end(); ++kind)
@@ -176,7 +165,10 @@ void SchemasTest::examples()
     QFETCH(QString, kind);
     QFETCH(QStringList, paths);
 
-    const QStringList faults = complaints(kind, contentsOf(paths));
+    QList<QByteArray> documents;
+    for (const QString &path : paths)
+        documents << TestSupport::bytesOf(path);
+    const QStringList faults = complaints(kind, documents);
     for (int i = 0; i < paths.size(); ++i)
         QVERIFY2(faults[i].isEmpty(), qPrintable(paths[i] + '\n' + faults[i]));
 }
@@ -186,10 +178,10 @@ void SchemasTest::faultyExamples_data()
     QTest::addColumn<bool>("isFaultOfForm");
     QTest::addColumn<QString>("complaint");
 
-    QStringList paths;
+    QList<QByteArray> documents;
     for (const FaultyExample &example : FaultyExamples)
-        paths << examplePath(QString("faulty/") + example.file);
-    const QStringList faults = complaints("Job", contentsOf(paths));
+        documents << TestSupport::bytesOf(EXAMPLES_DIR "/faulty/" + QString(example.file));
+    const QStringList faults = complaints("Job", documents);
     int row = 0;
     for (const FaultyExample &example : FaultyExamples)
         QTest::newRow(example.file) << example.isFaultOfForm << faults[row++];
@@ -208,7 +200,7 @@ void SchemasTest::everyFaultyExampleIsJudged()
     QStringList judged;
     for (const FaultyExample &example : FaultyExamples)
         judged << example.file;
-    QCOMPARE(judged, filesIn("faulty"));
+    QCOMPARE(judged, TestSupport::namesIn(EXAMPLES_DIR "/faulty", {"*.xml"}));
 }
 
 void SchemasTest::vocabularies_data()

@@ -1,4 +1,4 @@
-#include "ToolSupport.h"
+#include <tests/support/ToolSupport.h>
 
 using namespace ToolSupport;
 

@@ -1,12 +1,14 @@
-#include <tools/DocumentKind.h>
-#include <tools/FieldAssignment.h>
-#include <tools/NameLists.h>
+#include <inspection/DocumentKind_p.h>
+#include <inspection/FieldAssignment_p.h>
+#include <inspection/NameLists_p.h>
 #include <tools/Tool.h>
 #include <tools/Usage.h>
 
 #include <QProcess>
 #include <QStandardPaths>
 #include <QtTest>
+
+using namespace KORMAK::Inspection;
 
 /// The completions as the build has made them, in the shells that they are made for.
 class CompletionTest : public QObject {
@@ -202,7 +204,7 @@ void CompletionTest::fieldsAndValues()
         QStringList paths;
         QString script = load;
         QString values;
-        for (const SettableField &field : settableFields(*findDocumentKind(kind)->fields)) {
+        for (const SettableField &field : settableFields(findDocumentKind(kind)->fields())) {
             paths << field.path;
             script += "echo '" + field.path + "'; _kormak_values " + kind + " '" + field.path + "'; ";
             values += field.path + '\n';
@@ -269,8 +271,8 @@ void CompletionTest::shellCheck_data()
     QTest::addColumn<QString>("path");
 
     QTest::newRow("for bash") << ForBash;
-    QTest::newRow("template for bash") << KORMAK_TEMPLATES "/kormak.bash.in";
-    QTest::newRow("template of both shells") << KORMAK_TEMPLATES "/fields.sh.in";
+    QTest::newRow("template for bash") << SOURCE_DIR "/tools/completions/kormak.bash.in";
+    QTest::newRow("template of both shells") << SOURCE_DIR "/tools/completions/fields.sh.in";
 }
 
 void CompletionTest::shellCheck()

@@ -1,4 +1,4 @@
-#include "ToolSupport.h"
+#include <tests/support/ToolSupport.h>
 
 #ifdef Q_OS_UNIX
 #include <csignal>

@@ -1,0 +1,91 @@
+#include "inspection/DocumentCheck_p.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace KORMAK::Inspection {
+
+namespace {
+
+/// In the library's own words.
+FindingData findingOf(const Rejection &rejection)
+{
+    return {rejection.offset,  rejection.message, {}, rejection.id, Severity::Error, {}, {},
+            rejection.message, rejection.limit};
+}
+
+FindingData breakOf(const XmlTree &tree)
+{
+    const XmlTree::Break &broken = *tree.broken();
+    return {broken.offset, broken.message, tree.path(broken.element), FindingId::NotWellFormed,
+            Severity::Error};
+}
+
+/// A finding tells of the refusal when the library says what it says, or when it is an error at that place.
+bool isTold(const Rejection &rejection, const Findings &findings)
+{
+    return std::any_of(findings.begin(), findings.end(), [&rejection](const FindingData &finding) {
+        return finding.severity == Severity::Error
+            && (finding.complaint == rejection.message
+                || (finding.complaint.isEmpty() && finding.offset == rejection.offset));
+    });
+}
+
+void append(Findings &findings, Findings more)
+{
+    std::move(more.begin(), more.end(), std::back_inserter(findings));
+}
+
+} // namespace
+
+DocumentCheck checkText(const QByteArray &text, const TESSEL::ReadingLimits &limits)
+{
+    ParsedDocument document;
+    try {
+        document = documentOf(text, limits);
+    } catch (const DocumentError &error) {
+        return failedCheck(error);
+    }
+    const XmlTree &tree = document.tree;
+    Findings findings = std::move(document.findings);
+    std::optional<Rejection> rejection = std::move(document.rejection);
+    const bool isRead = !rejection;
+    if (tree.isBroken())
+        findings.push_back(breakOf(tree));
+    if (isRead) {
+        rejection = checkObject(document);
+        if (document.kind->lint)
+            append(findings, document.kind->lint(*document.object, tree));
+    }
+    if (rejection && !isTold(*rejection, findings))
+        findings.push_back(findingOf(*rejection));
+    std::stable_sort(findings.begin(), findings.end(),
+                     [](const FindingData &a, const FindingData &b) { return a.offset < b.offset; });
+
+    DocumentCheck check{!rejection, document.kind, document.isComplete};
+    if (!rejection)
+        check.state = stateOf(*document.kind, *document.object);
+    if (isRead)
+        check.object = std::move(document.object);
+    if (findings.empty())
+        return check;
+    TextPositions positions(document.text);
+    check.findings.reserve(findings.size());
+    for (FindingData &finding : findings) {
+        const TextPosition position = positions.at(finding.offset);
+        check.findings.push_back({std::move(finding), position});
+    }
+    return check;
+}
+
+DocumentCheck failedCheck(const DocumentError &error)
+{
+    const FindingData finding{error.offset, error.message, {}, error.id,   Severity::Error,
+                              {},           error.allowed, {}, error.limit};
+    DocumentCheck check;
+    check.findings.push_back({finding, error.position});
+    return check;
+}
+
+} // namespace KORMAK::Inspection

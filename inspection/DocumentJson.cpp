@@ -1,0 +1,89 @@
+#include "inspection/DocumentJson_p.h"
+
+#include <inspection/Obstacles_p.h>
+
+namespace KORMAK::Inspection {
+
+namespace {
+
+QStringView nameOf(Severity severity)
+{
+    return severity == Severity::Error ? QStringView(u"error") : QStringView(u"warning");
+}
+
+QString numberOrNull(const std::optional<TextPosition> &position, qsizetype TextPosition::*part)
+{
+    return position ? QString::number((*position).*part) : QStringLiteral("null");
+}
+
+} // namespace
+
+QByteArray findingJson(const QString &file, const FindingData &finding,
+                       const std::optional<TextPosition> &position)
+{
+    return jsonLine(u"finding", [&](JsonWriter &json) {
+        json.member(u"file", jsonText(file));
+        json.member(u"line", numberOrNull(position, &TextPosition::line));
+        json.member(u"column", numberOrNull(position, &TextPosition::column));
+        json.member(u"severity", jsonText(nameOf(finding.severity)));
+        json.member(u"id", jsonText(finding.id));
+        json.member(u"path", jsonTextOrNull(finding.path));
+        json.member(u"message", jsonText(finding.message));
+        json.member(u"found", finding.found ? jsonText(*finding.found) : QStringLiteral("null"));
+        json.key(u"allowed");
+        json.array(finding.allowed);
+        json.member(u"complaint", jsonTextOrNull(finding.complaint));
+    });
+}
+
+QByteArray fileJson(const QString &file, QStringView status, const DocumentKind *kind, bool isComplete,
+                    qsizetype findings)
+{
+    return jsonLine(u"file", [&](JsonWriter &json) {
+        json.member(u"file", jsonText(file));
+        json.member(u"status", jsonText(status));
+        json.member(u"kind", jsonTextOrNull(kind ? kind->rootElement.toString() : QString()));
+        json.member(u"complete", jsonBool(isComplete));
+        json.member(u"findings", QString::number(findings));
+    });
+}
+
+QString fieldsJson(const DocumentKind &kind, const TESSEL::ITesselObject &object)
+{
+    const auto reason = whyIncomplete(object);
+    JsonWriter json(JsonWriter::Layout::Indented);
+    json.beginObject();
+    json.member(u"kind", jsonText(kind.rootElement));
+    json.member(u"complete", jsonBool(!reason));
+    json.member(u"reason", jsonTextOrNull(reason.value_or(QString())));
+    json.key(u"fields");
+    json.fields(kind.fields(), kind.address(object));
+    json.endObject();
+    return json.text();
+}
+
+QString differencesJson(const DocumentKind &kind, const std::vector<FieldDifference> &differences,
+                        bool areEqualToLibrary)
+{
+    JsonWriter json(JsonWriter::Layout::Indented);
+    json.beginObject();
+    json.member(u"kind", jsonText(kind.rootElement));
+    json.member(u"equal", jsonBool(differences.empty()));
+    json.member(u"equalToLibrary", jsonBool(areEqualToLibrary));
+    json.key(u"differences");
+    json.beginArray();
+    for (const FieldDifference &difference : differences) {
+        json.beginObject();
+        json.member(u"field", jsonText(difference.path));
+        if (!difference.before.json.isEmpty())
+            json.member(u"before", difference.before.json);
+        if (!difference.after.json.isEmpty())
+            json.member(u"after", difference.after.json);
+        json.endObject();
+    }
+    json.endArray();
+    json.endObject();
+    return json.text();
+}
+
+} // namespace KORMAK::Inspection

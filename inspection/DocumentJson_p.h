@@ -1,0 +1,49 @@
+// What there is to tell about documents, as JSON for scripts.
+#ifndef KORMAK_INSPECTION_DOCUMENTJSON_P_H
+#define KORMAK_INSPECTION_DOCUMENTJSON_P_H
+
+#include <inspection/DocumentKind_p.h>
+#include <inspection/FieldDiff_p.h>
+#include <inspection/FindingData_p.h>
+#include <inspection/Json_p.h>
+
+#include <QByteArray>
+#include <QString>
+#include <QStringView>
+
+#include <optional>
+#include <vector>
+
+namespace KORMAK::Inspection {
+
+/// An object of a \a type in a line of its own, with the members that \a write adds.
+template <class Write>
+[[nodiscard]] QByteArray jsonLine(QStringView type, Write write)
+{
+    JsonWriter json(JsonWriter::Layout::OneLine);
+    json.beginObject();
+    json.member(u"type", jsonText(type));
+    write(json);
+    json.endObject();
+    return json.text().toUtf8() + '\n';
+}
+
+/// A line about one finding in the document called \a file.
+[[nodiscard]] QByteArray findingJson(const QString &file, const FindingData &finding,
+                                     const std::optional<TextPosition> &position);
+
+/// The line that sums up the findings of a document; \a kind is null when it is not known.
+[[nodiscard]] QByteArray fileJson(const QString &file, QStringView status, const DocumentKind *kind,
+                                  bool isComplete, qsizetype findings);
+
+/// The kind, the state and the fields of \a object.
+[[nodiscard]] QString fieldsJson(const DocumentKind &kind, const TESSEL::ITesselObject &object);
+
+/// \a areEqualToLibrary: by the operator of the class.
+[[nodiscard]] QString differencesJson(const DocumentKind &kind,
+                                      const std::vector<FieldDifference> &differences,
+                                      bool areEqualToLibrary);
+
+} // namespace KORMAK::Inspection
+
+#endif

@@ -1,0 +1,622 @@
+#include "inspection/DocumentWalk_p.h"
+
+#include <inspection/Advice_p.h>
+#include <inspection/DocumentTexts_p.h>
+#include <inspection/QuotedText_p.h>
+#include <inspection/XmlCursor_p.h>
+#include <objectbase/DocumentTable_p.h>
+#include <objectbase/DocumentXml_p.h>
+#include <objectbase/Messages_p.h>
+#include <objectbase/Nesting_p.h>
+
+#include <QHash>
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace KORMAK::Inspection {
+
+namespace {
+
+using namespace TESSEL;
+using Index = XmlTree::Index;
+using Content = Row::Content;
+
+bool isRead(const Row &row)
+{
+    return row.read || row.content == Content::Ignored || (row.part && row.part->enter);
+}
+
+/// Each element is an object of its own.
+bool isList(const Row &row)
+{
+    return row.part && row.part->kind != Part::Kind::One;
+}
+
+struct ObjectState;
+
+/// What the document has said so far in the elements of one row.
+struct RowState {
+    Index last = XmlTree::None;
+    bool isMisplaced = false; ///< there is no text in the last one
+    std::ptrdiff_t finding = -1; ///< about the text of the last one, if there is one
+    std::unique_ptr<ObjectState> object = nullptr; ///< which several elements fill
+};
+
+struct ObjectState {
+    ObjectState(const ObjectTable &objectTable, void *filled) : table(objectTable), object(filled) { }
+
+    const ObjectTable &table;
+    void *object;
+    Index index = XmlTree::Root; ///< the last element of the object
+    std::map<const Row *, RowState> rows;
+
+    [[nodiscard]] Index last(const Row *row) const
+    {
+        const auto state = rows.find(row);
+        return state == rows.end() ? XmlTree::None : state->second.last;
+    }
+};
+
+/// The first thing that Check() of an object asks for when there is nothing in it.
+QString pleaseSetFirst(const ObjectTable &table)
+{
+    QString message;
+    table.inOrder([&](const Row &row) {
+        if (message.isEmpty() && !row.requiredAs.isNull() && !row.part)
+            message = Messages::pleaseSet(table.name.toString(), row.requiredAs);
+    });
+    return message;
+}
+
+class Walk {
+public:
+    Walk(const XmlTree &xml, const ITesselObject &filled) : tree(xml), document(filled), cursor(xml) { }
+
+    WalkOutcome read(const ObjectTable &table, void *object)
+    {
+        ObjectState root(table, object);
+        readObject(root);
+        if (tree.firstTooDeep() != XmlTree::None)
+            stopAtDepth();
+        stop();
+        if (!tree.isBroken())
+            demand(root, Severity::Error);
+        std::stable_sort(outcome.findings.begin(), outcome.findings.end(),
+                         [](const FindingData &a, const FindingData &b) { return a.offset < b.offset; });
+        return std::move(outcome);
+    }
+
+private:
+    // Reading
+
+    /// The library stops here, by an exception.
+    void refuse(Index index, const QString &message)
+    {
+        if (outcome.rejection)
+            return;
+        outcome.rejection = Rejection{message, tree.offset(index)};
+        stop();
+    }
+
+    /// What has been read until then is all that there is.
+    void stop()
+    {
+        if (!hasStopped)
+            outcome.isComplete = document.HasData();
+        hasStopped = true;
+    }
+
+    /// An error of the reader ends the reading of each open object as if it was whole; but blocks throw.
+    void stopReader()
+    {
+        if (!hasStopped && openList && !isInBlock)
+            leave(*openList);
+        stop();
+    }
+
+    /// The reader stops at the first element that is too deep.
+    void stopAtDepth()
+    {
+        if (outcome.rejection)
+            return;
+        stopReader();
+        outcome.rejection =
+            Rejection{depthMessage(document.GetReadingLimits().GetDepth()), tree.offset(tree.firstTooDeep()),
+                      FindingId::BeyondLimit, ReadingLimit::Depth};
+    }
+
+    /// To the next start or end; false behind the end of the root.
+    bool advance()
+    {
+        if (!cursor.next())
+            return false;
+        if (tree.firstTooDeep() != XmlTree::None && !cursor.isAtEnd()
+            && cursor.element() >= tree.firstTooDeep())
+            stopAtDepth();
+        return true;
+    }
+
+    /// The document breaks off in the element.
+    bool isCutOff(Index index) const
+    {
+        Index open = tree.brokenIn();
+        while (open != XmlTree::None && open != index)
+            open = tree.parent(open);
+        return open != XmlTree::None;
+    }
+
+    static const Row *childRow(const ObjectTable &table, QStringView name)
+    {
+        const auto *const row =
+            std::find_if(table.elements.begin(), table.elements.end(), [name](const Row &candidate) {
+                return isRead(candidate) && candidate.name == name;
+            });
+        return row == table.elements.end() ? nullptr : row;
+    }
+
+    /// The cursor is at the start of the child, and at its end afterwards.
+    void readChild(ObjectState &parent)
+    {
+        const Row *const row = childRow(parent.table, localName(tree.name(cursor.element())));
+        if (!row) {
+            reportUnknown(parent.table);
+            cursor.skip();
+            return;
+        }
+        RowState &state = parent.rows[row];
+        reportRepetition(parent, *row, state.last);
+        state.last = cursor.element();
+        readRow(parent, *row, state);
+    }
+
+    void readRow(ObjectState &parent, const Row &row, RowState &state)
+    {
+        switch (row.content) {
+        case Content::Text:
+            readText(parent, row, state);
+            cursor.skip();
+            break;
+        case Content::Object:
+            if (isList(row)) {
+                ObjectState object(row.part->table(), row.part->enter(parent.object));
+                const OpenPart part{parent.object, *row.part, object.object};
+                openList = &part;
+                readObject(object);
+                openList = nullptr;
+                leave(part);
+                if (!tree.isBroken())
+                    demand(object, Severity::Warning);
+            } else {
+                readObject(filledObject(parent, row, state));
+            }
+            break;
+        case Content::Block:
+            readBlock(filledObject(parent, row, state), row.end);
+            break;
+        case Content::Entry: {
+            ObjectState entry(row.part->table(), row.part->enter(parent.object));
+            readAttributes(entry);
+            reportStrayText();
+            leave({parent.object, *row.part, entry.object});
+            break;
+        }
+        case Content::Ignored:
+            if (const QStringView why = adviceFor(parent.table.name, row.name).unread; !why.isEmpty())
+                add(cursor.element(), FindingId::Unread, why.toString());
+            cursor.skip();
+            break;
+        }
+    }
+
+    /// A part that is being read.
+    struct OpenPart {
+        void *parent;
+        const Part &part;
+        void *object;
+    };
+
+    static void leave(const OpenPart &open)
+    {
+        if (open.part.leave)
+            open.part.leave(open.parent, open.object);
+    }
+
+    static ObjectState &filledObject(const ObjectState &parent, const Row &row, RowState &state)
+    {
+        void *const object = row.part->enter(parent.object);
+        if (!state.object)
+            state.object = std::make_unique<ObjectState>(row.part->table(), object);
+        state.object->object = object;
+        return *state.object;
+    }
+
+    void readText(const ObjectState &parent, const Row &row, RowState &state)
+    {
+        const Index index = cursor.element();
+        state.finding = -1;
+        state.isMisplaced = tree.hasChild(index);
+        if (index != parent.index)
+            checkAttributes(index, ObjectTable{});
+        const QString text = index == XmlTree::Root && !tree.isBroken() ? tree.rootText() : tree.text(index);
+        const bool isWhole = !state.isMisplaced && index != tree.brokenIn();
+        if (isWhole && !isValid(row.type, text)) {
+            state.finding = static_cast<std::ptrdiff_t>(outcome.findings.size());
+            FindingData &finding = add(index, FindingId::BadValue, objectionTo(row, text));
+            finding.found = text;
+            finding.allowed = allowedTexts(row.type);
+        }
+        try {
+            row.read(parent.object, text);
+        } catch (const TesselException &exception) {
+            if (isWhole) {
+                refuse(index, exception.GetErrorMessage());
+                setSeverity(state.finding >= 0 ? outcome.findings[static_cast<std::size_t>(state.finding)]
+                                               : add(index, FindingId::Refused, exception.GetErrorMessage()),
+                            Severity::Error, exception.GetErrorMessage());
+            }
+        }
+        if (state.isMisplaced)
+            reportMisplaced(tree.firstChild(index));
+    }
+
+    void readObject(ObjectState &object)
+    {
+        object.index = cursor.element();
+        const QString &ownName = tree.name(object.index);
+        if (object.table.begin)
+            object.table.begin(object.object);
+        readAttributes(object);
+        if (const Row *const row = object.table.wholeText ? object.table.wholeText(object.object) : nullptr) {
+            RowState &state = object.rows[row];
+            state.last = object.index;
+            readText(object, *row, state);
+            cursor.skip();
+            return;
+        }
+        reportStrayText();
+        while (advance()) {
+            if (!cursor.isAtEnd())
+                readChild(object);
+            else if (tree.name(cursor.element()) == ownName)
+                return; // told by its name, since a block may have ended below
+        }
+    }
+
+    /// What follows behind the element, when the block goes on there, is read, but not judged: it is the
+    /// fault of the block.
+    void readBlock(ObjectState &block, QStringView end)
+    {
+        block.index = cursor.element();
+        readAttributes(block);
+        reportStrayText();
+        bool isInside = true;
+        isInBlock = true;
+        while (advance()) {
+            if (cursor.isAtEnd() && tree.name(cursor.element()) == end)
+                break;
+            if (cursor.isAtEnd())
+                isInside = isInside && cursor.element() != block.index;
+            else if (isInside)
+                readInBlock(block);
+            else
+                passInBlock(block);
+        }
+        if (isCutOff(cursor.element()))
+            stopReader();
+        isInBlock = false;
+    }
+
+    void readInBlock(ObjectState &block)
+    {
+        const Index index = cursor.element();
+        const Index parent = tree.parent(index);
+        if (isKnown(block.table, index))
+            readChild(block);
+        else if (parent == block.index || isKnown(block.table, parent))
+            reportUnknown(block.table); // and what is in it is not told again
+    }
+
+    void passInBlock(ObjectState &block)
+    {
+        const Row *const row = childRow(block.table, localName(tree.name(cursor.element())));
+        if (!row)
+            return;
+        const std::size_t before = outcome.findings.size();
+        RowState state;
+        readRow(block, *row, state);
+        if (!state.isMisplaced)
+            outcome.findings.erase(outcome.findings.begin() + static_cast<std::ptrdiff_t>(before),
+                                   outcome.findings.end());
+    }
+
+    bool isKnown(const ObjectTable &table, Index index) const
+    {
+        return childRow(table, localName(tree.name(index))) != nullptr;
+    }
+
+    void readAttributes(const ObjectState &object)
+    {
+        const Index index = cursor.element();
+        for (const Row &row : object.table.attributes) {
+            if (row.read)
+                row.read(object.object, tree.attribute(index, row.name).value_or(QString()));
+        }
+        checkAttributes(index, object.table);
+    }
+
+    void checkAttributes(Index index, const ObjectTable &table)
+    {
+        for (const XmlTree::Attribute &attribute : tree.attributes(index)) {
+            if (attribute.name.contains(QLatin1Char(':')) || attribute.name == QLatin1String("xmlns"))
+                continue; // meant for others
+            const Row *const row = table.attribute(attribute.name);
+            if (!row) {
+                reportUnknownAttribute(index, attribute, table);
+            } else if (!row->read) {
+                const Advice advice = adviceFor(table.name, u'@' + attribute.name);
+                addAttribute(index, attribute, FindingId::Unread, advice.unread.toString());
+            } else if (!isValid(row->type, attribute.value)) {
+                addAttribute(index, attribute, FindingId::BadValue, objectionTo(*row, attribute.value))
+                    .allowed = allowedTexts(row->type);
+            }
+        }
+    }
+
+    // Demands
+
+    /// \a severity: of what Check() would ask for if it came to the object.
+    void demand(const ObjectState &state, Severity severity)
+    {
+        for (const Row &row : state.table.attributes) {
+            if (row.isMet && !row.isMet(state.object))
+                demandAttribute(state, row, severity);
+        }
+        const auto demandElement = [&](const Row &row) {
+            const auto found = state.rows.find(&row);
+            const RowState *const said = found == state.rows.end() ? nullptr : &found->second;
+            if (row.part)
+                demandPart(state, row, said ? said->object.get() : nullptr, severity);
+            else
+                demandRow(state, row, said, severity);
+        };
+        const Row *const text = state.table.wholeText ? state.table.wholeText(state.object) : nullptr;
+        if (text) {
+            demandElement(*text);
+            return;
+        }
+        state.table.inOrder([&](const Row &row) {
+            if (isElement(state.table, row))
+                demandElement(row);
+        });
+    }
+
+    /// An object that is there is judged, too, when the document does not say whether it is needed.
+    void demandPart(const ObjectState &state, const Row &row, const ObjectState *part, Severity severity)
+    {
+        if (!row.isNeededIn(state.object) && !(part && hasUnmet(state)))
+            return;
+        const bool isAsked = !row.requiredAs.isNull();
+        if (part && row.content == Content::Object)
+            demand(*part, isAsked ? severity : Severity::Warning);
+        else if (!part && isAsked)
+            reportMissing(state, row, severity, pleaseSetFirst(row.part->table()));
+    }
+
+    static bool hasUnmet(const ObjectState &state)
+    {
+        return std::any_of(state.table.elements.begin(), state.table.elements.end(),
+                           [&state](const Row &row) {
+                               return row.isMet && row.isNeededIn(state.object) && !row.isMet(state.object);
+                           });
+    }
+
+    void demandAttribute(const ObjectState &state, const Row &row, Severity severity)
+    {
+        const QString complaint = Messages::pleaseSet(state.table.name.toString(), row.requiredAs);
+        if (const auto value = tree.attribute(state.index, row.name)) {
+            setSeverity(addAttribute(state.index, {row.name.toString(), *value}, FindingId::BadValue,
+                                     QStringLiteral("is empty")),
+                        severity, complaint);
+        } else {
+            setSeverity(add(state.index, FindingId::MissingAttribute, QStringLiteral("missing"),
+                            QStringLiteral("/@") + row.name.toString()),
+                        severity, complaint);
+        }
+    }
+
+    void demandRow(const ObjectState &state, const Row &row, const RowState *said, Severity severity)
+    {
+        if (said && said->isMisplaced)
+            return;
+        if (row.isExpected && !said) {
+            reportMissing(state, row, Severity::Warning, {});
+        } else if (row.isRequired() && row.isNeededIn(state.object)) {
+            if (row.isMet && !row.isMet(state.object))
+                reportUnmet(state, row, said, severity,
+                            Messages::pleaseSet(state.table.name.toString(), row.requiredAs));
+            else if (row.isComplete && !row.isComplete(state.object) && !reportIncomplete(state, row, {}))
+                reportUnmet(state, row, said, Severity::Warning, {});
+        }
+    }
+
+    void reportMissing(const ObjectState &state, const Row &row, Severity severity, const QString &complaint)
+    {
+        FindingData &finding = add(state.index, FindingId::MissingElement, QStringLiteral("missing"),
+                                   QLatin1Char('/') + row.name.toString());
+        finding.allowed = allowedTexts(row.type);
+        setSeverity(finding, severity, complaint);
+    }
+
+    /// What it means that \a row is not complete, told where the document says so; null when nothing can be
+    /// told.
+    FindingData *reportIncomplete(const ObjectState &state, const Row &row, QStringView otherPlace)
+    {
+        const QStringView meaning = adviceFor(state.table.name, row.name).incomplete;
+        const Index place = state.last(otherPlace.isNull() ? &row : state.table.element(otherPlace));
+        if (meaning.isEmpty() || place == XmlTree::None)
+            return nullptr;
+        FindingData &finding = add(place, FindingId::BadValue, meaning.toString());
+        finding.found = tree.text(place);
+        return &finding;
+    }
+
+    void reportUnmet(const ObjectState &state, const Row &row, const RowState *said, Severity severity,
+                     const QString &complaint)
+    {
+        const Advice advice = adviceFor(state.table.name, row.name);
+        if (!advice.place.isNull()) {
+            if (FindingData *const finding = reportIncomplete(state, row, advice.place))
+                setSeverity(*finding, severity, complaint);
+        } else if (!said) {
+            reportMissing(state, row, severity, complaint);
+        } else if (said->finding >= 0) {
+            setSeverity(outcome.findings[static_cast<std::size_t>(said->finding)], severity, complaint);
+        } else {
+            const QString text = tree.text(said->last);
+            FindingData &finding =
+                add(said->last, FindingId::BadValue,
+                    advice.wanted.isEmpty() || text.isEmpty()
+                        ? QStringLiteral("is empty")
+                        : QStringLiteral("%1 is not %2").arg(quoted(text), advice.wanted.toString()));
+            finding.found = text;
+            setSeverity(finding, severity, complaint);
+        }
+    }
+
+    // Findings
+
+    FindingData &add(Index index, QStringView id, const QString &message, const QString &below = {})
+    {
+        if (index != pathIndex) {
+            pathIndex = index;
+            path = tree.path(index);
+        }
+        outcome.findings.push_back({tree.offset(index), message, path + below, id});
+        return outcome.findings.back();
+    }
+
+    FindingData &addAttribute(Index index, const XmlTree::Attribute &attribute, QStringView id,
+                              const QString &message)
+    {
+        FindingData &finding = add(index, id, message, QStringLiteral("/@") + shortened(attribute.name));
+        finding.found = attribute.value;
+        return finding;
+    }
+
+    /// What a setter has refused already stays an error.
+    static void setSeverity(FindingData &finding, Severity severity, const QString &complaint)
+    {
+        if (severity != Severity::Error || finding.severity == Severity::Error)
+            return;
+        finding.severity = Severity::Error;
+        finding.complaint = complaint;
+    }
+
+    void reportMisplaced(Index child)
+    {
+        static const QString words = [] {
+            QXmlStreamReader reader(QStringLiteral("<a><b/></a>"));
+            reader.readNextStartElement();
+            (void)elementText(reader);
+            return reader.errorString();
+        }();
+        add(child, FindingId::MisplacedElement, QStringLiteral("an element where a text belongs")).severity =
+            Severity::Error;
+        if (!outcome.rejection)
+            stopReader();
+        refuse(child, words);
+    }
+
+    void reportUnknown(const ObjectTable &table)
+    {
+        const Index index = cursor.element();
+        FindingData &finding =
+            add(index, FindingId::UnknownElement,
+                table.refusesOthers ? QStringLiteral("unknown element")
+                                    : QStringLiteral("unknown element, which is passed over"));
+        finding.allowed = namesIn(table);
+        if (table.refusesOthers) {
+            const QString complaint =
+                Messages::unknownTag(table.name.toString(), localName(tree.name(index)));
+            setSeverity(finding, Severity::Error, complaint);
+            refuse(index, complaint);
+        }
+    }
+
+    void reportRepetition(const ObjectState &parent, const Row &row, Index former)
+    {
+        const bool mayRepeat =
+            isList(row) || row.content == Content::Block || row.content == Content::Ignored;
+        if (mayRepeat || former == XmlTree::None)
+            return;
+        // An object that is given twice is told of itself; what is in it need not be.
+        const Index here = cursor.element();
+        if (parent.table.refusesOthers && tree.parent(here) != tree.parent(former))
+            return;
+        add(here, FindingId::Repeated, QStringLiteral("given before; the last one counts"));
+    }
+
+    void reportStrayText()
+    {
+        const QString text = tree.text(cursor.element()).trimmed();
+        if (text.isEmpty())
+            return;
+        add(cursor.element(), FindingId::StrayText,
+            QStringLiteral("the text %1 is not read").arg(quoted(text)))
+            .found = text;
+    }
+
+    void reportUnknownAttribute(Index index, const XmlTree::Attribute &attribute, const ObjectTable &table)
+    {
+        QStringList names;
+        for (const Row &row : table.attributes) {
+            if (row.read)
+                names += row.name.toString();
+        }
+        addAttribute(index, attribute, FindingId::UnknownAttribute,
+                     QStringLiteral("unknown attribute, which is passed over"))
+            .allowed = names;
+    }
+
+    /// The same list for all findings.
+    const QStringList &namesIn(const ObjectTable &table)
+    {
+        QStringList &names = allNames[&table];
+        if (names.isEmpty()) {
+            table.inOrder([&](const Row &row) {
+                if (isElement(table, row) && isRead(row) && adviceFor(table.name, row.name).unread.isEmpty())
+                    names += row.name.toString();
+            });
+        }
+        return names;
+    }
+
+    static bool isElement(const ObjectTable &table, const Row &row)
+    {
+        return table.element(row.name) == &row;
+    }
+
+    const XmlTree &tree;
+    const ITesselObject &document;
+    XmlCursor cursor;
+    WalkOutcome outcome;
+    bool hasStopped = false;
+    bool isInBlock = false;
+    const OpenPart *openList = nullptr; ///< null: none
+    Index pathIndex = XmlTree::None; ///< of `path`: many findings may be about one element
+    QString path;
+    QHash<const ObjectTable *, QStringList> allNames;
+};
+
+} // namespace
+
+WalkOutcome walk(const XmlTree &tree, const ObjectTable &table, void *address, const ITesselObject &document)
+{
+    return Walk(tree, document).read(table, address);
+}
+
+} // namespace KORMAK::Inspection

@@ -1,0 +1,121 @@
+#include "inspection/Finding.h"
+
+#include <inspection/FindingData_p.h>
+#include <objectbase/Lasting_p.h>
+
+#include <utility>
+
+namespace KORMAK {
+
+using namespace Inspection;
+
+struct Finding::Private {
+    FindingData content;
+    std::optional<TextPosition> position;
+    qsizetype offset;
+};
+
+Finding::Finding() = default;
+
+Finding::Finding(std::shared_ptr<const Private> content) : d(std::move(content)) { }
+
+const Finding::Private &Finding::data() const
+{
+    static const TESSEL::Lasting<Private> none{Private{{0, {}, {}, {}, Severity::Warning}, std::nullopt, -1}};
+    return d ? *d : *none;
+}
+
+Finding::Severity Finding::GetSeverity() const noexcept
+{
+    return data().content.severity;
+}
+
+QString Finding::GetId() const
+{
+    return data().content.id.toString();
+}
+
+QString Finding::GetMessage() const
+{
+    return data().content.message;
+}
+
+QString Finding::GetPath() const
+{
+    return data().content.path;
+}
+
+bool Finding::HasPlace() const noexcept
+{
+    return data().position.has_value();
+}
+
+qint64 Finding::GetOffset() const noexcept
+{
+    return data().offset;
+}
+
+qint64 Finding::GetLine() const noexcept
+{
+    return HasPlace() ? data().position->line : 0;
+}
+
+qint64 Finding::GetColumn() const noexcept
+{
+    return HasPlace() ? data().position->column : 0;
+}
+
+bool Finding::HasFound() const noexcept
+{
+    return data().content.found.has_value();
+}
+
+QString Finding::GetFound() const
+{
+    return data().content.found.value_or(QString());
+}
+
+QStringList Finding::GetAllowed() const
+{
+    return data().content.allowed;
+}
+
+QString Finding::GetComplaint() const
+{
+    return data().content.complaint;
+}
+
+Finding::Limit Finding::GetLimit() const noexcept
+{
+    return data().content.limit;
+}
+
+bool Finding::operator==(const Finding &other) const
+{
+    return d == other.d
+        || (GetSeverity() == other.GetSeverity() && data().content.id == other.data().content.id
+            && GetMessage() == other.GetMessage() && GetPath() == other.GetPath()
+            && GetOffset() == other.GetOffset() && GetLine() == other.GetLine()
+            && GetColumn() == other.GetColumn() && data().content.found == other.data().content.found
+            && GetAllowed() == other.GetAllowed() && GetComplaint() == other.GetComplaint()
+            && GetLimit() == other.GetLimit());
+}
+
+Finding FindingMaker::made(FindingData data, const std::optional<TextPosition> &position, qsizetype skipped)
+{
+    const qsizetype offset = position ? data.offset + skipped : -1;
+    return Finding(
+        std::make_shared<const Finding::Private>(Finding::Private{std::move(data), position, offset}));
+}
+
+const FindingData &FindingMaker::contentOf(const Finding &finding)
+{
+    return finding.data().content;
+}
+
+const std::optional<TextPosition> &FindingMaker::positionOf(const Finding &finding)
+{
+    return finding.data().position;
+}
+
+} // namespace KORMAK

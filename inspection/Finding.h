@@ -1,0 +1,134 @@
+#ifndef KORMAK_INSPECTION_FINDING_H
+#define KORMAK_INSPECTION_FINDING_H
+
+#include <inspection/inspection_export.h>
+
+#include <QString>
+#include <QStringList>
+#include <QStringView>
+
+#include <memory>
+
+namespace KORMAK {
+
+/// What kinds of findings there are; Finding::GetId() gives one of these.
+namespace FindingId {
+
+/// A text does not say what belongs there.
+inline constexpr QStringView BadValue = u"bad-value";
+/// The document is more than the limits allow; Finding::GetLimit() tells which.
+inline constexpr QStringView BeyondLimit = u"beyond-limit";
+/// The text is not UTF-8, or holds a NUL.
+inline constexpr QStringView Encoding = u"encoding";
+/// Something in the text that a rewritten document would not hold.
+inline constexpr QStringView Lost = u"lost";
+/// A comment that a rewritten document would not hold.
+inline constexpr QStringView LostComment = u"lost-comment";
+/// An element stands within a text.
+inline constexpr QStringView MisplacedElement = u"misplaced-element";
+/// An attribute is missing.
+inline constexpr QStringView MissingAttribute = u"missing-attribute";
+/// An element is missing.
+inline constexpr QStringView MissingElement = u"missing-element";
+/// A field would not be read from the written document as it is; the path is that of the field.
+inline constexpr QStringView NotReadBack = u"not-read-back";
+/// The text is not well-formed XML.
+inline constexpr QStringView NotWellFormed = u"not-well-formed";
+/// The library refuses the document, for a reason that it tells in its own words.
+inline constexpr QStringView Refused = u"refused";
+/// An element is given more than once.
+inline constexpr QStringView Repeated = u"repeated";
+/// A text stands where none is read.
+inline constexpr QStringView StrayText = u"stray-text";
+/// What is there is allowed, but is hardly meant.
+inline constexpr QStringView Suspicious = u"suspicious";
+/// There is no such attribute.
+inline constexpr QStringView UnknownAttribute = u"unknown-attribute";
+/// There is no such element.
+inline constexpr QStringView UnknownElement = u"unknown-element";
+/// The document is of a kind that is not known.
+inline constexpr QStringView UnknownKind = u"unknown-kind";
+/// An element or attribute is known, but passed over.
+inline constexpr QStringView Unread = u"unread";
+/// A file cannot be read; for programs that read files.
+inline constexpr QStringView Unreadable = u"unreadable";
+
+} // namespace FindingId
+
+namespace Inspection {
+struct FindingData;
+struct FindingMaker;
+struct TextPosition;
+} // namespace Inspection
+
+/// Something to tell about a document and, where it was made of text, about a place in it. A value; copies
+/// share their data.
+class INSPECTION_EXPORT Finding {
+public:
+    /// How much it matters.
+    enum class Severity : qint32 {
+        Warning, ///< the library accepts the document, but does not read what is there, or not as it looks
+        Error, ///< the library refuses the document for it
+    };
+
+    /// Which of the reading limits a document goes beyond.
+    enum class Limit : qint32 {
+        None, ///< it is not about a limit
+        Attributes, ///< TESSEL::ReadingLimits::GetAttributes()
+        Depth, ///< TESSEL::ReadingLimits::GetDepth()
+        Entities, ///< TESSEL::ReadingLimits::GetEntityCharacters() and GetEntityFactor()
+    };
+
+    /// A warning without an id or message.
+    Finding();
+
+    /// Whether the library refuses the document for it.
+    [[nodiscard]] Severity GetSeverity() const noexcept;
+    /// What it is about, for programs: one of FindingId.
+    [[nodiscard]] QString GetId() const;
+    /// What it is about, for people: a sentence without path and place. Texts of the document stand in it
+    /// between quotation marks, cut when they are long and without characters that could steer a terminal.
+    [[nodiscard]] QString GetMessage() const;
+    /// The element or attribute that it is about, from the root: "Job/JobHeader/Author",
+    /// "GenericReceiver/Parameter[Gain]/@UniqueName". Empty when it is about the document as a whole. Where
+    /// something is missing, the path that it would have.
+    [[nodiscard]] QString GetPath() const;
+
+    /// Whether it is about a place in a text.
+    [[nodiscard]] bool HasPlace() const noexcept;
+    /// The place in bytes from 0, as they were given; -1 without a place.
+    [[nodiscard]] qint64 GetOffset() const noexcept;
+    /// The line of the place, from 1; 0 without a place.
+    [[nodiscard]] qint64 GetLine() const noexcept;
+    /// The column of the place in characters, from 1; 0 without a place. A byte order mark does not count.
+    [[nodiscard]] qint64 GetColumn() const noexcept;
+
+    /// Whether there is a text that it is about.
+    [[nodiscard]] bool HasFound() const noexcept;
+    /// The text that is there, as the document has it; empty when HasFound() is false.
+    [[nodiscard]] QString GetFound() const;
+    /// The names that could be there; empty when they cannot be listed.
+    [[nodiscard]] QStringList GetAllowed() const;
+    /// What the library itself says when it refuses the document for this; empty when it says nothing of its
+    /// own.
+    [[nodiscard]] QString GetComplaint() const;
+    /// The limit that the document goes beyond.
+    [[nodiscard]] Limit GetLimit() const noexcept;
+
+    /// Everything is equal, the place included.
+    [[nodiscard]] bool operator==(const Finding &other) const;
+    [[nodiscard]] bool operator!=(const Finding &other) const { return !(*this == other); }
+
+private:
+    friend struct Inspection::FindingMaker;
+    struct Private;
+
+    INSPECTION_NO_EXPORT explicit Finding(std::shared_ptr<const Private> content);
+    [[nodiscard]] INSPECTION_NO_EXPORT const Private &data() const;
+
+    std::shared_ptr<const Private> d; // null: of the default
+};
+
+} // namespace KORMAK
+
+#endif

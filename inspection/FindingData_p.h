@@ -1,0 +1,44 @@
+// Something to tell about a place in a document, while it is put together; Finding is what callers get.
+#ifndef KORMAK_INSPECTION_FINDINGDATA_P_H
+#define KORMAK_INSPECTION_FINDINGDATA_P_H
+
+#include <inspection/Finding.h>
+#include <inspection/TextPosition_p.h>
+
+#include <QString>
+#include <QStringList>
+#include <QStringView>
+
+#include <optional>
+#include <vector>
+
+namespace KORMAK::Inspection {
+
+using Severity = Finding::Severity;
+using ReadingLimit = Finding::Limit;
+
+struct FindingData {
+    qsizetype offset; ///< in the text of the document
+    QString message;
+    QString path = {}; ///< of the element or attribute that it is about; empty: none
+    QStringView id = FindingId::Suspicious;
+    Severity severity = Severity::Warning;
+    std::optional<QString> found = std::nullopt; ///< the text that is there
+    QStringList allowed = {}; ///< the names that could be there
+    QString complaint = {}; ///< what the library says when it refuses the document for this
+    ReadingLimit limit = ReadingLimit::None; ///< that the document goes beyond
+};
+
+using Findings = std::vector<FindingData>;
+
+struct FindingMaker {
+    /// \a position: nothing when it is not about a place. \a skipped bytes stood before the text.
+    [[nodiscard]] static Finding made(FindingData data, const std::optional<TextPosition> &position,
+                                      qsizetype skipped);
+    [[nodiscard]] static const FindingData &contentOf(const Finding &finding);
+    [[nodiscard]] static const std::optional<TextPosition> &positionOf(const Finding &finding);
+};
+
+} // namespace KORMAK::Inspection
+
+#endif

@@ -1,0 +1,55 @@
+// The "Parameter" elements of a document, each with the parameter that was read from it.
+#ifndef KORMAK_INSPECTION_PARAMETERELEMENTS_P_H
+#define KORMAK_INSPECTION_PARAMETERELEMENTS_P_H
+
+#include <inspection/FindingData_p.h>
+#include <inspection/XmlTree_p.h>
+
+#include <QString>
+#include <QStringView>
+
+#include <vector>
+
+namespace KORMAK {
+class GenericReceiver;
+class Parameter;
+} // namespace KORMAK
+
+namespace KORMAK::Inspection {
+
+class ParameterElement {
+public:
+    const XmlTree &tree;
+    XmlTree::Index index;
+    const KORMAK::Parameter &parameter;
+    bool isInReceiver;
+    bool hasReplaced; ///< an element before it bears the same unique name
+
+    [[nodiscard]] bool hasBlock() const { return !blocks().empty(); }
+
+    /// The elements called \a name in the blocks of the parameter's type, at any depth, as reading finds
+    /// them.
+    [[nodiscard]] std::vector<XmlTree::Index> inBlocks(QStringView name) const;
+
+    /// At \a element.
+    [[nodiscard]] FindingData finding(XmlTree::Index element, const QString &message) const;
+    /// At the last of the elements called \a name in the blocks, at the last block, or at the parameter,
+    /// whichever there is.
+    [[nodiscard]] FindingData findingInBlocks(QStringView name, const QString &message) const;
+    /// At the last block or at the parameter.
+    [[nodiscard]] FindingData findingAtBlock(const QString &message) const;
+
+private:
+    [[nodiscard]] std::vector<XmlTree::Index> blocks() const;
+};
+
+/// In any order. An element is left out when a later one has taken its place, and when its
+/// parameter was not read.
+[[nodiscard]] std::vector<ParameterElement> parameterElements(const KORMAK::GenericReceiver &receiver,
+                                                              const XmlTree &tree);
+[[nodiscard]] std::vector<ParameterElement> parameterElements(const KORMAK::Parameter &parameter,
+                                                              const XmlTree &tree);
+
+} // namespace KORMAK::Inspection
+
+#endif

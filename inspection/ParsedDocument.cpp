@@ -1,0 +1,107 @@
+#include "inspection/ParsedDocument_p.h"
+
+#include <inspection/Obstacles_p.h>
+#include <inspection/Utf8_p.h>
+#include <inspection/XmlPlaces_p.h>
+#include <objectbase/QtCompat_p.h>
+#include <objectbase/ReadingBounds_p.h>
+#include <objectbase/TesselException.h>
+
+#include <utility>
+
+namespace KORMAK::Inspection {
+
+namespace {
+
+[[noreturn]] void throwAt(const QByteArray &text, qsizetype offset, const QString &message,
+                          QStringView id = FindingId::Refused, const QStringList &allowed = {},
+                          ReadingLimit limit = ReadingLimit::None)
+{
+    throw DocumentError{message, TextPositions(text).at(offset), id, allowed, limit, offset};
+}
+
+/// \throws DocumentError for a text that could take much more memory or time than it has characters
+void checkLimits(const QByteArray &text, const TESSEL::ReadingLimits &limits)
+{
+    using TESSEL::RefusedText;
+    const QString characters = QString::fromUtf8(text);
+    const auto refused = TESSEL::refusalOf(characters, limits);
+    if (!refused || refused->reason == RefusedText::NamespaceDeclaredTwice) // of which the tree tells more
+        return;
+    const ReadingLimit limit = refused->reason == RefusedText::Attributes ? ReadingLimit::Attributes
+        : refused->reason == RefusedText::Depth                           ? ReadingLimit::Depth
+                                                                          : ReadingLimit::Entities;
+    const qsizetype offset =
+        QStringView(characters).left(static_cast<TESSEL::TextSize>(refused->offset)).toUtf8().size();
+    throwAt(text, offset, refused->message, FindingId::BeyondLimit, {}, limit);
+}
+
+} // namespace
+
+QByteArray checkedText(QByteArray bytes)
+{
+    constexpr char ByteOrderMark[] = "\xEF\xBB\xBF";
+    if (bytes.startsWith(ByteOrderMark))
+        bytes.remove(0, sizeof ByteOrderMark - 1);
+    const qsizetype end = firstByteOutsideUtf8(bytes);
+    if (const qsizetype nul = bytes.indexOf('\0'); nul >= 0 && nul < end)
+        throwAt(bytes, nul, QStringLiteral("the text holds a NUL byte"), FindingId::Encoding);
+    if (end < bytes.size()) {
+        throwAt(bytes, end,
+                QStringLiteral("byte 0x%1 is not UTF-8")
+                    .arg(static_cast<uchar>(bytes.constData()[end]), 2, 16, QLatin1Char('0')),
+                FindingId::Encoding);
+    }
+    return withoutEncoding(std::move(bytes));
+}
+
+ParsedDocument documentOf(const QByteArray &text, const TESSEL::ReadingLimits &limits)
+{
+    checkLimits(text, limits);
+    ParsedDocument document;
+    document.text = text;
+    document.tree = XmlTree(text, limits.GetDepth());
+    const XmlTree &tree = document.tree;
+    if (!tree.hasRoot())
+        throwAt(text, tree.broken()->offset, tree.broken()->message, FindingId::NotWellFormed);
+    const QStringView rootElement = localName(tree.name(XmlTree::Root));
+    document.kind = findDocumentKind(rootElement);
+    if (!document.kind) {
+        throwAt(text, tree.offset(XmlTree::Root),
+                QStringLiteral("unknown kind of document '%1'").arg(rootElement.toString()),
+                FindingId::UnknownKind, documentKindNames());
+    }
+    document.object = document.kind->create();
+    document.object->SetReadingLimits(limits);
+    WalkOutcome outcome = walk(tree, document.kind->table(), document.kind->variableAddress(*document.object),
+                               *document.object);
+    document.findings = std::move(outcome.findings);
+    document.rejection = std::move(outcome.rejection);
+    document.isComplete = outcome.isComplete;
+    if (const auto &broken = tree.broken(); broken && !document.rejection)
+        document.rejection = Rejection{broken->message, broken->offset};
+    return document;
+}
+
+std::optional<Rejection> checkObject(const ParsedDocument &document)
+{
+    const auto complaint = complaintOf(*document.object);
+    if (!complaint)
+        return std::nullopt;
+    const QString objectName = complaint->section(QLatin1Char(':'), 0, 0);
+    return Rejection{*complaint, document.tree.offset(elementNamed(document.tree, objectName))};
+}
+
+void throwRejection(const Rejection &rejection, const QByteArray &text)
+{
+    throwAt(text, rejection.offset, rejection.message, rejection.id, {}, rejection.limit);
+}
+
+QString stateOf(const DocumentKind &kind, const TESSEL::ITesselObject &object)
+{
+    const auto reason = whyIncomplete(object);
+    return kind.rootElement.toString()
+        + (reason ? QStringLiteral(", not complete: ") + *reason : QStringLiteral(", complete"));
+}
+
+} // namespace KORMAK::Inspection

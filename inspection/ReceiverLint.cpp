@@ -1,0 +1,269 @@
+#include "inspection/ReceiverLint_p.h"
+
+#include <inspection/FieldText_p.h>
+#include <kormak/Parameter.h>
+
+#include <QHash>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+namespace KORMAK::Inspection {
+
+using Index = XmlTree::Index;
+using EnumValue = EnumHandler::EnumValue;
+
+namespace {
+
+constexpr QStringView DefaultTag = u"Default";
+constexpr QStringView MinimumTag = u"Minimum";
+constexpr QStringView MaximumTag = u"Maximum";
+constexpr QStringView MaximumLengthTag = u"MaxDoubleListLength";
+constexpr QStringView EntryTag = u"EnumValue";
+constexpr QStringView BooleanTag = u"Boolean";
+constexpr QStringView DoubleListTag = u"DoubleList";
+
+using Element = ParameterElement;
+
+/// The result of \a visit for the handler of numbers that \a parameter uses; nothing when it uses none.
+template <class Visitor>
+Findings withNumbers(const Parameter &parameter, Visitor visit)
+{
+    switch (parameter.GetParameterType()) {
+    case ParameterType::Long:
+        return visit(parameter.GetLongHandler());
+    case ParameterType::Integer:
+        return visit(parameter.GetIntegerHandler());
+    case ParameterType::Double:
+    case ParameterType::DoubleList:
+        return visit(parameter.GetDoubleHandler());
+    case ParameterType::Float:
+        return visit(parameter.GetFloatHandler());
+    case ParameterType::TimeStamp:
+        return visit(parameter.GetTimeStampHandler());
+    default:
+        return {};
+    }
+}
+
+Findings limitsThatExcludeAll(const Element &element)
+{
+    return withNumbers(element.parameter, [&element](const auto &handler) -> Findings {
+        if (!(handler.GetMinimum() > handler.GetMaximum()))
+            return {};
+        const QStringView place = element.inBlocks(MinimumTag).empty() ? MaximumTag : MinimumTag;
+        return {element.findingInBlocks(
+            place,
+            QStringLiteral("the minimum %1 is above the maximum %2")
+                .arg(numberText(handler.GetMinimum()), numberText(handler.GetMaximum())))};
+    });
+}
+
+/// Not for lists: their values have limits, but they have no use for the default.
+Findings defaultOutsideLimits(const Element &element)
+{
+    if (element.parameter.IsDoubleList())
+        return {};
+    return withNumbers(element.parameter, [&element](const auto &handler) -> Findings {
+        const auto value = handler.GetDefault();
+        const bool isBelow = value < handler.GetMinimum();
+        if (handler.GetMinimum() > handler.GetMaximum() || (!isBelow && !(value > handler.GetMaximum())))
+            return {};
+        const QString limit = isBelow
+            ? QStringLiteral("below the minimum %1").arg(numberText(handler.GetMinimum()))
+            : QStringLiteral("above the maximum %1").arg(numberText(handler.GetMaximum()));
+        return {element.findingInBlocks(
+            DefaultTag, QStringLiteral("the default %1 is %2").arg(numberText(value), limit))};
+    });
+}
+
+Findings uniqueNameGivenBefore(const Element &element)
+{
+    if (!element.hasReplaced)
+        return {};
+    return {element.finding(element.index,
+                            QStringLiteral("the unique name was given before; only this element counts"))};
+}
+
+Findings enumerationWithoutEntries(const Element &element)
+{
+    const Parameter &parameter = element.parameter;
+    if (!parameter.IsEnum() || !parameter.GetEnumHandler().GetEnumList().isEmpty())
+        return {};
+    return {element.findingAtBlock(QStringLiteral("the enumeration has no entries"))};
+}
+
+/// The library is content with it, but writes nothing for it.
+Findings noValue(const Element &element)
+{
+    const Parameter &parameter = element.parameter;
+    const bool hasType = parameter.GetParameterType() != ParameterType::Invalid;
+    if (!hasType || parameter.IsEnum() || parameter.IsValidParameter())
+        return {};
+    return {element.findingAtBlock(
+        QStringLiteral("there is no value, so the parameter is not complete, and nothing would be written"))};
+}
+
+/// All blocks are read, each into a handler of its own, but only that of the type counts. A "DoubleList" is
+/// told of elsewhere.
+Findings blockOfOtherType(const Element &element)
+{
+    const Parameter &parameter = element.parameter;
+    const ParameterType type =
+        parameter.IsDoubleList() ? ParameterType::Double : parameter.GetParameterType();
+    if (type == ParameterType::Invalid)
+        return {};
+    const XmlTree &tree = element.tree;
+    Findings findings;
+    for (Index i = tree.firstChild(element.index); i != XmlTree::None; i = tree.nextSibling(i)) {
+        const QString &name = tree.name(i);
+        const ParameterType block = NameToParameterType(name);
+        if (block == ParameterType::Invalid || block == ParameterType::DoubleList || block == type)
+            continue;
+        findings.push_back(
+            element.finding(i,
+                            QStringLiteral("\"%1\" does not count, since the type of the parameter is %2")
+                                .arg(name, ParameterTypeToName(parameter.GetParameterType()))));
+    }
+    return findings;
+}
+
+/// Of enumerations, and of parameters that are not complete for the lack of it, other rules tell.
+Findings noBlock(const Element &element)
+{
+    const Parameter &parameter = element.parameter;
+    if (parameter.IsEnum() || !parameter.IsValidParameter() || element.hasBlock())
+        return {};
+    return {
+        element.findingAtBlock(QStringLiteral("there is no \"%1\", though that is the type of the parameter")
+                                   .arg(ParameterTypeToName(parameter.GetParameterType())))};
+}
+
+/// One finding for each entry to which \a clashesWith gives an earlier one.
+template <class ClashesWith>
+Findings clashes(const Element &element, ClashesWith clashesWith, const QString &clash)
+{
+    if (!element.parameter.IsEnum())
+        return {};
+    Findings findings;
+    const auto &entries = element.parameter.GetEnumHandler().GetEnumList();
+    const auto places = element.inBlocks(EntryTag);
+    for (int i = 0; i < static_cast<int>(entries.size()); ++i) {
+        const std::optional<int> other = clashesWith(entries[i], i);
+        if (!other)
+            continue;
+        const auto place = static_cast<std::size_t>(i);
+        findings.push_back(element.finding(place < places.size() ? places[place] : element.index,
+                                           QStringLiteral("the entries '%1' and '%2' %3")
+                                               .arg(entries[*other].Name, entries[i].Name, clash)));
+    }
+    return findings;
+}
+
+Findings entriesOfOneKey(const Element &element)
+{
+    QHash<qint32, int> firstOfKey;
+    const auto firstOfSameKey = [&firstOfKey](const EnumValue &entry, int i) -> std::optional<int> {
+        const auto first = firstOfKey.constFind(entry.Key);
+        if (first != firstOfKey.constEnd())
+            return *first;
+        firstOfKey.insert(entry.Key, i);
+        return std::nullopt;
+    };
+    return clashes(element, firstOfSameKey, QStringLiteral("have the same key"));
+}
+
+Findings entriesMarkedAsDefault(const Element &element)
+{
+    std::optional<int> marked;
+    const auto markedBefore = [&marked](const EnumValue &entry, int i) -> std::optional<int> {
+        return entry.IsDefault() ? std::exchange(marked, i) : std::nullopt;
+    };
+    return clashes(element, markedBefore,
+                   QStringLiteral("are both marked as the default; the last one marked counts"));
+}
+
+Findings booleanType(const Element &element)
+{
+    const Index value = element.tree.findChild(element.index, BooleanTag);
+    const bool isWithoutType =
+        element.parameter.GetParameterType() == ParameterType::Invalid && value != XmlTree::None;
+    if (!element.parameter.IsBoolean() && !isWithoutType)
+        return {};
+    return {
+        element.finding(value == XmlTree::None ? element.index : value,
+                        QStringLiteral("the type of a boolean parameter is never written, and a parameter "
+                                       "without a type keeps the whole document from being written"))};
+}
+
+/// A reader of receivers uses one parameter for all, and Reset() leaves some of its state alone.
+Findings leftByAnother(const Element &element, QStringView tag, const QString &message)
+{
+    if (!element.isInReceiver || !element.inBlocks(tag).empty())
+        return {};
+    return {element.findingAtBlock(QStringLiteral("there is no \"%1\", so %2").arg(tag.toString(), message))};
+}
+
+Findings valueLeftByAnother(const Element &element)
+{
+    const Parameter &parameter = element.parameter;
+    if (!parameter.IsInteger() && !parameter.IsLong())
+        return {};
+    return leftByAnother(element, DefaultTag,
+                         QStringLiteral("the value is that of the %1 parameter before it")
+                             .arg(ParameterTypeToName(parameter.GetParameterType())));
+}
+
+Findings lengthLeftByAnother(const Element &element)
+{
+    if (!element.parameter.IsDoubleList())
+        return {};
+    return leftByAnother(element, MaximumLengthTag,
+                         QStringLiteral("the maximum length is that of the double list before it"));
+}
+
+Findings blockWithoutEnd(const Element &element)
+{
+    const Index block = element.tree.findChild(element.index, DoubleListTag);
+    if (block == XmlTree::None)
+        return {};
+    return {element.finding(
+        block,
+        QStringLiteral(
+            "a block \"DoubleList\" is read on to the next end of a \"Double\"; open it as that"))};
+}
+
+constexpr Findings (*Rules[])(const Element &) = {
+    uniqueNameGivenBefore,
+    limitsThatExcludeAll,
+    defaultOutsideLimits,
+    enumerationWithoutEntries,
+    noValue,
+    entriesOfOneKey,
+    entriesMarkedAsDefault,
+    booleanType,
+    valueLeftByAnother,
+    lengthLeftByAnother,
+    blockWithoutEnd,
+    blockOfOtherType,
+    noBlock,
+};
+
+} // namespace
+
+Findings lint(const std::vector<ParameterElement> &parameters)
+{
+    Findings findings;
+    for (const ParameterElement &parameter : parameters) {
+        for (const auto rule : Rules) {
+            for (FindingData &finding : rule(parameter))
+                findings.push_back(std::move(finding));
+        }
+    }
+    std::stable_sort(findings.begin(), findings.end(),
+                     [](const FindingData &a, const FindingData &b) { return a.offset < b.offset; });
+    return findings;
+}
+
+} // namespace KORMAK::Inspection

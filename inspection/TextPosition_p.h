@@ -1,0 +1,37 @@
+// Lines and columns of a text, as editors count them.
+#ifndef KORMAK_INSPECTION_TEXTPOSITION_P_H
+#define KORMAK_INSPECTION_TEXTPOSITION_P_H
+
+#include <QByteArray>
+#include <QString>
+
+#include <utility>
+
+namespace KORMAK::Inspection {
+
+/// Both from 1; a column is a character, however many bytes it takes.
+struct TextPosition {
+    qsizetype line = 1;
+    qsizetype column = 1;
+};
+
+/// "LINE:COLUMN"
+[[nodiscard]] QString toText(TextPosition position);
+
+/// Tells the positions of offsets (in bytes) in a text in UTF-8. Offsets that grow cost one walk through the
+/// text in all.
+class TextPositions {
+public:
+    explicit TextPositions(QByteArray utf8) : text(std::move(utf8)) { }
+
+    [[nodiscard]] TextPosition at(qsizetype offset);
+
+private:
+    const QByteArray text;
+    qsizetype place = 0;
+    TextPosition position;
+};
+
+} // namespace KORMAK::Inspection
+
+#endif

@@ -1,0 +1,635 @@
+#include "DocumentSamples.h"
+
+#include <inspection/Document.h>
+#include <inspection/Kinds.h>
+#include <kormak/AutomaticWorkflow.h>
+#include <kormak/GenericReceiver.h>
+#include <kormak/Job.h>
+#include <objectbase/Area.h>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <atomic>
+#include <thread>
+#include <vector>
+
+using namespace KORMAK;
+using namespace DocumentSamples;
+
+class DocumentTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void noDocument();
+    void examplesAsTheLibraryReadsThem_data();
+    void examplesAsTheLibraryReadsThem();
+    void examplesAsTheToolTellsThem_data();
+    void examplesAsTheToolTellsThem();
+    void pairsAsTheToolComparesThem();
+    void objectsOfExamples_data();
+    void objectsOfExamples();
+    void newDocuments_data();
+    void newDocuments();
+    void everythingThatAnObjectLacks();
+    void textBeyondXml();
+    void objectsThatPassAndAreNotWritten();
+    void unknownObject();
+    void unknownKind();
+    void unusableTexts_data();
+    void unusableTexts();
+    void fieldsAreSet();
+    void severalFieldsAreSet();
+    void settingFails_data();
+    void settingFails();
+    void copies();
+    void lossesOfTexts();
+    void lossesOfObjects();
+    void lossesBehindAChange();
+    void comparing();
+    void limits();
+    void threads();
+};
+
+namespace {
+
+const char SurveillanceJob[] = "jobs/surveillance-mc-hf.xml";
+
+QString refusalByTheLibrary(const QByteArray &text, TESSEL::ITesselObject &object)
+{
+    if (!object.SetXmlString(QString::fromUtf8(text), true))
+        return "not read";
+    object.Check();
+    return {};
+}
+
+bool hasError(const QVector<Finding> &findings)
+{
+    return std::any_of(findings.begin(), findings.end(), [](const Finding &finding) {
+        return finding.GetSeverity() == Finding::Severity::Error;
+    });
+}
+
+QStringList complaintsOf(const QVector<Finding> &findings)
+{
+    QStringList complaints;
+    for (const Finding &finding : findings)
+        complaints += finding.GetComplaint();
+    return complaints;
+}
+
+std::unique_ptr<TESSEL::ITesselObject> objectOfKind(const QString &kind)
+{
+    if (kind == "Job")
+        return std::make_unique<Job>();
+    if (kind == "AutomaticWorkflow")
+        return std::make_unique<AutomaticWorkflow>();
+    if (kind == "GenericReceiver")
+        return std::make_unique<GenericReceiver>();
+    return nullptr;
+}
+
+} // namespace
+
+void DocumentTest::noDocument()
+{
+    Document document;
+    QCOMPARE(document.GetKind() + document.GetState(), QString());
+    QVERIFY(!document.IsAccepted());
+    QVERIFY(!document.IsComplete());
+    QVERIFY(!document.GetObject());
+    QVERIFY(document.GetFindings().isEmpty());
+    QVERIFY(document.GetLosses().isEmpty());
+    QVERIFY(document.GetFields().isEmpty());
+    QCOMPARE(document.GetFieldsJson() + document.GetFindingsJson("f") + document.GetLossesJson("f"),
+             QByteArray());
+    QVERIFY(!messageOf([&] { (void)document.GetField("Version"); }).isEmpty());
+    QCOMPARE(messageOf([&] { document.SetField("Version", "1"); }),
+             QString("there is no document whose fields could be set"));
+    QCOMPARE(messageOf([&] { (void)Document::Compare(document, Document::New("Job")); }),
+             QString("there are no two documents to compare"));
+
+    Document moved = Document::New("Job");
+    const Document taken = std::move(moved);
+    QCOMPARE(taken.GetKind(), QString("Job"));
+    QCOMPARE(moved.GetKind(), QString()); // NOLINT: what is moved from is no document
+}
+
+void DocumentTest::examplesAsTheLibraryReadsThem_data()
+{
+    addExamples();
+}
+
+void DocumentTest::examplesAsTheLibraryReadsThem()
+{
+    QFETCH(QString, path);
+
+    const QByteArray text = contentOf(path);
+    const Document document(text);
+    QCOMPARE(hasError(document.GetFindings()), !document.IsAccepted());
+    for (const Finding &finding : document.GetFindings()) {
+        QVERIFY(finding.HasPlace());
+        QVERIFY(finding.GetOffset() >= 0 && finding.GetOffset() <= text.size());
+    }
+    const auto object = objectOfKind(document.GetKind());
+    if (!object)
+        return;
+    QString refusal;
+    const QString thrown = messageOf([&] { refusal = refusalByTheLibrary(text, *object); });
+    QCOMPARE(document.IsAccepted(), refusal.isEmpty() && thrown.isEmpty());
+    if (!thrown.isEmpty())
+        QVERIFY2(complaintsOf(document.GetFindings()).contains(thrown), qPrintable(thrown));
+    if (!document.IsAccepted())
+        return;
+    QCOMPARE(document.IsComplete(), object->HasData());
+    // A NaN equals nothing, not even itself.
+    QCOMPARE(Document::AreEqualObjects(document, Document(*object)),
+             Document::AreEqualObjects(document, document));
+    QVERIFY(Document::Compare(document, Document(*object)).isEmpty());
+}
+
+void DocumentTest::examplesAsTheToolTellsThem_data()
+{
+    addExamples();
+}
+
+void DocumentTest::examplesAsTheToolTellsThem()
+{
+    QFETCH(QString, path);
+
+#ifdef KORMAK_TOOL
+    const Document document(contentOf(path));
+    const QByteArray told = toolOutput({"check", "--format", "json", path});
+    const int summary = told.lastIndexOf("{\"type\": \"summary\"");
+    QVERIFY(summary > 0);
+    QCOMPARE(document.GetFindingsJson(path), told.left(summary));
+    QCOMPARE(document.GetFieldsJson().isEmpty() ? QByteArray() : document.GetFieldsJson() + '\n',
+             toolOutput({"show", "--format", "json", path}));
+    if (document.IsAccepted())
+        QCOMPARE(path + ": " + document.GetState() + '\n', QString::fromUtf8(toolOutput({"check", path})));
+    // Whatever the tool rewrites loses nothing, and the other way round.
+    QCOMPARE(document.GetLosses().isEmpty(), !toolOutput({"format", path}).isEmpty());
+#endif
+}
+
+void DocumentTest::pairsAsTheToolComparesThem()
+{
+#ifdef KORMAK_TOOL
+    int compared = 0;
+    QString former = examples().constLast();
+    for (const QString &path : examples()) {
+        const Document a(contentOf(former));
+        const Document b(contentOf(path));
+        const QByteArray told = toolOutput({"diff", "--format", "json", former, path});
+        QByteArray json;
+        const QString refusal = messageOf([&] { json = Document::GetDifferencesJson(a, b) + '\n'; });
+        QCOMPARE(json, told);
+        QCOMPARE(refusal.isEmpty(), !told.isEmpty());
+        compared += refusal.isEmpty() ? 1 : 0;
+        former = path;
+    }
+    QVERIFY2(compared >= 15, qPrintable(QString::number(compared)));
+#endif
+}
+
+void DocumentTest::objectsOfExamples_data()
+{
+    addExamples();
+}
+
+/// What an object lacks is told as it is of the text that it was read from.
+void DocumentTest::objectsOfExamples()
+{
+    QFETCH(QString, path);
+
+    const Document document(contentOf(path));
+    if (!document.GetObject())
+        return;
+    const Document ofObject(*document.GetObject());
+    QCOMPARE(ofObject.GetKind(), document.GetKind());
+    QCOMPARE(ofObject.IsAccepted(), document.IsAccepted());
+    QCOMPARE(ofObject.IsComplete(), document.IsComplete());
+    QCOMPARE(ofObject.GetState(), document.GetState());
+    QCOMPARE(ofObject.GetFieldsJson(), document.GetFieldsJson());
+    QCOMPARE(hasError(ofObject.GetFindings()), !ofObject.IsAccepted());
+    const QStringList complaints = complaintsOf(ofObject.GetFindings());
+    for (const Finding &finding : document.GetFindings()) {
+        QVERIFY2(finding.GetComplaint().isEmpty() || complaints.contains(finding.GetComplaint()),
+                 qPrintable(finding.GetComplaint()));
+    }
+    for (const Finding &finding : ofObject.GetFindings()) {
+        QVERIFY(!finding.HasPlace());
+        QCOMPARE(finding.GetOffset(), -1);
+    }
+    QVERIFY(ofObject.IsComplete() || !ofObject.GetFindings().isEmpty());
+}
+
+void DocumentTest::newDocuments_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QStringList>("missing");
+
+    QTest::newRow("Job") << "Job"
+                         << QStringList({"Job/ResourceType", "Job/JobHeader/Author", "Job/JobHeader/Creation",
+                                         "Job/JobHeader/JobType"});
+    QTest::newRow("AutomaticWorkflow") << "AutomaticWorkflow" << QStringList("AutomaticWorkflow/Mode");
+    QTest::newRow("ActivityGeneration") << "ActivityGeneration" << QStringList("ActivityGeneration/Mode");
+    QTest::newRow("GenericReceiver") << "GenericReceiver" << QStringList();
+    QTest::newRow("Parameter") << "Parameter"
+                               << QStringList({"Parameter/@UniqueName", "Parameter/ParameterType",
+                                               "Parameter/ValueType", "Parameter/RepresentationName"});
+}
+
+void DocumentTest::newDocuments()
+{
+    QFETCH(QString, kind);
+    QFETCH(QStringList, missing);
+
+    const Document document = Document::New(kind);
+    QCOMPARE(document.GetKind(), kind);
+    QCOMPARE(pathsOf(document.GetFindings()), missing);
+    QCOMPARE(document.IsAccepted(), missing.isEmpty());
+    QCOMPARE(document.IsComplete(), missing.isEmpty());
+}
+
+/// Each of its complaints is the one that Check() makes when the others are dealt with.
+void DocumentTest::everythingThatAnObjectLacks()
+{
+    Document document = Document::New("Job");
+    document.SetField("ResourceType", "Antenna");
+    const QVector<QPair<QString, QString>> texts{{"Job/JobHeader/Author", "A"},
+                                                 {"Job/JobHeader/Creation", "2026-03-29T00:59:59Z"},
+                                                 {"Job/JobHeader/JobType", "Surveillance MC HF"},
+                                                 {"Job/AntennaData/Name", "North"},
+                                                 {"Job/AntennaData/MinimumFrequency", "1"},
+                                                 {"Job/AntennaData/MaximumFrequency", "2"}};
+    for (int missing = texts.size(); missing > 0; --missing) {
+        const QVector<Finding> findings = document.GetFindings();
+        QCOMPARE(findings.size(), missing);
+        const QString complaint = messageOf([&] { document.GetObject()->Check(); });
+        QCOMPARE(document.GetState(), "Job, not complete: " + complaint);
+        QCOMPARE(findings.constFirst().GetComplaint(), complaint);
+        QCOMPARE(findings.constFirst().GetPath(), texts[texts.size() - missing].first);
+        document.SetField(findings.constFirst().GetPath().mid(4).replace('/', '.'),
+                          texts[texts.size() - missing].second);
+    }
+    QVERIFY(document.GetFindings().isEmpty());
+    QVERIFY(document.IsAccepted() && document.IsComplete());
+    QVERIFY(document.GetLosses().isEmpty());
+    QCOMPARE(document.GetState(), QString("Job, complete"));
+}
+
+void DocumentTest::textBeyondXml()
+{
+    Document document = example(SurveillanceJob);
+    document.SetField("JobHeader.Author", QString("A") + QChar(1));
+    QVERIFY(!document.IsAccepted());
+    QVERIFY(document.IsComplete());
+    QCOMPARE(linesOf(document.GetFindings()),
+             QStringList("0:0 error refused : Job: Text cannot be represented in XML"));
+    QCOMPARE(linesOf(document.GetLosses()), linesOf(document.GetFindings()));
+}
+
+/// Check() passes, but nothing would be written: why is told as a warning.
+void DocumentTest::objectsThatPassAndAreNotWritten()
+{
+    Document job = example(SurveillanceJob);
+    job.SetField("ResourceType", FindVocabulary("ResourceType").GetNames().constFirst());
+    QVERIFY(job.IsAccepted() && !job.IsComplete());
+    QCOMPARE(linesOf(job.GetFindings()),
+             QStringList("0:0 warning bad-value Job/ResourceType: only a job on the resource \"Antenna\" is "
+                         "ever complete; the library would write nothing for this one"));
+
+    Document flag = example("jobs/production-mc-hf-empty-data-header-flag.xml");
+    QCOMPARE(linesOf(Document(*flag.GetObject()).GetFindings()),
+             QStringList("0:0 warning missing-element : JobHeader: Please set ShowJDH"));
+
+    Document receiver = Document::New("GenericReceiver");
+    receiver.SetFields({{"Parameter[A].ParameterType", "Enum"},
+                        {"Parameter[A].RepresentationName", "a"},
+                        {"Parameter[A].ValueType", "ValueNumericInt"},
+                        {"Parameter[B].ParameterType", "Integer"},
+                        {"Parameter[B].RepresentationName", "b"}});
+    QVERIFY(receiver.IsAccepted() && !receiver.IsComplete());
+    const QStringList lines = linesOf(receiver.GetFindings());
+    QVERIFY2(lines.contains("0:0 warning missing-element GenericReceiver/Parameter[B]/ValueType: missing"),
+             qPrintable(lines.join('\n')));
+    QVERIFY2(lines.contains("0:0 warning missing-element : Parameter[A]: Please set Enum.EnumValue"),
+             qPrintable(lines.join('\n')));
+}
+
+void DocumentTest::unknownObject()
+{
+    const Document document{TESSEL::Area()};
+    QCOMPARE(document.GetKind(), QString());
+    QVERIFY(!document.GetObject());
+    QVERIFY(!document.IsAccepted());
+    const QVector<Finding> findings = document.GetFindings();
+    QCOMPARE(linesOf(findings), QStringList("0:0 error unknown-kind : unknown kind of document 'Area'"));
+    QCOMPARE(findings.constFirst().GetAllowed(), GetDocumentKinds());
+    QCOMPARE(document.GetLosses(), findings);
+}
+
+void DocumentTest::unknownKind()
+{
+    QCOMPARE(messageOf([] { (void)Document::New("job"); }),
+             QString("unknown kind of document 'job'. Allowed: Job, AutomaticWorkflow, ActivityGeneration, "
+                     "GenericReceiver, Parameter"));
+    QVERIFY(!messageOf([] { (void)Document::New({}); }).isEmpty());
+}
+
+void DocumentTest::unusableTexts_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("finding");
+
+    QTest::newRow("null") << QByteArray() << QString()
+                          << "1:1 error not-well-formed : Premature end of document.";
+    QTest::newRow("no XML") << QByteArray("Job") << QString()
+                            << "1:1 error not-well-formed : Start tag expected.";
+    QTest::newRow("another root") << QByteArray("<Area/>") << QString()
+                                  << "1:1 error unknown-kind : unknown kind of document 'Area'";
+    QTest::newRow("not UTF-8") << QByteArray("<Job>\xE9</Job>") << QString()
+                               << "1:6 error encoding : byte 0xe9 is not UTF-8";
+    QTest::newRow("NUL") << QByteArray("<Job/>\0", 7) << QString()
+                         << "1:7 error encoding : the text holds a NUL byte";
+    QTest::newRow("namespace declared twice")
+        << QByteArray("<GenericReceiver xmlns='a' xmlns='a'/>") << QString() << QString();
+    QTest::newRow("second root") << QByteArray("<GenericReceiver/><GenericReceiver/>") << "GenericReceiver"
+                                 << "1:36 error not-well-formed : Extra content at end of document.";
+}
+
+void DocumentTest::unusableTexts()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, kind);
+    QFETCH(QString, finding);
+
+    Document document(text);
+    QVERIFY(!document.IsAccepted());
+    QCOMPARE(document.GetKind(), kind);
+    QVERIFY(!document.GetObject());
+    QVERIFY(hasError(document.GetFindings()));
+    if (!finding.isEmpty())
+        QCOMPARE(linesOf(document.GetFindings()), QStringList(finding));
+    QVERIFY(hasError(document.GetLosses()));
+    QVERIFY(!document.GetState().isEmpty());
+    QVERIFY(document.GetFields().isEmpty());
+    QCOMPARE(document.GetFieldsJson(), QByteArray());
+    QVERIFY(!messageOf([&] { document.SetField("Version", "1"); }).isEmpty());
+    QVERIFY(document.GetFindingsJson("a \"b\"").contains("\"file\": \"a \\\"b\\\"\""));
+}
+
+void DocumentTest::fieldsAreSet()
+{
+    Document document = Document::New("GenericReceiver");
+    document.SetField("Parameter[Gain].ParameterType", "Integer");
+    document.SetField("Parameter[Gain].Integer.Minimum", "-3");
+    QCOMPARE(document.GetField("Parameter[Gain].Integer.Minimum").GetValue(), QVariant(qint64(-3)));
+    const auto &receiver = dynamic_cast<const GenericReceiver &>(*document.GetObject());
+    QCOMPARE(receiver.GetParameter("Gain").GetIntegerHandler().GetMinimum(), -3);
+
+    Document workflow = Document::New("AutomaticWorkflow");
+    workflow.SetField("Area.Coordinate", "52.1,13.4");
+    workflow.SetField("Area.Coordinate[1].Latitude", "-1");
+    workflow.SetField("Area.Coordinate[0].Longitude", "2");
+    QStringList texts;
+    for (const Field &field : workflow.GetFields()) {
+        if (field.GetPath().startsWith("Area.Coordinate"))
+            texts += field.GetText();
+    }
+    QCOMPARE(texts, QStringList({"52.1", "2", "-1", "0"}));
+    workflow.SetField("Area.Name", "North");
+    workflow.SetField("Area.Name", {}); // a text can be taken back
+    QVERIFY(!workflow.GetField("Area.Name").IsSet());
+}
+
+/// In whatever order they are given.
+void DocumentTest::severalFieldsAreSet()
+{
+    QVector<Document::Setting> settings{{"Parameter[Gain].Integer.Maximum", "40"},
+                                        {"Parameter[Gain].RepresentationName", "rx.gain"},
+                                        {"Parameter[Gain].ParameterType", "Integer"},
+                                        {"Parameter[Gain].ValueType", "ValueNumericInt"}};
+    Document document = Document::New("GenericReceiver");
+    document.SetFields(settings);
+    QVERIFY(document.IsComplete());
+    std::reverse(settings.begin(), settings.end());
+    Document other = Document::New("GenericReceiver");
+    other.SetFields(settings);
+    QVERIFY(Document::Compare(document, other).isEmpty());
+
+    settings.push_back(settings.constFirst());
+    QCOMPARE(messageOf([&] { other.SetFields(settings); }),
+             QString("Parameter[Gain].ValueType: is set twice"));
+    document.SetFields({});
+    QVERIFY(Document::Compare(document, other).isEmpty());
+}
+
+void DocumentTest::settingFails_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("no path") << ""
+                             << "x"
+                             << "there is no field ''. Allowed: JobHeader, ResourceType, AntennaData";
+    QTest::newRow("no such field") << "JobHeader.author"
+                                   << "x"
+                                   << "there is no field 'author' in JobHeader. Allowed: JobType, Author, "
+                                      "Creation, ShowJDH, Description";
+    QTest::newRow("an = in the path") << "JobHeader.Author=x"
+                                      << "y"
+                                      << "there is no field 'JobHeader.Author=x'";
+    QTest::newRow("no setter") << "Version"
+                               << "2.0"
+                               << "Version: no setter reaches this field";
+    QTest::newRow("an object") << "JobHeader"
+                               << "x"
+                               << "JobHeader: takes one of its fields: JobType, Author, Creation, ShowJDH, "
+                                  "Description";
+    QTest::newRow("no number") << "AntennaData.Azimuth"
+                               << "north"
+                               << "AntennaData.Azimuth: 'north' is not allowed. Allowed: number in degrees "
+                                  "from -1.79769e+308 to 1.79769e+308";
+    QTest::newRow("no date") << "JobHeader.Creation"
+                             << "2026-02-30T00:00:00Z"
+                             << "JobHeader.Creation: '2026-02-30T00:00:00Z' is not allowed. Allowed: date in "
+                                "UTC as 2026-03-29T00:59:59,250Z, 2026-03-29T00:59:59Z, or now";
+    QTest::newRow("no truth") << "JobHeader.ShowJDH"
+                              << "True"
+                              << "JobHeader.ShowJDH: 'True' is not allowed. Allowed: true, false";
+}
+
+void DocumentTest::settingFails()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, text);
+    QFETCH(QString, message);
+
+    Document document = example(SurveillanceJob);
+    const QByteArray fields = document.GetFieldsJson();
+    const auto *const object = document.GetObject();
+    QCOMPARE(messageOf([&] {
+                 document.SetFields({{"JobHeader.Description", "new"}, {path, text}});
+             }),
+             message);
+    QCOMPARE(messageOf([&] { document.SetField(path, text); }), message);
+    QCOMPARE(document.GetObject(), object);
+    QCOMPARE(document.GetFieldsJson(), fields);
+}
+
+void DocumentTest::copies()
+{
+    const Document document = example(SurveillanceJob);
+    Document copy = document;
+    QCOMPARE(copy.GetObject(), document.GetObject());
+    copy.SetField("JobHeader.Author", "Somebody else");
+    QVERIFY(copy.GetObject() != document.GetObject());
+    QVERIFY(document.GetField("JobHeader.Author").GetText() != "Somebody else");
+
+    Job job;
+    const Document ofJob(job);
+    job.GetJobHeader().SetAuthor("Keller");
+    QVERIFY(!ofJob.GetField("JobHeader.Author").IsSet());
+}
+
+void DocumentTest::lossesOfTexts()
+{
+    QByteArray text = contentOf(QDir(EXAMPLES_DIR).filePath(SurveillanceJob));
+    QVERIFY(Document(text).GetLosses().isEmpty());
+    text.replace("<JobHeader ", "<!-- by hand --><JobHeader Colour=\"red\" ");
+    const Document document(text);
+    QVERIFY(document.IsAccepted());
+    const QVector<Finding> losses = document.GetLosses();
+    QCOMPARE(linesOf(losses),
+             QStringList({"3:5 warning lost-comment Job: the comment \" by hand \" would be missing",
+                          "3:21 warning lost Job/JobHeader/@Colour: was \"red\", would be missing"}));
+    QVERIFY(text.mid(static_cast<int>(losses[1].GetOffset())).startsWith("<JobHeader"));
+    const QList<QByteArray> lines = document.GetLossesJson("f.xml").split('\n');
+    QCOMPARE(static_cast<int>(lines.size()), 3);
+    const QJsonObject json = QJsonDocument::fromJson(lines[1]).object();
+    QCOMPARE(json.value("id").toString(), QString("lost"));
+    QCOMPARE(json.value("line").toInt(), 3);
+
+    // What is not complete is not written at all.
+    const Document incomplete = example("jobs/signal-tracking-without-antenna.xml");
+    QCOMPARE(incomplete.GetLosses().size(), 1);
+    QCOMPARE(incomplete.GetLosses().constFirst().GetSeverity(), Finding::Severity::Error);
+    QCOMPARE(incomplete.GetLosses().constFirst().GetMessage(), incomplete.GetState());
+}
+
+void DocumentTest::lossesOfObjects()
+{
+    const Document receiver = example("receivers/hf-receiver.xml");
+    QStringList paths;
+    for (const Finding &finding : Document(*receiver.GetObject()).GetLosses()) {
+        QCOMPARE(finding.GetId(), FindingId::NotReadBack.toString());
+        QVERIFY(!finding.HasPlace());
+        paths += finding.GetPath();
+    }
+    QCOMPARE(paths,
+             QStringList({"Parameter[OperatorCall].String.Default", "Parameter[OperatorCall].String.Value",
+                          "Parameter[StationName].String.Default", "Parameter[StationName].String.Value"}));
+
+    Document workflow = Document::New("AutomaticWorkflow");
+    workflow.SetFields({{"Mode", "ManualMode"}});
+    QVERIFY(workflow.IsComplete());
+    QCOMPARE(
+        linesOf(workflow.GetLosses()),
+        QStringList("0:0 warning not-read-back Mode: not read back as it is: \"ManualMode\" -> not set"));
+}
+
+/// What the text says beyond the fields is told all the same.
+void DocumentTest::lossesBehindAChange()
+{
+    QByteArray text = contentOf(QDir(EXAMPLES_DIR).filePath(SurveillanceJob));
+    text.replace("<JobHeader ", "<!-- by hand --><JobHeader ");
+    Document document(text);
+    const QStringList before = linesOf(document.GetLosses());
+    QCOMPARE(static_cast<int>(before.size()), 1);
+    document.SetField("JobHeader.Author", "Somebody else");
+    QVERIFY(document.GetFindings().isEmpty());
+    QCOMPARE(linesOf(document.GetLosses()), before);
+
+    // A text that could not be written as it was, since it lacks something, is compared with what is now.
+    Document completed(contentOf(EXAMPLES_DIR "/faulty/job-type-in-lower-case.xml"));
+    QVERIFY(hasError(completed.GetLosses()));
+    completed.SetField("JobHeader.JobType", "Surveillance MC HF");
+    QCOMPARE(linesOf(completed.GetLosses()),
+             QStringList("4:9 warning lost Job/JobHeader/JobType: was \"surveillance mc hf\", would be "
+                         "\"Surveillance MC HF\""));
+}
+
+void DocumentTest::comparing()
+{
+    const Document job = example(SurveillanceJob);
+    QVERIFY(Document::Compare(job, job).isEmpty());
+    QVERIFY(Document::AreEqualObjects(job, job));
+    QCOMPARE(messageOf([&] { (void)Document::Compare(job, Document::New("Parameter")); }),
+             QString("documents of the kinds Job and Parameter cannot be compared"));
+    const Document broken("<Job>");
+    QCOMPARE(broken.GetKind(), QString("Job"));
+    for (const auto &call : {std::make_pair(job, broken), std::make_pair(broken, job)}) {
+        QVERIFY(!messageOf([&] { (void)Document::Compare(call.first, call.second); }).isEmpty());
+        QVERIFY(!messageOf([&] { (void)Document::AreEqualObjects(call.first, call.second); }).isEmpty());
+        QVERIFY(!messageOf([&] { (void)Document::GetDifferencesJson(call.first, call.second); }).isEmpty());
+    }
+}
+
+void DocumentTest::limits()
+{
+    const QByteArray text = contentOf(QDir(EXAMPLES_DIR).filePath(SurveillanceJob));
+    TESSEL::ReadingLimits limits;
+    limits.SetDepth(2);
+    const Document refused(text, limits);
+    QVERIFY(!refused.IsAccepted());
+    QVERIFY(!refused.GetObject());
+    QCOMPARE(refused.GetFindings().constFirst().GetLimit(), Finding::Limit::Depth);
+    limits.SetDepth(3);
+    const Document read(text, limits);
+    QVERIFY(read.IsAccepted());
+    QCOMPARE(read.GetObject()->GetReadingLimits(), limits);
+    QVERIFY(read.GetLosses().isEmpty());
+}
+
+/// Each with documents of its own, which share the data of one.
+void DocumentTest::threads()
+{
+    const QStringList paths = examples();
+    std::vector<Document> shared;
+    std::vector<QByteArray> told;
+    for (const QString &path : paths) {
+        shared.emplace_back(contentOf(path));
+        told.push_back(shared.back().GetFindingsJson("f") + shared.back().GetFieldsJson()
+                       + shared.back().GetLossesJson("f"));
+    }
+    std::atomic<int> faults{0};
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 8; ++i) {
+        threads.emplace_back([&, i] {
+            for (std::size_t n = 0; n < shared.size(); ++n) {
+                const Document own = i % 2 == 0 ? shared[n] : Document(contentOf(paths[static_cast<int>(n)]));
+                if (own.GetFindingsJson("f") + own.GetFieldsJson() + own.GetLossesJson("f") != told[n])
+                    ++faults;
+                Document changed = shared[n];
+                if (changed.GetKind() != "Job" || !changed.GetObject())
+                    continue;
+                changed.SetField("JobHeader.Author", QString::number(i));
+                if (changed.GetField("JobHeader.Author").GetText() != QString::number(i))
+                    ++faults;
+            }
+            if (FindVocabulary("JobType").GetNames().size() != 22 || GetVocabularies().size() != 15)
+                ++faults;
+        });
+    }
+    for (std::thread &thread : threads)
+        thread.join();
+    QCOMPARE(faults.load(), 0);
+}
+
+QTEST_APPLESS_MAIN(DocumentTest)
+#include "DocumentTest.moc"
