@@ -1,7 +1,7 @@
 #include "inspection/Difference.h"
 
 #include <inspection/FieldDiff_p.h>
-#include <objectbase/Lasting_p.h>
+#include <objectbase/NoDestructor_p.h>
 
 #include <utility>
 
@@ -13,7 +13,7 @@ Difference::Difference() = default;
 
 const FieldDifference &Difference::data() const
 {
-    static const TESSEL::Lasting<FieldDifference> none;
+    static const TESSEL::NoDestructor<FieldDifference> none;
     return d ? *d : *none;
 }
 

@@ -7,7 +7,7 @@
 #include <inspection/ObjectFindings_p.h>
 #include <inspection/QuotedText_p.h>
 #include <inspection/Rewriting_p.h>
-#include <objectbase/Lasting_p.h>
+#include <objectbase/NoDestructor_p.h>
 #include <objectbase/TesselException.h>
 
 #include <utility>
@@ -174,7 +174,7 @@ Document Document::New(const QString &kind)
 
 const Document::Private &Document::data() const
 {
-    static const TESSEL::Lasting<Private> none;
+    static const TESSEL::NoDestructor<Private> none;
     return d ? *d : *none;
 }
 

@@ -33,7 +33,7 @@ public:
     /// No document: of no kind, without an object, findings or fields.
     Document();
     /// The document that \a text is, all of it: what is wrong with it, GetFindings() tells. A byte order mark
-    /// and the name of an encoding in the XML declaration are passed over; the text must be UTF-8. What goes
+    /// and the name of an encoding in the XML declaration are ignored; the text must be UTF-8. What goes
     /// beyond \a limits is refused.
     explicit Document(const QByteArray &text, const TESSEL::ReadingLimits &limits = {});
     /// The document that \a object is, which is copied, as an object of the class that belongs to its kind.

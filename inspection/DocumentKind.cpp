@@ -74,14 +74,14 @@ constexpr DocumentKind Kinds[] = {
 void addDefaults(XmlDefaults &defaults, const TESSEL::ObjectTable &table, QStringView element)
 {
     for (const TESSEL::Row &row : table.attributes) {
-        if (!row.absent.isNull())
-            defaults.push_back({element, row.name, row.absent});
+        if (!row.defaultText.isNull())
+            defaults.push_back({element, row.name, row.defaultText});
     }
     for (const TESSEL::Row &row : table.elements) {
         if (row.part && row.part->enter)
             addDefaults(defaults, row.part->table(), row.name);
-        else if (!row.absent.isNull())
-            defaults.push_back({row.name, {}, row.absent});
+        else if (!row.defaultText.isNull())
+            defaults.push_back({row.name, {}, row.defaultText});
     }
 }
 

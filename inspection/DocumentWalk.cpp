@@ -372,7 +372,7 @@ private:
     void demand(const ObjectState &state, Severity severity)
     {
         for (const Row &row : state.table.attributes) {
-            if (row.isMet && !row.isMet(state.object))
+            if (row.isValid && !row.isValid(state.object))
                 demandAttribute(state, row, severity);
         }
         const auto demandElement = [&](const Row &row) {
@@ -397,7 +397,7 @@ private:
     /// An object that is there is judged, too, when the document does not say whether it is needed.
     void demandPart(const ObjectState &state, const Row &row, const ObjectState *part, Severity severity)
     {
-        if (!row.isNeededIn(state.object) && !(part && hasUnmet(state)))
+        if (!row.isApplicableTo(state.object) && !(part && hasUnmet(state)))
             return;
         const bool isAsked = !row.requiredAs.isNull();
         if (part && row.content == Content::Object)
@@ -408,10 +408,10 @@ private:
 
     static bool hasUnmet(const ObjectState &state)
     {
-        return std::any_of(state.table.elements.begin(), state.table.elements.end(),
-                           [&state](const Row &row) {
-                               return row.isMet && row.isNeededIn(state.object) && !row.isMet(state.object);
-                           });
+        return std::any_of(
+            state.table.elements.begin(), state.table.elements.end(), [&state](const Row &row) {
+                return row.isValid && row.isApplicableTo(state.object) && !row.isValid(state.object);
+            });
     }
 
     void demandAttribute(const ObjectState &state, const Row &row, Severity severity)
@@ -434,8 +434,8 @@ private:
             return;
         if (row.isExpected && !said) {
             reportMissing(state, row, Severity::Warning, {});
-        } else if (row.isRequired() && row.isNeededIn(state.object)) {
-            if (row.isMet && !row.isMet(state.object))
+        } else if (row.isRequired() && row.isApplicableTo(state.object)) {
+            if (row.isValid && !row.isValid(state.object))
                 reportUnmet(state, row, said, severity,
                             Messages::pleaseSet(state.table.name.toString(), row.requiredAs));
             else if (row.isComplete && !row.isComplete(state.object) && !reportIncomplete(state, row, {}))

@@ -5,7 +5,7 @@
 #include <inspection/FieldText_p.h>
 #include <inspection/NameLists_p.h>
 #include <inspection/Vocabulary_p.h>
-#include <objectbase/Lasting_p.h>
+#include <objectbase/NoDestructor_p.h>
 
 #include <type_traits>
 #include <utility>
@@ -54,7 +54,7 @@ Field::Field() = default;
 
 const Field::Private &Field::data() const
 {
-    static const TESSEL::Lasting<Private> none;
+    static const TESSEL::NoDestructor<Private> none;
     return d ? *d : *none;
 }
 

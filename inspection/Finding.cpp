@@ -1,7 +1,7 @@
 #include "inspection/Finding.h"
 
 #include <inspection/FindingData_p.h>
-#include <objectbase/Lasting_p.h>
+#include <objectbase/NoDestructor_p.h>
 
 #include <utility>
 
@@ -21,7 +21,8 @@ Finding::Finding(std::shared_ptr<const Private> content) : d(std::move(content))
 
 const Finding::Private &Finding::data() const
 {
-    static const TESSEL::Lasting<Private> none{Private{{0, {}, {}, {}, Severity::Warning}, std::nullopt, -1}};
+    static const TESSEL::NoDestructor<Private> none{
+        Private{{0, {}, {}, {}, Severity::Warning}, std::nullopt, -1}};
     return d ? *d : *none;
 }
 

@@ -48,7 +48,7 @@ inline constexpr QStringView UnknownAttribute = u"unknown-attribute";
 inline constexpr QStringView UnknownElement = u"unknown-element";
 /// The document is of a kind that is not known.
 inline constexpr QStringView UnknownKind = u"unknown-kind";
-/// An element or attribute is known, but passed over.
+/// An element or attribute is known, but ignored.
 inline constexpr QStringView Unread = u"unread";
 /// A file cannot be read; for programs that read files.
 inline constexpr QStringView Unreadable = u"unreadable";

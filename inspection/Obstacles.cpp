@@ -52,7 +52,7 @@ QStringList missingBeyondCheck(const TESSEL::ObjectTable &table, const void *obj
 {
     QStringList missing;
     table.inOrder([&](const TESSEL::Row &row) {
-        if (!row.isComplete || !row.isNeededIn(object) || row.isComplete(object))
+        if (!row.isComplete || !row.isApplicableTo(object) || row.isComplete(object))
             return;
         const QString name = table.name.toString();
         const QStringView advice = adviceFor(table.name, row.name).lacking;

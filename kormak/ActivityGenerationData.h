@@ -12,7 +12,7 @@ namespace KORMAK {
 
 /// How detections become activities, and what of them is written to the database.
 ///
-/// Two forms of the document are read: the current one, in which unknown elements are passed over, and the
+/// Two forms of the document are read: the current one, in which unknown elements are ignored, and the
 /// older form of version "1.0", whose text is the generation mode. Only the current form is written. Units
 /// and scales of durations, scores and thresholds are those of the processing chain; no range is enforced on
 /// them.

@@ -94,33 +94,33 @@ struct AutomaticWorkflow::Xml {
         Rows::checkedElement<&Workflow::numberClassifiers, &Workflow::SetNumberClassifiers>(u"Classifiers")
             .from(1, MostClassifiers)
             .refusedAs(u"NumberClassifiers")
-            .when<isAutomatic>()
+            .writtenIf<isAutomatic>()
             .needed<hasClassifiers>()
-            .provided<isAutomatic>(),
+            .requiredIf<isAutomatic>(),
         Rows::checkedElement<&Workflow::classificationTime, &Workflow::SetClassificationTime>(
             u"ClassificationTime")
             .from(1, LongestClassificationTime)
             .refusedAs(u"ClassificationTime")
-            .when<isAutomatic>()
+            .writtenIf<isAutomatic>()
             .needed<hasTime>()
-            .provided<isAutomatic>(),
+            .requiredIf<isAutomatic>(),
         Rows::checkedElement<&Workflow::classificationResults, &Workflow::SetClassificationResults>(
             u"ClassificationResult")
             .from(1, MostClassificationResults)
             .refusedAs(u"ClassificationResults")
-            .when<isAutomatic>()
+            .writtenIf<isAutomatic>()
             .needed<hasResults>()
-            .provided<isAutomatic>(),
+            .requiredIf<isAutomatic>(),
         Rows::checkedNamedElement<&Workflow::searchStrategy, searchStrategies, &Workflow::SetSearchStrategy>(
             u"SearchStrategy")
             .refusedAs(u"SearchStrategy")
-            .when<isAutomatic>()
+            .writtenIf<isAutomatic>()
             .needed<hasStrategy>()
-            .provided<isAutomatic>(),
+            .requiredIf<isAutomatic>(),
         Rows::element<&Workflow::hfBitstreamClassification, &Workflow::SetHFBitstreamClassification>(
             u"BitstreamClassification")
-            .when<isAutomatic>(),
-        Rows::ownedElement<&Workflow::area>(u"Area").when<isAutomatic>(),
+            .writtenIf<isAutomatic>(),
+        Rows::ownedElement<&Workflow::area>(u"Area").writtenIf<isAutomatic>(),
     };
     static constexpr ObjectTable table{ObjectName, attributes, elements};
 };

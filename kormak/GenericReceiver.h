@@ -66,7 +66,7 @@ public:
     void GetXml(QXmlStreamWriter &writer) const override;
     /// \endcond
     /// Reads the element. Each "Parameter" is stored in place of one of the same unique name; a "Script" is
-    /// passed over. What a "Parameter" does not mention has its default value, except for values of integer
+    /// ignored. What a "Parameter" does not mention has its default value, except for values of integer
     /// and long parameters without a default, the maximum length of double lists and the default and selected
     /// entries of enumerations: they are those of the parameter that was read before.
     void ProcessXml(QXmlStreamReader &reader) override;

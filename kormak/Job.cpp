@@ -45,9 +45,9 @@ struct Job::Xml {
             .required<hasResource>()
             .needed<isOnAntenna>(),
         Rows::ownedElement<&Job::antennaData, changeAntenna>(u"AntennaData")
-            .when<isOnAntenna>()
+            .writtenIf<isOnAntenna>()
             .requiredPart<hasAntenna>()
-            .provided<isOnAntenna>(),
+            .requiredIf<isOnAntenna>(),
     };
     static constexpr ObjectTable table{u"Job", attributes, elements};
 };

@@ -62,14 +62,14 @@ struct JobHeader::Xml {
             .needed<hasShowJDH>(),
         Rows::namedElement<&JobHeader::connectableResource, connectableResources>(u"ConnectableResource")
             .onlyWritten()
-            .when<&JobHeader::IsSearchMCJob>()
+            .writtenIf<&JobHeader::IsSearchMCJob>()
             .required<hasConnectableResource>(u"ConnectableRessource")
-            .provided<&JobHeader::IsSearchMCJob>(),
+            .requiredIf<&JobHeader::IsSearchMCJob>(),
         Rows::element<&JobHeader::description, &JobHeader::SetDescription>(u"Description")
-            .when<hasDescription>(),
+            .writtenIf<hasDescription>(),
     };
     static constexpr Row fields[] = {
-        Rows::field<showJDHText>(u"ShowJDHText").when<hasOddShowJDH>(),
+        Rows::field<showJDHText>(u"ShowJDHText").writtenIf<hasOddShowJDH>(),
     };
     static constexpr QStringView checked[] = {u"Author", u"Creation", u"JobType", u"ConnectableResource"};
     static constexpr ObjectTable table{u"JobHeader", attributes, elements, fields, checked};

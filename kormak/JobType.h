@@ -37,7 +37,7 @@ enum JobTypeValue : qint32 {
     TolvaReceiver,
 };
 
-/// The name that documents bear for \a value; "undefined" when it is not valid. The name of SearchMCVUHF
+/// The name in documents of \a value; "undefined" when it is not valid. The name of SearchMCVUHF
 /// is that of SurveillanceMCVUHF, "Surveillance MC VUHF".
 [[nodiscard]] KORMAK_EXPORT QString JobTypeToName(JobTypeValue value);
 

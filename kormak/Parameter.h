@@ -27,7 +27,7 @@ enum class ParameterType : qint32 {
     TimeStamp,
 };
 
-/// The name that documents bear for \a type; empty when it is not valid.
+/// The name in documents of \a type; empty when it is not valid.
 [[nodiscard]] KORMAK_EXPORT QString ParameterTypeToName(ParameterType type);
 
 /// The type whose name is exactly \a name (case-sensitive), or Invalid.

@@ -160,14 +160,14 @@ struct EntryXml {
         Rows::attribute<&EnumValue::Name>(u"Name").assigned<&EnumValue::Name>(),
         Rows::attribute<&EnumValue::Identifier>(u"Identifier")
             .assigned<&EnumValue::Identifier>()
-            .when<hasIdentifier>()
-            .orElse(u""),
+            .writtenIf<hasIdentifier>()
+            .defaultsTo(u""),
         Rows::attribute<&EnumValue::Value>(u"Value").assigned<&EnumValue::Value>().writtenBy<valueText>(),
         Rows::attribute<&EnumValue::Default>(TagDefault)
             .valued<&EnumValue::IsDefault, setDefault>()
             .readBy<readDefault>()
-            .when<&EnumValue::IsDefault>()
-            .orElse(u"false"),
+            .writtenIf<&EnumValue::IsDefault>()
+            .defaultsTo(u"false"),
     };
     static constexpr ObjectTable table{u"EnumValue", attributes, {}};
     static const ObjectTable &get() { return table; }
@@ -193,7 +193,7 @@ constexpr Rows::Maker blockElement(QStringView tag, QStringView end, const Part 
 }
 
 /// Reads up to the next end element called \a name, whatever the block was opened as. Every descendant is
-/// looked at; what no row of the block stands for is passed over.
+/// looked at; what no row of the block stands for is ignored.
 void readBlock(const ObjectTable &table, Parameter &parameter, QStringView name, QXmlStreamReader &reader)
 {
     constexpr int WithBlock = 2;
@@ -315,7 +315,7 @@ struct Parameter::Xml {
             precisionElement<&P::doubleHandler>(),
             handlerElement<&P::doubleHandler, &DoubleHandler::GetMaxDoubleListLength,
                            &DoubleHandler::SetMaxDoubleListLength>(u"MaxDoubleListLength")
-                .when<&P::IsDoubleList>(),
+                .writtenIf<&P::IsDoubleList>(),
         };
         static constexpr Row fields[] = {
             valueField<&P::doubleHandler>().gotBy<value>(),
@@ -341,7 +341,7 @@ struct Parameter::Xml {
         }
 
         static constexpr Row attributes[] = {
-            Rows::field<defaultText>(TagDefault).writtenBy<defaultText>().when<hasDefault>(),
+            Rows::field<defaultText>(TagDefault).writtenBy<defaultText>().writtenIf<hasDefault>(),
         };
         static constexpr Row elements[] = {
             handlerField<&P::stringHandler, &StringHandler::GetDefault, &StringHandler::SetDefault>(
@@ -472,54 +472,55 @@ struct Parameter::Xml {
     static constexpr Row elements[] = {
         Rows::checkedElement<&P::representationName, &P::SetRepresenationName>(u"RepresentationName")
             .required<isSet<&P::representationName>>(),
-        Rows::element<&P::displayName, &P::SetDisplayName>(u"DisplayName").when<isSet<&P::displayName>>(),
-        Rows::element<&P::toolTip, &P::SetToolTip>(u"ToolTip").when<isSet<&P::toolTip>>(),
+        Rows::element<&P::displayName, &P::SetDisplayName>(u"DisplayName")
+            .writtenIf<isSet<&P::displayName>>(),
+        Rows::element<&P::toolTip, &P::SetToolTip>(u"ToolTip").writtenIf<isSet<&P::toolTip>>(),
         Rows::namedElement<&P::valueType, valueTypes, &P::SetValueType>(u"ValueType")
             .writtenBy<valueTypeName>()
-            .when<isValueTypeWritten>()
+            .writtenIf<isValueTypeWritten>()
             .required<hasValueType>(),
         Rows::namedElement<&P::controlType, controlTypes, &P::SetControlType>(u"ControlType")
             .writtenBy<controlTypeName>()
-            .when<isControlTypeWritten>(),
+            .writtenIf<isControlTypeWritten>(),
         Rows::element<&P::displaySuffix, &P::SetDisplaySuffix>(u"DisplaySuffix")
-            .when<isSet<&P::displaySuffix>>(),
+            .writtenIf<isSet<&P::displaySuffix>>(),
         Rows::checkedElement<&P::multiplier, &P::SetMultiplier>(u"Multiplier")
             .writtenBy<multiplierText>()
-            .when<hasMultiplier>()
-            .orElse(u"1"),
+            .writtenIf<hasMultiplier>()
+            .defaultsTo(u"1"),
         Rows::element<&P::enabled>(u"Enable"),
         Rows::namedElement<&P::parameterType, parameterTypes, setType>(u"ParameterType")
             .readBy<readType>()
             .keeping()
-            .when<isTypeWritten>()
+            .writtenIf<isTypeWritten>()
             .required<hasType>(),
         Rows::field<booleanValue>(TagBoolean)
             .readBy<readBoolean>()
             .writtenBy<booleanText>()
-            .when<&P::IsBoolean>(),
+            .writtenIf<&P::IsBoolean>(),
         blockElement(TagEnumBlock, TagEnumBlock, blockPart<EnumBlock, enterEnum, &P::ProcessEnumList>)
-            .when<&P::IsEnum>(),
-        blockElement(TagDoubleBlock, TagDoubleBlock, doublePart).when<hasDoubleBlock>(),
+            .writtenIf<&P::IsEnum>(),
+        blockElement(TagDoubleBlock, TagDoubleBlock, doublePart).writtenIf<hasDoubleBlock>(),
         blockElement(u"DoubleList", TagDoubleBlock, doublePart).onlyRead(),
         blockElement(TagIntegerBlock, TagIntegerBlock,
                      wholeNumberPart<&P::integerHandler, &P::ProcessIntegerList>)
-            .when<&P::IsInteger>(),
+            .writtenIf<&P::IsInteger>(),
         blockElement(TagLongBlock, TagLongBlock, wholeNumberPart<&P::longHandler, &P::ProcessLongList>)
-            .when<&P::IsLong>(),
+            .writtenIf<&P::IsLong>(),
         blockElement(TagFloatBlock, TagFloatBlock,
                      blockPart<FloatBlock, enter<&P::floatHandler>, &P::ProcessFloatList>)
-            .when<&P::IsFloat>(),
+            .writtenIf<&P::IsFloat>(),
         blockElement(TagStringBlock, TagStringBlock,
                      blockPart<StringBlock, enter<&P::stringHandler>, &P::ProcessStringList>)
-            .when<&P::IsString>(),
+            .writtenIf<&P::IsString>(),
         blockElement(TagTimeStampBlock, TagTimeStampBlock,
                      wholeNumberPart<&P::timeStampHandler, &P::ProcessTimeStampList>)
-            .when<&P::IsTimeStamp>(),
+            .writtenIf<&P::IsTimeStamp>(),
     };
     static constexpr Row fields[] = {
         Rows::partElement(TagBoolean, Row::Content::Block,
                           blockPart<BooleanBlock, BooleanBlock::enter, &P::ProcessStringList>)
-            .when<&P::IsBoolean>(),
+            .writtenIf<&P::IsBoolean>(),
     };
     static constexpr QStringView checked[] = {u"ParameterType", u"ValueType", u"UniqueName",
                                               u"RepresentationName"};

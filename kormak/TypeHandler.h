@@ -15,7 +15,7 @@ QT_WARNING_DISABLE_CLANG("-Wnon-virtual-dtor")
 
 namespace KORMAK {
 
-/// Base of the value holders of a Parameter: the two names that every one of them bears, and whether it holds
+/// Base of the value holders of a Parameter: the two names of each, and whether it holds
 /// anything. A handler stores what it is given without a test; judging values is its owner's business.
 ///
 /// Handlers are values: they live in their owner and are never destroyed through this base. All of them are

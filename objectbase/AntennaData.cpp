@@ -54,10 +54,10 @@ struct AntennaData::Xml {
             .required<&Antenna::isMaximumFrequencyValid>()
             .in(u"Hz"),
         Rows::numberElement<&Antenna::azimuth, &Antenna::SetAzimuth>(u"Azimuth")
-            .when<hasAzimuth>()
+            .writtenIf<hasAzimuth>()
             .in(u"degrees"),
         Rows::namedElement<&Antenna::polarization, polarizations, &Antenna::SetPolarization>(u"Polarization")
-            .when<hasPolarization>(),
+            .writtenIf<hasPolarization>(),
     };
     static constexpr ObjectTable table{u"AntennaData", attributes, elements};
 };

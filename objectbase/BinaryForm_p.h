@@ -22,7 +22,8 @@ namespace TESSEL::BinaryForm {
 /// Nothing when the document is too large for the form.
 [[nodiscard]] std::optional<QByteArray> pack(const QString &objectName, const QString &xml, int level);
 
-/// The XML of the next binary form in \a stream, if it is whole, bears \a objectName and is within \a limits.
+/// The XML of the next binary form in \a stream, if it is intact, has the name \a objectName and is within \a
+/// limits.
 [[nodiscard]] std::optional<QString> unpack(QDataStream &stream, const QString &objectName,
                                             const ReadingLimits &limits);
 

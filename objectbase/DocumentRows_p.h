@@ -2,7 +2,7 @@
 //     static constexpr Row elements[] = {
 //         element<&JobHeader::author, &JobHeader::SetAuthor>(u"Author").required(),
 //         element<&JobHeader::description,
-//         &JobHeader::SetDescription>(u"Description").when<hasDescription>(),
+//         &JobHeader::SetDescription>(u"Description").writtenIf<hasDescription>(),
 //     };
 // Members are reached through pointers to them; predicates are member functions, or functions that take the
 // object.
@@ -203,7 +203,7 @@ struct Maker : Row {
 
     /// Written only where the condition holds; read always.
     template <auto Condition>
-    constexpr Maker when() const
+    constexpr Maker writtenIf() const
     {
         return with<&Row::isWritten>(ask<Condition>);
     }
@@ -228,16 +228,16 @@ struct Maker : Row {
     {
         return with<&Row::write>(ask<Write>);
     }
-    /// Check() asks for it unless \a IsMet holds, by \a field.
-    template <auto IsMet>
+    /// Check() asks for it unless \a IsValid holds, by \a field.
+    template <auto IsValid>
     constexpr Maker required(QStringView field) const
     {
-        return with<&Row::requiredAs>(field).with<&Row::isMet>(ask<IsMet>);
+        return with<&Row::requiredAs>(field).with<&Row::isValid>(ask<IsValid>);
     }
-    template <auto IsMet>
+    template <auto IsValid>
     constexpr Maker required() const
     {
-        return required<IsMet>(name);
+        return required<IsValid>(name);
     }
     /// A part that must be complete; Check() leaves it to the part to say what it lacks.
     template <auto IsThere>
@@ -253,9 +253,9 @@ struct Maker : Row {
     }
     /// Required, or needed, only where the condition holds.
     template <auto Condition>
-    constexpr Maker provided() const
+    constexpr Maker requiredIf() const
     {
-        return with<&Row::isNeeded>(ask<Condition>);
+        return with<&Row::isApplicable>(ask<Condition>);
     }
     constexpr Maker expected() const { return with<&Row::isExpected>(true); }
     /// As other values than the text says, with the setter if there is one.
@@ -294,8 +294,8 @@ struct Maker : Row {
     /// Texts that it may not say are refused by a setter, which calls it \a field.
     constexpr Maker refusedAs(QStringView field) const { return with<&Row::refusedAs>(field); }
     constexpr Maker keeping() const { return with<&Row::keepsFormer>(true); }
-    /// Where it does not stand, that means the same as \a text.
-    constexpr Maker orElse(QStringView text) const { return with<&Row::absent>(text); }
+    /// Where it is missing, that means the same as \a text.
+    constexpr Maker defaultsTo(QStringView text) const { return with<&Row::defaultText>(text); }
 };
 
 constexpr Maker textRow(QStringView name, decltype(Row::read) read, decltype(Row::write) write)

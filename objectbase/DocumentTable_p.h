@@ -117,17 +117,20 @@ struct Row {
     const Part *part = nullptr;
     QStringView end = {}; ///< of a block
     QStringView requiredAs = {}; ///< as Check() calls it when it asks for it; null: it does not
-    Predicate isMet = nullptr; ///< whether Check() is content
-    Predicate isNeeded = nullptr; ///< when HasData() and Check() look at it; null: always
+    Predicate isValid = nullptr; ///< what Check() asks for; null: nothing
+    Predicate isApplicable = nullptr; ///< when HasData() and Check() look at it; null: always
     Predicate isComplete = nullptr; ///< what HasData() asks for where that is more; null: the same
     QStringView refusedAs = {}; ///< as the setter calls it that refuses texts; null: none does
-    QStringView absent = {}; ///< what is meant where it does not stand; null: nothing that could be said
+    QStringView defaultText = {}; ///< what is read where it is missing; null: nothing in particular
     bool keepsFormer = false; ///< an unknown name leaves what an element before it said
     bool isExpected = false; ///< it should be there, although the library is content without it
 
     [[nodiscard]] static constexpr bool isGiven(Predicate predicate) noexcept { return predicate; }
-    [[nodiscard]] constexpr bool isRequired() const noexcept { return isMet || isComplete; }
-    [[nodiscard]] bool isNeededIn(const void *object) const { return !isNeeded || isNeeded(object); }
+    [[nodiscard]] constexpr bool isRequired() const noexcept { return isValid || isComplete; }
+    [[nodiscard]] bool isApplicableTo(const void *object) const
+    {
+        return !isApplicable || isApplicable(object);
+    }
 };
 
 struct ObjectTable {

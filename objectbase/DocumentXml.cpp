@@ -101,11 +101,11 @@ void writeElement(const ObjectTable &table, const void *object, QXmlStreamWriter
 void checkRequired(const ObjectTable &table, const void *object, const QString &name)
 {
     table.inOrder([&](const Row &row) {
-        if (row.requiredAs.isNull() || !row.isNeededIn(object))
+        if (row.requiredAs.isNull() || !row.isApplicableTo(object))
             return;
         if (row.part)
             row.part->check(object);
-        else if (!row.isMet(object))
+        else if (!row.isValid(object))
             fail(Messages::pleaseSet(name, row.requiredAs));
     });
 }

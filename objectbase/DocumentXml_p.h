@@ -41,20 +41,20 @@ OBJECTBASE_EXPORT void writeElement(const ObjectTable &table, const void *object
 
 namespace Detail {
 
-/// Nothing that the row requires of \a object is missing. Of rows without a demand nothing is left in a
+/// Nothing that the row requires of \a object is missing. Of rows without a requirement nothing is left in a
 /// program.
 template <const auto &Rows, std::size_t Index>
 bool isThere(const void *object)
 {
     constexpr const Row &row = Rows[Index];
-    if constexpr (Row::isGiven(row.isNeeded)) {
-        if (!row.isNeeded(object))
+    if constexpr (Row::isGiven(row.isApplicable)) {
+        if (!row.isApplicable(object))
             return true;
     }
     if constexpr (Row::isGiven(row.isComplete))
         return row.isComplete(object);
-    else if constexpr (Row::isGiven(row.isMet))
-        return row.isMet(object);
+    else if constexpr (Row::isGiven(row.isValid))
+        return row.isValid(object);
     return true;
 }
 

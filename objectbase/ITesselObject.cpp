@@ -5,9 +5,9 @@
 #include <objectbase/DocumentWriter_p.h>
 #include <objectbase/DocumentXml_p.h>
 #include <objectbase/FileContent_p.h>
-#include <objectbase/Lasting_p.h>
 #include <objectbase/Messages_p.h>
 #include <objectbase/Nesting_p.h>
+#include <objectbase/NoDestructor_p.h>
 #include <objectbase/QtCompat_p.h>
 #include <objectbase/ReadingBounds_p.h>
 
@@ -358,7 +358,7 @@ void ITesselObject::ResetLogger() const
 
 const QString &ITesselObject::GetVersion() const
 {
-    static const Lasting<QString> version(DefaultVersion.toString());
+    static const NoDestructor<QString> version(DefaultVersion.toString());
     return *version;
 }
 

@@ -40,7 +40,7 @@ class OBJECTBASE_EXPORT ITesselObject {
 public:
     /// An object without type and name.
     ITesselObject();
-    /// An object of \a type that bears the name of that type.
+    /// An object of \a type with the name of that type.
     explicit ITesselObject(ObjectTypes type);
     ITesselObject(const ITesselObject &other);
     /// Copies type, name, validate flag, logger and reading limits.
@@ -108,7 +108,7 @@ public:
     /// \return false when \a text is not well-formed up to its very end or has more elements in one another
     /// than the limits allow (what was read until then is kept), when it goes beyond another of the limits,
     /// declares an entity of more than 4096 characters or the same namespace twice in one element (the object
-    /// is untouched) and, with \a validate, when the root element does not bear the object's name (untouched,
+    /// is untouched) and, with \a validate, when the root element does not have the object's name (untouched,
     /// too) \throws TesselException for a document that the object does not understand
     virtual bool SetXmlString(const QString &text, bool validate);
 
@@ -123,7 +123,7 @@ public:
     /// Replaces the fields that \a other writes, as if its document was read into this object; the entries of
     /// an enumeration are replaced, too, which reading would append. An object does not change when it is
     /// merged with itself.
-    /// \return false when \a other bears another name or writes no element
+    /// \return false when \a other has another name or writes no element
     /// \throws TesselException as GetXmlString() of \a other and reading that text
     virtual bool MergeTesselObject(const ITesselObject &other);
 

@@ -7,7 +7,7 @@
 
 namespace TESSEL {
 
-/// The types of object that bear a name of their own. The numbers are fixed: stored data refer to them.
+/// The types of object that have a name of their own. The numbers are fixed: stored data refer to them.
 enum class ObjectTypes : qint32 {
     Invalid = -1,
     Area = 12,

@@ -481,7 +481,7 @@ bool isReadWithNamespaces(const QString &text, qint64 tokens)
     return !reader.hasError();
 }
 
-/// Without its namespaces Qt's reader takes declarations for attributes, of which it bears none twice.
+/// Without its namespaces Qt's reader takes declarations for attributes, of which it allows none twice.
 std::optional<RefusedText> refusalOfTokens(const QString &text, const ReadingLimits &limits)
 {
     QXmlStreamReader reader(text);

@@ -10,7 +10,7 @@ namespace TESSEL {
 
 /// \a make must be a lambda without captures. The constant is made when it is first asked for, before main()
 /// if need be. Objects that outlive it, as those with static storage in a program may, get one each. It is
-/// released when the library is unloaded; what has to stay is Lasting instead.
+/// released when the library is unloaded; what has to stay is NoDestructor instead.
 template <class Make>
 [[nodiscard]] auto shared(Make make)
 {

@@ -1,7 +1,7 @@
 // Not installed. A constant that stays when the process ends: the destructors of a program's own objects may
 // still need it when those of the libraries have run.
-#ifndef TESSEL_LASTING_P_H
-#define TESSEL_LASTING_P_H
+#ifndef TESSEL_NODESTRUCTOR_P_H
+#define TESSEL_NODESTRUCTOR_P_H
 
 #include <new>
 #include <utility>
@@ -10,15 +10,15 @@ namespace TESSEL {
 
 /// Holds a \a Value that is never destroyed.
 template <class Value>
-class Lasting {
+class NoDestructor {
 public:
     template <class... Arguments>
-    explicit Lasting(Arguments &&...arguments)
+    explicit NoDestructor(Arguments &&...arguments)
     {
         new (storage) Value(std::forward<Arguments>(arguments)...);
     }
-    Lasting(const Lasting &) = delete;
-    Lasting &operator=(const Lasting &) = delete;
+    NoDestructor(const NoDestructor &) = delete;
+    NoDestructor &operator=(const NoDestructor &) = delete;
 
     [[nodiscard]] const Value &operator*() const noexcept
     {
