@@ -9,26 +9,26 @@ namespace {
 
 constexpr QStringView Obsolete = u"is passed over: a setting of older systems, which is no more";
 
-constexpr Advice wanted(QStringView object, QStringView row, QStringView text)
+constexpr Advice requirement(QStringView object, QStringView row, QStringView text)
 {
     Advice advice{object, row};
-    advice.wanted = text;
+    advice.requirement = text;
     return advice;
 }
 
-constexpr Advice unread(QStringView object, QStringView row, QStringView text)
+constexpr Advice ignored(QStringView object, QStringView row, QStringView text)
 {
     Advice advice{object, row};
-    advice.unread = text;
+    advice.ignored = text;
     return advice;
 }
 
-constexpr Advice incomplete(QStringView object, QStringView row, QStringView text, QStringView lacking = {},
+constexpr Advice incomplete(QStringView object, QStringView row, QStringView text, QStringView missing = {},
                             QStringView place = {})
 {
     Advice advice{object, row};
     advice.incomplete = text;
-    advice.lacking = lacking;
+    advice.missing = missing;
     advice.place = place;
     return advice;
 }
@@ -45,12 +45,12 @@ constexpr Advice All[] = {
         u"only a job on the resource \"Antenna\" is ever complete; the library would write nothing for "
         u"this one",
         u"only a job with ResourceType \"Antenna\" is written"),
-    wanted(u"AntennaData", u"MinimumFrequency", u"0 Hz or more"),
-    wanted(u"AntennaData", u"MaximumFrequency", u"above 0 Hz and the minimum frequency"),
-    unread(u"AutomaticWorkflow", u"@Mode", u"is not read: the mode is read from an element \"Mode\""),
-    unread(u"String", u"@Default", u"is not read: the default is read from an element \"Default\""),
-    unread(u"ActivityGeneration", u"DbWriteLevel", Obsolete),
-    unread(u"ActivityGeneration", u"DbWriteDc", Obsolete),
+    requirement(u"AntennaData", u"MinimumFrequency", u"0 Hz or more"),
+    requirement(u"AntennaData", u"MaximumFrequency", u"above 0 Hz and the minimum frequency"),
+    ignored(u"AutomaticWorkflow", u"@Mode", u"is not read: the mode is read from an element \"Mode\""),
+    ignored(u"String", u"@Default", u"is not read: the default is read from an element \"Default\""),
+    ignored(u"ActivityGeneration", u"DbWriteLevel", Obsolete),
+    ignored(u"ActivityGeneration", u"DbWriteDc", Obsolete),
 };
 
 } // namespace

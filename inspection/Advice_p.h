@@ -1,4 +1,4 @@
-// What people are told of rows beyond what the tables say.
+// What there is to say about rows beyond what the tables say.
 #ifndef KORMAK_INSPECTION_ADVICE_P_H
 #define KORMAK_INSPECTION_ADVICE_P_H
 
@@ -9,10 +9,10 @@ namespace KORMAK::Inspection {
 struct Advice {
     QStringView object;
     QStringView row; ///< an attribute behind "@"
-    QStringView wanted = {}; ///< what Check() would be content with
-    QStringView unread = {}; ///< why it is not read
+    QStringView requirement = {}; ///< what Check() asks for
+    QStringView ignored = {}; ///< why it is not read
     QStringView incomplete = {}; ///< what it means that it is not complete
-    QStringView lacking = {}; ///< the same, of an object that nobody has written down; null: it should be set
+    QStringView missing = {}; ///< the same, of an object that nobody has written down; null: it should be set
     QStringView place = {}; ///< the element that says so; null: its own
 };
 

@@ -93,17 +93,17 @@ QVector<Finding> lossesOf(const QByteArray &bytes, const TESSEL::ReadingLimits &
     if (document.rejection) { // which a document with an object never has
         findings.push_back(errorOf(*document.rejection, true));
     } else {
-        auto [obstacles, refusal, text, losses] = rewrite(document);
-        for (FindingData &obstacle : obstacles) {
-            obstacle.severity = Severity::Error;
-            obstacle.id = FindingId::Refused;
+        auto [blockers, refusal, text, losses] = rewrite(document);
+        for (FindingData &blocker : blockers) {
+            blocker.severity = Severity::Error;
+            blocker.id = FindingId::Refused;
         }
-        if (otherText && (refusal || !obstacles.empty()))
+        if (otherText && (refusal || !blockers.empty()))
             findings = lossesIn(document, otherText->toUtf8());
         else if (refusal)
             findings.push_back(errorOf(*refusal, !isAccepted));
         else
-            findings = obstacles.empty() ? std::move(losses) : std::move(obstacles);
+            findings = blockers.empty() ? std::move(losses) : std::move(blockers);
     }
     TextPositions positions(document.text);
     QVector<Finding> result;
@@ -286,7 +286,7 @@ void Document::SetFields(const QVector<Setting> &settings)
 namespace {
 
 /// \throws TesselException unless both are there and of one kind
-void demandComparable(const Document &a, const Document &b)
+void requireComparable(const Document &a, const Document &b)
 {
     if (!a.GetObject() || !b.GetObject())
         throw TesselException(QStringLiteral("there are no two documents to compare"));
@@ -300,7 +300,7 @@ void demandComparable(const Document &a, const Document &b)
 
 QVector<Difference> Document::Compare(const Document &a, const Document &b)
 {
-    demandComparable(a, b);
+    requireComparable(a, b);
     QVector<Difference> result;
     for (FieldDifference &difference :
          differences(a.data().kind->fields(), a.data().address(), b.data().address()))
@@ -310,7 +310,7 @@ QVector<Difference> Document::Compare(const Document &a, const Document &b)
 
 bool Document::AreEqualObjects(const Document &a, const Document &b)
 {
-    demandComparable(a, b);
+    requireComparable(a, b);
     return a.data().kind->areEqual(*a.GetObject(), *b.GetObject());
 }
 
@@ -335,7 +335,7 @@ QByteArray Document::GetFieldsJson() const
 
 QByteArray Document::GetDifferencesJson(const Document &a, const Document &b)
 {
-    demandComparable(a, b);
+    requireComparable(a, b);
     const DocumentKind &kind = *a.data().kind;
     return differencesJson(kind, differences(kind.fields(), a.data().address(), b.data().address()),
                            kind.areEqual(*a.GetObject(), *b.GetObject()))

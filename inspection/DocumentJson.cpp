@@ -1,6 +1,6 @@
 #include "inspection/DocumentJson_p.h"
 
-#include <inspection/Obstacles_p.h>
+#include <inspection/Completeness_p.h>
 
 namespace KORMAK::Inspection {
 

@@ -1,6 +1,6 @@
 #include "inspection/DocumentKind_p.h"
 
-#include <inspection/Obstacles_p.h>
+#include <inspection/Completeness_p.h>
 #include <inspection/ParameterElements_p.h>
 #include <inspection/ReceiverLint_p.h>
 #include <kormak/ActivityGenerationData.h>
@@ -43,7 +43,7 @@ constexpr DocumentKind kind(QStringView rootElement)
 constexpr DocumentKind workflowKind()
 {
     DocumentKind row = kind<AutomaticWorkflow>(u"AutomaticWorkflow");
-    row.obstacles = [](const ITesselObject &document, const XmlTree &tree) {
+    row.blockers = [](const ITesselObject &document, const XmlTree &tree) {
         return modeNotReadBack(as<AutomaticWorkflow>(document), tree);
     };
     return row;
@@ -57,7 +57,7 @@ constexpr DocumentKind parameterKind(QStringView rootElement)
     row.lint = [](const ITesselObject &document, const XmlTree &tree) {
         return lint(parameterElements(as<Document>(document), tree));
     };
-    row.obstacles = [](const ITesselObject &document, const XmlTree &tree) {
+    row.blockers = [](const ITesselObject &document, const XmlTree &tree) {
         return incompleteParameters(parameterElements(as<Document>(document), tree));
     };
     return row;

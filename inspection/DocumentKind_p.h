@@ -35,7 +35,7 @@ struct DocumentKind {
     /// What keeps a document from being written that passes Check() but is not complete.
     QStringList (*missing)(const TESSEL::ITesselObject &document);
     Examination lint = nullptr; ///< what is suspicious about a document that is accepted; null: nothing
-    Examination obstacles = nullptr; ///< what keeps a document from being rewritten; null: nothing special
+    Examination blockers = nullptr; ///< what keeps a document from being rewritten; null: nothing special
 
     [[nodiscard]] const FieldTable &fields() const { return fieldsOf(table()); }
     /// What a rewritten document need not say.

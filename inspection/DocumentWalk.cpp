@@ -38,7 +38,7 @@ bool isList(const Row &row)
 
 struct ObjectState;
 
-/// What the document has said so far in the elements of one row.
+/// What has been read so far in the elements of one row.
 struct RowState {
     Index last = XmlTree::None;
     bool isMisplaced = false; ///< there is no text in the last one
@@ -84,7 +84,7 @@ public:
             stopAtDepth();
         stop();
         if (!tree.isBroken())
-            demand(root, Severity::Error);
+            checkRequirements(root, Severity::Error);
         std::stable_sort(outcome.findings.begin(), outcome.findings.end(),
                          [](const FindingData &a, const FindingData &b) { return a.offset < b.offset; });
         return std::move(outcome);
@@ -189,7 +189,7 @@ private:
                 openList = nullptr;
                 leave(part);
                 if (!tree.isBroken())
-                    demand(object, Severity::Warning);
+                    checkRequirements(object, Severity::Warning);
             } else {
                 readObject(filledObject(parent, row, state));
             }
@@ -205,7 +205,7 @@ private:
             break;
         }
         case Content::Ignored:
-            if (const QStringView why = adviceFor(parent.table.name, row.name).unread; !why.isEmpty())
+            if (const QStringView why = adviceFor(parent.table.name, row.name).ignored; !why.isEmpty())
                 add(cursor.element(), FindingId::Unread, why.toString());
             cursor.skip();
             break;
@@ -358,7 +358,7 @@ private:
                 reportUnknownAttribute(index, attribute, table);
             } else if (!row->read) {
                 const Advice advice = adviceFor(table.name, u'@' + attribute.name);
-                addAttribute(index, attribute, FindingId::Unread, advice.unread.toString());
+                addAttribute(index, attribute, FindingId::Unread, advice.ignored.toString());
             } else if (!isValid(row->type, attribute.value)) {
                 addAttribute(index, attribute, FindingId::BadValue, objectionTo(*row, attribute.value))
                     .allowed = allowedTexts(row->type);
@@ -366,47 +366,47 @@ private:
         }
     }
 
-    // Demands
+    // Requirements
 
     /// \a severity: of what Check() would ask for if it came to the object.
-    void demand(const ObjectState &state, Severity severity)
+    void checkRequirements(const ObjectState &state, Severity severity)
     {
         for (const Row &row : state.table.attributes) {
             if (row.isValid && !row.isValid(state.object))
-                demandAttribute(state, row, severity);
+                reportInvalidAttribute(state, row, severity);
         }
-        const auto demandElement = [&](const Row &row) {
+        const auto checkElement = [&](const Row &row) {
             const auto found = state.rows.find(&row);
-            const RowState *const said = found == state.rows.end() ? nullptr : &found->second;
+            const RowState *const given = found == state.rows.end() ? nullptr : &found->second;
             if (row.part)
-                demandPart(state, row, said ? said->object.get() : nullptr, severity);
+                checkPart(state, row, given ? given->object.get() : nullptr, severity);
             else
-                demandRow(state, row, said, severity);
+                checkRow(state, row, given, severity);
         };
         const Row *const text = state.table.wholeText ? state.table.wholeText(state.object) : nullptr;
         if (text) {
-            demandElement(*text);
+            checkElement(*text);
             return;
         }
         state.table.inOrder([&](const Row &row) {
             if (isElement(state.table, row))
-                demandElement(row);
+                checkElement(row);
         });
     }
 
     /// An object that is there is judged, too, when the document does not say whether it is needed.
-    void demandPart(const ObjectState &state, const Row &row, const ObjectState *part, Severity severity)
+    void checkPart(const ObjectState &state, const Row &row, const ObjectState *part, Severity severity)
     {
-        if (!row.isApplicableTo(state.object) && !(part && hasUnmet(state)))
+        if (!row.isApplicableTo(state.object) && !(part && hasInvalid(state)))
             return;
-        const bool isAsked = !row.requiredAs.isNull();
+        const bool isRequired = !row.requiredAs.isNull();
         if (part && row.content == Content::Object)
-            demand(*part, isAsked ? severity : Severity::Warning);
-        else if (!part && isAsked)
+            checkRequirements(*part, isRequired ? severity : Severity::Warning);
+        else if (!part && isRequired)
             reportMissing(state, row, severity, pleaseSetFirst(row.part->table()));
     }
 
-    static bool hasUnmet(const ObjectState &state)
+    static bool hasInvalid(const ObjectState &state)
     {
         return std::any_of(
             state.table.elements.begin(), state.table.elements.end(), [&state](const Row &row) {
@@ -414,7 +414,7 @@ private:
             });
     }
 
-    void demandAttribute(const ObjectState &state, const Row &row, Severity severity)
+    void reportInvalidAttribute(const ObjectState &state, const Row &row, Severity severity)
     {
         const QString complaint = Messages::pleaseSet(state.table.name.toString(), row.requiredAs);
         if (const auto value = tree.attribute(state.index, row.name)) {
@@ -428,18 +428,18 @@ private:
         }
     }
 
-    void demandRow(const ObjectState &state, const Row &row, const RowState *said, Severity severity)
+    void checkRow(const ObjectState &state, const Row &row, const RowState *given, Severity severity)
     {
-        if (said && said->isMisplaced)
+        if (given && given->isMisplaced)
             return;
-        if (row.isExpected && !said) {
+        if (row.isExpected && !given) {
             reportMissing(state, row, Severity::Warning, {});
         } else if (row.isRequired() && row.isApplicableTo(state.object)) {
             if (row.isValid && !row.isValid(state.object))
-                reportUnmet(state, row, said, severity,
-                            Messages::pleaseSet(state.table.name.toString(), row.requiredAs));
+                reportInvalid(state, row, given, severity,
+                              Messages::pleaseSet(state.table.name.toString(), row.requiredAs));
             else if (row.isComplete && !row.isComplete(state.object) && !reportIncomplete(state, row, {}))
-                reportUnmet(state, row, said, Severity::Warning, {});
+                reportInvalid(state, row, given, Severity::Warning, {});
         }
     }
 
@@ -464,24 +464,24 @@ private:
         return &finding;
     }
 
-    void reportUnmet(const ObjectState &state, const Row &row, const RowState *said, Severity severity,
-                     const QString &complaint)
+    void reportInvalid(const ObjectState &state, const Row &row, const RowState *given, Severity severity,
+                       const QString &complaint)
     {
         const Advice advice = adviceFor(state.table.name, row.name);
         if (!advice.place.isNull()) {
             if (FindingData *const finding = reportIncomplete(state, row, advice.place))
                 setSeverity(*finding, severity, complaint);
-        } else if (!said) {
+        } else if (!given) {
             reportMissing(state, row, severity, complaint);
-        } else if (said->finding >= 0) {
-            setSeverity(outcome.findings[static_cast<std::size_t>(said->finding)], severity, complaint);
+        } else if (given->finding >= 0) {
+            setSeverity(outcome.findings[static_cast<std::size_t>(given->finding)], severity, complaint);
         } else {
-            const QString text = tree.text(said->last);
+            const QString text = tree.text(given->last);
             FindingData &finding =
-                add(said->last, FindingId::BadValue,
-                    advice.wanted.isEmpty() || text.isEmpty()
+                add(given->last, FindingId::BadValue,
+                    advice.requirement.isEmpty() || text.isEmpty()
                         ? QStringLiteral("is empty")
-                        : QStringLiteral("%1 is not %2").arg(quoted(text), advice.wanted.toString()));
+                        : QStringLiteral("%1 is not %2").arg(quoted(text), advice.requirement.toString()));
             finding.found = text;
             setSeverity(finding, severity, complaint);
         }
@@ -547,15 +547,15 @@ private:
         }
     }
 
-    void reportRepetition(const ObjectState &parent, const Row &row, Index former)
+    void reportRepetition(const ObjectState &parent, const Row &row, Index previous)
     {
         const bool mayRepeat =
             isList(row) || row.content == Content::Block || row.content == Content::Ignored;
-        if (mayRepeat || former == XmlTree::None)
+        if (mayRepeat || previous == XmlTree::None)
             return;
-        // An object that is given twice is told of itself; what is in it need not be.
+        // An object that is repeated has a finding of its own; what is in it needs none.
         const Index here = cursor.element();
-        if (parent.table.refusesOthers && tree.parent(here) != tree.parent(former))
+        if (parent.table.refusesOthers && tree.parent(here) != tree.parent(previous))
             return;
         add(here, FindingId::Repeated, QStringLiteral("given before; the last one counts"));
     }
@@ -588,7 +588,7 @@ private:
         QStringList &names = allNames[&table];
         if (names.isEmpty()) {
             table.inOrder([&](const Row &row) {
-                if (isElement(table, row) && isRead(row) && adviceFor(table.name, row.name).unread.isEmpty())
+                if (isElement(table, row) && isRead(row) && adviceFor(table.name, row.name).ignored.isEmpty())
                     names += row.name.toString();
             });
         }

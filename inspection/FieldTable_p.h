@@ -1,5 +1,5 @@
 // What people and programs can ask of a document, field by field: one table per class, made of the rows of
-// the class and of what people are told of them. The commands that show, compare and set fields walk these
+// the class and of labels for people. The commands that show, compare and set fields walk these
 // tables.
 //
 // A key is called as the element or attribute of the document; a field without one as the getter of the
@@ -45,7 +45,7 @@ struct FieldParts {
     void (*change)(void *object, const QString &key, const FieldChange &work);
 };
 
-/// What people are told of a field.
+/// How a field is shown to people.
 struct FieldLabel {
     enum class Shown { Always, IfSet, IfWritten, Never };
     using Predicate = bool (*)(const void *object);

@@ -1,8 +1,8 @@
 #include "inspection/ObjectFindings_p.h"
 
+#include <inspection/Completeness_p.h>
 #include <inspection/DocumentWalk_p.h>
 #include <inspection/FieldText_p.h>
-#include <inspection/Obstacles_p.h>
 #include <objectbase/ITesselObject.h>
 #include <objectbase/TesselException.h>
 
@@ -51,14 +51,14 @@ private:
     {
         writer.writeStartElement(name.toString());
         for (const Row &row : table.attributes) {
-            if (row.read && isSaid(row, object))
+            if (row.read && isPresent(row, object))
                 writer.writeAttribute(row.name.toString(), textOf(row, object));
         }
         for (const Row &row : table.elements) {
-            if (row.part && row.part->enter && arePartsSaid(table, row, object)) {
+            if (row.part && row.part->enter && arePartsPresent(table, row, object)) {
                 for (const FieldPart &part : row.part->all(object))
                     writeObject(row.name, row.part->table(), part.object);
-            } else if (row.read && isSaid(row, object)) {
+            } else if (row.read && isPresent(row, object)) {
                 writer.writeTextElement(row.name.toString(), textOf(row, object));
             }
         }
@@ -70,15 +70,15 @@ private:
         return !row.isWritten || row.isWritten(object);
     }
 
-    static bool arePartsSaid(const ObjectTable &table, const Row &row, const void *object)
+    static bool arePartsPresent(const ObjectTable &table, const Row &row, const void *object)
     {
         const bool isOne = row.content == Row::Content::Object && row.part->kind == TESSEL::Part::Kind::One;
         return isOne ? fieldsOf(table).find(row.name)->isShownOf(object) : isWritten(row, object);
     }
 
-    /// The version does not matter to the check of an object, which is written as of its own. A name is said
+    /// The version does not matter to the check of an object, which is written as of its own. A name is there
     /// even where the library would not write it.
-    static bool isSaid(const Row &row, const void *object)
+    static bool isPresent(const Row &row, const void *object)
     {
         const bool isName = row.type.kind == TextType::Kind::Name;
         return row.name != QStringView(u"Version") && isSet(row.get(object))

@@ -23,7 +23,7 @@ public:
     XmlTree::Index index;
     const KORMAK::Parameter &parameter;
     bool isInReceiver;
-    bool hasReplaced; ///< an element before it bears the same unique name
+    bool hasReplaced; ///< an element before it has the same unique name
 
     [[nodiscard]] bool hasBlock() const { return !blocks().empty(); }
 

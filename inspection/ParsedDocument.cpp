@@ -1,6 +1,6 @@
 #include "inspection/ParsedDocument_p.h"
 
-#include <inspection/Obstacles_p.h>
+#include <inspection/Completeness_p.h>
 #include <inspection/Utf8_p.h>
 #include <inspection/XmlPlaces_p.h>
 #include <objectbase/QtCompat_p.h>

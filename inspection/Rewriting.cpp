@@ -1,7 +1,7 @@
 #include "inspection/Rewriting_p.h"
 
+#include <inspection/Completeness_p.h>
 #include <inspection/FieldDiff_p.h>
-#include <inspection/Obstacles_p.h>
 #include <inspection/QuotedText_p.h>
 #include <inspection/XmlLosses_p.h>
 #include <objectbase/TesselException.h>
@@ -21,9 +21,9 @@ Rewriting rewrite(ParsedDocument &document)
 {
     const DocumentKind &kind = *document.kind;
     Rewriting result;
-    if (kind.obstacles)
-        result.obstacles = kind.obstacles(*document.object, document.tree);
-    if (!result.obstacles.empty())
+    if (kind.blockers)
+        result.blockers = kind.blockers(*document.object, document.tree);
+    if (!result.blockers.empty())
         return result;
     result.refusal = checkObject(document);
     if (result.refusal)

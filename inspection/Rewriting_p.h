@@ -15,7 +15,7 @@ namespace KORMAK::Inspection {
 
 struct Rewriting {
     /// What keeps the document from being written. If there is something, the rest is empty.
-    Findings obstacles = {};
+    Findings blockers = {};
     /// Why the library writes nothing for it.
     std::optional<Rejection> refusal = std::nullopt;
     QByteArray text = {}; ///< that is written

@@ -1,7 +1,7 @@
+#include <inspection/Completeness_p.h>
 #include <inspection/DocumentKind_p.h>
 #include <inspection/FieldAssignment_p.h>
 #include <inspection/FieldDiff_p.h>
-#include <inspection/Obstacles_p.h>
 #include <inspection/QuotedText_p.h>
 #include <objectbase/ITesselObject.h>
 #include <objectbase/TesselException.h>

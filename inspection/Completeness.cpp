@@ -1,4 +1,4 @@
-#include "inspection/Obstacles_p.h"
+#include "inspection/Completeness_p.h"
 
 #include <inspection/Advice_p.h>
 #include <inspection/FieldTable_p.h>
@@ -55,7 +55,7 @@ QStringList missingBeyondCheck(const TESSEL::ObjectTable &table, const void *obj
         if (!row.isComplete || !row.isApplicableTo(object) || row.isComplete(object))
             return;
         const QString name = table.name.toString();
-        const QStringView advice = adviceFor(table.name, row.name).lacking;
+        const QStringView advice = adviceFor(table.name, row.name).missing;
         if (row.part)
             missing += missingBeyondCheck(row.part->table(), row.part->all(object).front().object);
         else

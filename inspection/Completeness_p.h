@@ -1,6 +1,7 @@
-// What keeps a document from being rewritten: what Check() of the library says, and what it has no words for.
-#ifndef KORMAK_INSPECTION_OBSTACLES_P_H
-#define KORMAK_INSPECTION_OBSTACLES_P_H
+// Whether a document is complete, and what keeps it from being rewritten: what Check() says, and what it does
+// not name.
+#ifndef KORMAK_INSPECTION_COMPLETENESS_P_H
+#define KORMAK_INSPECTION_COMPLETENESS_P_H
 
 #include <inspection/FindingData_p.h>
 #include <inspection/ParameterElements_p.h>
