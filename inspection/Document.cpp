@@ -42,13 +42,6 @@ QVector<Finding> withoutPlaces(const Findings &findings)
     return result;
 }
 
-/// How many bytes stand before the text that is looked at.
-qsizetype skippedBytes(const QByteArray &text)
-{
-    constexpr qsizetype ByteOrderMarkSize = 3;
-    return text.startsWith("\xEF\xBB\xBF") ? ByteOrderMarkSize : 0;
-}
-
 FindingData unknownKind(const QString &kind)
 {
     return {0,
@@ -58,20 +51,6 @@ FindingData unknownKind(const QString &kind)
             Severity::Error,
             {},
             documentKindNames()};
-}
-
-/// \a isComplaint: the words are the library's.
-FindingData errorOf(const Rejection &rejection, bool isComplaint)
-{
-    return {rejection.offset,
-            rejection.message,
-            {},
-            rejection.id,
-            Severity::Error,
-            {},
-            {},
-            isComplaint ? rejection.message : QString(),
-            rejection.limit};
 }
 
 DocumentCheck checkOf(const QByteArray &text, const TESSEL::ReadingLimits &limits)
@@ -91,7 +70,7 @@ QVector<Finding> lossesOf(const QByteArray &bytes, const TESSEL::ReadingLimits &
     ParsedDocument document = documentOf(checkedText(bytes), limits);
     Findings findings;
     if (document.rejection) { // which a document with an object never has
-        findings.push_back(errorOf(*document.rejection, true));
+        findings.push_back(errorOf(*document.rejection, Words::OfLibrary));
     } else {
         auto [blockers, refusal, text, losses] = rewrite(document);
         for (FindingData &blocker : blockers) {
@@ -101,14 +80,14 @@ QVector<Finding> lossesOf(const QByteArray &bytes, const TESSEL::ReadingLimits &
         if (otherText && (refusal || !blockers.empty()))
             findings = lossesIn(document, otherText->toUtf8());
         else if (refusal)
-            findings.push_back(errorOf(*refusal, !isAccepted));
+            findings.push_back(errorOf(*refusal, isAccepted ? Words::OfInspection : Words::OfLibrary));
         else
             findings = blockers.empty() ? std::move(losses) : std::move(blockers);
     }
     TextPositions positions(document.text);
     QVector<Finding> result;
     for (const FindingData &finding : findings) {
-        result.push_back(FindingMaker::made(finding, positions.at(finding.offset), skippedBytes(bytes)));
+        result.push_back(FindingMaker::made(finding, positions.at(finding.offset), byteOrderMarkSize(bytes)));
     }
     return result;
 }
@@ -142,7 +121,7 @@ Document::Document(const QByteArray &text, const TESSEL::ReadingLimits &limits)
     QVector<Finding> findings;
     findings.reserve(static_cast<int>(check.findings.size()));
     for (auto &[finding, position] : check.findings)
-        findings.push_back(FindingMaker::made(std::move(finding), position, skippedBytes(text)));
+        findings.push_back(FindingMaker::made(std::move(finding), position, byteOrderMarkSize(text)));
     d = std::make_shared<const Private>(Private{text, limits, check.kind, std::move(check.object), false,
                                                 check.isAccepted, check.isComplete, std::move(findings)});
 }
@@ -226,10 +205,10 @@ QVector<Finding> Document::GetLosses() const
     if (!own.isOfObject)
         return lossesOf(own.text, own.limits, own.isAccepted, nullptr);
     if (const auto complaint = refusalOf(*own.object))
-        return withoutPlaces({errorOf({*complaint, 0}, true)});
+        return withoutPlaces({errorOf({*complaint, 0}, Words::OfLibrary)});
     const auto written = writtenDocument(*own.kind, *own.object);
     if (const auto *reason = std::get_if<Rejection>(&written))
-        return withoutPlaces({errorOf(*reason, false)});
+        return withoutPlaces({errorOf(*reason, Words::OfInspection)});
     const QString &text = std::get<QString>(written);
     QVector<Finding> losses;
     if (!own.text.isNull())

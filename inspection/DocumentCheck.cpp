@@ -8,13 +8,6 @@ namespace KORMAK::Inspection {
 
 namespace {
 
-/// In the library's own words.
-FindingData findingOf(const Rejection &rejection)
-{
-    return {rejection.offset,  rejection.message, {}, rejection.id, Severity::Error, {}, {},
-            rejection.message, rejection.limit};
-}
-
 FindingData breakOf(const XmlTree &tree)
 {
     const XmlTree::Break &broken = *tree.broken();
@@ -59,7 +52,7 @@ DocumentCheck checkText(const QByteArray &text, const TESSEL::ReadingLimits &lim
             append(findings, document.kind->lint(*document.object, tree));
     }
     if (rejection && !isTold(*rejection, findings))
-        findings.push_back(findingOf(*rejection));
+        findings.push_back(errorOf(*rejection, Words::OfLibrary));
     std::stable_sort(findings.begin(), findings.end(),
                      [](const FindingData &a, const FindingData &b) { return a.offset < b.offset; });
 
@@ -79,12 +72,19 @@ DocumentCheck checkText(const QByteArray &text, const TESSEL::ReadingLimits &lim
     return check;
 }
 
+FindingData errorOf(const Rejection &rejection, Words words)
+{
+    const QString complaint = words == Words::OfLibrary ? rejection.message : QString();
+    return {rejection.offset, rejection.message, {}, rejection.id, Severity::Error, {}, {},
+            complaint,        rejection.limit};
+}
+
 DocumentCheck failedCheck(const DocumentError &error)
 {
-    const FindingData finding{error.offset, error.message, {}, error.id,   Severity::Error,
-                              {},           error.allowed, {}, error.limit};
+    FindingData finding = errorOf({error.message, error.offset, error.id, error.limit}, Words::OfInspection);
+    finding.allowed = error.allowed;
     DocumentCheck check;
-    check.findings.push_back({finding, error.position});
+    check.findings.push_back({std::move(finding), error.position});
     return check;
 }
 

@@ -32,6 +32,10 @@ struct DocumentCheck {
 /// All that there is to tell about the checked \a text, and whether the library accepts it.
 [[nodiscard]] DocumentCheck checkText(const QByteArray &text, const TESSEL::ReadingLimits &limits = {});
 
+/// In whose words a rejection says why; those of the library are the complaint of its finding, too.
+enum class Words { OfLibrary, OfInspection };
+[[nodiscard]] FindingData errorOf(const Rejection &rejection, Words words);
+
 /// The outcome for a document that cannot be used.
 [[nodiscard]] DocumentCheck failedCheck(const DocumentError &error);
 

@@ -6,17 +6,17 @@ namespace KORMAK::Inspection {
 
 namespace {
 
-QStringView nameOf(Severity severity)
-{
-    return severity == Severity::Error ? QStringView(u"error") : QStringView(u"warning");
-}
-
 QString numberOrNull(const std::optional<TextPosition> &position, qsizetype TextPosition::*part)
 {
     return position ? QString::number((*position).*part) : QStringLiteral("null");
 }
 
 } // namespace
+
+QStringView nameOf(Severity severity)
+{
+    return severity == Severity::Error ? QStringView(u"error") : QStringView(u"warning");
+}
 
 QByteArray findingJson(const QString &file, const FindingData &finding,
                        const std::optional<TextPosition> &position)

@@ -28,6 +28,8 @@ template <class Write>
     return json.text().toUtf8() + '\n';
 }
 
+[[nodiscard]] QStringView nameOf(Severity severity);
+
 /// A line about one finding in the document called \a file.
 [[nodiscard]] QByteArray findingJson(const QString &file, const FindingData &finding,
                                      const std::optional<TextPosition> &position);

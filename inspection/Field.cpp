@@ -4,7 +4,6 @@
 #include <inspection/FieldList_p.h>
 #include <inspection/FieldText_p.h>
 #include <inspection/NameLists_p.h>
-#include <inspection/Vocabulary_p.h>
 #include <objectbase/NoDestructor_p.h>
 
 #include <type_traits>

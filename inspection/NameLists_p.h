@@ -2,6 +2,7 @@
 #ifndef KORMAK_INSPECTION_NAMELISTS_P_H
 #define KORMAK_INSPECTION_NAMELISTS_P_H
 
+#include <inspection/Vocabulary.h>
 #include <objectbase/Vocabulary_p.h>
 
 #include <QString>
@@ -18,7 +19,11 @@ struct NameList {
     TESSEL::NameTable (*table)();
 };
 
-/// In the order in which people are told of them.
+struct VocabularyMaker {
+    [[nodiscard]] static Vocabulary made(const NameList *list); ///< null: none
+};
+
+/// In the order in which they are listed for people.
 [[nodiscard]] const std::vector<NameList> &allNameLists();
 /// What they are called.
 [[nodiscard]] QStringList nameListNames();

@@ -1,7 +1,6 @@
 #include "inspection/ParsedDocument_p.h"
 
 #include <inspection/Completeness_p.h>
-#include <inspection/Utf8_p.h>
 #include <inspection/XmlPlaces_p.h>
 #include <objectbase/QtCompat_p.h>
 #include <objectbase/ReadingBounds_p.h>
@@ -18,6 +17,42 @@ namespace {
                           ReadingLimit limit = ReadingLimit::None)
 {
     throw DocumentError{message, TextPositions(text).at(offset), id, allowed, limit, offset};
+}
+
+/// The length of the character in UTF-8 at \a bytes, of which there are \a size; 0 when there is none.
+qsizetype characterLength(const uchar *bytes, qsizetype size)
+{
+    constexpr uint FirstOf3 = 0x800; // less fits into fewer bytes
+    constexpr uint FirstOf4 = 0x10000;
+    const uint lead = *bytes;
+    if (lead < 0x80)
+        return 1;
+    const int length = lead < 0xC2 || lead > 0xF4 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    if (length == 0 || length > size)
+        return 0;
+    uint code = lead & (0x7FU >> length);
+    for (int i = 1; i < length; ++i) {
+        if ((bytes[i] & 0xC0U) != 0x80)
+            return 0;
+        code = code << 6U | (bytes[i] & 0x3FU);
+    }
+    const bool isOverlong = (length == 3 && code < FirstOf3) || (length == 4 && code < FirstOf4);
+    return isOverlong || QChar::isSurrogate(code) || code > QChar::LastValidCodePoint ? 0 : length;
+}
+
+/// The index of the first byte that does not belong to a character in UTF-8, or the size when all do. Qt
+/// itself would put a replacement character there and say nothing.
+qsizetype firstByteOutsideUtf8(const QByteArray &bytes)
+{
+    const auto *const data = reinterpret_cast<const uchar *>(bytes.constData());
+    qsizetype at = 0;
+    while (at < bytes.size()) {
+        const qsizetype length = characterLength(data + at, bytes.size() - at);
+        if (length == 0)
+            break;
+        at += length;
+    }
+    return at;
 }
 
 /// \throws DocumentError for a text that could take much more memory or time than it has characters
@@ -38,11 +73,16 @@ void checkLimits(const QByteArray &text, const TESSEL::ReadingLimits &limits)
 
 } // namespace
 
-QByteArray checkedText(QByteArray bytes)
+qsizetype byteOrderMarkSize(const QByteArray &bytes)
 {
     constexpr char ByteOrderMark[] = "\xEF\xBB\xBF";
-    if (bytes.startsWith(ByteOrderMark))
-        bytes.remove(0, sizeof ByteOrderMark - 1);
+    constexpr qsizetype Size = sizeof ByteOrderMark - 1;
+    return bytes.startsWith(ByteOrderMark) ? Size : 0;
+}
+
+QByteArray checkedText(QByteArray bytes)
+{
+    bytes.remove(0, static_cast<TESSEL::TextSize>(byteOrderMarkSize(bytes)));
     const qsizetype end = firstByteOutsideUtf8(bytes);
     if (const qsizetype nul = bytes.indexOf('\0'); nul >= 0 && nul < end)
         throwAt(bytes, nul, QStringLiteral("the text holds a NUL byte"), FindingId::Encoding);

@@ -39,6 +39,8 @@ struct DocumentError {
     qsizetype offset = 0; ///< of the position
 };
 
+/// Of the mark that \a bytes begin with; 0 without one.
+[[nodiscard]] qsizetype byteOrderMarkSize(const QByteArray &bytes);
 /// \a bytes as the text of a document: UTF-8 without a mark, without a NUL, and with no encoding declared.
 /// \throws DocumentError for anything that Qt would replace or stop at without a word
 [[nodiscard]] QByteArray checkedText(QByteArray bytes);

@@ -2,7 +2,6 @@
 
 #include <inspection/Json_p.h>
 #include <inspection/NameLists_p.h>
-#include <inspection/Vocabulary_p.h>
 
 #include <algorithm>
 

@@ -2,6 +2,10 @@
 
 #include <inspection/DocumentJson_p.h>
 #include <tools/DocumentFile.h>
+#include <tools/LimitOptions.h>
+
+#include <new>
+#include <utility>
 
 using namespace KORMAK::Inspection;
 
@@ -9,12 +13,22 @@ namespace {
 
 using namespace CheckReport;
 
-QStringView nameOf(Severity severity)
+/// Tells with which option more would be allowed, where a limit is met.
+DocumentCheck withOptions(DocumentCheck check)
 {
-    return severity == Severity::Error ? QStringView(u"error") : QStringView(u"warning");
+    for (auto &[finding, position] : check.findings) {
+        finding.message = withOption(finding.message, finding.limit);
+        finding.complaint = withOption(finding.complaint, finding.limit);
+    }
+    return check;
 }
 
-QStringView nameOf(ExitStatus status)
+FileCheck failed(const QString &path, const DocumentError &error)
+{
+    return {path, error.position ? Faulty : Failed, withOptions(failedCheck(error))};
+}
+
+QStringView statusName(ExitStatus status)
 {
     switch (status) {
     case Good:
@@ -45,12 +59,31 @@ Lines jsonOf(const FileCheck &check)
     Lines lines;
     for (const auto &[finding, position] : findings)
         lines.results += findingJson(check.path, finding, position);
-    lines.results +=
-        fileJson(check.path, nameOf(check.status), kind, isComplete, static_cast<qsizetype>(findings.size()));
+    lines.results += fileJson(check.path, statusName(check.status), kind, isComplete,
+                              static_cast<qsizetype>(findings.size()));
     return lines;
 }
 
 } // namespace
+
+FileCheck unreadable(const QString &path, const QString &reason)
+{
+    return failed(path, {reason});
+}
+
+FileCheck checkFile(const QString &path, const TESSEL::ReadingLimits &limits)
+{
+    try {
+        const SourceText source = readText(path);
+        DocumentCheck check = withOptions(checkText(source.text, limits));
+        check.object.reset(); // its room is needed for what is told
+        return {path, check.isAccepted ? Good : Faulty, std::move(check)};
+    } catch (const DocumentError &error) {
+        return failed(path, error);
+    } catch (const std::bad_alloc &) {
+        return unreadable(path, NotEnoughMemory.toString());
+    }
+}
 
 void CheckReport::Counts::add(ExitStatus status)
 {

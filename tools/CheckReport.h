@@ -1,11 +1,26 @@
-// What a check says of each file, and of all of them in the end: for people, or as JSON for scripts.
+// The check of each file, and what is told of it and of all files in the end: for people, or as JSON for
+// scripts. said of it and of all of them in the end: for people, or as JSON for scripts.
 #ifndef KORMAK_TOOLS_CHECKREPORT_H
 #define KORMAK_TOOLS_CHECKREPORT_H
 
-#include <tools/DocumentCheck.h>
+#include <inspection/DocumentCheck_p.h>
+#include <tools/Command.h>
 #include <tools/OutputFormat.h>
 
 #include <QByteArray>
+#include <QString>
+
+struct FileCheck {
+    QString path;
+    ExitStatus status = Good; ///< Faulty exactly when the library refuses the document
+    KORMAK::Inspection::DocumentCheck check;
+};
+
+/// Checks the file \a path, "-" being standard input.
+[[nodiscard]] FileCheck checkFile(const QString &path, const TESSEL::ReadingLimits &limits = {});
+
+/// The outcome for a \a path that cannot be read.
+[[nodiscard]] FileCheck unreadable(const QString &path, const QString &reason);
 
 namespace CheckReport {
 

@@ -16,25 +16,13 @@ using namespace KORMAK::Inspection;
 
 namespace {
 
-struct Comparison {
-    const DocumentKind &kind;
-    std::vector<FieldDifference> differences;
-    bool areEqualToLibrary; ///< by the operator of the class
-};
-
-Comparison compare(const FileDocument &a, const FileDocument &b)
+/// \a areEqualToLibrary: by the operator of the class.
+void printText(const std::vector<FieldDifference> &found, bool areEqualToLibrary)
 {
-    const DocumentKind &kind = *a.kind;
-    return {kind, differences(kind.fields(), kind.address(*a.object), kind.address(*b.object)),
-            kind.areEqual(*a.object, *b.object)};
-}
-
-void printText(const Comparison &comparison)
-{
-    const bool areSame = comparison.differences.empty();
-    for (const FieldDifference &difference : comparison.differences)
+    const bool areSame = found.empty();
+    for (const FieldDifference &difference : found)
         Console::print(difference.toLine());
-    if (areSame == comparison.areEqualToLibrary)
+    if (areSame == areEqualToLibrary)
         return;
     Console::print(areSame
                        ? QStringLiteral("The library's own comparison calls the documents different, though "
@@ -69,13 +57,14 @@ ExitStatus compareFiles(const QStringList &paths, OutputFormat format, const TES
                  .arg(b.kind->rootElement.toString(), paths.at(0), a.kind->rootElement.toString())});
         return Failed;
     }
-    const Comparison comparison = compare(a, b);
+    const DocumentKind &kind = *a.kind;
+    const auto found = differences(kind.fields(), kind.address(*a.object), kind.address(*b.object));
+    const bool areEqualToLibrary = kind.areEqual(*a.object, *b.object);
     if (format == OutputFormat::Json)
-        Console::print(
-            differencesJson(comparison.kind, comparison.differences, comparison.areEqualToLibrary));
+        Console::print(differencesJson(kind, found, areEqualToLibrary));
     else
-        printText(comparison);
-    return comparison.differences.empty() ? Good : Faulty;
+        printText(found, areEqualToLibrary);
+    return found.empty() ? Good : Faulty;
 }
 
 ExitStatus run(const QCommandLineParser &parser)

@@ -58,11 +58,6 @@ void listFields(const DocumentKind &kind)
     Console::write(TextLayout::twoColumns(rows));
 }
 
-void *addressIn(const DocumentKind &kind, ITesselObject &object)
-{
-    return const_cast<void *>(kind.address(object)); // the object is ours
-}
-
 /// \throws Incomplete
 QString textOf(const DocumentKind &kind, const ITesselObject &object)
 {
@@ -115,7 +110,7 @@ ExitStatus make(const DocumentKind &kind, const QStringList &settings, const QSt
     try {
         wanted = assignments(kind.fields(), settings);
         for (const FieldAssignment &assignment : wanted)
-            assign(assignment, addressIn(kind, *object));
+            assign(assignment, kind.variableAddress(*object));
     } catch (const FieldError &error) {
         throw UsageError{error.message};
     }
