@@ -6,6 +6,32 @@
 
 namespace KORMAK::Inspection {
 
+namespace {
+
+bool isHarmlessCodePoint(uint codePoint)
+{
+    switch (QChar::category(codePoint)) {
+    case QChar::Other_Control:
+    case QChar::Other_Format:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return false;
+    default:
+        return true;
+    }
+}
+
+/// How many code units the harmless character at \a index takes; 0 when there is none.
+int harmlessLength(const QString &text, int index)
+{
+    const QChar c = text.at(index);
+    if (c.isHighSurrogate() && index + 1 < text.size() && text.at(index + 1).isLowSurrogate())
+        return isHarmlessCodePoint(QChar::surrogateToUcs4(c, text.at(index + 1))) ? 2 : 0;
+    return isHarmless(c) && !c.isSurrogate() ? 1 : 0;
+}
+
+} // namespace
+
 QString escaped(QChar c)
 {
     switch (c.unicode()) {
@@ -22,25 +48,31 @@ QString escaped(QChar c)
 
 bool isHarmless(QChar c)
 {
-    return c.category() != QChar::Other_Control && c != QChar::LineSeparator
-        && c != QChar::ParagraphSeparator;
+    return isHarmlessCodePoint(c.unicode());
 }
 
 QString oneLine(const QString &text)
 {
-    if (std::all_of(text.begin(), text.end(), isHarmless))
-        return text;
     QString line;
-    line.reserve(text.size());
-    for (const QChar c : text)
-        line += isHarmless(c) ? QString(c) : escaped(c);
-    return line;
+    int begin = 0; // of what is harmless and not in the line yet
+    for (int i = 0; i < text.size();) {
+        const int length = harmlessLength(text, i);
+        if (length == 0) {
+            line += text.mid(begin, i - begin) + escaped(text.at(i));
+            begin = i + 1;
+        }
+        i += std::max(length, 1);
+    }
+    return begin == 0 ? text : line + text.mid(begin);
 }
 
 QString shortened(const QString &text)
 {
     constexpr int Longest = 200;
-    return text.size() > Longest ? text.left(Longest) + QChar(0x2026) : text;
+    if (text.size() <= Longest)
+        return text;
+    const bool cutsPair = text.at(Longest - 1).isHighSurrogate() && text.at(Longest).isLowSurrogate();
+    return text.left(cutsPair ? Longest - 1 : Longest) + QChar(0x2026);
 }
 
 QString quoted(const QString &text)

@@ -1,6 +1,7 @@
 #include "tools/CheckReport.h"
 
 #include <inspection/DocumentJson_p.h>
+#include <inspection/QuotedText_p.h>
 #include <tools/DocumentFile.h>
 #include <tools/LimitOptions.h>
 
@@ -49,7 +50,8 @@ Lines textOf(const FileCheck &check)
     Lines lines;
     lines.complaints = complaints.toUtf8();
     if (check.status == Good)
-        lines.results = (check.path + QStringLiteral(": ") + check.check.state + QLatin1Char('\n')).toUtf8();
+        lines.results =
+            (oneLine(check.path + QStringLiteral(": ") + check.check.state) + QLatin1Char('\n')).toUtf8();
     return lines;
 }
 

@@ -1,5 +1,6 @@
 #include <inspection/DocumentJson_p.h>
 #include <inspection/FieldDiff_p.h>
+#include <inspection/QuotedText_p.h>
 #include <tools/Command.h>
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
@@ -21,7 +22,7 @@ void printText(const std::vector<FieldDifference> &found, bool areEqualToLibrary
 {
     const bool areSame = found.empty();
     for (const FieldDifference &difference : found)
-        Console::print(difference.toLine());
+        Console::print(oneLine(difference.toLine()));
     if (areSame == areEqualToLibrary)
         return;
     Console::print(areSame

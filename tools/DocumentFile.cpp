@@ -79,11 +79,12 @@ void complainAbout(const QString &path, const DocumentError &error)
 QString complaintLine(const QString &path, const std::optional<TextPosition> &position, QStringView severity,
                       const QString &message, const QStringList &allowed)
 {
-    QString line = path;
+    QString line = oneLine(path);
     if (position)
         line += QLatin1Char(':') + toText(*position);
     line += QStringLiteral(": ") + Terminal::coloured(severity) + QStringLiteral(": ") + oneLine(message);
     if (!allowed.isEmpty())
-        line += QStringLiteral(" (allowed: ") + allowed.join(QStringLiteral(", ")) + QLatin1Char(')');
+        line +=
+            QStringLiteral(" (allowed: ") + oneLine(allowed.join(QStringLiteral(", "))) + QLatin1Char(')');
     return line;
 }

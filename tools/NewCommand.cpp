@@ -98,7 +98,7 @@ void warnOfLosses(const DocumentKind &kind, const ITesselObject &object, const Q
         });
         if (wasSet) {
             Console::complain(start(u"warning") + QStringLiteral("not read back as it was set: ")
-                              + difference.toLine());
+                              + oneLine(difference.toLine()));
         }
     }
 }

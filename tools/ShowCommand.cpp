@@ -1,4 +1,5 @@
 #include <inspection/DocumentJson_p.h>
+#include <inspection/QuotedText_p.h>
 #include <tools/Command.h>
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
@@ -15,7 +16,7 @@ namespace {
 
 void printText(const FileDocument &document)
 {
-    Console::print(stateOf(*document.kind, *document.object));
+    Console::print(oneLine(stateOf(*document.kind, *document.object)));
     const QStringList lines = fieldLines(document.kind->fields(), document.kind->address(*document.object));
     for (const QString &line : lines)
         Console::print(line);

@@ -20,7 +20,8 @@ inline constexpr QStringView Description =
     u"automatic workflows, settings of activity generation, receivers and their parameters.\n"
     u"\n"
     u"Results go to standard output, complaints to standard error. The file name - stands for standard "
-    u"input.";
+    u"input; names that begin with a dash stand behind --. What cannot be printed, in names or in "
+    u"documents, is shown as an escape, such as \\n or \\u202e.";
 inline constexpr ExitTexts ExitMeanings{
     u"all is well",
     u"a document is at fault, or two documents differ",

@@ -1,6 +1,7 @@
 #include <inspection/QuotedText_p.h>
 #include <tools/Command.h>
 #include <tools/Console.h>
+#include <tools/InputFile.h>
 #include <tools/Tool.h>
 #include <tools/Usage.h>
 
@@ -35,6 +36,28 @@ void parse(QCommandLineParser &parser, const QList<QCommandLineOption> &options,
     throw UsageError{QStringLiteral("%1 Allowed: %2").arg(parser.errorText(), Usage::optionNames(options))};
 }
 
+bool isFileLikeOptions(const QString &argument)
+{
+    return argument.startsWith(QLatin1Char('-')) && argument != StandardStream
+        && InputFile::stateOf(argument).size >= 0;
+}
+
+/// Of a command that has been called with \a arguments. \throws UsageError
+void parse(QCommandLineParser &parser, const Command &command, const QStringList &arguments)
+{
+    try {
+        parse(parser, Tool::optionsOf(command), arguments);
+    } catch (const UsageError &) {
+        const auto end = std::find(arguments.begin(), arguments.end(), QStringLiteral("--"));
+        const auto file = std::find_if(arguments.begin(), end, isFileLikeOptions);
+        if (file == end)
+            throw;
+        throw UsageError{QStringLiteral("the file '%1' is taken for options. Put -- in front of it, as in: "
+                                        "kormak %2 -- %1")
+                             .arg(*file, command.name.toString())};
+    }
+}
+
 /// \a arguments from \a begin to before \a end. QStringList::mid() does not notice it when there is no
 /// memory.
 QStringList part(const QStringList &arguments, qsizetype begin, qsizetype end)
@@ -47,7 +70,7 @@ QStringList part(const QStringList &arguments, qsizetype begin, qsizetype end)
 ExitStatus runCommand(const Command &command, const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parse(parser, Tool::optionsOf(command), arguments);
+    parse(parser, command, arguments);
     if (parser.isSet(QStringLiteral("help"))) {
         Console::write(Usage::ofCommand(command));
         return Good;

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void unreadable();
     void fileWithoutPermission();
     void namesOfFiles();
+    void namesThatCannotBePrinted();
     void standardInput();
     void standardInputAmongFiles();
     void lint();
@@ -628,6 +629,33 @@ void CheckCommandTest::namesOfFiles()
              "-x: Job, complete\n" + folder.path("-x")
                  + ": Job, complete\n3 files: 2 good, 1 at fault, 0 cannot be read\n");
     QCOMPARE(run.status, 1);
+}
+
+void CheckCommandTest::namesThatCannotBePrinted()
+{
+    const QString name = QString("a\n\x1B[2J") + QChar(0x202E) + "lmx.xml";
+    const QString shown = "a\\n\\u001b[2J\\u202elmx.xml";
+    Folder folder;
+    folder.environment.insert("LC_ALL", "C.UTF-8");
+    folder.write(name, completeJob());
+    const Run good = folder.run({"check", name});
+    QCOMPARE(good.out, shown + ": Job, complete\n");
+    QCOMPARE(good.err, QString());
+
+    folder.write(
+        name,
+        jobWith("<Name>", "<Nam/><Name>").replace("30000000", QString("3%1").arg(QChar(0x202E)).toUtf8()));
+    const Run faulty = folder.run({"check", "."});
+    QCOMPARE(faulty.err.count('\n'), 2);
+    QVERIFY2(faulty.err.startsWith("./" + shown + ":11:9: error: "), qPrintable(faulty.err));
+    QVERIFY2(faulty.err.contains("./" + shown
+                                 + ":13:9: error: Job/AntennaData/MaximumFrequency: \"3\\u202e\" is not"),
+             qPrintable(faulty.err));
+    QCOMPARE(faulty.status, 1);
+
+    const Run json = folder.run({"check", "--format", "json", name});
+    QCOMPARE(jsonLines(json.out).constFirst()["file"].toString(), name);
+    QVERIFY(!json.out.contains(QChar(0x202E)));
 }
 
 void CheckCommandTest::standardInput()

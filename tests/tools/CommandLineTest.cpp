@@ -12,6 +12,8 @@ private Q_SLOTS:
     void version();
     void wrongCalls_data();
     void wrongCalls();
+    void filesTakenForOptions_data();
+    void filesTakenForOptions();
     void anyLocale_data();
     void anyLocale();
     void fullOutput();
@@ -33,7 +35,9 @@ radio-monitoring system: jobs, automatic workflows, settings of activity
 generation, receivers and their parameters.
 
 Results go to standard output, complaints to standard error. The file name -
-stands for standard input.
+stands for standard input; names that begin with a dash stand behind --. What
+cannot be printed, in names or in documents, is shown as an escape, such as \n
+or \u202e.
 
 Commands:
   check PATH...      tell everything that is wrong with documents
@@ -413,6 +417,39 @@ void CommandLineTest::wrongCalls()
     QCOMPARE(result.out, QString());
     QCOMPARE(result.status, 2);
     QCOMPARE(folder.names(), QStringList{"job.xml"});
+}
+
+void CommandLineTest::filesTakenForOptions_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("complaint");
+
+    QTest::newRow("check") << QStringList{"check", "-dash.xml", "job.xml"}
+                           << "kormak check: the file '-dash.xml' is taken for options. Put -- in front of "
+                              "it, as in: kormak check -- -dash.xml\n";
+    QTest::newRow("behind another file") << QStringList{"diff", "job.xml", "--dash.xml"}
+                                         << "kormak diff: the file '--dash.xml' is taken for options. Put -- "
+                                            "in front of it, as in: kormak diff -- --dash.xml\n";
+    QTest::newRow("no such file") << QStringList{"list", "-none"}
+                                  << "kormak list: Unknown options: n, o, n, e. Allowed: --format FORMAT, "
+                                     "-h, --help\n";
+    QTest::newRow("file behind --") << QStringList{"list", "--none", "--", "-dash.xml"}
+                                    << "kormak list: Unknown option 'none'. Allowed: --format FORMAT, -h, "
+                                       "--help\n";
+}
+
+void CommandLineTest::filesTakenForOptions()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, complaint);
+
+    Folder folder;
+    for (const QString name : {"-dash.xml", "--dash.xml", "job.xml"})
+        folder.write(name, completeJob());
+    const Run result = folder.run(arguments);
+    QCOMPARE(result.err, complaint);
+    QCOMPARE(result.out, QString());
+    QCOMPARE(result.status, 2);
 }
 
 void CommandLineTest::anyLocale_data()

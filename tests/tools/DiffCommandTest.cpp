@@ -145,6 +145,10 @@ void DiffCommandTest::differences_data()
            "\"Version\": null}\n"
            "Parameter[d].DisplayName: \"D\" -> not set\n"
         << 1;
+    QTest::newRow("characters that cannot be printed")
+        << completeJob() << jobWith(">East<", ">\xC2\x9B\xE2\x80\xAE\xF3\xA0\x81\x81<")
+        << "AntennaData.Name: \"East\" -> \"\\u009b\\u202e\\udb40\\udc41\"\n"
+        << 1;
 }
 
 void DiffCommandTest::differences()
@@ -248,6 +252,10 @@ void DiffCommandTest::refused_data()
     QTest::newRow("other kinds") << QStringList{"job.xml", "parameter.xml"}
                                  << "parameter.xml: error: is of kind Parameter, but job.xml is of kind Job: "
                                     "they cannot be compared\n";
+    QTest::newRow("other kinds, in files with odd names")
+        << QStringList{"j\x1B[2J\n.xml", "p\n.xml"}
+        << "p\\n.xml: error: is of kind Parameter, but j\\u001b[2J\\n.xml is of kind Job: they cannot be "
+           "compared\n";
     QTest::newRow("namespace that is declared twice")
         << QStringList{"job.xml", "twice.xml"}
         << "twice.xml:1:29: error: The namespace declaration 'xmlns:x' stands twice in one element.\n";
@@ -266,6 +274,8 @@ void DiffCommandTest::refused()
     Folder folder;
     folder.write("job.xml", completeJob());
     folder.write("parameter.xml", completeParameter());
+    folder.write("j\x1B[2J\n.xml", completeJob());
+    folder.write("p\n.xml", completeParameter());
     folder.write("faulty.xml", "<Job><Foo/></Job>");
     folder.write("twice.xml", "<Job><JobHeader xmlns:x='a' xmlns:x='a'/></Job>");
     const Run run = folder.run(QStringList("diff") + files);

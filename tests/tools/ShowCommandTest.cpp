@@ -663,10 +663,10 @@ void ShowCommandTest::controlCharacters()
     folder.write("job.xml",
                  jobWith("Mara Lind",
                          "Mara\xC2\x9B"
-                         "2J\tLind&#13;\xE2\x80\xA8x"));
+                         "2J\tLind&#13;\xE2\x80\xA8x\xE2\x80\xAEy\xF3\xA0\x81\x81z"));
     const Run run = folder.run({"show", "job.xml"});
     QCOMPARE(run.out.split('\n').filter("Author"),
-             QStringList{"  Author:             Mara\\u009b2J\\tLind\\r\\u2028x"});
+             QStringList{"  Author:             Mara\\u009b2J\\tLind\\r\\u2028x\\u202ey\\udb40\\udc41z"});
 }
 
 void ShowCommandTest::standardInput()
