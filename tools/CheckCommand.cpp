@@ -18,6 +18,7 @@
 #include <exception>
 #include <mutex>
 #include <new>
+#include <optional>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -63,14 +64,9 @@ int jobsOf(const QCommandLineParser &parser)
 }
 
 struct Outcome {
-    ExitStatus status = Failed;
+    std::optional<ExitStatus> status = Failed; ///< nothing: it is no file that counts
     Lines lines;
 };
-
-Outcome outcomeOf(const FileCheck &check, OutputFormat format)
-{
-    return {check.status, linesOf(check, format)};
-}
 
 /// The checks of all paths, of which several are going on at a time.
 class Checks {
@@ -162,12 +158,28 @@ private:
     {
         Known known;
         try {
-            known.outcome = outcomeOf(
-                path.obstacle ? unreadable(path.path, *path.obstacle) : checkFile(path.path, limits), format);
+            known.outcome = outcomeOf(path);
         } catch (...) {
             known.exception = std::current_exception();
         }
         return known;
+    }
+
+    [[nodiscard]] Outcome outcomeOf(const ListedPath &path) const
+    {
+        switch (path.kind) {
+        case ListedPath::Kind::Skipped:
+            return {std::nullopt, linesOfSkipped(path.path, path.reason, format)};
+        case ListedPath::Kind::Unreadable:
+            return outcomeOf(unreadable(path.path, path.reason));
+        default:
+            return outcomeOf(checkFile(path.path, limits));
+        }
+    }
+
+    [[nodiscard]] Outcome outcomeOf(const FileCheck &check) const
+    {
+        return {check.status, linesOf(check, format)};
     }
 
     /// What is said of a file whose check went wrong in itself.
@@ -181,7 +193,7 @@ private:
         } catch (const std::exception &error) {
             reason = QString::fromUtf8(error.what());
         }
-        return outcomeOf(unreadable(listed[number].path, reason), format);
+        return outcomeOf(unreadable(listed[number].path, reason));
     }
 
     const std::vector<ListedPath> listed;
@@ -220,7 +232,8 @@ ExitStatus run(const QCommandLineParser &parser)
     Checks checks(std::move(paths), format, limitsOf(parser), jobs);
     for (std::size_t i = 0; i < count; ++i) {
         const Outcome outcome = checks.outcome(i, progress);
-        counts.add(outcome.status);
+        if (outcome.status)
+            counts.add(*outcome.status);
         write(outcome.lines, progress);
     }
     if (format == OutputFormat::Json || !isOneFile)
@@ -234,8 +247,10 @@ const Command checkCommand{
     u"check",
     u"tell everything that is wrong with documents",
     u"Tells of each file what kind of document it is, whether it is complete, and everything that is wrong "
-    u"with it. Of a folder, the files called *.xml are checked, in the order of their names. More than one "
-    u"file, or a folder, is summed up in the end.\n"
+    u"with it. Of a folder, the files called *.xml are checked, in the order of their names, hidden ones "
+    u"left "
+    u"out. Links to folders are followed; a warning tells of a folder that would be gone through again. More "
+    u"than one file, or a folder, is summed up in the end.\n"
     u"\n"
     u"What is wrong goes to standard error, one thing in a line:\n"
     u"  FILE:LINE:COLUMN: SEVERITY: PATH: MESSAGE\n"
@@ -253,7 +268,7 @@ const Command checkCommand{
     u"  summary  in the end: files, good, faulty, unreadable (how many of each)\n"
     u"line and column count from 1. status is good, faulty or unreadable. found is the text that is there, "
     u"allowed lists the names that could be there, complaint is what the library says. What does not apply "
-    u"is null, or an empty list.\n"
+    u"is null, or an empty list. A byte of a name that is not UTF-8, such as 0xfc, is \\udcfc.\n"
     u"\n"
     u"id is one of bad-value, beyond-limit, encoding, misplaced-element, missing-attribute, "
     u"missing-element, not-well-formed, refused, repeated, stray-text, suspicious, unknown-attribute, "

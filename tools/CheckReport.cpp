@@ -1,8 +1,8 @@
 #include "tools/CheckReport.h"
 
 #include <inspection/DocumentJson_p.h>
-#include <inspection/QuotedText_p.h>
 #include <tools/DocumentFile.h>
+#include <tools/PathEncoding.h>
 #include <tools/LimitOptions.h>
 
 #include <new>
@@ -51,7 +51,8 @@ Lines textOf(const FileCheck &check)
     lines.complaints = complaints.toUtf8();
     if (check.status == Good)
         lines.results =
-            (oneLine(check.path + QStringLiteral(": ") + check.check.state) + QLatin1Char('\n')).toUtf8();
+            (PathEncoding::shown(check.path + QStringLiteral(": ") + check.check.state) + QLatin1Char('\n'))
+                .toUtf8();
     return lines;
 }
 
@@ -102,6 +103,20 @@ ExitStatus CheckReport::Counts::status() const
 CheckReport::Lines CheckReport::linesOf(const FileCheck &check, OutputFormat format)
 {
     return format == OutputFormat::Json ? jsonOf(check) : textOf(check);
+}
+
+CheckReport::Lines CheckReport::linesOfSkipped(const QString &path, const QString &reason,
+                                               OutputFormat format)
+{
+    const FindingData finding{0, reason, {}, KORMAK::FindingId::Unread};
+    Lines lines;
+    if (format == OutputFormat::Json)
+        lines.results = findingJson(path, finding, std::nullopt);
+    else
+        lines.complaints =
+            (complaintLine(path, std::nullopt, nameOf(finding.severity), finding) + QLatin1Char('\n'))
+                .toUtf8();
+    return lines;
 }
 
 QByteArray CheckReport::summary(const Counts &counts, OutputFormat format)

@@ -1,5 +1,5 @@
 // The check of each file, and what is told of it and of all files in the end: for people, or as JSON for
-// scripts. said of it and of all of them in the end: for people, or as JSON for scripts.
+// scripts.
 #ifndef KORMAK_TOOLS_CHECKREPORT_H
 #define KORMAK_TOOLS_CHECKREPORT_H
 
@@ -42,6 +42,8 @@ struct Counts {
 };
 
 [[nodiscard]] Lines linesOf(const FileCheck &check, OutputFormat format);
+/// A warning of a folder at \a path that is not gone through.
+[[nodiscard]] Lines linesOfSkipped(const QString &path, const QString &reason, OutputFormat format);
 
 [[nodiscard]] QByteArray summary(const Counts &counts, OutputFormat format);
 

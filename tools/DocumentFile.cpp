@@ -3,6 +3,7 @@
 #include <inspection/QuotedText_p.h>
 #include <tools/Console.h>
 #include <tools/LimitOptions.h>
+#include <tools/PathEncoding.h>
 #include <tools/Terminal.h>
 
 #include <new>
@@ -79,10 +80,11 @@ void complainAbout(const QString &path, const DocumentError &error)
 QString complaintLine(const QString &path, const std::optional<TextPosition> &position, QStringView severity,
                       const QString &message, const QStringList &allowed)
 {
-    QString line = oneLine(path);
+    QString line = PathEncoding::shown(path);
     if (position)
         line += QLatin1Char(':') + toText(*position);
-    line += QStringLiteral(": ") + Terminal::coloured(severity) + QStringLiteral(": ") + oneLine(message);
+    line += QStringLiteral(": ") + Terminal::coloured(severity) + QStringLiteral(": ")
+        + PathEncoding::shown(message);
     if (!allowed.isEmpty())
         line +=
             QStringLiteral(" (allowed: ") + oneLine(allowed.join(QStringLiteral(", "))) + QLatin1Char(')');

@@ -1,6 +1,7 @@
 #include "tools/InputFile.h"
 
 #include <tools/Command.h>
+#include <tools/PathEncoding.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -8,6 +9,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
@@ -118,8 +121,10 @@ bool isStandardInput(const struct stat &status)
 bool isNamed(const QString &path, const struct stat &status)
 {
     struct stat entry { };
-    return stat(QFile::encodeName(QFileInfo(path).canonicalFilePath()).constData(), &entry) == 0
-        && entry.st_dev == status.st_dev && entry.st_ino == status.st_ino;
+    std::error_code error;
+    const std::filesystem::path name = std::filesystem::canonical(PathEncoding::toNative(path), error);
+    return !error && stat(name.c_str(), &entry) == 0 && entry.st_dev == status.st_dev
+        && entry.st_ino == status.st_ino;
 }
 
 Content contentOf(int file, const struct stat &status)
@@ -156,7 +161,7 @@ void refuseWhatIsNoText(const struct stat &status)
 
 Content readFile(const QString &path)
 {
-    const QByteArray name = QFile::encodeName(path);
+    const QByteArray name = PathEncoding::encoded(path);
     struct stat status { };
     if (stat(name.constData(), &status) == 0) // to open some devices is to use them
         refuseWhatIsNoText(status);
@@ -225,7 +230,7 @@ InputFile::State InputFile::stateOf(const QString &path)
 {
 #ifdef Q_OS_UNIX
     struct stat status { };
-    return stat(QFile::encodeName(path).constData(), &status) == 0 ? ::stateOf(status) : State();
+    return stat(PathEncoding::encoded(path).constData(), &status) == 0 ? ::stateOf(status) : State();
 #else
     const QFileInfo place(path);
     return place.exists()

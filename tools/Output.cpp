@@ -2,6 +2,7 @@
 
 #include <tools/Console.h>
 #include <tools/ListOf.h>
+#include <tools/PathEncoding.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -88,6 +89,8 @@ ExitStatus writeOutput(const QByteArray &text, const QString &path, const Source
         complainAbout(path, {QStringLiteral("cannot be written: ") + reason});
         return Failed;
     };
+    if (!PathEncoding::isUtf8(path)) // Qt would take another name
+        return fail(QStringLiteral("its name is not UTF-8"));
     if (const QFileInfo place(path); place.exists() && !place.isFile() && !place.isDir())
         return fail(QStringLiteral("it is no file")); // rather than put a file in its place
     QSaveFile file(path);

@@ -1,17 +1,20 @@
 #include "tools/PathList.h"
 
-#include <QByteArray>
-#include <QFile>
-#include <QFileInfo>
+#include <tools/InputFile.h>
+#include <tools/PathEncoding.h>
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
+#include <set>
 #include <system_error>
 #include <utility>
 
 namespace {
 
 namespace fs = std::filesystem;
+
+using Kind = ListedPath::Kind;
 
 bool isDocument(const QString &name)
 {
@@ -23,31 +26,41 @@ QString below(const QString &folder, const QString &name)
     return folder.endsWith(QLatin1Char('/')) ? folder + name : folder + QLatin1Char('/') + name;
 }
 
-/// What is in a folder, hidden ones left out.
+ListedPath unreadable(const QString &path, const std::error_code &error)
+{
+    return {path, Kind::Unreadable,
+            QStringLiteral("cannot be read: ") + QString::fromStdString(error.message())};
+}
+
+/// The paths of what is in a folder, hidden ones left out.
 struct Entries {
-    std::vector<QString> files;
+    std::vector<QString> files; ///< called *.xml, whatever they are
     std::vector<QString> folders;
+    std::vector<QString> links; ///< to folders
+    std::vector<ListedPath> unknown; ///< what cannot be looked at, and may be a folder
     std::error_code error; ///< what has kept from listing more
 };
+
+void add(Entries &entries, const fs::directory_entry &entry, const QString &path)
+{
+    std::error_code error;
+    std::error_code ignored;
+    if (entry.is_directory(error))
+        (entry.is_symlink(ignored) ? entries.links : entries.folders).push_back(path);
+    else if (isDocument(path))
+        entries.files.push_back(path);
+    else if (error)
+        entries.unknown.push_back(unreadable(path, error));
+}
 
 Entries entriesOf(const QString &folder)
 {
     Entries entries;
-    try {
-        for (const fs::directory_entry &entry :
-             fs::directory_iterator(fs::path(QFile::encodeName(folder).toStdString()))) {
-            const QString name =
-                QFile::decodeName(QByteArray::fromStdString(entry.path().filename().string()));
-            if (name.startsWith(QLatin1Char('.')))
-                continue;
-            std::error_code ignored; // what cannot be looked at is neither
-            if (entry.is_regular_file(ignored) && isDocument(name))
-                entries.files.push_back(name);
-            else if (entry.is_directory(ignored) && !entry.is_symlink(ignored))
-                entries.folders.push_back(name);
-        }
-    } catch (const fs::filesystem_error &error) {
-        entries.error = error.code();
+    fs::directory_iterator entry(PathEncoding::toNative(folder), entries.error);
+    for (; !entries.error && entry != fs::directory_iterator(); entry.increment(entries.error)) {
+        const QString name = PathEncoding::fromNative(entry->path().filename());
+        if (!name.startsWith(QLatin1Char('.')))
+            add(entries, *entry, below(folder, name));
     }
     return entries;
 }
@@ -59,41 +72,60 @@ public:
     void walk(const QString &root)
     {
         const auto before = static_cast<std::ptrdiff_t>(list.size());
-        bool hasFolders = false;
-        std::vector<QString> open;
-        open.push_back(root);
-        while (!open.empty()) {
-            const QString folder = open.back();
-            open.pop_back();
-            for (const QString &name : visit(folder)) {
-                hasFolders = true;
-                if (isRecursive)
-                    open.push_back(below(folder, name));
-            }
+        goThrough(root);
+        while (!links.empty()) { // behind all folders, whose own names are better ones
+            const QString link = *links.begin();
+            links.erase(links.begin());
+            goThrough(link);
         }
         const auto begin = list.begin() + before;
         std::sort(begin, list.end(), [](const auto &a, const auto &b) { return a.path < b.path; });
-        if (begin == list.end())
-            list.push_back({root, nothingIn(hasFolders)});
+        if (std::all_of(begin, list.end(), [](const auto &path) { return path.kind == Kind::Skipped; }))
+            list.push_back({root, Kind::Unreadable, nothingIn()});
     }
 
 private:
-    /// Lists the files of \a folder and gives the folders in it.
-    std::vector<QString> visit(const QString &folder)
+    void goThrough(const QString &start)
     {
-        Entries entries = entriesOf(folder);
-        if (entries.error) {
-            list.push_back(
-                {folder,
-                 QStringLiteral("cannot be read: ") + QString::fromStdString(entries.error.message())});
-            return {};
+        std::vector<QString> open{start};
+        while (!open.empty()) {
+            const QString folder = open.back();
+            open.pop_back();
+            if (const QString name = nameOf(folder); name != folder) {
+                list.push_back({folder, Kind::Skipped,
+                                QStringLiteral("is the folder %1, which is gone through once").arg(name)});
+                continue;
+            }
+            Entries entries = entriesOf(folder);
+            visit(entries);
+            if (entries.error)
+                list.push_back(unreadable(folder, entries.error));
+            if (isRecursive)
+                std::move(entries.folders.begin(), entries.folders.end(), std::back_inserter(open));
         }
-        for (const QString &name : entries.files)
-            list.push_back({below(folder, name)});
-        return std::move(entries.folders);
     }
 
-    [[nodiscard]] QString nothingIn(bool hasFolders) const
+    /// The path under which the folder at \a path is gone through.
+    QString nameOf(const QString &path)
+    {
+        const InputFile::State state = InputFile::stateOf(path);
+        if (state == InputFile::State()) // there is no telling
+            return path;
+        return names.insert({{state.device, state.number}, path}).first->second;
+    }
+
+    void visit(const Entries &entries)
+    {
+        for (const QString &file : entries.files)
+            list.push_back({file});
+        hasFolders = hasFolders || !entries.folders.empty() || !entries.links.empty();
+        if (!isRecursive)
+            return;
+        links.insert(entries.links.begin(), entries.links.end());
+        list.insert(list.end(), entries.unknown.begin(), entries.unknown.end());
+    }
+
+    [[nodiscard]] QString nothingIn() const
     {
         return QStringLiteral("there is no *.xml file in this folder")
             + (hasFolders && !isRecursive ? QStringLiteral(" (-r goes through the folders below, too)")
@@ -102,6 +134,9 @@ private:
 
     std::vector<ListedPath> &list;
     const bool isRecursive;
+    bool hasFolders = false;
+    std::set<QString> links; ///< to folders, which are still to be followed
+    std::map<std::pair<quint64, quint64>, QString> names; ///< of the folders by device and number
 };
 
 } // namespace
@@ -109,10 +144,10 @@ private:
 std::vector<ListedPath> listedPaths(const QStringList &paths, bool isRecursive)
 {
     std::vector<ListedPath> list;
-    FolderWalk folders(list, isRecursive);
     for (const QString &path : paths) {
-        if (!path.isEmpty() && QFileInfo(path).isDir())
-            folders.walk(path);
+        std::error_code ignored; // what is wrong with a file is told when it is read
+        if (!path.isEmpty() && fs::is_directory(PathEncoding::toNative(path), ignored))
+            FolderWalk(list, isRecursive).walk(path);
         else
             list.push_back({path});
     }

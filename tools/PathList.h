@@ -5,16 +5,23 @@
 #include <QString>
 #include <QStringList>
 
-#include <optional>
 #include <vector>
 
 struct ListedPath {
+    enum class Kind {
+        File,
+        Unreadable, ///< a folder, or what may be one: it cannot be gone through
+        Skipped, ///< a folder that is gone through under another name
+    };
+
     QString path;
-    std::optional<QString> obstacle = std::nullopt; ///< why the folder at the path cannot be gone through
+    Kind kind = Kind::File;
+    QString reason = {}; ///< of what is no file
 };
 
 /// Files as they are given, and in the place of each folder its *.xml files, sorted, \a isRecursive with
-/// those in the folders below. Links to folders are not followed.
+/// those in the folders below, hidden ones left out. Links to folders are followed, but no folder is gone
+/// through twice.
 [[nodiscard]] std::vector<ListedPath> listedPaths(const QStringList &paths, bool isRecursive);
 
 #endif

@@ -1,7 +1,7 @@
-#include <inspection/QuotedText_p.h>
 #include <tools/Command.h>
 #include <tools/Console.h>
 #include <tools/InputFile.h>
+#include <tools/PathEncoding.h>
 #include <tools/Tool.h>
 #include <tools/Usage.h>
 
@@ -22,8 +22,6 @@
 #include <exception>
 #include <iterator>
 #include <new>
-
-using namespace KORMAK::Inspection;
 
 namespace {
 
@@ -107,7 +105,8 @@ ExitStatus run(const QStringList &arguments)
         return status;
     } catch (const UsageError &error) {
         const QString name = command ? QLatin1Char(' ') + arguments.at(1) : QString();
-        Console::complain(QStringLiteral("kormak") + name + QStringLiteral(": ") + oneLine(error.message));
+        Console::complain(QStringLiteral("kormak") + name + QStringLiteral(": ")
+                          + PathEncoding::shown(error.message));
         return Failed;
     }
 }
@@ -143,7 +142,7 @@ QStringList argumentsOf(int argc, char **argv)
 #else
     QStringList arguments;
     std::transform(argv, argv + argc, std::back_inserter(arguments),
-                   [](const char *argument) { return QString::fromLocal8Bit(argument); });
+                   [](const char *argument) { return PathEncoding::decoded(argument); });
     return arguments;
 #endif
 }

@@ -35,6 +35,10 @@ private Q_SLOTS:
     void folders_data();
     void folders();
     void foldersThatCannotBeGoneThrough();
+    void linksBelowFolders_data();
+    void linksBelowFolders();
+    void whatIsNoFileBelowFolders();
+    void namesThatAreNotUtf8();
     void order_data();
     void order();
     void json();
@@ -791,8 +795,14 @@ void CheckCommandTest::folders()
         out += QString("%1: %2 good, 0 at fault, 0 cannot be read\n")
                    .arg(files.size() == 1 ? QString("1 file") : QString("%1 files").arg(files.size()))
                    .arg(files.size());
+    const bool isRecursive = arguments != arguments.filter(QRegularExpression("^[^-]"));
+    const QString top = arguments.contains(".") ? "./" : "";
     const Run run = folder.run(QStringList{"check"} + arguments);
-    QCOMPARE(run.err, QString());
+    QCOMPARE(run.err,
+             isRecursive
+                 ? QString("%1jobs/old/loop: warning: is the folder %1jobs/old, which is gone through once\n")
+                       .arg(top)
+                 : QString());
     QCOMPARE(run.out, out);
     QCOMPARE(run.status, 0);
 }
@@ -829,6 +839,168 @@ void CheckCommandTest::foldersThatCannotBeGoneThrough()
     }
     QCOMPARE(forbidden.err, QString("a/b: error: cannot be read: Permission denied\n"));
     QCOMPARE(forbidden.status, 2);
+}
+
+void CheckCommandTest::linksBelowFolders_data()
+{
+    using Links = QList<QPair<QString, QString>>;
+    QTest::addColumn<Links>("links"); // where they are, and what they lead to
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QStringList>("files");
+    QTest::addColumn<QString>("complaints");
+
+    const auto add = [](const char *name, const Links &links, const QStringList &arguments,
+                        const QStringList &files, const QString &complaints) {
+        QTest::newRow(name) << links << arguments << files << complaints;
+    };
+    const QStringList recursive{"-r", "in"};
+    add("to a folder", {{"in/link", "../out"}}, recursive,
+        {"in/a.xml", "in/below/c.xml", "in/link/b.xml", "in/link/deep/d.xml"}, "");
+    add("to a folder, not gone through", {{"in/link", "../out"}}, {"in"}, {"in/a.xml"}, "");
+    add("to a folder that is there twice", {{"in/link", "../out"}, {"in/same", "../out"}}, recursive,
+        {"in/a.xml", "in/below/c.xml", "in/link/b.xml", "in/link/deep/d.xml"},
+        "in/same: warning: is the folder in/link, which is gone through once\n");
+    add("to a folder behind that which holds it", {{"in/a", "../out"}, {"in/b", "../out/deep"}}, recursive,
+        {"in/a.xml", "in/a/b.xml", "in/a/deep/d.xml", "in/below/c.xml"},
+        "in/b: warning: is the folder in/a/deep, which is gone through once\n");
+    add("to a folder beside it, which comes later", {{"in/a", "below"}}, recursive,
+        {"in/a.xml", "in/below/c.xml"},
+        "in/a: warning: is the folder in/below, which is gone through once\n");
+    add("round and round", {{"in/link", "../out"}, {"out/back", "../in"}}, recursive,
+        {"in/a.xml", "in/below/c.xml", "in/link/b.xml", "in/link/deep/d.xml"},
+        "in/link/back: warning: is the folder in, which is gone through once\n");
+    add("folder called like a document", {{"in/link.xml", "../out/deep"}}, recursive,
+        {"in/a.xml", "in/below/c.xml", "in/link.xml/d.xml"}, "");
+    add("the folder itself", {{"link", "out"}}, {"-r", "link"}, {"link/b.xml", "link/deep/d.xml"}, "");
+    add("to a file", {{"in/link.xml", "../out/b.xml"}}, recursive,
+        {"in/a.xml", "in/below/c.xml", "in/link.xml"}, "");
+    add("to nothing", {{"in/gone.xml", "none"}}, {"in"}, {"in/a.xml"},
+        "in/gone.xml: error: cannot be read: No such file or directory\n");
+    add("to nothing, perhaps a folder", {{"in/gone", "none"}}, recursive, {"in/a.xml", "in/below/c.xml"},
+        "in/gone: error: cannot be read: No such file or directory\n");
+    add("to itself", {{"in/self", "self"}, {"in/self.xml", "self.xml"}}, recursive,
+        {"in/a.xml", "in/below/c.xml"},
+        "in/self: error: cannot be read: Too many levels of symbolic links\n"
+        "in/self.xml: error: cannot be read: Too many levels of symbolic links\n");
+    add("hidden", {{"in/.gone.xml", "none"}, {"in/.link", "../out"}}, recursive,
+        {"in/a.xml", "in/below/c.xml"}, "");
+}
+
+void CheckCommandTest::linksBelowFolders()
+{
+    using Links = QList<QPair<QString, QString>>;
+    QFETCH(Links, links);
+    QFETCH(QStringList, arguments);
+    QFETCH(QStringList, files);
+    QFETCH(QString, complaints);
+
+    Folder folder;
+    QVERIFY(QDir(folder.path(".")).mkpath("in/below"));
+    QVERIFY(QDir(folder.path(".")).mkpath("out/deep"));
+    for (const QString name : {"in/a.xml", "in/below/c.xml", "out/b.xml", "out/deep/d.xml"})
+        folder.write(name, completeJob());
+    for (const auto &[place, target] : links)
+        QVERIFY(QFile::link(target, folder.path(place)));
+    const Run run = folder.run(QStringList("check") + arguments);
+    const auto errors = complaints.count(": error: ");
+    const auto number = files.size() + errors;
+    QCOMPARE(run.err, complaints);
+    QCOMPARE(run.out,
+             files.join(": Job, complete\n")
+                 + QString(": Job, complete\n%1: %2 good, 0 at fault, %3 cannot be read\n")
+                       .arg(number == 1 ? QString("1 file") : QString("%1 files").arg(number))
+                       .arg(files.size())
+                       .arg(errors));
+    QCOMPARE(run.status, errors > 0 ? 2 : 0);
+
+    const Run json = folder.run(QStringList{"check", "--format", "json"} + arguments);
+    QString found;
+    int told = 0;
+    for (const QJsonObject &line : jsonLines(json.out)) {
+        if (line["type"] == "finding") {
+            found += line["file"].toString() + ": " + line["severity"].toString() + ": "
+                + line["message"].toString() + '\n';
+            QCOMPARE(line["id"].toString(), line["severity"] == "error" ? "unreadable" : "unread");
+        }
+        told += line["type"] == "file" ? 1 : 0;
+    }
+    QCOMPARE(found, complaints);
+    QCOMPARE(told, static_cast<int>(number));
+}
+
+void CheckCommandTest::whatIsNoFileBelowFolders()
+{
+#ifdef Q_OS_UNIX
+    Folder folder;
+    QVERIFY(QDir(folder.path(".")).mkpath("in"));
+    folder.write("in/a.xml", completeJob());
+    QCOMPARE(mkfifo(folder.path("in/pipe.xml").toLocal8Bit().constData(), 0666), 0);
+    QCOMPARE(mkfifo(folder.path("in/pipe").toLocal8Bit().constData(), 0666), 0);
+    QVERIFY(QFile::link("/dev/null", folder.path("in/null.xml")));
+    const Run run = folder.run({"check", "-r", "in"});
+    QCOMPARE(run.err,
+             QString("in/null.xml: error: cannot be read: it is a device\n"
+                     "in/pipe.xml: error: cannot be read: it is a pipe that nobody writes to\n"));
+    QCOMPARE(run.status, 2);
+#else
+    skip("no pipes with names here");
+#endif
+}
+
+void CheckCommandTest::namesThatAreNotUtf8()
+{
+#ifdef Q_OS_UNIX
+    Folder folder;
+    QProcess shell;
+    shell.setWorkingDirectory(folder.path("."));
+    const auto outputOf = [&shell](const QString &script) {
+        shell.start(
+            "/bin/sh",
+            {"-c",
+             "u=$(printf '\\374'); a=$(printf 'Ger\\344te'); b=$(printf '\\357\\273\\277'); " + script});
+        const Run run = ended(shell);
+        return QString("%1%2%3\n").arg(run.out, run.err).arg(run.status);
+    };
+    const QString tool = "'" KORMAK_TOOL "' ";
+    folder.write("good.xml", completeJob());
+    folder.write("faulty.xml", jobWithoutAuthor());
+    const QString made =
+        outputOf("mkdir \"$a\" && cp good.xml \"$a/job.xml\" && mv faulty.xml Pr${u}fung.xml && "
+                 "mv good.xml ${b}mark.xml");
+    if (made != "0\n") {
+        skip("names of files are UTF-8 here");
+        return;
+    }
+    const QString missing = ":3:5: error: Job/JobHeader/Author: missing\n";
+    const Run run = folder.run({"check", "-r", "."});
+    QCOMPARE(run.err, "./Pr\\xfcfung.xml" + missing);
+    QCOMPARE(run.out,
+             QString("./Ger\\xe4te/job.xml: Job, complete\n./\\ufeffmark.xml: Job, complete\n"
+                     "3 files: 2 good, 1 at fault, 0 cannot be read\n"));
+    QCOMPARE(run.status, 1);
+    const Run json = folder.run({"check", "--format", "json", "."});
+    QVERIFY2(json.out.contains("\"file\": \"./Pr\\udcfcfung.xml\", \"status\": \"faulty\""),
+             qPrintable(json.out));
+
+    QCOMPARE(outputOf(tool + "check Pr${u}fung.xml"), "Pr\\xfcfung.xml" + missing + "1\n");
+    QCOMPARE(outputOf(tool + "check \"$a\""),
+             QString("Ger\\xe4te/job.xml: Job, complete\n"
+                     "1 file: 1 good, 0 at fault, 0 cannot be read\n0\n"));
+    QCOMPARE(outputOf(tool + "check ${u}.xml"),
+             QString("\\xfc.xml: error: cannot be read: No such file or directory\n2\n"));
+    QCOMPARE(outputOf(tool + "${u}"),
+             QString("kormak: Unknown command '\\xfc'. Allowed: check, show, diff, format, new, list\n2\n"));
+    // To write another name would be worse.
+    QCOMPARE(outputOf(tool + "format ${b}mark.xml -o ${u}.xml"),
+             QString("\\xfc.xml: error: cannot be written: its name is not UTF-8\n2\n"));
+    QCOMPARE(outputOf(tool
+                      + "new Parameter --set DisplayName=${u} --set UniqueName=a --set ParameterType=Integer "
+                        "--set ValueType=ValueNumericInt --set RepresentationName=r --set Integer.Minimum=0"),
+             QString("kormak new: error: Parameter: Text cannot be represented in XML\n1\n"));
+    QCOMPARE(outputOf("ls | wc -l; rm -r *"), QString("3\n0\n"));
+#else
+    skip("names of files are UTF-8 here");
+#endif
 }
 
 void CheckCommandTest::order_data()

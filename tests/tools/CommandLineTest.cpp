@@ -70,8 +70,9 @@ Example:
 
 Tells of each file what kind of document it is, whether it is complete, and
 everything that is wrong with it. Of a folder, the files called *.xml are
-checked, in the order of their names. More than one file, or a folder, is
-summed up in the end.
+checked, in the order of their names, hidden ones left out. Links to folders
+are followed; a warning tells of a folder that would be gone through again.
+More than one file, or a folder, is summed up in the end.
 
 What is wrong goes to standard error, one thing in a line:
   FILE:LINE:COLUMN: SEVERITY: PATH: MESSAGE
@@ -89,7 +90,8 @@ With --format json everything goes to standard output, an object in each line.
   summary  in the end: files, good, faulty, unreadable (how many of each)
 line and column count from 1. status is good, faulty or unreadable. found is
 the text that is there, allowed lists the names that could be there, complaint
-is what the library says. What does not apply is null, or an empty list.
+is what the library says. What does not apply is null, or an empty list. A byte
+of a name that is not UTF-8, such as 0xfc, is \udcfc.
 
 id is one of bad-value, beyond-limit, encoding, misplaced-element,
 missing-attribute, missing-element, not-well-formed, refused, repeated,
