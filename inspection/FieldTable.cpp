@@ -291,27 +291,41 @@ private:
         const auto known = tables.find(&objects);
         if (known != tables.end())
             return known->second;
-        const auto *const entry =
-            std::find_if(std::begin(AllLabels), std::end(AllLabels),
-                         [name](const ObjectLabels &candidate) { return candidate.name == name; });
+        const ObjectLabels entry = labelsOf(name);
         FieldTable table;
-        std::vector<const Row *> rows;
-        for (const FieldLabel &label : entry->labels) {
+        std::vector<const Row *> labelled;
+        for (const FieldLabel &label : entry.labels) {
             if (const Row *const row = rowCalled(objects, label.key)) {
                 table.rows.push_back(rowOf(objects, *row, label));
-                rows.push_back(row);
+                labelled.push_back(row);
             }
         }
-        for (const Row &row : objects.elements) { // which nobody has a label for yet
-            const bool isField = (row.get || row.part) && rowCalled(objects, row.name) == &row;
-            if (isField && row.isWritten != nullptr && row.end != row.name
-                && row.content == Row::Content::Block)
-                continue; // an element that is only another way to write a field
-            if (isField && std::find(rows.begin(), rows.end(), &row) == rows.end())
+        for (const auto &rows : {objects.attributes, objects.elements, objects.fields}) {
+            for (const Row &row : rows) {
+                if (!isField(objects, row)
+                    || std::find(labelled.begin(), labelled.end(), &row) != labelled.end())
+                    continue;
                 table.rows.push_back(rowOf(objects, row, {row.name, row.name}));
+                table.rows.back().isLabelled = false;
+            }
         }
-        table.inLine = entry->inLine;
+        table.inLine = entry.inLine;
         return tables.emplace(&objects, std::move(table)).first->second;
+    }
+
+    /// Without labels for objects that have none.
+    static ObjectLabels labelsOf(QStringView name)
+    {
+        const auto *const found =
+            std::find_if(std::begin(AllLabels), std::end(AllLabels),
+                         [name](const ObjectLabels &candidate) { return candidate.name == name; });
+        return found == std::end(AllLabels) ? ObjectLabels{name, {}} : *found;
+    }
+
+    /// Not so for a block that ends as another one: it is only another way to write that.
+    static bool isField(const ObjectTable &table, const Row &row)
+    {
+        return rowCalled(table, row.name) == &row && (row.end.isNull() || row.end == row.name);
     }
 
     static const Row *rowCalled(const ObjectTable &table, QStringView key)

@@ -61,6 +61,7 @@ struct FieldLabel {
 };
 
 struct FieldRow : FieldLabel {
+    bool isLabelled = true; ///< false: nobody has a label for it, and its key stands for one
     TextType type = {};
     FieldValue (*get)(const void *object) = nullptr;
     void (*set)(void *object, const FieldValue &value) = nullptr; ///< null when no setter reaches the field
