@@ -42,9 +42,13 @@ Findings withNumbers(const Parameter &parameter, Visitor visit)
         return visit(parameter.GetFloatHandler());
     case ParameterType::TimeStamp:
         return visit(parameter.GetTimeStampHandler());
-    default:
-        return {};
+    case ParameterType::Boolean:
+    case ParameterType::String:
+    case ParameterType::Enum:
+    case ParameterType::Invalid:
+        break;
     }
+    return {};
 }
 
 Findings limitsThatExcludeAll(const Element &element)
