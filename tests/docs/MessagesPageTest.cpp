@@ -69,10 +69,9 @@ void addMessagesOf(QSet<QString> &messages, const ObjectTable &table)
 QSet<QString> messagesInSources()
 {
     QSet<QString> messages;
-    addMessagesOf(messages, DocumentTables::of<Job>());
-    addMessagesOf(messages, DocumentTables::of<AutomaticWorkflow>());
-    addMessagesOf(messages, DocumentTables::of<ActivityGenerationData>());
-    addMessagesOf(messages, DocumentTables::of<GenericReceiver>());
+    TestSupport::forEachKind([&messages](auto kind) {
+        addMessagesOf(messages, DocumentTables::of<typename decltype(kind)::Document>());
+    });
     static const QRegularExpression call(
         "\\b(?:fail\\(Messages::(\\w+)|(storeValid)|throw [\\w:]+)\\(([^;]*);");
     static const QRegularExpression ofReader("\\bfail\\(reader\\.errorString\\(\\)\\);");

@@ -334,8 +334,7 @@ void DocumentTest::unknownObject()
 void DocumentTest::unknownKind()
 {
     QCOMPARE(messageOf([] { (void)Document::New("job"); }),
-             QString("unknown kind of document 'job'. Allowed: Job, AutomaticWorkflow, ActivityGeneration, "
-                     "GenericReceiver, Parameter"));
+             QString("unknown kind of document 'job'. Allowed: " + GetDocumentKinds().join(", ")));
     QVERIFY(!messageOf([] { (void)Document::New({}); }).isEmpty());
 }
 

@@ -216,10 +216,9 @@ private:
 
     void make(KORMAK::Parameter &parameter, int index)
     {
-        constexpr int ParameterTypes = 9;
         read(parameter, version(),
              element("Enable", boolean()) + element("DisplaySuffix", maybe() ? text() : ""));
-        parameter.SetParameterType(static_cast<KORMAK::ParameterType>(index % ParameterTypes));
+        parameter.SetParameterType(static_cast<KORMAK::ParameterType>(index % TypeCount));
         parameter.SetUniqueParameterName(text());
         parameter.SetRepresenationName(text());
         parameter.SetDisplayName(maybe() ? text() : QString());

@@ -181,7 +181,7 @@ inline void skip(const char *reason)
 /// The kinds of document that the tool knows, as its messages name them.
 inline QString knownKinds()
 {
-    return "allowed: Job, AutomaticWorkflow, ActivityGeneration, GenericReceiver, Parameter";
+    return "Job, AutomaticWorkflow, ActivityGeneration, GenericReceiver, Parameter";
 }
 
 /// A complete job, as the library writes it.

@@ -379,8 +379,8 @@ void FormatCommandTest::refused_data()
     QTest::newRow("namespace that is declared twice, before what would be lost")
         << jobWith("<JobHeader ", "<!--x--><JobHeader xmlns:x='a' xmlns:x='a' x:Foo='lost' ")
         << "3:36: error: The namespace declaration 'xmlns:x' stands twice in one element.";
-    QTest::newRow("unknown kind") << QByteArray("<Work/>")
-                                  << "1:1: error: unknown kind of document 'Work' (" + knownKinds() + ")";
+    QTest::newRow("unknown kind") << QByteArray(
+        "<Work/>") << "1:1: error: unknown kind of document 'Work' (allowed: " + knownKinds() + ")";
     QTest::newRow("mode of a workflow as an attribute")
         << QByteArray("<AutomaticWorkflow Version='1.0' Mode='ManualMode'/>")
         << "1:1: error: AutomaticWorkflow: the mode stands in the attribute \"Mode\", but it is read only "

@@ -351,8 +351,7 @@ void NewCommandTest::wrongCalls_data()
     QTest::addColumn<QString>("complaint");
 
     QTest::newRow("unknown kind") << "job" << QStringList()
-                                  << "Unknown kind of document 'job'. Allowed: Job, AutomaticWorkflow, "
-                                     "ActivityGeneration, GenericReceiver, Parameter";
+                                  << "Unknown kind of document 'job'. Allowed: " + knownKinds();
     QTest::newRow("no value") << "Job" << QStringList{"ResourceType"} << "'ResourceType' is not FIELD=VALUE";
     QTest::newRow("unknown field")
         << "Job" << QStringList{"Author=x"}
