@@ -14,11 +14,12 @@ QCommandLineOption helpOption()
 
 } // namespace
 
-const std::array<const Command *, 6> &Tool::commands()
+TESSEL::TableView<const Command *> Tool::commands()
 {
-    static constexpr std::array<const Command *, 6> all{&checkCommand,  &showCommand, &diffCommand,
-                                                        &formatCommand, &newCommand,  &listCommand};
-    return all;
+    static constexpr const Command *All[] = {
+        &checkCommand, &showCommand, &diffCommand, &formatCommand, &newCommand, &listCommand,
+    };
+    return All;
 }
 
 QStringList Tool::commandNames()
@@ -31,9 +32,10 @@ QStringList Tool::commandNames()
 
 const Command *Tool::findCommand(QStringView name)
 {
-    const auto found = std::find_if(commands().begin(), commands().end(),
-                                    [name](const Command *command) { return command->name == name; });
-    return found == commands().end() ? nullptr : *found;
+    const auto all = commands();
+    const auto *const found = std::find_if(all.begin(), all.end(),
+                                           [name](const Command *command) { return command->name == name; });
+    return found == all.end() ? nullptr : *found;
 }
 
 QList<QCommandLineOption> Tool::options()

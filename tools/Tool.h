@@ -2,14 +2,13 @@
 #ifndef KORMAK_TOOLS_TOOL_H
 #define KORMAK_TOOLS_TOOL_H
 
+#include <objectbase/DocumentTable_p.h>
 #include <tools/Command.h>
 
 #include <QCommandLineOption>
 #include <QList>
 #include <QStringList>
 #include <QStringView>
-
-#include <array>
 
 namespace Tool {
 
@@ -36,7 +35,7 @@ inline constexpr QStringView Example =
     u"kormak check job.xml";
 
 /// In the order in which people are told of them.
-[[nodiscard]] const std::array<const Command *, 6> &commands();
+[[nodiscard]] TESSEL::TableView<const Command *> commands();
 [[nodiscard]] QStringList commandNames();
 /// Null when there is none.
 [[nodiscard]] const Command *findCommand(QStringView name);
