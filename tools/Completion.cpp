@@ -36,7 +36,7 @@ Value valueCalled(const QString &name)
         return {Value::Kind::Field};
     if (name == QStringView(u"FORMAT"))
         return {Value::Kind::Word, outputFormatNames()};
-    if (name == QStringView(u"KIND"))
+    if (name == KindName)
         return {Value::Kind::Word, documentKindNames()};
     if (name == QStringView(u"VOCABULARY"))
         return {Value::Kind::Word, nameListNames()};

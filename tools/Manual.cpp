@@ -87,7 +87,7 @@ QString example(QStringView calls)
 QString commandSection(const Command &command)
 {
     return QStringLiteral(".SS ") + line(Usage::callOf(command))
-        + paragraphs(command.description.toString() + Usage::noteOnInput(command))
+        + paragraphs(command.description.toString() + Usage::noteOnArguments(command))
         + QStringLiteral(".PP\nOptions:\n") + optionEntries(Tool::optionsOf(command))
         + QStringLiteral(".PP\nExit status:\n") + exitEntries(command.exitStatus)
         + QStringLiteral(".PP\nExample:\n") + example(command.example);

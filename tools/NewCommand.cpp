@@ -148,9 +148,9 @@ ExitStatus run(const QCommandLineParser &parser)
 const Command newCommand{
     u"new",
     u"make a document from the fields you give",
-    u"Makes a document of the given KIND: Job, AutomaticWorkflow, ActivityGeneration, GenericReceiver or "
-    u"Parameter. What is not set has the library's default. The document goes to standard output, unless "
-    u"told otherwise. When something is missing, nothing is written, and standard error tells what it is.\n"
+    u"Makes a document of the given KIND. What is not set has the library's default. The document goes to "
+    u"standard output, unless told otherwise. When something is missing, nothing is written, and standard "
+    u"error tells what it is.\n"
     u"\n"
     u"--list-fields lists the fields. They are called as 'kormak show --format json' calls them:\n"
     u"  JobHeader.Author=Keller            Author in the object JobHeader\n"
@@ -169,7 +169,7 @@ const Command newCommand{
     u"    --set 'Parameter[Gain].RepresentationName=rx.gain' \\\n"
     u"    --set 'Parameter[Gain].Integer.Minimum=0' \\\n"
     u"    --set 'Parameter[Gain].Integer.Maximum=40'",
-    {u"KIND", u"KIND", 1, 1},
+    {KindName, KindName, 1, 1},
     options,
     run,
 };

@@ -1,10 +1,13 @@
 #include "tools/Usage.h"
 
+#include <inspection/DocumentKind_p.h>
 #include <tools/TextLayout.h>
 #include <tools/Tool.h>
 
 #include <algorithm>
 #include <vector>
+
+using namespace KORMAK::Inspection;
 
 namespace {
 
@@ -67,14 +70,17 @@ QString Usage::ofTool()
 QString Usage::ofCommand(const Command &command)
 {
     return QStringLiteral("Usage: kormak ") + callOf(command) + QStringLiteral("\n\n")
-        + TextLayout::wrapped(command.description.toString() + noteOnInput(command))
+        + TextLayout::wrapped(command.description.toString() + noteOnArguments(command))
         + optionSection(Tool::optionsOf(command)) + section(u"Exit status", exitRows(command.exitStatus))
         + exampleSection(command.example);
 }
 
-QString Usage::noteOnInput(const Command &command)
+QString Usage::noteOnArguments(const Command &command)
 {
     const QStringView name = command.arguments.name;
+    if (name == KindName)
+        return QStringLiteral("\n\nA KIND is one of: ") + documentKindNames().join(QStringLiteral(", "))
+            + QLatin1Char('.');
     if (name != FileName && name != PathName)
         return {};
     return QStringLiteral("\n\nThe %1 - is standard input.").arg(name.toString());

@@ -17,9 +17,9 @@ namespace Usage {
 [[nodiscard]] QString ofTool();
 [[nodiscard]] QString ofCommand(const Command &command);
 
-/// What of a command people should know beyond its description: that - is standard input; empty when it takes
-/// no file.
-[[nodiscard]] QString noteOnInput(const Command &command);
+/// What of the arguments of a command people should know beyond its description: that - is standard input, or
+/// which kinds there are; empty when they are of another sort.
+[[nodiscard]] QString noteOnArguments(const Command &command);
 
 /// "check [OPTIONS] PATH..."
 [[nodiscard]] QString callOf(const Command &command);

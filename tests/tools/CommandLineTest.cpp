@@ -204,9 +204,8 @@ Example:
 )text";
     const QString ofNew = R"text(Usage: kormak new [OPTIONS] KIND
 
-Makes a document of the given KIND: Job, AutomaticWorkflow, ActivityGeneration,
-GenericReceiver or Parameter. What is not set has the library's default. The
-document goes to standard output, unless told otherwise. When something is
+Makes a document of the given KIND. What is not set has the library's default.
+The document goes to standard output, unless told otherwise. When something is
 missing, nothing is written, and standard error tells what it is.
 
 --list-fields lists the fields. They are called as 'kormak show --format json'
@@ -220,6 +219,9 @@ matter, but for elements that are added to a list.
 
 A warning tells of a field that the library writes, but would not read again as
 it was set.
+
+A KIND is one of: Job, AutomaticWorkflow, ActivityGeneration, GenericReceiver,
+Parameter.
 
 Options:
   --set FIELD=VALUE  Set a field; can be given many times.
