@@ -390,7 +390,7 @@ void ActivityGenerationData::Reset()
 void ActivityGenerationData::Check() const
 {
     if (!isComplete<Xml>(this))
-        checkRequired(Xml::table, this, GetObjectName());
+        checkRequired(Xml::table, this, *this);
 }
 
 const QString &ActivityGenerationData::GetVersion() const

@@ -303,7 +303,7 @@ QString AutomaticWorkflow::GetXmlString() const
 
 void AutomaticWorkflow::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
-    readChild(Xml::table, this, GetObjectName(), reader);
+    readChild(Xml::table, this, *this, reader);
 }
 
 } // namespace KORMAK

@@ -199,7 +199,7 @@ void GenericReceiver::ProcessXml(QXmlStreamReader &reader)
 
 void GenericReceiver::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
-    readChild(Xml::table, this, GetObjectName(), reader);
+    readChild(Xml::table, this, *this, reader);
 }
 
 } // namespace KORMAK

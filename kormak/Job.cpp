@@ -119,7 +119,7 @@ void Job::Reset()
 void Job::Check() const
 {
     if (!HasData())
-        checkRequired(Xml::table, this, GetObjectName());
+        checkRequired(Xml::table, this, *this);
 }
 
 const QString &Job::GetVersion() const
@@ -146,7 +146,7 @@ QString Job::GetXmlString() const
 
 void Job::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
-    readChild(Xml::table, this, GetObjectName(), reader);
+    readChild(Xml::table, this, *this, reader);
 }
 
 } // namespace KORMAK

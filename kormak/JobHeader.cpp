@@ -167,7 +167,7 @@ void JobHeader::Reset()
 void JobHeader::Check() const
 {
     if (!HasData())
-        checkRequired(Xml::table, this, GetObjectName());
+        checkRequired(Xml::table, this, *this);
 }
 
 const QString &JobHeader::GetVersion() const
@@ -189,7 +189,7 @@ void JobHeader::ProcessXml(QXmlStreamReader &reader)
 
 void JobHeader::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
-    readChild(Xml::table, this, GetObjectName(), reader);
+    readChild(Xml::table, this, *this, reader);
 }
 
 } // namespace KORMAK

@@ -540,7 +540,7 @@ bool Parameter::HasData() const
 void Parameter::Check() const
 {
     if (!HasData())
-        checkRequired(Xml::table, this, GetObjectName());
+        checkRequired(Xml::table, this, *this);
 }
 
 void Parameter::GetXml(QXmlStreamWriter &writer) const
@@ -557,7 +557,7 @@ void Parameter::ProcessXml(QXmlStreamReader &reader)
 
 void Parameter::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
-    readChild(Xml::table, this, GetObjectName(), reader);
+    readChild(Xml::table, this, *this, reader);
 }
 
 void Parameter::ProcessDoubleList(QXmlStreamReader &reader)

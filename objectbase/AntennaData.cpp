@@ -164,7 +164,7 @@ void AntennaData::Reset()
 void AntennaData::Check() const
 {
     if (!HasData())
-        checkRequired(Xml::table, this, GetObjectName());
+        checkRequired(Xml::table, this, *this);
 }
 
 const QString &AntennaData::GetVersion() const
@@ -186,7 +186,7 @@ void AntennaData::ProcessXml(QXmlStreamReader &reader)
 
 void AntennaData::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
-    readChild(Xml::table, this, GetObjectName(), reader);
+    readChild(Xml::table, this, *this, reader);
 }
 
 } // namespace TESSEL

@@ -40,7 +40,7 @@ struct Area::Xml {
             Nesting(area, reader, WithCoordinate).count(QXmlStreamReader::StartElement);
             if (reader.hasError())
                 break;
-            readChild(CoordinateXml::table, &coordinate, area.GetObjectName(), reader);
+            readChild(CoordinateXml::table, &coordinate, area, reader);
         }
         area.coordinates.append(coordinate);
     }
@@ -120,7 +120,7 @@ void Area::Reset()
 void Area::Check() const
 {
     if (!HasData())
-        checkRequired(Xml::table, this, GetObjectName());
+        checkRequired(Xml::table, this, *this);
 }
 
 const QString &Area::GetVersion() const
@@ -143,7 +143,7 @@ void Area::ProcessXml(QXmlStreamReader &reader)
 
 void Area::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
-    readChild(Xml::table, this, GetObjectName(), reader);
+    readChild(Xml::table, this, *this, reader);
 }
 
 } // namespace TESSEL

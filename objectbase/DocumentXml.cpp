@@ -74,10 +74,11 @@ bool readKnownChild(const ObjectTable &table, void *object, QXmlStreamReader &re
     return true; // what is ignored is left untouched, and skipped by the base
 }
 
-void readChild(const ObjectTable &table, void *object, const QString &name, QXmlStreamReader &reader)
+void readChild(const ObjectTable &table, void *object, const ITesselObject &document,
+               QXmlStreamReader &reader)
 {
     if (!readKnownChild(table, object, reader))
-        fail(Messages::unknownTag(name, reader.name()));
+        fail(Messages::unknownTag(document.GetObjectName(), reader.name()));
 }
 
 void writeElement(const ObjectTable &table, const void *object, QXmlStreamWriter &writer, const QString &name)
@@ -98,7 +99,7 @@ void writeElement(const ObjectTable &table, const void *object, QXmlStreamWriter
     writer.writeEndElement();
 }
 
-void checkRequired(const ObjectTable &table, const void *object, const QString &name)
+void checkRequired(const ObjectTable &table, const void *object, const ITesselObject &document)
 {
     table.inOrder([&](const Row &row) {
         if (row.requiredAs.isNull() || !row.isApplicableTo(object))
@@ -106,7 +107,7 @@ void checkRequired(const ObjectTable &table, const void *object, const QString &
         if (row.part)
             row.part->check(object);
         else if (!row.isValid(object))
-            fail(Messages::pleaseSet(name, row.requiredAs));
+            fail(Messages::pleaseSet(document.GetObjectName(), row.requiredAs));
     });
 }
 

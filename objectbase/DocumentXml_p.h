@@ -14,6 +14,8 @@
 
 namespace TESSEL {
 
+class ITesselObject;
+
 /// The text of the current element; leaves \a reader on its end. A child element inside it is an error of \a
 /// reader.
 [[nodiscard]] inline QString elementText(QXmlStreamReader &reader)
@@ -31,8 +33,9 @@ OBJECTBASE_EXPORT void readAttributes(const ObjectTable &table, void *object, co
 /// Reads a child of \a object if a row stands for it, and tells whether one did.
 OBJECTBASE_EXPORT bool readKnownChild(const ObjectTable &table, void *object, QXmlStreamReader &reader);
 
-/// As readKnownChild(); a child without a row ends the reading of the object called \a name.
-OBJECTBASE_EXPORT void readChild(const ObjectTable &table, void *object, const QString &name,
+/// As readKnownChild(); a child without a row ends the reading of \a document, which is \a object or holds
+/// it.
+OBJECTBASE_EXPORT void readChild(const ObjectTable &table, void *object, const ITesselObject &document,
                                  QXmlStreamReader &reader);
 
 /// Writes an element \a name with the attributes and children of the table.
@@ -74,8 +77,10 @@ template <class Xml>
         && Detail::areThere<Xml::elements>(object, std::make_index_sequence<std::size(Xml::elements)>());
 }
 
-/// \throws TesselException for the first thing that Check() asks for and the object called \a name lacks
-OBJECTBASE_EXPORT void checkRequired(const ObjectTable &table, const void *object, const QString &name);
+/// \throws TesselException for the first thing that Check() asks for and \a object, which is \a document,
+/// lacks
+OBJECTBASE_EXPORT void checkRequired(const ObjectTable &table, const void *object,
+                                     const ITesselObject &document);
 
 } // namespace TESSEL
 

@@ -5,6 +5,7 @@
 #include <tests/support/RowNames.h>
 
 #include <QDateTime>
+#include <QRegularExpression>
 #include <QtTest>
 
 using namespace Robustness;
@@ -46,6 +47,19 @@ QString messageOfReader(const QString &text)
     const QString error = errorOfReader(text);
     return error.isEmpty() ? QString("Expected character data.") : error;
 }
+
+/// Counts how often its name is asked for.
+template <class Document>
+class NameCounting : public Document {
+public:
+    const QString &GetObjectName() const override
+    {
+        ++asked;
+        return Document::GetObjectName();
+    }
+
+    mutable int asked = 0;
+};
 
 Answer answerOf(TESSEL::ITesselObject &object, const QString &text)
 {
@@ -388,6 +402,8 @@ private Q_SLOTS:
     void numbers();
     void prefixes_data();
     void prefixes();
+    void namesAreForMessages_data();
+    void namesAreForMessages();
 };
 
 /// Otherwise the tests below would prove little.
@@ -476,6 +492,31 @@ void BadDocumentsTest::prefixes()
         documents.append({QString("%1 characters").arg(length), prefixOf(whole, length)});
     const QString fault = firstFault(kind, documents);
     QVERIFY2(fault.isEmpty(), qPrintable(fault));
+}
+
+void BadDocumentsTest::namesAreForMessages_data()
+{
+    prefixes_data();
+
+    QTest::newRow("incomplete Job") << "Job" << wholeJob().replace(">Antenna</R", ">Receiver HF</R");
+    QTest::newRow("incomplete JobHeader") << "JobHeader" << wholeJobHeader().replace("perhaps", "");
+    QTest::newRow("incomplete Parameter")
+        << "Parameter" << wholeParameter().remove(QRegularExpression("<Enum>.*</Enum>"));
+}
+
+/// A derived class may make its name when it is asked for.
+void BadDocumentsTest::namesAreForMessages()
+{
+    QFETCH(QString, kind);
+    QFETCH(QString, text);
+
+    forKind(kind, [&text](auto sample) {
+        NameCounting<typename decltype(sample)::Document> object;
+        process(object, text);
+        QCOMPARE(object.asked, 0);
+        const QString message = messageOf([&] { object.TESSEL::ITesselObject::Check(true); });
+        QCOMPARE(object.asked, message.isNull() ? 0 : 1);
+    });
 }
 
 QTEST_GUILESS_MAIN(BadDocumentsTest)
