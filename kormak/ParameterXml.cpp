@@ -363,7 +363,7 @@ struct Parameter::Xml {
         static void leaveEntry(void *object, void *part)
         {
             EnumHandler &handler = edit(object);
-            const EnumValue entry = *static_cast<const EnumValue *>(part);
+            const auto &entry = *static_cast<const EnumValue *>(part);
             if (entry.IsDefault() || handler.GetEnumList().size() == 1) {
                 handler.SetDefaultValue(entry);
                 handler.SetSelectedEnumValue(entry);
@@ -371,9 +371,10 @@ struct Parameter::Xml {
         }
         static void readEntry(void *object, QXmlStreamReader &reader)
         {
-            void *const entry = Rows::appendToList<variableEntries>(object);
-            readAttributes(EntryXml::table, entry, reader);
-            leaveEntry(object, entry);
+            EnumValue entry; // not in the list before it is whole: memory may run out
+            readAttributes(EntryXml::table, &entry, reader);
+            edit(object).AppendEnumValue(entry);
+            leaveEntry(object, &entry);
         }
         static void writeEntries(const void *object, QXmlStreamWriter &writer, const QString &tag)
         {

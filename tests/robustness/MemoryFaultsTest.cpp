@@ -8,6 +8,7 @@
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
+#include <algorithm>
 #include <csignal>
 #include <exception>
 #include <functional>
@@ -102,6 +103,17 @@ QString sampleOf(const QString &kind)
     return wholeDocument(kind).replace("Mara Lind", "Mara &amp; Lind").replace(">-7.1<", "> -7.1 <");
 }
 
+/// The entries of the sample have names and values.
+bool hasWholeEntries(const ITesselObject &object)
+{
+    const auto *parameter = dynamic_cast<const KORMAK::Parameter *>(&object);
+    if (!parameter)
+        return true;
+    const auto &entries = parameter->GetEnumHandler().GetEnumList();
+    return std::all_of(entries.begin(), entries.end(),
+                       [](const auto &entry) { return !entry.Name.isEmpty() && entry.Value != 0; });
+}
+
 /// Carries out \a work on an object that is as \a prepare leaves it, the allocation \a number of it failing.
 Outcome outcomeOf(const QString &kind, long number, const Operation &prepare, const Operation &work,
                   const Operation &isRight)
@@ -124,7 +136,7 @@ Outcome outcomeOf(const QString &kind, long number, const Operation &prepare, co
         remaining = -1;
         if (!hasFailed)
             return outcome == Done && isRight(*object) ? Enough : Wrong;
-        if (outcome == Done && !isRight(*object))
+        if ((outcome == Done && !isRight(*object)) || !hasWholeEntries(*object))
             return Wrong;
         object->Reset();
         if (!prepare(*object) || !work(*object) || !isRight(*object))
