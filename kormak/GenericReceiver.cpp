@@ -57,10 +57,10 @@ struct GenericReceiver::Xml {
 
     static std::vector<FieldPart> allParameters(const void *object)
     {
-        const QMap<QString, Parameter> &parameters = as(object).parameterList;
+        const QMap<QString, Parameter> &list = as(object).parameterList;
         std::vector<FieldPart> all;
-        all.reserve(static_cast<std::size_t>(parameters.size()));
-        for (auto entry = parameters.constBegin(); entry != parameters.constEnd(); ++entry)
+        all.reserve(static_cast<std::size_t>(list.size()));
+        for (auto entry = list.constBegin(); entry != list.constEnd(); ++entry)
             all.push_back({entry.key(), &*entry});
         return all;
     }
