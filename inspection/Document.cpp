@@ -7,6 +7,7 @@
 #include <inspection/ObjectFindings_p.h>
 #include <inspection/QuotedText_p.h>
 #include <inspection/Rewriting_p.h>
+#include <objectbase/FileContent_p.h>
 #include <objectbase/NoDestructor_p.h>
 #include <objectbase/TesselException.h>
 
@@ -42,6 +43,16 @@ QVector<Finding> withoutPlaces(const Findings &findings)
     return result;
 }
 
+QVector<Finding> errorsAmong(const QVector<Finding> &findings)
+{
+    QVector<Finding> errors;
+    for (const Finding &finding : findings) {
+        if (finding.GetSeverity() == Finding::Severity::Error)
+            errors.push_back(finding);
+    }
+    return errors;
+}
+
 FindingData unknownKind(const QString &kind)
 {
     return {0,
@@ -53,10 +64,10 @@ FindingData unknownKind(const QString &kind)
             documentKindNames()};
 }
 
-DocumentCheck checkOf(const QByteArray &text, const TESSEL::ReadingLimits &limits)
+DocumentCheck checkOf(const QByteArray &text, const TESSEL::ReadingLimits &limits, const QString &kind)
 {
     try {
-        return checkText(checkedText(text), limits);
+        return checkText(checkedText(text), limits, kind);
     } catch (const DocumentError &error) {
         return failedCheck(error);
     }
@@ -116,14 +127,40 @@ Document::Document() = default;
 Document::Document(std::shared_ptr<const Private> content) : d(std::move(content)) { }
 
 Document::Document(const QByteArray &text, const TESSEL::ReadingLimits &limits)
+    : Document(Read(text, QString(), limits))
 {
-    DocumentCheck check = checkOf(text, limits);
+}
+
+Document Document::Read(const QByteArray &text, const QString &kind, const TESSEL::ReadingLimits &limits)
+{
+    DocumentCheck check = checkOf(text, limits, kind);
     QVector<Finding> findings;
     findings.reserve(static_cast<int>(check.findings.size()));
     for (auto &[finding, position] : check.findings)
         findings.push_back(FindingMaker::made(std::move(finding), position, byteOrderMarkSize(text)));
-    d = std::make_shared<const Private>(Private{text, limits, check.kind, std::move(check.object), false,
-                                                check.isAccepted, check.isComplete, std::move(findings)});
+    return Document(
+        std::make_shared<const Private>(Private{text, limits, check.kind, std::move(check.object), false,
+                                                check.isAccepted, check.isComplete, std::move(findings)}));
+}
+
+Document Document::Read(QIODevice &device, const QString &kind, const TESSEL::ReadingLimits &limits)
+{
+    const auto content = TESSEL::contentOf(device);
+    return content ? Read(*content, kind, limits) : unreadable(device.errorString());
+}
+
+Document Document::ReadFile(const QString &path, const QString &kind, const TESSEL::ReadingLimits &limits)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? Read(file, kind, limits) : unreadable(file.errorString());
+}
+
+Document Document::unreadable(const QString &reason)
+{
+    Private content;
+    content.findings = withoutPlaces(
+        {{0, QStringLiteral("cannot be read: ") + reason, {}, FindingId::Unreadable, Severity::Error}});
+    return Document(std::make_shared<const Private>(std::move(content)));
 }
 
 Document::Document(const ITesselObject &object)
@@ -194,14 +231,8 @@ QVector<Finding> Document::GetFindings() const
 QVector<Finding> Document::GetLosses() const
 {
     const Private &own = data();
-    if (!own.object) {
-        QVector<Finding> errors;
-        for (const Finding &finding : own.findings) {
-            if (finding.GetSeverity() == Finding::Severity::Error)
-                errors.push_back(finding);
-        }
-        return errors;
-    }
+    if (!own.object)
+        return errorsAmong(own.findings);
     if (!own.isOfObject)
         return lossesOf(own.text, own.limits, own.isAccepted, nullptr);
     if (const auto complaint = refusalOf(*own.object))
@@ -214,6 +245,39 @@ QVector<Finding> Document::GetLosses() const
     if (!own.text.isNull())
         losses = lossesOf(own.text, own.limits, own.isAccepted, &text);
     return losses + withoutPlaces(notReadBack(*own.kind, *own.object, text));
+}
+
+QVector<Finding> Document::GetWriteErrors() const
+{
+    const Private &own = data();
+    if (!own.object || !IsAccepted())
+        return errorsAmong(GetFindings());
+    const auto written = writtenDocument(*own.kind, *own.object);
+    const auto *const reason = std::get_if<Rejection>(&written);
+    if (!reason)
+        return {};
+    Findings errors;
+    const QStringList missing = own.kind->missing(*own.object);
+    for (const QString &text : missing)
+        errors.push_back({0, text, {}, FindingId::Unwritten, Severity::Error});
+    if (errors.empty())
+        errors.push_back(errorOf(*reason, Words::OfInspection));
+    return withoutPlaces(errors);
+}
+
+QVector<Finding> Document::SaveFile(const QString &path) const
+{
+    QVector<Finding> errors = GetWriteErrors();
+    if (!errors.isEmpty() || !data().object)
+        return errors;
+    if (const auto failure = TESSEL::failureToSave(data().object->GetXmlString(), path)) {
+        errors = withoutPlaces({{0,
+                                 QStringLiteral("cannot be written: ") + *failure,
+                                 {},
+                                 FindingId::Unwritten,
+                                 Severity::Error}});
+    }
+    return errors;
 }
 
 const ITesselObject *Document::GetObject() const noexcept

@@ -5,6 +5,7 @@
 #include <inspection/Field.h>
 #include <inspection/Finding.h>
 #include <inspection/inspection_export.h>
+#include <objectbase/ITesselObject.h>
 #include <objectbase/ReadingLimits.h>
 
 #include <QByteArray>
@@ -13,10 +14,11 @@
 #include <QVector>
 
 #include <memory>
+#include <optional>
 
-namespace TESSEL {
-class ITesselObject;
-}
+QT_BEGIN_NAMESPACE
+class QIODevice;
+QT_END_NAMESPACE
 
 namespace KORMAK {
 
@@ -40,6 +42,20 @@ public:
     /// An object that DocumentKindOf() knows no kind of makes a document without an object, with a finding
     /// that says so.
     explicit Document(const TESSEL::ITesselObject &object);
+    /// \name Reading
+    /// The whole document or nothing of it: never into an object that another document has filled. What is
+    /// wrong, GetFindings() tells; there is an object exactly when the text can be read to its end. With \a
+    /// kind, one of GetDocumentKinds(), a document of another kind is an error; empty: any will do.
+    /// @{
+    [[nodiscard]] static Document Read(const QByteArray &text, const QString &kind = {},
+                                       const TESSEL::ReadingLimits &limits = {});
+    /// All that stands in \a device from its position on. \a device must be open for reading.
+    [[nodiscard]] static Document Read(QIODevice &device, const QString &kind = {},
+                                       const TESSEL::ReadingLimits &limits = {});
+    /// The file \a path.
+    [[nodiscard]] static Document ReadFile(const QString &path, const QString &kind = {},
+                                           const TESSEL::ReadingLimits &limits = {});
+    /// @}
     /// A document of the kind called \a kind as the library makes one: with all defaults, and not complete as
     /// a rule.
     /// \throws TESSEL::TesselException that lists the kinds when there is no such one
@@ -68,9 +84,25 @@ public:
     /// written at all, errors say why, and nothing else is told.
     [[nodiscard]] QVector<Finding> GetLosses() const;
 
+    /// Writes the object to the file \a path as SaveXml() does, all of it or nothing.
+    /// \return empty when it is written, else errors: everything that keeps it from being written, the
+    /// parameter of a receiver that is not complete, for example, or what is wrong with the file
+    [[nodiscard]] QVector<Finding> SaveFile(const QString &path) const;
+    /// Everything that keeps the object from being written, be it to a file or in a binary form, as errors;
+    /// empty when nothing does.
+    [[nodiscard]] QVector<Finding> GetWriteErrors() const;
+
     /// The object of the document, null when the text is not read to its end or is of no known kind. It is
     /// there until this document is changed, assigned to or destroyed, and no copy of it is left.
     [[nodiscard]] const TESSEL::ITesselObject *GetObject() const noexcept;
+
+    /// A copy of the object; nothing when there is none or it is of another class.
+    template <class Class>
+    [[nodiscard]] std::optional<Class> Get() const
+    {
+        const auto *const object = dynamic_cast<const Class *>(GetObject());
+        return object ? std::optional<Class>(*object) : std::nullopt;
+    }
 
     /// All fields that the document has at the moment, also those that are not set; none without an object.
     /// Fields that belong to a type of parameter, for example, are there for parameters of that type.
@@ -114,6 +146,7 @@ private:
     struct Private;
 
     INSPECTION_NO_EXPORT explicit Document(std::shared_ptr<const Private> content);
+    [[nodiscard]] INSPECTION_NO_EXPORT static Document unreadable(const QString &reason);
     [[nodiscard]] INSPECTION_NO_EXPORT const Private &data() const;
 
     std::shared_ptr<const Private> d; // null: no document

@@ -32,11 +32,12 @@ void append(Findings &findings, Findings more)
 
 } // namespace
 
-DocumentCheck checkText(const QByteArray &text, const TESSEL::ReadingLimits &limits)
+DocumentCheck checkText(const QByteArray &text, const TESSEL::ReadingLimits &limits,
+                        const QString &expectedKind)
 {
     ParsedDocument document;
     try {
-        document = documentOf(text, limits);
+        document = documentOf(text, limits, expectedKind);
     } catch (const DocumentError &error) {
         return failedCheck(error);
     }

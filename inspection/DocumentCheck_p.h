@@ -30,7 +30,8 @@ struct DocumentCheck {
 };
 
 /// All that there is to tell about the checked \a text, and whether the library accepts it.
-[[nodiscard]] DocumentCheck checkText(const QByteArray &text, const TESSEL::ReadingLimits &limits = {});
+[[nodiscard]] DocumentCheck checkText(const QByteArray &text, const TESSEL::ReadingLimits &limits = {},
+                                      const QString &expectedKind = {});
 
 /// In whose words a rejection says why; those of the library are the complaint of its finding, too.
 enum class Words { OfLibrary, OfInspection };

@@ -121,8 +121,9 @@ QVariant Field::GetValue() const
             if constexpr (std::is_same_v<Value, std::monostate>)
                 return {};
             else if constexpr (std::is_same_v<Value, qint64>)
-                return type.names ? QVariant(type.names().find(static_cast<qint32>(value))->name.toString())
-                                  : QVariant(value);
+                return type.names && type.names().isValid(static_cast<qint32>(value))
+                    ? QVariant(nameOrNumber(type.names(), value))
+                    : QVariant(value);
             else
                 return value;
         },

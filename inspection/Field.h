@@ -61,7 +61,7 @@ public:
     /// Whether it holds a value.
     [[nodiscard]] bool IsSet() const noexcept;
     /// Exactly what it holds, as QString (Text, Name), bool, qint64, float, double or QDateTime; invalid when
-    /// it is not set.
+    /// it is not set. A value that its vocabulary has no name for, which an object may hold, is a qint64.
     [[nodiscard]] QVariant GetValue() const;
     /// What it holds, as Document::SetField() takes it: numbers with as many digits as tell them apart from
     /// all others, dates as documents have them; empty when it is not set.

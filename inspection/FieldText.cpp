@@ -61,8 +61,11 @@ QString textOf(const TextType & /*type*/, bool value)
 QString textOf(const TextType &type, qint64 value)
 {
     if (type.names) {
-        const TESSEL::NamedValue &name = *type.names().find(static_cast<qint32>(value));
-        return name.name.toString() + writtenDifference(name.name, name.writtenAs);
+        const TESSEL::NameTable names = type.names();
+        const TESSEL::NamedValue *const row = names.find(static_cast<qint32>(value));
+        return nameOrNumber(names, value)
+            + (row == names.end() ? QStringLiteral(" (no name)")
+                                  : writtenDifference(row->name, row->writtenAs));
     }
     return withUnit(QString::number(value), type.unit);
 }
@@ -165,8 +168,7 @@ QString settableText(const TextType &type, const FieldValue &value)
             else if constexpr (std::is_same_v<Value, bool>)
                 return set ? QStringLiteral("true") : QStringLiteral("false");
             else if constexpr (std::is_same_v<Value, qint64>)
-                return type.names ? type.names().find(static_cast<qint32>(set))->name.toString()
-                                  : QString::number(set);
+                return type.names ? nameOrNumber(type.names(), set) : QString::number(set);
             else if constexpr (std::is_same_v<Value, QDateTime>)
                 return TESSEL::Converters::ToString(set);
             else

@@ -38,6 +38,8 @@ inline constexpr QStringView NotWellFormed = u"not-well-formed";
 inline constexpr QStringView Refused = u"refused";
 /// An element is given more than once.
 inline constexpr QStringView Repeated = u"repeated";
+/// The document is of another kind than the one that was expected.
+inline constexpr QStringView OtherKind = u"other-kind";
 /// A text stands where none is read.
 inline constexpr QStringView StrayText = u"stray-text";
 /// What is there is allowed, but is hardly meant.
@@ -50,8 +52,10 @@ inline constexpr QStringView UnknownElement = u"unknown-element";
 inline constexpr QStringView UnknownKind = u"unknown-kind";
 /// An element or attribute is known, but ignored.
 inline constexpr QStringView Unread = u"unread";
-/// A file cannot be read; for programs that read files.
+/// A file or device cannot be read.
 inline constexpr QStringView Unreadable = u"unreadable";
+/// The document is not written, or the file cannot be.
+inline constexpr QStringView Unwritten = u"unwritten";
 
 } // namespace FindingId
 

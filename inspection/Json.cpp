@@ -27,8 +27,9 @@ QString jsonOf(const TextType &type, const Value &value)
     } else if constexpr (std::is_same_v<Value, bool>) {
         return jsonBool(value);
     } else if constexpr (std::is_same_v<Value, qint64>) {
-        return type.names ? jsonText(type.names().find(static_cast<qint32>(value))->name)
-                          : QString::number(value);
+        return type.names && type.names().isValid(static_cast<qint32>(value))
+            ? jsonText(nameOrNumber(type.names(), value))
+            : QString::number(value);
     } else if constexpr (std::is_same_v<Value, QString>) {
         return jsonText(value);
     } else if constexpr (std::is_same_v<Value, QDateTime>) {

@@ -48,6 +48,12 @@ const NameList *nameListOf(TESSEL::NameTable (*table)())
     return list == all.end() ? nullptr : &*list;
 }
 
+QString nameOrNumber(const TESSEL::NameTable &names, qint64 value)
+{
+    const TESSEL::NamedValue *const row = names.find(static_cast<qint32>(value));
+    return row == names.end() ? QString::number(value) : row->name.toString();
+}
+
 QString writtenDifference(QStringView name, QStringView written)
 {
     if (written.isEmpty())

@@ -31,6 +31,9 @@ struct VocabularyMaker {
 /// The list of the names that \a table gives; null when there is none.
 [[nodiscard]] const NameList *nameListOf(TESSEL::NameTable (*table)());
 
+/// The name of \a value that is read; its number when the \a names have none for it, as objects may hold it.
+[[nodiscard]] QString nameOrNumber(const TESSEL::NameTable &names, qint64 value);
+
 /// How the text \a written for a value differs from its \a name, in parentheses behind a blank; empty when it
 /// does not.
 [[nodiscard]] QString writtenDifference(QStringView name, QStringView written);

@@ -95,7 +95,8 @@ QByteArray checkedText(QByteArray bytes)
     return withoutEncoding(std::move(bytes));
 }
 
-ParsedDocument documentOf(const QByteArray &text, const TESSEL::ReadingLimits &limits)
+ParsedDocument documentOf(const QByteArray &text, const TESSEL::ReadingLimits &limits,
+                          const QString &expectedKind)
 {
     checkLimits(text, limits);
     ParsedDocument document;
@@ -110,6 +111,11 @@ ParsedDocument documentOf(const QByteArray &text, const TESSEL::ReadingLimits &l
         throwAt(text, tree.offset(XmlTree::Root),
                 QStringLiteral("unknown kind of document '%1'").arg(rootElement.toString()),
                 FindingId::UnknownKind, documentKindNames());
+    }
+    if (!expectedKind.isEmpty() && rootElement != expectedKind) {
+        throwAt(text, tree.offset(XmlTree::Root),
+                QStringLiteral("is a document of kind %1, not %2").arg(rootElement.toString(), expectedKind),
+                FindingId::OtherKind);
     }
     document.object = document.kind->create();
     document.object->SetReadingLimits(limits);

@@ -45,8 +45,9 @@ struct DocumentError {
 /// \throws DocumentError for anything that Qt would replace or stop at without a word
 [[nodiscard]] QByteArray checkedText(QByteArray bytes);
 /// The document that the checked \a text is. \throws DocumentError when it goes beyond the limits before it
-/// is read, has no root element or is of no known kind
-[[nodiscard]] ParsedDocument documentOf(const QByteArray &text, const TESSEL::ReadingLimits &limits);
+/// is read, has no root element, is of no known kind or, if one is expected, of another
+[[nodiscard]] ParsedDocument documentOf(const QByteArray &text, const TESSEL::ReadingLimits &limits,
+                                        const QString &expectedKind = {});
 /// What Check() says of \a document.
 [[nodiscard]] std::optional<Rejection> checkObject(const ParsedDocument &document);
 

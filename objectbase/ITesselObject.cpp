@@ -15,8 +15,6 @@
 #include <QDataStream>
 #include <QDateTime>
 #include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 #include <QScopeGuard>
 #include <QXmlStreamReader>
 
@@ -325,15 +323,7 @@ bool ITesselObject::LoadBinary(QFile *file)
 bool ITesselObject::SaveXml(const QString &path) const
 {
     const auto text = documentOf(*this);
-    if (!text)
-        return false;
-    if (const QFileInfo place(path); place.exists() && !place.isFile())
-        return false; // a device or a pipe would give way to a file
-    const auto bytes = encodeUtf8(*text);
-    QSaveFile file(path);
-    // commit() alone would put a file in place that a full disk has cut short.
-    return bytes && file.open(QIODevice::WriteOnly) && file.write(*bytes) == bytes->size() && file.flush()
-        && file.commit();
+    return text && !failureToSave(*text, path);
 }
 
 void ITesselObject::SetValidate(bool validate) const

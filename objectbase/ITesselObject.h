@@ -94,7 +94,7 @@ public:
     /// there is only version 1, that is the one written. With \a compress the XML in it is compressed.
     /// \return false when the object writes no element or the stream fails
     /// \throws TesselException as GetXmlString()
-    virtual bool GetBinary(QDataStream &stream, int version, bool compress) const;
+    [[nodiscard]] virtual bool GetBinary(QDataStream &stream, int version, bool compress) const;
 
     /// Reads what GetBinary() wrote, compressed or not, as if its XML was read. The version of the form is
     /// told by the data; \a version is what the caller expects and decides nothing. When the data are
@@ -110,22 +110,22 @@ public:
     /// declares an entity of more than 4096 characters or the same namespace twice in one element (the object
     /// is untouched) and, with \a validate, when the root element does not have the object's name (untouched,
     /// too) \throws TesselException for a document that the object does not understand
-    virtual bool SetXmlString(const QString &text, bool validate);
+    [[nodiscard]] virtual bool SetXmlString(const QString &text, bool validate);
 
     /// Reads a binary form that fills \a data entirely.
     /// \return false when the data are truncated, damaged or of an object with another name (the object then
     /// stays as it was), and, for a form that no object wrote, as SetXmlString()
     /// \throws TesselException as reading the XML
-    virtual bool SetBinaryRepresentation(QByteArray &data);
+    [[nodiscard]] virtual bool SetBinaryRepresentation(QByteArray &data);
     /// Reads a binary form from \a stream, which is left behind it.
-    virtual bool SetBinaryRepresentation(QDataStream &stream);
+    [[nodiscard]] virtual bool SetBinaryRepresentation(QDataStream &stream);
 
     /// Replaces the fields that \a other writes, as if its document was read into this object; the entries of
     /// an enumeration are replaced, too, which reading would append. An object does not change when it is
     /// merged with itself.
     /// \return false when \a other has another name or writes no element
     /// \throws TesselException as GetXmlString() of \a other and reading that text
-    virtual bool MergeTesselObject(const ITesselObject &other);
+    [[nodiscard]] virtual bool MergeTesselObject(const ITesselObject &other);
 
     /// ObjectTypes::Invalid for an object whose class has no type number.
     [[nodiscard]] virtual ObjectTypes GetObjectType() const;
@@ -155,18 +155,18 @@ public:
 
     /// Reads the UTF-8 file \a path with `SetXmlString(text, true)`.
     /// \return false when the file cannot be read, and as SetXmlString()
-    virtual bool LoadXml(const QString &path);
+    [[nodiscard]] virtual bool LoadXml(const QString &path);
     /// Reads from \a file, from its position when it is open, else from its start.
-    virtual bool LoadXml(QFile *file);
+    [[nodiscard]] virtual bool LoadXml(QFile *file);
 
     /// Reads a binary form from \a file; see LoadXml() and SetBinaryRepresentation().
-    virtual bool LoadBinary(QFile *file);
+    [[nodiscard]] virtual bool LoadBinary(QFile *file);
 
     /// Writes GetXmlString() in UTF-8 to the file \a path, all or nothing.
     /// \return false when the object writes no element (no file is touched) or the file cannot be written
     /// (a file that stood there before is still there, unchanged)
     /// \throws TesselException as GetXmlString()
-    virtual bool SaveXml(const QString &path) const;
+    [[nodiscard]] virtual bool SaveXml(const QString &path) const;
 
     /// A flag for applications; the library does not look at it. True at the start.
     virtual void SetValidate(bool validate) const;

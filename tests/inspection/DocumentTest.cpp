@@ -7,9 +7,13 @@
 #include <kormak/Job.h>
 #include <objectbase/Area.h>
 
+#include <QBuffer>
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
+#include <QTemporaryDir>
 
 #include <atomic>
 #include <thread>
@@ -35,6 +39,7 @@ private Q_SLOTS:
     void everythingThatAnObjectLacks();
     void textBeyondXml();
     void objectsThatPassAndAreNotWritten();
+    void valuesWithoutNames();
     void unknownObject();
     void unknownKind();
     void unusableTexts_data();
@@ -50,6 +55,14 @@ private Q_SLOTS:
     void comparing();
     void limits();
     void threads();
+    void filesAndDevices();
+    void expectedKinds_data();
+    void expectedKinds();
+    void filesThatCannotBeRead();
+    void eachReadingIsOfItsOwn();
+    void saving();
+    void savingFails_data();
+    void savingFails();
 };
 
 namespace {
@@ -317,6 +330,37 @@ void DocumentTest::objectsThatPassAndAreNotWritten()
              qPrintable(lines.join('\n')));
     QVERIFY2(lines.contains("0:0 warning missing-element : Parameter[A]: Please set Enum.EnumValue"),
              qPrintable(lines.join('\n')));
+}
+
+/// An object may hold what no document says, and Check() lets it pass.
+void DocumentTest::valuesWithoutNames()
+{
+    Parameter parameter;
+    parameter.SetParameterType(ParameterType::Integer);
+    parameter.SetUniqueParameterName("P");
+    parameter.SetRepresenationName("rx.p");
+    parameter.SetValueType(static_cast<Parameter::ValueType>(99));
+    const Document document(parameter);
+    QVERIFY(document.IsAccepted() && document.IsComplete());
+    const Field field = document.GetField("ValueType");
+    QVERIFY(field.IsSet());
+    QCOMPARE(field.GetValue(), QVariant(qint64(99)));
+    QCOMPARE(field.GetText(), QString("99"));
+    QCOMPARE(field.GetShownText(), QString("99 (no name)"));
+    QVERIFY(document.GetFieldsJson().contains("\"ValueType\": 99,"));
+    QCOMPARE(
+        linesOf(document.GetFindings()),
+        QStringList("0:0 warning bad-value Parameter[P]/ValueType: \"99\" is not a known name; it reads as "
+                    "\"not set\""));
+    QCOMPARE(complaintsOf(document.GetFindings()), QStringList(QString()));
+    QCOMPARE(linesOf(document.GetLosses()),
+             QStringList("0:0 warning not-read-back ValueType: not read back as it is: 99 -> not set"));
+
+    parameter.SetParameterType(static_cast<ParameterType>(55));
+    const Document untyped(parameter);
+    QVERIFY(untyped.IsAccepted() && !untyped.IsComplete());
+    QCOMPARE(untyped.GetField("ParameterType").GetText(), QString("55"));
+    QVERIFY(pathsOf(untyped.GetFindings()).contains("Parameter[P]/ParameterType"));
 }
 
 void DocumentTest::unknownObject()
@@ -628,6 +672,143 @@ void DocumentTest::threads()
     for (std::thread &thread : threads)
         thread.join();
     QCOMPARE(faults.load(), 0);
+}
+
+void DocumentTest::filesAndDevices()
+{
+    const QString path = QString(EXAMPLES_DIR) + "/jobs/antenna.xml";
+    const Document file = Document::ReadFile(path, "Job");
+    QVERIFY(file.IsAccepted());
+    QFile device(path);
+    QVERIFY(device.open(QIODevice::ReadOnly));
+    const Document ofDevice = Document::Read(device);
+    QCOMPARE(ofDevice.GetFindings(), file.GetFindings());
+    QVERIFY(Document::Compare(file, ofDevice).isEmpty());
+    QVERIFY(device.seek(0));
+    QBuffer buffer;
+    buffer.setData(QByteArray("rest") + device.readAll());
+    QVERIFY(buffer.open(QIODevice::ReadOnly));
+    QVERIFY(buffer.seek(4));
+    QVERIFY(Document::Compare(file, Document::Read(buffer)).isEmpty());
+    const auto job = file.Get<Job>();
+    QVERIFY(job.has_value());
+    QVERIFY(*job == *static_cast<const Job *>(file.GetObject()));
+    QVERIFY(!file.Get<GenericReceiver>().has_value());
+    QVERIFY(!Document().Get<Job>().has_value());
+}
+
+void DocumentTest::expectedKinds_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("id"); // of the first error
+
+    const QByteArray job = "<Job/>";
+    QTest::newRow("any") << job << QString() << "missing-element";
+    QTest::newRow("as expected") << job << "Job"
+                                 << "missing-element";
+    QTest::newRow("another") << job << "Parameter"
+                             << "other-kind";
+    QTest::newRow("no such kind expected") << job << "job"
+                                           << "other-kind";
+    QTest::newRow("unknown") << QByteArray("<Jobs/>") << "Job"
+                             << "unknown-kind";
+}
+
+void DocumentTest::expectedKinds()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, kind);
+    QFETCH(QString, id);
+
+    const Document document = Document::Read(text, kind);
+    QVERIFY(!document.IsAccepted());
+    QVERIFY(!document.GetFindings().isEmpty());
+    const Finding finding = document.GetFindings().first();
+    QCOMPARE(finding.GetId(), id);
+    QCOMPARE(finding.GetSeverity(), Finding::Severity::Error);
+    QCOMPARE(finding.GetLine(), qint64(1));
+    QCOMPARE(document.GetObject() != nullptr, id == "missing-element");
+    if (id == "other-kind")
+        QCOMPARE(finding.GetMessage(), "is a document of kind Job, not " + kind);
+}
+
+void DocumentTest::filesThatCannotBeRead()
+{
+    const QTemporaryDir folder;
+    QBuffer closed;
+    for (const Document &document : {Document::ReadFile(folder.filePath("missing.xml")),
+                                     Document::ReadFile(folder.path()), Document::Read(closed)}) {
+        QVERIFY(!document.IsAccepted());
+        QVERIFY(document.GetObject() == nullptr);
+        QCOMPARE(document.GetFindings().size(), 1);
+        const Finding finding = document.GetFindings().first();
+        QCOMPARE(finding.GetId(), QString("unreadable"));
+        QVERIFY(!finding.HasPlace());
+        QVERIFY2(finding.GetMessage().startsWith("cannot be read: "), qPrintable(finding.GetMessage()));
+        QCOMPARE(document.GetLosses(), document.GetFindings());
+        QCOMPARE(document.SaveFile(folder.filePath("a.xml")), document.GetFindings());
+    }
+    QVERIFY(QDir(folder.path()).isEmpty());
+}
+
+/// Unlike documents that are read into one object one after the other.
+void DocumentTest::eachReadingIsOfItsOwn()
+{
+    const Document first = Document::Read(
+        "<Job><JobHeader><Author>A</Author></JobHeader><ResourceType>Antenna</ResourceType></Job>");
+    const Document second = Document::Read("<Job><JobHeader><Description>D</Description></JobHeader></Job>");
+    QCOMPARE(first.GetField("JobHeader.Author").GetText(), QString("A"));
+    QVERIFY(!second.GetField("JobHeader.Author").IsSet());
+    QVERIFY(!second.GetField("ResourceType").IsSet());
+}
+
+void DocumentTest::saving()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("job.xml");
+    const Document job = Document::ReadFile(QString(EXAMPLES_DIR) + "/jobs/antenna.xml");
+    QVERIFY(job.GetWriteErrors().isEmpty());
+    QVERIFY(job.SaveFile(path).isEmpty());
+    QVERIFY(Document::Compare(job, Document::ReadFile(path)).isEmpty());
+    const auto errors = job.SaveFile(folder.filePath("none/job.xml"));
+    QCOMPARE(errors.size(), 1);
+    QCOMPARE(errors.first().GetId(), QString("unwritten"));
+    QVERIFY(errors.first().GetMessage().startsWith("cannot be written: "));
+    QCOMPARE(job.SaveFile(folder.path()).size(), 1);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList("job.xml"));
+}
+
+void DocumentTest::savingFails_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("refused") << QByteArray("<Job/>") << "missing";
+    QTest::newRow("other resource") << QByteArray(
+        "<Job><JobHeader><Author>A</Author><Creation>2026-03-14T06:30:00,000Z</Creation><JobType>Antenna"
+        "</JobType></JobHeader><ResourceType>Decoder</ResourceType></Job>")
+                                    << "Job: only a job with ResourceType \"Antenna\" is written";
+    QTest::newRow("parameter that is not complete") << QByteArray(
+        "<GenericReceiver><Parameter UniqueName='Mode'><RepresentationName>m</RepresentationName>"
+        "<ValueType>ValueSelection</ValueType><ParameterType>Enum</ParameterType></Parameter>"
+        "</GenericReceiver>") << "Parameter[Mode]: Please set Enum.EnumValue";
+}
+
+void DocumentTest::savingFails()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, message);
+
+    const QTemporaryDir folder;
+    const Document document = Document::Read(text);
+    const auto errors = document.SaveFile(folder.filePath("a.xml"));
+    QCOMPARE(errors, document.GetWriteErrors());
+    QVERIFY(!errors.isEmpty());
+    for (const Finding &error : errors)
+        QCOMPARE(error.GetSeverity(), Finding::Severity::Error);
+    QCOMPARE(errors.first().GetMessage(), message);
+    QVERIFY(QDir(folder.path()).isEmpty());
 }
 
 QTEST_APPLESS_MAIN(DocumentTest)

@@ -205,7 +205,7 @@ QString outcomeOf(const DocumentKind &kind, const QString &text)
     if (!said.isNull())
         return said;
     const auto object = kind.create();
-    object->SetXmlString(text, true);
+    (void)object->SetXmlString(text, true);
     return object->GetXmlString();
 }
 
