@@ -2,6 +2,12 @@
 
 using namespace ToolSupport;
 
+namespace {
+
+const QString Commands = "check, show, diff, format, new, list"; // as messages list them
+
+} // namespace
+
 class CommandLineTest : public QObject {
     Q_OBJECT
 
@@ -314,14 +320,12 @@ void CommandLineTest::wrongCalls_data()
 
     QTest::newRow("no arguments") << QStringList()
                                   << "Usage: kormak COMMAND [OPTIONS] ARGUMENT...\n"
-                                     "Commands: check, show, diff, format, new, list\n"
-                                     "Try 'kormak --help'.\n";
-    QTest::newRow("unknown command") << QStringList{
-        "chek",
-        "job.xml"} << "kormak: Unknown command 'chek'. Allowed: check, show, diff, format, new, list\n";
+                                     "Commands: "
+            + Commands + "\nTry 'kormak --help'.\n";
+    QTest::newRow("unknown command") << QStringList{"chek", "job.xml"}
+                                     << "kormak: Unknown command 'chek'. Allowed: " + Commands + "\n";
     QTest::newRow("command in capitals")
-        << QStringList{"Check", "job.xml"}
-        << "kormak: Unknown command 'Check'. Allowed: check, show, diff, format, new, list\n";
+        << QStringList{"Check", "job.xml"} << "kormak: Unknown command 'Check'. Allowed: " + Commands + "\n";
     QTest::newRow("unknown option of the tool")
         << QStringList{"--foo"} << "kormak: Unknown option 'foo'. Allowed: -h, --help, -v, --version\n";
     QTest::newRow("unknown option of check")
@@ -364,7 +368,7 @@ void CommandLineTest::wrongCalls_data()
         << QStringList{"list", "JobType", "ValueType"} << "kormak list: takes one VOCABULARY, not 2\n";
     QTest::newRow("command that could steer a terminal")
         << QStringList{"a\x1B[2J\nb"}
-        << "kormak: Unknown command 'a\\u001b[2J\\nb'. Allowed: check, show, diff, format, new, list\n";
+        << "kormak: Unknown command 'a\\u001b[2J\\nb'. Allowed: " + Commands + "\n";
     QTest::newRow("field that could steer a terminal")
         << QStringList{"new", "Job", "--set", "\x1B[2J=1"}
         << "kormak new: there is no field '\\u001b'. Allowed: JobHeader, ResourceType, AntennaData\n";
