@@ -121,6 +121,19 @@ FieldValue numberOfText(const TextType &type, const QString &text)
     throwWrong(text, describe(type) + range);
 }
 
+QString settableNumber(double value)
+{
+    return TESSEL::shortestText(value);
+}
+
+/// The shortest text of the largest number is one that Qt takes for more than that.
+QString settableNumber(float value)
+{
+    return std::abs(value) == std::numeric_limits<float>::max()
+        ? TESSEL::shortestText(static_cast<double>(value))
+        : TESSEL::shortestText(value);
+}
+
 /// In the form of documents; also with a point before the milliseconds, or without them.
 QDateTime dateOfText(const QString &text)
 {
@@ -172,7 +185,7 @@ QString settableText(const TextType &type, const FieldValue &value)
             else if constexpr (std::is_same_v<Value, QDateTime>)
                 return TESSEL::Converters::ToString(set);
             else
-                return TESSEL::shortestText(set);
+                return settableNumber(set);
         },
         value);
 }

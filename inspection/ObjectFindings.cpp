@@ -3,6 +3,7 @@
 #include <inspection/Completeness_p.h>
 #include <inspection/DocumentWalk_p.h>
 #include <inspection/FieldText_p.h>
+#include <inspection/QuotedText_p.h>
 #include <objectbase/ITesselObject.h>
 #include <objectbase/TesselException.h>
 
@@ -111,7 +112,7 @@ void addMissing(Findings &findings, const DocumentKind &kind, const TESSEL::ITes
                 return isMissing(finding) && finding.path.contains(place);
             });
         if (!isTold)
-            findings.push_back({0, text, {}, FindingId::MissingElement});
+            findings.push_back({0, oneLine(text), {}, FindingId::MissingElement});
     }
 }
 

@@ -1,6 +1,7 @@
 #include "inspection/ReceiverLint_p.h"
 
 #include <inspection/FieldText_p.h>
+#include <inspection/QuotedText_p.h>
 #include <kormak/Parameter.h>
 
 #include <QHash>
@@ -158,9 +159,10 @@ Findings clashes(const Element &element, ClashesWith clashesWith, const QString 
         if (!other)
             continue;
         const auto place = static_cast<std::size_t>(i);
-        findings.push_back(element.finding(place < places.size() ? places[place] : element.index,
-                                           QStringLiteral("the entries '%1' and '%2' %3")
-                                               .arg(entries[*other].Name, entries[i].Name, clash)));
+        findings.push_back(element.finding(
+            place < places.size() ? places[place] : element.index,
+            QStringLiteral("the entries '%1' and '%2' %3")
+                .arg(oneLine(shortened(entries[*other].Name)), oneLine(shortened(entries[i].Name)), clash)));
     }
     return findings;
 }

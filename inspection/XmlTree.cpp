@@ -52,7 +52,7 @@ private:
         PlacedReader prolog(text);
         if (TESSEL::readToRoot(prolog.xml()))
             return false;
-        tree.breakOff = {prolog.xml().errorString(), prolog.placeOfError(), XmlTree::None};
+        tree.breakOff = {oneLine(prolog.xml().errorString()), prolog.placeOfError(), XmlTree::None};
         return true;
     }
 
@@ -76,7 +76,7 @@ private:
             }
         }
         if (reader.hasError())
-            tree.breakOff = {reader.errorString(), placed.placeOfError(), currentIndex()};
+            tree.breakOff = {oneLine(reader.errorString()), placed.placeOfError(), currentIndex()};
     }
 
     quint32 numberOf(const QString &name)

@@ -40,6 +40,7 @@ private Q_SLOTS:
     void textBeyondXml();
     void objectsThatPassAndAreNotWritten();
     void valuesWithoutNames();
+    void namesThatSteerTerminals();
     void unknownObject();
     void unknownKind();
     void unusableTexts_data();
@@ -361,6 +362,31 @@ void DocumentTest::valuesWithoutNames()
     QVERIFY(untyped.IsAccepted() && !untyped.IsComplete());
     QCOMPARE(untyped.GetField("ParameterType").GetText(), QString("55"));
     QVERIFY(pathsOf(untyped.GetFindings()).contains("Parameter[P]/ParameterType"));
+}
+
+/// Names of parameters and entries stand in messages.
+void DocumentTest::namesThatSteerTerminals()
+{
+    Document receiver = Document::New("GenericReceiver");
+    receiver.SetFields({{"Parameter[a\nb].ParameterType", "Enum"},
+                        {"Parameter[a\nb].RepresentationName", "a"},
+                        {"Parameter[a\nb].ValueType", "ValueNumericInt"}});
+    const QStringList lines = linesOf(receiver.GetFindings());
+    QVERIFY2(lines.contains("0:0 warning missing-element : Parameter[a\\nb]: Please set Enum.EnumValue"),
+             qPrintable(lines.join('\n')));
+
+    receiver.SetFields({{"Parameter[a\nb].Enum.EnumValue", "1,\x1B[2J,c,2"},
+                        {"Parameter[a\nb].Enum.EnumValue[1].Key", "1"},
+                        {"Parameter[a\nb].Enum.EnumValue[1].Name", QString(1000, 'x')}});
+    QStringList messages;
+    const auto findings = receiver.GetFindings();
+    for (const Finding &finding : findings)
+        messages += finding.GetMessage();
+    QCOMPARE(Document("<Job>&a\x1B;</Job>").GetFindings().constFirst().GetMessage(),
+             QString("Entity 'a\\u001b' not declared."));
+    const QString cut = QString(200, 'x') + QChar(0x2026);
+    QVERIFY2(messages.contains("the entries '\\u001b[2J' and '" + cut + "' have the same key"),
+             qPrintable(messages.join('\n')));
 }
 
 void DocumentTest::unknownObject()

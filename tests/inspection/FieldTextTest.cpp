@@ -102,6 +102,10 @@ void FieldTextTest::read_data()
     QTest::newRow("least in range") << range(1, 23) << "1" << FieldValue(qint64(1));
     QTest::newRow("greatest in range") << range(1, 23) << "23" << FieldValue(qint64(23));
     QTest::newRow("float") << ofType(Kind::Float) << "0.1" << FieldValue(0.1F);
+    QTest::newRow("greatest float") << ofType(Kind::Float) << "3.4028234663852886e+38"
+                                    << FieldValue(std::numeric_limits<float>::max());
+    QTest::newRow("least float") << ofType(Kind::Float) << "-3.4028234663852886e+38"
+                                 << FieldValue(std::numeric_limits<float>::lowest());
     QTest::newRow("double") << ofType(Kind::Double) << "-1.5e6" << FieldValue(-1.5e6);
     QTest::newRow("name") << ofType(Kind::Name) << "Search MC VUHF" << FieldValue(qint64(11));
     QTest::newRow("name that another is written as")
@@ -121,6 +125,7 @@ void FieldTextTest::read()
     QFETCH(FieldValue, value);
 
     QVERIFY(areSame(valueOfText(type, text), value));
+    QVERIFY(areSame(valueOfText(type, settableText(type, value)), value));
 }
 
 void FieldTextTest::refused_data()
