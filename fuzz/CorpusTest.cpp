@@ -1,11 +1,12 @@
 // Repeats what the fuzzers found, one file a row. The first argument names the target.
+#include <fuzz/Targets.h>
+
 #include <QDir>
 #include <QFile>
 #include <QtTest>
 
 #include <cstdio>
 #include <exception>
-#include <fuzz/Targets.h>
 
 class CorpusTest : public QObject {
     Q_OBJECT

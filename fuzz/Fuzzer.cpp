@@ -1,8 +1,9 @@
 // The fuzzer of FUZZ_TARGET. A property that does not hold ends it by an exception that nobody catches, with
 // the message and the input.
+#include <fuzz/Targets.h>
+
 #include <cstddef>
 #include <cstdint>
-#include <fuzz/Targets.h>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
 

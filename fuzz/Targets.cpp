@@ -1,6 +1,7 @@
 #include "fuzz/Targets.h"
 
 #include <fuzz/BinaryProperties.h>
+#include <fuzz/InspectionProperties.h>
 #include <tests/support/DocumentKinds.h>
 
 #include <algorithm>
@@ -61,6 +62,7 @@ constexpr struct {
 } TargetsOfAllKinds[] = {
     {"Document", checkDocument},
     {"Binary", checkAnyBinary},
+    {"Inspection", [](const QByteArray &input) { checkInspection(input); }},
 #ifdef KORMAK_FUZZES_TOOL
     {"ToolDocument", [](const QByteArray &input) { checkToolOnDocument(runTool, input); }},
     {"ToolNew", [](const QByteArray &input) { checkToolOnAssignments(runTool, input); }},

@@ -3,7 +3,7 @@
 
 find_package(Qt${QT_VERSION_MAJOR} ${KORMAK_MINIMUM_QT_${QT_VERSION_MAJOR}} REQUIRED COMPONENTS Test)
 
-set(fuzz_tests Corpus Properties XmlMutations)
+set(fuzz_tests Corpus InspectionProperties Properties XmlMutations)
 if(ToolDocument IN_LIST fuzz_targets)
     list(APPEND fuzz_tests ToolProperties)
 endif()

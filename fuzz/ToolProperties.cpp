@@ -1,9 +1,8 @@
 #include "fuzz/ToolProperties.h"
 
+#include <fuzz/LibraryReading.h>
 #include <fuzz/Properties.h>
-#include <inspection/DocumentKind_p.h>
 #include <inspection/QuotedText_p.h>
-#include <objectbase/ITesselObject.h>
 #include <objectbase/QtCompat_p.h>
 #include <tools/Command.h>
 
@@ -39,36 +38,6 @@ private:
     }
 
     const QString path;
-};
-
-constexpr int ByteOrderMarkSize = 3;
-
-/// A document that the library read from the bytes of a file.
-struct LibraryReading {
-    std::unique_ptr<TESSEL::ITesselObject> object; ///< null when the kind of document is not known
-    bool isRead = false;
-    bool isAccepted = false; ///< read, and Check() has nothing to say
-
-    explicit LibraryReading(const QByteArray &bytes)
-    {
-        const QString text = TESSEL::decodeUtf8(bytes);
-        const DocumentKind *kind = findDocumentKind(rootOf(text));
-        // A text that is not what the bytes say is not read, though the library would take what it decodes
-        // to.
-        if (!kind || text.contains(QChar(QChar::Null)) || !bytes.endsWith(text.toUtf8())
-            || bytes.size() - text.toUtf8().size() > ByteOrderMarkSize)
-            return;
-        object = kind->create();
-        isRead = readingOf([&] { return object->SetXmlString(text, true); }).outcome == Reading::Taken;
-        isAccepted = isRead
-            && readingOf([&] {
-                   object->Check();
-                   return true;
-               }).outcome
-                == Reading::Taken;
-    }
-
-    [[nodiscard]] bool isComplete() const { return isAccepted && object->HasData(); }
 };
 
 /// Whether \a xml holds a token that no object keeps, of any kind but \a allowed.

@@ -1,8 +1,8 @@
 // What the fuzzers change documents by.
+#include <fuzz/XmlMutations.h>
+
 #include <QtTest>
 #include <QXmlStreamReader>
-
-#include <fuzz/XmlMutations.h>
 
 using Fuzz::XmlMutation;
 

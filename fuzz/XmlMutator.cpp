@@ -1,10 +1,11 @@
 // Changes documents as such, every second time, so that the fuzzer gets behind what only well-formed ones
 // reach.
+#include <fuzz/XmlMutations.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
-#include <fuzz/XmlMutations.h>
 
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t *data, std::size_t size, std::size_t maximumSize);
 extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t *data, std::size_t size, std::size_t maximumSize,
