@@ -40,21 +40,6 @@ qsizetype characterLength(const uchar *bytes, qsizetype size)
     return isOverlong || QChar::isSurrogate(code) || code > QChar::LastValidCodePoint ? 0 : length;
 }
 
-/// The index of the first byte that does not belong to a character in UTF-8, or the size when all do. Qt
-/// itself would put a replacement character there and say nothing.
-qsizetype firstByteOutsideUtf8(const QByteArray &bytes)
-{
-    const auto *const data = reinterpret_cast<const uchar *>(bytes.constData());
-    qsizetype at = 0;
-    while (at < bytes.size()) {
-        const qsizetype length = characterLength(data + at, bytes.size() - at);
-        if (length == 0)
-            break;
-        at += length;
-    }
-    return at;
-}
-
 /// \throws DocumentError for a text that could take much more memory or time than it has characters
 void checkLimits(const QByteArray &text, const TESSEL::ReadingLimits &limits)
 {
@@ -72,6 +57,19 @@ void checkLimits(const QByteArray &text, const TESSEL::ReadingLimits &limits)
 }
 
 } // namespace
+
+qsizetype firstByteOutsideUtf8(const QByteArray &bytes)
+{
+    const auto *const data = reinterpret_cast<const uchar *>(bytes.constData());
+    qsizetype at = 0;
+    while (at < bytes.size()) {
+        const qsizetype length = characterLength(data + at, bytes.size() - at);
+        if (length == 0)
+            break;
+        at += length;
+    }
+    return at;
+}
 
 qsizetype byteOrderMarkSize(const QByteArray &bytes)
 {

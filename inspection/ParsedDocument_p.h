@@ -41,6 +41,10 @@ struct DocumentError {
 
 /// Of the mark that \a bytes begin with; 0 without one.
 [[nodiscard]] qsizetype byteOrderMarkSize(const QByteArray &bytes);
+/// The index of the first byte that does not belong to a character in UTF-8, or the size when all do. Qt
+/// itself would put a replacement character there and say nothing.
+[[nodiscard]] qsizetype firstByteOutsideUtf8(const QByteArray &bytes);
+
 /// \a bytes as the text of a document: UTF-8 without a mark, without a NUL, and with no encoding declared.
 /// \throws DocumentError for anything that Qt would replace or stop at without a word
 [[nodiscard]] QByteArray checkedText(QByteArray bytes);

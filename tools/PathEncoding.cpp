@@ -1,7 +1,7 @@
 #include "tools/PathEncoding.h"
 
+#include <inspection/ParsedDocument_p.h>
 #include <inspection/QuotedText_p.h>
-#include <inspection/Utf8_p.h>
 
 using namespace KORMAK::Inspection;
 
