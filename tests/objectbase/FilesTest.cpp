@@ -203,7 +203,8 @@ void FilesTest::invalidObjectTouchesNoFile()
     const QString name = store("content");
     const Note damaged("title", QString(QChar(1)));
     QCOMPARE(messageOf([&] { (void)Note().SaveXml(name); }), QString("Note: Please set Title"));
-    QCOMPARE(messageOf([&] { (void)damaged.SaveXml(name); }), QString("Note: Text cannot be represented in XML"));
+    QCOMPARE(messageOf([&] { (void)damaged.SaveXml(name); }),
+             QString("Note: Text cannot be represented in XML"));
     QCOMPARE(bytesOf(name), QByteArray("content"));
     QCOMPARE(files(), QStringList("stored"));
 }
