@@ -1,5 +1,7 @@
 #include "inspection/Advice_p.h"
 
+#include <QString>
+
 #include <algorithm>
 #include <iterator>
 
