@@ -7,6 +7,8 @@
 #include <fuzz/Properties.h>
 #include <inspection/Document.h>
 
+#include <QSet>
+
 namespace Fuzz {
 
 /// Each finding is told as it should be, and one of them is an error when \a hasError.
