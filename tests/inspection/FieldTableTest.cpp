@@ -92,5 +92,5 @@ void FieldTableTest::everyRowHasALabel()
     QVERIFY2(without.isEmpty(), qPrintable("no label in inspection/FieldTable.cpp: " + without.join(", ")));
 }
 
-QTEST_APPLESS_MAIN(FieldTableTest)
+QTEST_GUILESS_MAIN(FieldTableTest)
 #include "FieldTableTest.moc"
