@@ -124,8 +124,7 @@ class Copy:
         shutil.rmtree(self.source, ignore_errors=True)
         shutil.copytree(PROJECT, self.source, ignore=shutil.ignore_patterns("build", ".git"))
         configure = ["cmake", "-G", "Ninja", "-S", self.source, "-B", self.build, "-DCMAKE_BUILD_TYPE=Debug",
-                     "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON", "-DKORMAK_INSTALL=OFF",
-                     "-DKORMAK_BUILD_TOOL=OFF"]
+                     "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON", "-DKORMAK_INSTALL=OFF"]
         if not (run(configure, self.log) and self.builds()):
             sys.exit(f"The project does not build; see {self.log}")
         if not (self.passes(True) and self.passes(False)):
