@@ -36,20 +36,22 @@ QString messageOf(const QString &function, const QString &object, const QString 
 {
     static const QRegularExpression literal("u\"([^\"]*)\"");
     const QString field = literal.match(arguments).captured(1);
-    const QMap<QString, QString> messages{
+    const QMap<QString, QString> ofFields{
+        {"pleaseSet", Messages::pleaseSet(object, field)},
+        {"invalid", Messages::invalid(object, field, "%2")},
+        {"storeValid", Messages::invalid(object, field, "%2")},
+    };
+    if (ofFields.contains(function))
+        return field.isEmpty() ? QString() : ofFields[function];
+    const QMap<QString, QString> others{
         {"unknownTag", Messages::unknownTag("%2", u"%1")},
         {"unknownParameter", Messages::unknownParameter("%2", "%1")},
         {"antennaDataRefused", Messages::antennaDataRefused("%2", "%1")},
         {"cannotOpen", Messages::cannotOpen("%1")},
         {"corrupted", Messages::corrupted(object)},
         {"notRepresentable", Messages::notRepresentable(object)},
-        {"pleaseSet", Messages::pleaseSet(object, field)},
-        {"invalid", Messages::invalid(object, field, "%2")},
-        {"storeValid", Messages::invalid(object, field, "%2")},
     };
-    const bool needsField = function == "pleaseSet" || function == "invalid" || function == "storeValid";
-    return needsField && field.isEmpty() ? QString()
-                                         : messages.value(function, "not understood: " + function);
+    return others.value(function, "not understood: " + function);
 }
 
 /// What the tables ask for and refuse.

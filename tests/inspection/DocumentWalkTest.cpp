@@ -8,6 +8,7 @@
 #include <kormak/Vocabularies_p.h>
 #include <objectbase/TesselException.h>
 #include <objectbase/Vocabularies_p.h>
+#include <tests/support/DocumentKinds.h>
 #include <tests/support/ToolSupport.h>
 
 #include <QRandomGenerator>
@@ -161,7 +162,7 @@ QString documentWith(const DocumentKind &kind, const QString &owner)
     else if (owner == "Double")
         element = parameter(
             "DoubleList", "<Double>\n" + limits + "<MaxDoubleListLength>3</MaxDoubleListLength>\n</Double>");
-    else if (owner == "Integer" || owner == "Long" || owner == "Float" || owner == "TimeStamp")
+    else if (owner != "Boolean" && TestSupport::typeNames().contains(owner))
         element = parameter(owner, QString("<%1>\n%2\n</%1>").arg(owner, limits));
 
     if (kind.rootElement == QString("Job"))
@@ -170,9 +171,11 @@ QString documentWith(const DocumentKind &kind, const QString &owner)
         return completeWorkflow();
     if (kind.rootElement == QString("ActivityGeneration"))
         return completeGeneration();
-    return kind.rootElement == QString("Parameter")
-        ? element
-        : QString("<GenericReceiver Version=\"1.0\">\n%1\n</GenericReceiver>").arg(element);
+    if (kind.rootElement == QString("Parameter"))
+        return element;
+    if (kind.rootElement == QString("GenericReceiver"))
+        return QString("<GenericReceiver Version=\"1.0\">\n%1\n</GenericReceiver>").arg(element);
+    return TestSupport::wholeDocument(kind.rootElement.toString());
 }
 
 /// The document with the text of the element called \a tag in it replaced, or with such an element added to

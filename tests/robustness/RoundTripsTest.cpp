@@ -615,54 +615,27 @@ class RoundTripsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void area();
-    void antennaData();
-    void jobHeader();
-    void job();
-    void automaticWorkflow();
-    void activityGenerationData();
-    void parameter();
-    void genericReceiver();
+    void everyKind_data();
+    void everyKind();
 };
 
-void RoundTripsTest::area()
+void RoundTripsTest::everyKind_data()
 {
-    check<TESSEL::Area>(25'000);
+    QTest::addColumn<int>("count");
+
+    const QMap<QString, int> counts{
+        {"Area", 25'000},     {"AntennaData", 20'000},       {"JobHeader", 20'000},
+        {"Parameter", 5'000}, {"ActivityGeneration", 6'000}, {"GenericReceiver", 500},
+    };
+    for (const QString &kind : kinds())
+        QTest::newRow(qPrintable(kind)) << counts.value(kind, 12'000);
 }
 
-void RoundTripsTest::antennaData()
+void RoundTripsTest::everyKind()
 {
-    check<TESSEL::AntennaData>(20'000);
-}
+    QFETCH(int, count);
 
-void RoundTripsTest::jobHeader()
-{
-    check<JobHeader>(20'000);
-}
-
-void RoundTripsTest::job()
-{
-    check<Job>(12'000);
-}
-
-void RoundTripsTest::automaticWorkflow()
-{
-    check<AutomaticWorkflow>(12'000);
-}
-
-void RoundTripsTest::activityGenerationData()
-{
-    check<ActivityGenerationData>(6'000);
-}
-
-void RoundTripsTest::parameter()
-{
-    check<Parameter>(5'000);
-}
-
-void RoundTripsTest::genericReceiver()
-{
-    check<GenericReceiver>(500);
+    forKind(QTest::currentDataTag(), [count](auto kind) { check<typename decltype(kind)::Document>(count); });
 }
 
 QTEST_GUILESS_MAIN(RoundTripsTest)
