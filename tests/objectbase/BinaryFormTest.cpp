@@ -285,8 +285,8 @@ void BinaryFormTest::compressionLevels()
     QVERIFY(sizeAt(1) < sizeAt(0));
     QVERIFY(sizeAt(9) < sizeAt(1));
     QVERIFY(sizeAt(-1) < sizeAt(1));
-    QCOMPARE(written([&](QDataStream &stream) { note.GetBinary(stream, 1, false); }).size(), sizeAt(0));
-    QCOMPARE(written([&](QDataStream &stream) { note.GetBinary(stream, 1, true); }).size(), sizeAt(-1));
+    QCOMPARE(written([&](QDataStream &stream) { (void)note.GetBinary(stream, 1, false); }).size(), sizeAt(0));
+    QCOMPARE(written([&](QDataStream &stream) { (void)note.GetBinary(stream, 1, true); }).size(), sizeAt(-1));
 }
 
 void BinaryFormTest::streamSettingsDoNotMatter()
