@@ -120,7 +120,7 @@ struct TouchedByDamagedForms : TESSEL::Area {
 };
 
 struct SilentAboutDamage : TESSEL::Area {
-    void SetBinary(QDataStream &stream, int /*version*/) override { SetBinaryRepresentation(stream); }
+    void SetBinary(QDataStream &stream, int /*version*/) override { (void)SetBinaryRepresentation(stream); }
 };
 
 struct ReadingNoFiles : TESSEL::Area {

@@ -413,7 +413,7 @@ void ITesselObjectTest::mergeOfAnObjectThatFailsItsCheck()
 {
     Note target("title");
     const QStringList before = target.fields();
-    QCOMPARE(messageOf([&] { target.MergeTesselObject(Note()); }), QString("Note: Please set Title"));
+    QCOMPARE(messageOf([&] { (void)target.MergeTesselObject(Note()); }), QString("Note: Please set Title"));
     QCOMPARE(target.fields(), before);
 }
 

@@ -125,7 +125,7 @@ int faultsOfObjects(int number)
     antenna.SetMaximumFrequency(number + 0.5);
     job.SetAntennaData(antenna);
     expectRoundTrip(job);
-    expect(messageOf([&] { job.SetXmlString("<Job><x/></Job>", true); })
+    expect(messageOf([&] { (void)job.SetXmlString("<Job><x/></Job>", true); })
            == QString("Unknown Tag 'x' in 'Job'."));
 
     AutomaticWorkflow workflow;
