@@ -70,5 +70,5 @@ void DifferenceTest::added()
     QVERIFY(Document::Compare(after, before).constFirst().GetText().contains(": removed "));
 }
 
-QTEST_APPLESS_MAIN(DifferenceTest)
+QTEST_GUILESS_MAIN(DifferenceTest)
 #include "DifferenceTest.moc"

@@ -837,5 +837,5 @@ void DocumentTest::savingFails()
     QVERIFY(QDir(folder.path()).isEmpty());
 }
 
-QTEST_APPLESS_MAIN(DocumentTest)
+QTEST_GUILESS_MAIN(DocumentTest)
 #include "DocumentTest.moc"

@@ -230,5 +230,5 @@ void FieldTest::comparison()
     QVERIFY(std::isnan(nan.GetValue().toDouble()));
 }
 
-QTEST_APPLESS_MAIN(FieldTest)
+QTEST_GUILESS_MAIN(FieldTest)
 #include "FieldTest.moc"

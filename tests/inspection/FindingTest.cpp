@@ -172,5 +172,5 @@ void FindingTest::idsOfExamples()
     QVERIFY2(ids.size() >= 9, qPrintable(ids.join(' ')));
 }
 
-QTEST_APPLESS_MAIN(FindingTest)
+QTEST_GUILESS_MAIN(FindingTest)
 #include "FindingTest.moc"

@@ -94,5 +94,5 @@ void KindsTest::ofObjects()
     QCOMPARE(DocumentKindOf(JobHeader()), QString());
 }
 
-QTEST_APPLESS_MAIN(KindsTest)
+QTEST_GUILESS_MAIN(KindsTest)
 #include "KindsTest.moc"

@@ -93,5 +93,5 @@ void VocabularyTest::neverWritten()
     QCOMPARE(silent, QStringList("Boolean"));
 }
 
-QTEST_APPLESS_MAIN(VocabularyTest)
+QTEST_GUILESS_MAIN(VocabularyTest)
 #include "VocabularyTest.moc"

@@ -67,7 +67,7 @@ bool isRefused(const KORMAK::Job &incomplete)
 /// What is known about documents is there, too.
 bool isInspected()
 {
-    return KORMAK::Inspection::GetKinds().contains(QStringLiteral("Job"));
+    return KORMAK::GetDocumentKinds().contains(QStringLiteral("Job"));
 }
 
 bool isOfItsOwnType(const TESSEL::ITesselObject &object)
