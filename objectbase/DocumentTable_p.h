@@ -125,7 +125,6 @@ struct Row {
     bool keepsFormer = false; ///< an unknown name leaves what an element before it said
     bool isExpected = false; ///< it should be there, although the library is content without it
 
-    [[nodiscard]] static constexpr bool isGiven(Predicate predicate) noexcept { return predicate; }
     [[nodiscard]] constexpr bool isRequired() const noexcept { return isValid || isComplete; }
     [[nodiscard]] bool isApplicableTo(const void *object) const
     {
