@@ -39,6 +39,23 @@ endfunction()
 function(kormak_install_tool target)
     file(RELATIVE_PATH to_libraries "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
     kormak_find_libraries_beside(${target} "/${to_libraries}")
+
+    # The builds for several Qts have the tool under the same name.
+    get_target_property(name ${target} OUTPUT_NAME)
+    set(file "${CMAKE_INSTALL_BINDIR}")
+    if(NOT IS_ABSOLUTE "${file}")
+        string(PREPEND file "\${CMAKE_INSTALL_PREFIX}/")
+    endif()
+    install(CODE "
+        set(former \"\$ENV{DESTDIR}${file}/${name}\")
+        if(EXISTS \"\${former}\")
+            file(STRINGS \"\${former}\" loaded REGEX \"^lib[a-z-]+-qt${KORMAK_QT_OTHER_MAJOR}[.]\" LIMIT_COUNT 1)
+            if(loaded)
+                file(REMOVE \"\${former}\")
+                message(STATUS \"The tool for Qt ${KORMAK_QT_OTHER_MAJOR}, which does the same, is replaced by that for Qt ${QT_VERSION_MAJOR}\")
+            endif()
+        endif()" COMPONENT Tools
+    )
     install(TARGETS ${target} RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT Tools)
 endfunction()
 
