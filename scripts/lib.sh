@@ -132,50 +132,68 @@ has() {
     eval "${test_of[$1]}" >/dev/null 2>&1
 }
 
-# find_missing REQUIREMENT...: sets `missing`. Qt cannot be found without the tools that look for it.
+# find_missing REQUIREMENT...: sets `missing`, and `packages` to the Debian packages that bring it.
 find_missing() {
     local requirement
-    missing=()
+    missing=() packages=()
     for requirement in "$@"; do
-        has "$requirement" || missing+=("$requirement")
+        if ! has "$requirement"; then
+            missing+=("$requirement")
+            packages+=("${package_of[$requirement]}")
+        fi
     done
+    if [ ${#missing[@]} -gt 0 ]; then
+        readarray -t packages < <(printf '%s\n' "${packages[@]}" | sort -u)
+    fi
+}
+
+# list_missing: what is missing, and the command that installs it on Debian. What CMake looks for counts as missing as
+# long as CMake cannot run.
+list_missing() {
+    local requirement blind=''
+    for requirement in "${missing[@]}"; do
+        [[ ! $requirement =~ ^(compiler|cmake|ninja)$ ]] || blind=', which only CMake with Ninja and a compiler can look for'
+    done
+    echo "Not found on this machine:"
+    for requirement in "${missing[@]}"; do
+        if [[ ${test_of[$requirement]} = finds\ * ]]; then
+            echo "  - ${description_of[$requirement]}$blind"
+        else
+            echo "  - ${description_of[$requirement]}"
+        fi
+    done
+    echo "On Debian: apt-get install --no-install-recommends ${packages[*]}"
 }
 
 install_packages() {
-    local as_root=()
-    if [ "$(id -u)" -ne 0 ]; then
-        if ! command -v sudo >/dev/null; then
-            complain "Please install as root: apt-get install $*"
-            exit 1
-        fi
-        as_root=(sudo)
-    fi
-    heading "Installing $*"
+    local as_root=() log=$project_dir/build/install.log
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    heading "Installing it; the output is in build/install.log"
     local apt_get=("${as_root[@]+"${as_root[@]}"}" env DEBIAN_FRONTEND=noninteractive apt-get -q -y)
-    quietly "$project_dir/build/install.log" "${apt_get[@]}" update </dev/null ||
-        complain "Trying with the package lists that are there."
-    quietly "$project_dir/build/install.log" "${apt_get[@]}" install --no-install-recommends "$@" </dev/null
+    quietly "$log" "${apt_get[@]}" update </dev/null || complain "Trying with the package lists that are there."
+    quietly "$log" "${apt_get[@]}" install --no-install-recommends "$@" </dev/null || return
+    sed -n 's/^Setting up \([^ ]*\) (\(.*\)) \.\.\.$/  - \1 \2/p' "$log"
 }
 
-# require REQUIREMENT...: goes on when the machine has them all, else installs what is missing where there is apt-get;
-# ends the script when something stays missing.
+# require REQUIREMENT...: goes on when the machine has them all. Else it tells all that is missing and installs it where
+# it may; ends the script when something stays missing.
 require() {
-    local requirement packages=()
+    local missing packages
     find_missing "$@"
-    if [ ${#missing[@]} -gt 0 ] && command -v apt-get >/dev/null; then
-        for requirement in "${missing[@]}"; do
-            packages+=("${package_of[$requirement]}")
-        done
-        install_packages "${packages[@]}"
+    [ ${#missing[@]} -gt 0 ] || return 0
+    list_missing >&2
+    if command -v apt-get >/dev/null && { [ "$(id -u)" -eq 0 ] || command -v sudo >/dev/null; }; then
+        install_packages "${packages[@]}" >&2 || exit 1
         find_missing "$@"
+        [ ${#missing[@]} -gt 0 ] || return 0
+        list_missing >&2
     fi
-    if [ ${#missing[@]} -gt 0 ]; then
-        complain "Not found on this machine; please install:"
-        for requirement in "${missing[@]}"; do
-            complain "  - ${description_of[$requirement]}"
-        done
-        exit 1
-    fi
+    exit 1
+}
+
+# tell_size FOLDER...: how much space build folders take, and how to have it back.
+tell_size() {
+    echo "Together, $* take $(du -ch -- "$@" | sed -n '$s/[[:space:]].*//p'). To have the space back: rm -r $*"
 }
 
 # build PRESET FOLDER [OPTION...]: configures and builds build/FOLDER.
