@@ -2,7 +2,8 @@
 # Qt 6 and with Qt 5 fit into the same folder: what differs between them carries the major version of Qt in its name.
 #
 # Components: each library, by the name of its target, is what a program that uses it needs to run; Devel is what is
-# needed to build one, DevelCommon what of that is the same for every Qt, Tools what people run and edit with.
+# needed to build one, DevelCommon what of that is the same for every Qt, Tools what people run and edit with,
+# Documentation the API reference.
 
 include(CMakePackageConfigHelpers)
 
@@ -24,6 +25,7 @@ function(kormak_install_library target)
             list(APPEND headers "${header}")
         endif()
     endforeach()
+    set_property(GLOBAL APPEND PROPERTY KORMAK_HEADERS ${headers})
     install(FILES ${headers} DESTINATION "${KORMAK_INSTALL_INCLUDEDIR}/${target}" COMPONENT Devel)
 
     kormak_find_libraries_beside(${target} "")

@@ -1,4 +1,5 @@
-# cpack makes Debian packages of the installation: one of each library, what is needed to build with them, and the tool.
+# cpack makes Debian packages of the installation: one of each library, what is needed to build with them, the API
+# reference, and the tool.
 # Configure with -DCMAKE_INSTALL_PREFIX=/usr to have the libraries in the folder of their architecture.
 
 set(package "kormak-qt${QT_VERSION_MAJOR}")
@@ -44,6 +45,9 @@ set(CPACK_PACKAGING_INSTALL_PREFIX "/usr")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_COMPONENTS_ALL ${packaged_libraries} Devel DevelCommon Tools)
+if(TARGET kormak-reference)
+    list(APPEND CPACK_COMPONENTS_ALL Documentation)
+endif()
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -83,6 +87,14 @@ set(CPACK_DEBIAN_DEVELCOMMON_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELCOMMON_DESCRIPTION
     "The CMake package that finds the libraries for the Qt of a program."
 )
+
+# The same from every build, too.
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_NAME libkormak-doc)
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SECTION doc)
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_DOCUMENTATION_DESCRIPTION "The API reference of the libraries, in HTML.")
+set(CPACK_DEBIAN_DEVEL_PACKAGE_SUGGESTS libkormak-doc)
 
 # The tool is the same with every Qt: one of the packages is enough.
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME "kormak-tools-qt${QT_VERSION_MAJOR}")

@@ -41,6 +41,17 @@ foreach(path man/man1/kormak.1 bash-completion/completions/kormak zsh/site-funct
     endif()
 endforeach()
 
+# The API reference, where there is Doxygen to make it.
+set(reference "${PREFIX}/share/doc/kormak/html")
+foreach(page index.html classKORMAK_1_1Job.html classTESSEL_1_1ITesselObject.html classKORMAK_1_1Document.html)
+    if(REFERENCE AND NOT EXISTS "${reference}/${page}")
+        message(FATAL_ERROR "${reference} lacks ${page}")
+    endif()
+endforeach()
+if(NOT REFERENCE AND EXISTS "${reference}")
+    message(FATAL_ERROR "${reference} comes from nowhere")
+endif()
+
 file(GLOB_RECURSE installed RELATIVE "${PREFIX}/share/kormak/schemas" "${PREFIX}/share/kormak/schemas/*")
 file(GLOB_RECURSE schemas RELATIVE "${SOURCE_DIR}/schemas" "${SOURCE_DIR}/schemas/*.xsd")
 compare("schemas" "${installed}" "${schemas}")
