@@ -1,6 +1,7 @@
 #include "inspection/Difference.h"
 
 #include <inspection/FieldDiff_p.h>
+#include <objectbase/Debug_p.h>
 #include <objectbase/NoDestructor_p.h>
 
 #include <utility>
@@ -69,6 +70,11 @@ Difference DifferenceMaker::made(FieldDifference difference)
     Difference result;
     result.d = std::make_shared<const FieldDifference>(std::move(difference));
     return result;
+}
+
+QDebug operator<<(QDebug debug, const Difference &difference)
+{
+    return TESSEL::printText(debug, QStringLiteral("Difference(") + difference.GetText() + QLatin1Char(')'));
 }
 
 } // namespace KORMAK

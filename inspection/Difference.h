@@ -7,6 +7,10 @@
 
 #include <memory>
 
+QT_BEGIN_NAMESPACE
+class QDebug;
+QT_END_NAMESPACE
+
 namespace KORMAK {
 
 namespace Inspection {
@@ -54,6 +58,9 @@ private:
 
     std::shared_ptr<const Inspection::FieldDifference> d; // null: of the default
 };
+
+/// Writes GetText().
+INSPECTION_EXPORT QDebug operator<<(QDebug debug, const Difference &difference);
 
 } // namespace KORMAK
 

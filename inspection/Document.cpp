@@ -2,11 +2,13 @@
 
 #include <inspection/DocumentCheck_p.h>
 #include <inspection/DocumentJson_p.h>
+#include <inspection/DocumentKind_p.h>
 #include <inspection/FieldAssignment_p.h>
 #include <inspection/FieldList_p.h>
 #include <inspection/ObjectFindings_p.h>
 #include <inspection/QuotedText_p.h>
 #include <inspection/Rewriting_p.h>
+#include <objectbase/Debug_p.h>
 #include <objectbase/FileContent_p.h>
 #include <objectbase/NoDestructor_p.h>
 #include <objectbase/TesselException.h>
@@ -383,6 +385,17 @@ QByteArray Document::GetDifferencesJson(const Document &a, const Document &b)
     return differencesJson(kind, differences(kind.fields(), a.data().address(), b.data().address()),
                            kind.areEqual(*a.GetObject(), *b.GetObject()))
         .toUtf8();
+}
+
+QDebug operator<<(QDebug debug, const Document &document)
+{
+    QString text = document.GetState();
+    if (const ITesselObject *const object = document.GetObject()) {
+        const DocumentKind *const kind = documentKindOf(*object);
+        text += QStringLiteral("; ")
+            + TESSEL::fieldsText(document.GetKind(), kind->table(), kind->address(*object));
+    }
+    return TESSEL::printText(debug, QStringLiteral("Document(") + text + QLatin1Char(')'));
 }
 
 } // namespace KORMAK

@@ -17,6 +17,7 @@
 #include <optional>
 
 QT_BEGIN_NAMESPACE
+class QDebug;
 class QIODevice;
 QT_END_NAMESPACE
 
@@ -151,6 +152,9 @@ private:
 
     std::shared_ptr<const Private> d; // null: no document
 };
+
+/// Writes kind and state and, where there is an object, all fields that are set, in a line.
+INSPECTION_EXPORT QDebug operator<<(QDebug debug, const Document &document);
 
 } // namespace KORMAK
 

@@ -4,6 +4,8 @@
 #include <inspection/FieldList_p.h>
 #include <inspection/FieldText_p.h>
 #include <inspection/NameLists_p.h>
+#include <inspection/QuotedText_p.h>
+#include <objectbase/Debug_p.h>
 #include <objectbase/NoDestructor_p.h>
 
 #include <type_traits>
@@ -154,6 +156,29 @@ Field FieldMaker::made(const QString &path, const FieldRow &row, FieldValue valu
     field.d = std::make_shared<const Field::Private>(
         Field::Private{path, row.label, row.type, std::move(value), isReached && row.set});
     return field;
+}
+
+namespace {
+
+constexpr TESSEL::VocabularyRow<Field::Type> TypeRows[] = {
+    {Field::Type::Text, u"Text"},   {Field::Type::Boolean, u"Boolean"}, {Field::Type::Integer, u"Integer"},
+    {Field::Type::Float, u"Float"}, {Field::Type::Double, u"Double"},   {Field::Type::DateTime, u"DateTime"},
+    {Field::Type::Name, u"Name"},
+};
+constexpr TESSEL::Vocabulary Types{TypeRows};
+
+} // namespace
+
+QDebug operator<<(QDebug debug, Field::Type value)
+{
+    return TESSEL::printName(debug, Types.table(), value);
+}
+
+QDebug operator<<(QDebug debug, const Field &field)
+{
+    const QString value = field.IsSet() ? QLatin1Char('=') + field.GetText() : QStringLiteral(", not set");
+    return TESSEL::printText(debug,
+                             QStringLiteral("Field(") + oneLine(field.GetPath() + value) + QLatin1Char(')'));
 }
 
 } // namespace KORMAK

@@ -10,6 +10,10 @@
 
 #include <memory>
 
+QT_BEGIN_NAMESPACE
+class QDebug;
+QT_END_NAMESPACE
+
 namespace KORMAK {
 
 namespace Inspection {
@@ -81,6 +85,12 @@ private:
 
     std::shared_ptr<const Private> d; // null: of the default
 };
+
+/// Writes the name of \a value, or its number when it has none.
+INSPECTION_EXPORT QDebug operator<<(QDebug debug, Field::Type value);
+
+/// Writes the path and what the field holds, in a line.
+INSPECTION_EXPORT QDebug operator<<(QDebug debug, const Field &field);
 
 } // namespace KORMAK
 

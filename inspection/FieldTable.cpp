@@ -295,14 +295,14 @@ private:
         FieldTable table;
         std::vector<const Row *> labelled;
         for (const FieldLabel &label : entry.labels) {
-            if (const Row *const row = rowCalled(objects, label.key)) {
+            if (const Row *const row = objects.field(label.key)) {
                 table.rows.push_back(rowOf(objects, *row, label));
                 labelled.push_back(row);
             }
         }
         for (const auto &rows : {objects.attributes, objects.elements, objects.fields}) {
             for (const Row &row : rows) {
-                if (!isField(objects, row)
+                if (!objects.isField(row)
                     || std::find(labelled.begin(), labelled.end(), &row) != labelled.end())
                     continue;
                 table.rows.push_back(rowOf(objects, row, {row.name, row.name}));
@@ -322,32 +322,14 @@ private:
         return found == std::end(AllLabels) ? ObjectLabels{name, {}} : *found;
     }
 
-    /// Not so for a block that ends as another one: it is only another way to write that.
-    static bool isField(const ObjectTable &table, const Row &row)
-    {
-        return rowCalled(table, row.name) == &row && (row.end.isNull() || row.end == row.name);
-    }
-
-    static const Row *rowCalled(const ObjectTable &table, QStringView key)
-    {
-        for (const auto &rows : {table.fields, table.elements, table.attributes}) {
-            const auto *const row = std::find_if(
-                rows.begin(), rows.end(), [key](const Row &candidate) { return candidate.name == key; });
-            if (row != rows.end() && (row->get || row->part))
-                return row;
-        }
-        return nullptr;
-    }
-
     FieldRow rowOf(const ObjectTable &table, const Row &row, const FieldLabel &label)
     {
-        const bool isInner = &row >= table.fields.begin() && &row < table.fields.end();
         const bool isBlock = row.content == Row::Content::Block;
         FieldRow made{label};
         made.type = row.type;
         made.get = row.get;
         made.set = row.set;
-        made.exists = isInner || isBlock ? row.isWritten : nullptr;
+        made.exists = table.isInner(row) || isBlock ? row.isWritten : nullptr;
         made.isWritten = row.isWritten;
         made.rank = label.isSetFirst ? -1 : isBlock ? 1 : 0;
         if (row.part) {

@@ -1,6 +1,8 @@
 #include "inspection/Finding.h"
 
 #include <inspection/FindingData_p.h>
+#include <inspection/QuotedText_p.h>
+#include <objectbase/Debug_p.h>
 #include <objectbase/NoDestructor_p.h>
 
 #include <utility>
@@ -117,6 +119,45 @@ const FindingData &FindingMaker::contentOf(const Finding &finding)
 const std::optional<TextPosition> &FindingMaker::positionOf(const Finding &finding)
 {
     return finding.data().position;
+}
+
+namespace {
+
+constexpr TESSEL::VocabularyRow<Finding::Severity> SeverityRows[] = {
+    {Finding::Severity::Warning, u"Warning"},
+    {Finding::Severity::Error, u"Error"},
+};
+constexpr TESSEL::Vocabulary Severities{SeverityRows};
+constexpr TESSEL::VocabularyRow<Finding::Limit> LimitRows[] = {
+    {Finding::Limit::None, u"None"},
+    {Finding::Limit::Attributes, u"Attributes"},
+    {Finding::Limit::Depth, u"Depth"},
+    {Finding::Limit::Entities, u"Entities"},
+};
+constexpr TESSEL::Vocabulary Limits{LimitRows};
+
+} // namespace
+
+QDebug operator<<(QDebug debug, Finding::Severity value)
+{
+    return TESSEL::printName(debug, Severities.table(), value);
+}
+
+QDebug operator<<(QDebug debug, Finding::Limit value)
+{
+    return TESSEL::printName(debug, Limits.table(), value);
+}
+
+QDebug operator<<(QDebug debug, const Finding &finding)
+{
+    QStringList parts{Severities.nameOf(finding.GetSeverity()), finding.GetId()};
+    if (finding.HasPlace())
+        parts += QStringLiteral("%1:%2").arg(finding.GetLine()).arg(finding.GetColumn());
+    parts += finding.GetPath();
+    parts.removeAll(QString());
+    return TESSEL::printText(
+        debug,
+        oneLine(QStringLiteral("Finding(%1: %2)").arg(parts.join(QLatin1Char(' ')), finding.GetMessage())));
 }
 
 } // namespace KORMAK

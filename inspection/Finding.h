@@ -9,6 +9,10 @@
 
 #include <memory>
 
+QT_BEGIN_NAMESPACE
+class QDebug;
+QT_END_NAMESPACE
+
 namespace KORMAK {
 
 /// What kinds of findings there are; Finding::GetId() gives one of these.
@@ -132,6 +136,15 @@ private:
 
     std::shared_ptr<const Private> d; // null: of the default
 };
+
+/// Writes the name of \a value, or its number when it has none.
+INSPECTION_EXPORT QDebug operator<<(QDebug debug, Finding::Severity value);
+
+/// Writes the name of \a value, or its number when it has none.
+INSPECTION_EXPORT QDebug operator<<(QDebug debug, Finding::Limit value);
+
+/// Writes severity, id, line and column, path and message, in a line.
+INSPECTION_EXPORT QDebug operator<<(QDebug debug, const Finding &finding);
 
 } // namespace KORMAK
 

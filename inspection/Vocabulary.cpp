@@ -2,6 +2,7 @@
 
 #include <inspection/Json_p.h>
 #include <inspection/NameLists_p.h>
+#include <objectbase/Debug_p.h>
 
 #include <algorithm>
 
@@ -71,6 +72,11 @@ Vocabulary FindVocabulary(const QString &name)
     const auto found =
         std::find_if(all.begin(), all.end(), [&name](const NameList &list) { return list.name == name; });
     return found == all.end() ? Vocabulary() : VocabularyMaker::made(&*found);
+}
+
+QDebug operator<<(QDebug debug, const Vocabulary &vocabulary)
+{
+    return TESSEL::printText(debug, QStringLiteral("Vocabulary(") + vocabulary.GetName() + QLatin1Char(')'));
 }
 
 } // namespace KORMAK

@@ -8,6 +8,10 @@
 #include <QStringList>
 #include <QVector>
 
+QT_BEGIN_NAMESPACE
+class QDebug;
+QT_END_NAMESPACE
+
 namespace KORMAK {
 
 namespace Inspection {
@@ -65,6 +69,9 @@ private:
 
 /// The vocabulary called \a name, such as "JobType"; none when there is no such one.
 [[nodiscard]] INSPECTION_EXPORT Vocabulary FindVocabulary(const QString &name);
+
+/// Writes the name of the vocabulary.
+INSPECTION_EXPORT QDebug operator<<(QDebug debug, const Vocabulary &vocabulary);
 
 } // namespace KORMAK
 

@@ -2,6 +2,7 @@
 
 #include <kormak/Vocabularies_p.h>
 #include <objectbase/Constants_p.h>
+#include <objectbase/Debug_p.h>
 #include <objectbase/DocumentRows_p.h>
 #include <objectbase/DocumentXml_p.h>
 #include <objectbase/Messages_p.h>
@@ -422,6 +423,31 @@ void ActivityGenerationData::ProcessXmlStartElement(QXmlStreamReader &reader)
     } else {
         fail(Messages::unknownTag(GetObjectName(), reader.name()));
     }
+}
+
+QDebug operator<<(QDebug debug, ActivityGenerationData::ActivityGenerationMode value)
+{
+    return TESSEL::printName(debug, Modes.table(), value);
+}
+
+QDebug operator<<(QDebug debug, ActivityGenerationData::EnergyActivityGenerationChannel value)
+{
+    return TESSEL::printName(debug, Channels.table(), value);
+}
+
+QDebug operator<<(QDebug debug, ActivityGenerationData::ActivityGenerationDataBaseWriteMode value)
+{
+    return TESSEL::printName(debug, WriteModes.table(), value);
+}
+
+QDebug operator<<(QDebug debug, ActivityGenerationData::DDemActiveCriteria value)
+{
+    return TESSEL::printName(debug, Criteria.table(), value);
+}
+
+QDebug operator<<(QDebug debug, const ActivityGenerationData &object)
+{
+    return TESSEL::printDocument(debug, object);
 }
 
 } // namespace KORMAK

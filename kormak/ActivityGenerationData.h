@@ -229,6 +229,22 @@ private:
     bool restartAttachmentsOnSessionClose;
 };
 
+/// Writes the name of \a value, or its number when it has none.
+KORMAK_EXPORT QDebug operator<<(QDebug debug, ActivityGenerationData::ActivityGenerationMode value);
+
+/// Writes the name of \a value, or its number when it has none.
+KORMAK_EXPORT QDebug operator<<(QDebug debug, ActivityGenerationData::EnergyActivityGenerationChannel value);
+
+/// Writes the name of \a value, or its number when it has none.
+KORMAK_EXPORT QDebug operator<<(QDebug debug,
+                                ActivityGenerationData::ActivityGenerationDataBaseWriteMode value);
+
+/// Writes the name of \a value, or its number when it has none.
+KORMAK_EXPORT QDebug operator<<(QDebug debug, ActivityGenerationData::DDemActiveCriteria value);
+
+/// Writes the name of the object and all of its fields that are set, in a line.
+KORMAK_EXPORT QDebug operator<<(QDebug debug, const ActivityGenerationData &object);
+
 } // namespace KORMAK
 
 #endif

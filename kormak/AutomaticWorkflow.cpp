@@ -2,6 +2,7 @@
 
 #include <kormak/Vocabularies_p.h>
 #include <objectbase/Constants_p.h>
+#include <objectbase/Debug_p.h>
 #include <objectbase/DocumentRows_p.h>
 #include <objectbase/DocumentXml_p.h>
 #include <objectbase/Messages_p.h>
@@ -304,6 +305,21 @@ QString AutomaticWorkflow::GetXmlString() const
 void AutomaticWorkflow::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
     readChild(Xml::table, this, *this, reader);
+}
+
+QDebug operator<<(QDebug debug, AutomaticWorkflow::WorkflowMode value)
+{
+    return TESSEL::printName(debug, Modes.table(), value);
+}
+
+QDebug operator<<(QDebug debug, AutomaticWorkflow::SearchStrategy value)
+{
+    return TESSEL::printName(debug, Strategies.table(), value);
+}
+
+QDebug operator<<(QDebug debug, const AutomaticWorkflow &object)
+{
+    return TESSEL::printDocument(debug, object);
 }
 
 } // namespace KORMAK

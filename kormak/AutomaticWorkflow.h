@@ -134,6 +134,15 @@ private:
     TESSEL::Area area;
 };
 
+/// Writes the name of \a value, or its number when it has none.
+KORMAK_EXPORT QDebug operator<<(QDebug debug, AutomaticWorkflow::WorkflowMode value);
+
+/// Writes the name of \a value, or its number when it has none.
+KORMAK_EXPORT QDebug operator<<(QDebug debug, AutomaticWorkflow::SearchStrategy value);
+
+/// Writes the name of the object and all of its fields that are set, in a line.
+KORMAK_EXPORT QDebug operator<<(QDebug debug, const AutomaticWorkflow &object);
+
 } // namespace KORMAK
 
 #endif

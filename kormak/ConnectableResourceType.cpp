@@ -2,6 +2,7 @@
 
 #include <kormak/Vocabularies_p.h>
 #include <objectbase/Constants_p.h>
+#include <objectbase/Debug_p.h>
 
 namespace KORMAK {
 
@@ -51,6 +52,11 @@ bool IsHFResource(const ConnectableResourceTypeValue &value)
 bool IsVUHFResource(const ConnectableResourceTypeValue &value)
 {
     return value == DDCIPCVoiceVUHF || value == DDCIPCDataTransmissionVUHF || value == DDCIPCClassifierVUHF;
+}
+
+QDebug operator<<(QDebug debug, ConnectableResourceTypeValue value)
+{
+    return TESSEL::printName(debug, ConnectableResourceTypes.table(), value);
 }
 
 } // namespace ConnectableResourceType

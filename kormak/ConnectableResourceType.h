@@ -5,6 +5,10 @@
 
 #include <QString>
 
+QT_BEGIN_NAMESPACE
+class QDebug;
+QT_END_NAMESPACE
+
 namespace KORMAK {
 
 /// The resources that a search job can connect to.
@@ -40,6 +44,9 @@ enum ConnectableResourceTypeValue : qint32 {
 [[nodiscard]] KORMAK_EXPORT bool IsHFResource(const ConnectableResourceTypeValue &value);
 [[nodiscard]] KORMAK_EXPORT bool IsVUHFResource(const ConnectableResourceTypeValue &value);
 /// @}
+
+/// Writes the name of \a value, or its number when it has none.
+KORMAK_EXPORT QDebug operator<<(QDebug debug, ConnectableResourceTypeValue value);
 
 } // namespace ConnectableResourceType
 

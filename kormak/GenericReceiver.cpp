@@ -1,6 +1,7 @@
 #include "kormak/GenericReceiver.h"
 
 #include <objectbase/Constants_p.h>
+#include <objectbase/Debug_p.h>
 #include <objectbase/DocumentRows_p.h>
 #include <objectbase/DocumentXml_p.h>
 #include <objectbase/FileContent_p.h>
@@ -200,6 +201,11 @@ void GenericReceiver::ProcessXml(QXmlStreamReader &reader)
 void GenericReceiver::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
     readChild(Xml::table, this, *this, reader);
+}
+
+QDebug operator<<(QDebug debug, const GenericReceiver &object)
+{
+    return TESSEL::printDocument(debug, object);
 }
 
 } // namespace KORMAK

@@ -87,6 +87,9 @@ private:
     QMap<QString, Parameter> parameterList;
 };
 
+/// Writes the name of the object and all of its fields that are set, in a line.
+KORMAK_EXPORT QDebug operator<<(QDebug debug, const GenericReceiver &object);
+
 } // namespace KORMAK
 
 #endif

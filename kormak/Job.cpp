@@ -1,6 +1,7 @@
 #include "kormak/Job.h"
 
 #include <objectbase/Constants_p.h>
+#include <objectbase/Debug_p.h>
 #include <objectbase/DocumentRows_p.h>
 #include <objectbase/DocumentXml_p.h>
 #include <objectbase/Messages_p.h>
@@ -147,6 +148,11 @@ QString Job::GetXmlString() const
 void Job::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
     readChild(Xml::table, this, *this, reader);
+}
+
+QDebug operator<<(QDebug debug, const Job &object)
+{
+    return TESSEL::printDocument(debug, object);
 }
 
 } // namespace KORMAK

@@ -84,6 +84,9 @@ private:
     TESSEL::ResourceType::ResourceTypeValue resourceType;
 };
 
+/// Writes the name of the object and all of its fields that are set, in a line.
+KORMAK_EXPORT QDebug operator<<(QDebug debug, const Job &object);
+
 } // namespace KORMAK
 
 #endif

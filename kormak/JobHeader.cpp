@@ -2,6 +2,7 @@
 
 #include <kormak/Vocabularies_p.h>
 #include <objectbase/Constants_p.h>
+#include <objectbase/Debug_p.h>
 #include <objectbase/DocumentRows_p.h>
 #include <objectbase/DocumentXml_p.h>
 #include <objectbase/Messages_p.h>
@@ -190,6 +191,11 @@ void JobHeader::ProcessXml(QXmlStreamReader &reader)
 void JobHeader::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
     readChild(Xml::table, this, *this, reader);
+}
+
+QDebug operator<<(QDebug debug, const JobHeader &object)
+{
+    return TESSEL::printDocument(debug, object);
 }
 
 } // namespace KORMAK

@@ -99,6 +99,9 @@ private:
     QString showJDH; // as text, so that whatever a document held is written back
 };
 
+/// Writes the name of the object and all of its fields that are set, in a line.
+KORMAK_EXPORT QDebug operator<<(QDebug debug, const JobHeader &object);
+
 } // namespace KORMAK
 
 #endif

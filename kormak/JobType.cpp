@@ -2,6 +2,7 @@
 
 #include <kormak/Vocabularies_p.h>
 #include <objectbase/Constants_p.h>
+#include <objectbase/Debug_p.h>
 
 namespace KORMAK {
 
@@ -107,6 +108,11 @@ bool IsExciter(const JobTypeValue &value)
 bool IsTolvaReceiver(const JobTypeValue &value)
 {
     return value == TolvaReceiver;
+}
+
+QDebug operator<<(QDebug debug, JobTypeValue value)
+{
+    return TESSEL::printName(debug, JobTypes.table(), value);
 }
 
 } // namespace JobType

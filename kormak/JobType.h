@@ -5,6 +5,10 @@
 
 #include <QString>
 
+QT_BEGIN_NAMESPACE
+class QDebug;
+QT_END_NAMESPACE
+
 namespace KORMAK {
 
 /// What a job does. SC: single channel, MC: multi channel.
@@ -65,6 +69,9 @@ enum JobTypeValue : qint32 {
 [[nodiscard]] KORMAK_EXPORT bool IsExciter(const JobTypeValue &value);
 [[nodiscard]] KORMAK_EXPORT bool IsTolvaReceiver(const JobTypeValue &value);
 /// @}
+
+/// Writes the name of \a value, or its number when it has none.
+KORMAK_EXPORT QDebug operator<<(QDebug debug, JobTypeValue value);
 
 } // namespace JobType
 

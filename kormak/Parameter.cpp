@@ -3,6 +3,7 @@
 #include <kormak/HandlerSlot_p.h>
 #include <kormak/Vocabularies_p.h>
 #include <objectbase/Constants_p.h>
+#include <objectbase/Debug_p.h>
 #include <objectbase/DocumentXml_p.h>
 #include <objectbase/Messages_p.h>
 #include <objectbase/Text_p.h>
@@ -389,6 +390,26 @@ void Parameter::Reset()
     stringHandler.reset();
     floatHandler.reset();
     timeStampHandler.reset();
+}
+
+QDebug operator<<(QDebug debug, ParameterType value)
+{
+    return TESSEL::printName(debug, ParameterTypes.table(), value);
+}
+
+QDebug operator<<(QDebug debug, Parameter::ValueType value)
+{
+    return TESSEL::printName(debug, ValueTypes.table(), value);
+}
+
+QDebug operator<<(QDebug debug, Parameter::ControlType value)
+{
+    return TESSEL::printName(debug, ControlTypes.table(), value);
+}
+
+QDebug operator<<(QDebug debug, const Parameter &object)
+{
+    return TESSEL::printDocument(debug, object);
 }
 
 } // namespace KORMAK

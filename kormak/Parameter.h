@@ -266,6 +266,18 @@ private:
     HandlerSlot<StringHandler> stringHandler;
 };
 
+/// Writes the name of \a value, or its number when it has none.
+KORMAK_EXPORT QDebug operator<<(QDebug debug, ParameterType value);
+
+/// Writes the name of \a value, or its number when it has none.
+KORMAK_EXPORT QDebug operator<<(QDebug debug, Parameter::ValueType value);
+
+/// Writes the name of \a value, or its number when it has none.
+KORMAK_EXPORT QDebug operator<<(QDebug debug, Parameter::ControlType value);
+
+/// Writes the name of the object and all of its fields that are set, in a line.
+KORMAK_EXPORT QDebug operator<<(QDebug debug, const Parameter &object);
+
 } // namespace KORMAK
 
 #endif

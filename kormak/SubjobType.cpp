@@ -2,6 +2,7 @@
 
 #include <kormak/Vocabularies_p.h>
 #include <objectbase/Constants_p.h>
+#include <objectbase/Debug_p.h>
 
 namespace KORMAK {
 
@@ -60,6 +61,11 @@ SubjobTypeValue GetInvalidSubjobType()
 bool IsValidSubjobType(SubjobTypeValue value)
 {
     return SubjobTypes.isValid(value);
+}
+
+QDebug operator<<(QDebug debug, SubjobTypeValue value)
+{
+    return TESSEL::printName(debug, SubjobTypes.table(), value);
 }
 
 } // namespace SubjobType

@@ -5,6 +5,10 @@
 
 #include <QString>
 
+QT_BEGIN_NAMESPACE
+class QDebug;
+QT_END_NAMESPACE
+
 namespace KORMAK {
 
 /// The parts that a job is carried out in. For applications; no document of this library holds one.
@@ -51,6 +55,9 @@ enum SubjobTypeValue : qint32 {
 
 /// True for 0 to 24.
 [[nodiscard]] KORMAK_EXPORT bool IsValidSubjobType(SubjobTypeValue value);
+
+/// Writes the name of \a value, or its number when it has none.
+KORMAK_EXPORT QDebug operator<<(QDebug debug, SubjobTypeValue value);
 
 } // namespace SubjobType
 

@@ -1,6 +1,7 @@
 #include "objectbase/AntennaData.h"
 
 #include <objectbase/Constants_p.h>
+#include <objectbase/Debug_p.h>
 #include <objectbase/DocumentRows_p.h>
 #include <objectbase/DocumentXml_p.h>
 #include <objectbase/Vocabularies_p.h>
@@ -187,6 +188,16 @@ void AntennaData::ProcessXml(QXmlStreamReader &reader)
 void AntennaData::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
     readChild(Xml::table, this, *this, reader);
+}
+
+QDebug operator<<(QDebug debug, AntennaData::Polarization value)
+{
+    return printName(debug, Polarizations.table(), value);
+}
+
+QDebug operator<<(QDebug debug, const AntennaData &object)
+{
+    return printDocument(debug, object);
 }
 
 } // namespace TESSEL

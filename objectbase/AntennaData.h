@@ -94,6 +94,12 @@ private:
     Polarization polarization;
 };
 
+/// Writes the name of \a value, or its number when it has none.
+OBJECTBASE_EXPORT QDebug operator<<(QDebug debug, AntennaData::Polarization value);
+
+/// Writes the name of the object and all of its fields that are set, in a line.
+OBJECTBASE_EXPORT QDebug operator<<(QDebug debug, const AntennaData &object);
+
 } // namespace TESSEL
 
 #endif

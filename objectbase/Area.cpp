@@ -1,6 +1,7 @@
 #include "objectbase/Area.h"
 
 #include <objectbase/Constants_p.h>
+#include <objectbase/Debug_p.h>
 #include <objectbase/DocumentRows_p.h>
 #include <objectbase/DocumentXml_p.h>
 
@@ -144,6 +145,11 @@ void Area::ProcessXml(QXmlStreamReader &reader)
 void Area::ProcessXmlStartElement(QXmlStreamReader &reader)
 {
     readChild(Xml::table, this, *this, reader);
+}
+
+QDebug operator<<(QDebug debug, const Area &object)
+{
+    return printDocument(debug, object);
 }
 
 } // namespace TESSEL

@@ -62,6 +62,9 @@ private:
     QVector<Coordinate> coordinates;
 };
 
+/// Writes the name of the object and all of its fields that are set, in a line.
+OBJECTBASE_EXPORT QDebug operator<<(QDebug debug, const Area &object);
+
 } // namespace TESSEL
 
 #endif

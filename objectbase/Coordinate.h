@@ -1,6 +1,14 @@
 #ifndef TESSEL_COORDINATE_H
 #define TESSEL_COORDINATE_H
 
+#include <objectbase/objectbase_export.h>
+
+#include <QtGlobal>
+
+QT_BEGIN_NAMESPACE
+class QDebug;
+QT_END_NAMESPACE
+
 namespace TESSEL {
 
 /// A point on the earth in decimal degrees. Any double is stored as given; nothing is checked or normalised.
@@ -31,6 +39,9 @@ private:
     double latitude;
     double longitude;
 };
+
+/// Writes both angles, in a line.
+OBJECTBASE_EXPORT QDebug operator<<(QDebug debug, const Coordinate &coordinate);
 
 } // namespace TESSEL
 

@@ -146,6 +146,26 @@ struct ObjectTable {
     [[nodiscard]] const Row *attribute(QStringView rowName) const { return find(attributes, rowName); }
     [[nodiscard]] const Row *element(QStringView rowName) const { return find(elements, rowName); }
 
+    /// The row that tells what the field called \a rowName holds; null when there is none. A field may also
+    /// be an attribute and an element, of which one is read and the other written.
+    [[nodiscard]] const Row *field(QStringView rowName) const
+    {
+        for (const auto &rows : {fields, elements, attributes}) {
+            const Row *const row = find(rows, rowName);
+            if (row && (row->get || row->part))
+                return row;
+        }
+        return nullptr;
+    }
+    /// Whether \a row is that of a field. A block that ends as another one is not: it is only another way to
+    /// write that.
+    [[nodiscard]] bool isField(const Row &row) const
+    {
+        return field(row.name) == &row && (row.end.isNull() || row.end == row.name);
+    }
+    /// Whether \a row is one that documents do not say.
+    [[nodiscard]] bool isInner(const Row &row) const { return &row >= fields.begin() && &row < fields.end(); }
+
     /// Does \a work on each attribute and element in the order of Check().
     template <class Work>
     void inOrder(Work work) const

@@ -13,6 +13,7 @@ QT_BEGIN_NAMESPACE
 class QByteArray;
 class QDataStream;
 class QDateTime;
+class QDebug;
 class QFile;
 class QXmlStreamReader;
 class QXmlStreamWriter;

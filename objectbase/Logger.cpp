@@ -1,6 +1,7 @@
 #include "objectbase/Logger.h"
 
 #include <objectbase/Constants_p.h>
+#include <objectbase/Debug_p.h>
 #include <objectbase/Vocabulary_p.h>
 
 #include <QtDebug>
@@ -46,6 +47,11 @@ void Logger::Write(Level level, const QString &message)
         qInfo().noquote() << line;
         break;
     }
+}
+
+QDebug operator<<(QDebug debug, Logger::Level value)
+{
+    return printName(debug, Levels.table(), value);
 }
 
 } // namespace TESSEL

@@ -5,6 +5,10 @@
 
 #include <QString>
 
+QT_BEGIN_NAMESPACE
+class QDebug;
+QT_END_NAMESPACE
+
 namespace TESSEL {
 
 /// Takes the log messages of an application's objects (see ITesselObject::SetLogger()). The library itself
@@ -37,6 +41,9 @@ protected:
     /// Writes "LEVEL: message" to Qt's message handler, with the message type that fits the level.
     virtual void Write(Level level, const QString &message);
 };
+
+/// Writes the name of \a value, or its number when it has none.
+OBJECTBASE_EXPORT QDebug operator<<(QDebug debug, Logger::Level value);
 
 } // namespace TESSEL
 

@@ -1,6 +1,7 @@
 #include "objectbase/ObjectTypes.h"
 
 #include <objectbase/Constants_p.h>
+#include <objectbase/Debug_p.h>
 #include <objectbase/Vocabularies_p.h>
 
 #include <algorithm>
@@ -43,6 +44,11 @@ QString ObjectTypeToName(ObjectTypes type)
 ObjectTypes NameToObjectType(const QString &name)
 {
     return static_cast<ObjectTypes>(objectTypes().valueOf(name));
+}
+
+QDebug operator<<(QDebug debug, ObjectTypes value)
+{
+    return printName(debug, objectTypes(), value);
 }
 
 } // namespace TESSEL

@@ -5,6 +5,10 @@
 
 #include <QString>
 
+QT_BEGIN_NAMESPACE
+class QDebug;
+QT_END_NAMESPACE
+
 namespace TESSEL {
 
 /// The types of object that have a name of their own. The numbers are fixed: stored data refer to them.
@@ -23,6 +27,9 @@ enum class ObjectTypes : qint32 {
 
 /// The type whose name is exactly \a name (case-sensitive), or ObjectTypes::Invalid.
 [[nodiscard]] OBJECTBASE_EXPORT ObjectTypes NameToObjectType(const QString &name);
+
+/// Writes the name of \a value, or its number when it has none.
+OBJECTBASE_EXPORT QDebug operator<<(QDebug debug, ObjectTypes value);
 
 } // namespace TESSEL
 

@@ -1,6 +1,7 @@
 #include "objectbase/ResourceType.h"
 
 #include <objectbase/Constants_p.h>
+#include <objectbase/Debug_p.h>
 #include <objectbase/Vocabularies_p.h>
 
 namespace TESSEL {
@@ -87,6 +88,11 @@ bool IsValidResourceType(ResourceTypeValue value)
 ResourceTypeValue GetInvalidResourceType()
 {
     return ResourceTypes.invalid();
+}
+
+QDebug operator<<(QDebug debug, ResourceTypeValue value)
+{
+    return printName(debug, ResourceTypes.table(), value);
 }
 
 } // namespace ResourceType

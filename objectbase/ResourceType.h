@@ -5,6 +5,10 @@
 
 #include <QString>
 
+QT_BEGIN_NAMESPACE
+class QDebug;
+QT_END_NAMESPACE
+
 namespace TESSEL {
 
 /// The resources of a monitoring system that a job can run on.
@@ -76,6 +80,9 @@ enum ResourceTypeValue : qint32 {
 
 /// Invalid, -1: not set.
 [[nodiscard]] OBJECTBASE_EXPORT ResourceTypeValue GetInvalidResourceType();
+
+/// Writes the name of \a value, or its number when it has none.
+OBJECTBASE_EXPORT QDebug operator<<(QDebug debug, ResourceTypeValue value);
 
 } // namespace ResourceType
 
