@@ -26,14 +26,15 @@ InputFile::Content readBytes(const QString &path)
 
 SourceText readText(const QString &path)
 {
-    InputFile::Content content = readBytes(path);
-    return {checkedText(std::move(content.bytes)), content.state};
+    const InputFile::Content content = readBytes(path);
+    const QByteArray text = checkedText(content.bytes);
+    return {text, content.state, text == content.bytes};
 }
 
 FileDocument readDocument(const QString &path, const TESSEL::ReadingLimits &limits)
 {
     const SourceText source = readText(path);
-    FileDocument document{documentOf(source.text, limits), source.source};
+    FileDocument document{documentOf(source.text, limits), source.source, source.isVerbatim};
     if (document.rejection)
         throwRejection(*document.rejection, document.text);
     return document;

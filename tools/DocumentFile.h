@@ -16,12 +16,14 @@
 
 struct FileDocument : KORMAK::Inspection::ParsedDocument {
     InputFile::State source = {}; ///< the file that it was read from, as it was then
+    bool isVerbatim = false; ///< the file holds just the text: no byte-order mark, no encoding declared
 };
 
 /// The text of a file, as a document holds it.
 struct SourceText {
     QByteArray text;
     InputFile::State source = {};
+    bool isVerbatim = false; ///< the file holds just the text
 };
 
 /// The checked text of the file \a path, "-" being standard input. \throws DocumentError

@@ -23,7 +23,7 @@ inline constexpr QStringView Description =
     u"documents, is shown as an escape, such as \\n or \\u202e.";
 inline constexpr ExitTexts ExitMeanings{
     u"all is well",
-    u"a document is at fault, or two documents differ",
+    u"a document is at fault or would change, or two documents differ",
     u"a file cannot be read or written, or the call is wrong",
 };
 inline constexpr QStringView Example =

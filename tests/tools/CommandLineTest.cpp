@@ -59,7 +59,7 @@ Options:
 
 Exit status:
   0  all is well
-  1  a document is at fault, or two documents differ
+  1  a document is at fault or would change, or two documents differ
   2  a file cannot be read or written, or the call is wrong
 
 Example:
@@ -97,7 +97,8 @@ With --format json everything goes to standard output, an object in each line.
 line and column count from 1. status is good, faulty or unreadable. found is
 the text that is there, allowed lists the names that could be there, complaint
 is what the library says. What does not apply is null, or an empty list. A byte
-of a name that is not UTF-8, such as 0xfc, is \udcfc.
+of a name that is not UTF-8, such as 0xfc, is \udcfc. A folder that would be
+gone through again has a finding, but no file.
 
 id is one of bad-value, beyond-limit, encoding, misplaced-element,
 missing-attribute, missing-element, not-well-formed, refused, repeated,
@@ -181,8 +182,9 @@ Example:
     const QString ofFormat = R"text(Usage: kormak format [OPTIONS] FILE...
 
 Reads a document and writes it in the order and layout that the library gives
-it, to standard output unless told otherwise. With --in-place there can be
-several files, each of which is rewritten or left alone.
+it, to standard output unless told otherwise. With --in-place or --check there
+can be several files. Those that would not change are left alone; the names of
+the others go to standard output, one in a line.
 
 The library drops what it does not know. Before something of FILE gets lost in
 that way, nothing is written, and standard error tells what it is, one thing in
@@ -194,6 +196,7 @@ The FILE - is standard input.
 Options:
   -o OUT                Write to the file OUT, not to standard output.
   --in-place            Write each document to the FILE that it comes from.
+  --check               Write nothing, but tell which FILE would change.
   --drop-comments       Write even if comments are lost.
   --limit-attributes N  Most attributes of an element (default: 100).
   --limit-depth N       Most elements in one another (default: 1000).
@@ -201,8 +204,8 @@ Options:
   -h, --help            Show this help.
 
 Exit status:
-  0  all documents are written
-  1  a document is at fault, or something would be lost
+  0  all documents are written, or need not be
+  1  a document is at fault, something would be lost, or --check names a FILE
   2  a file cannot be read or written
 
 Example:
@@ -339,12 +342,13 @@ void CommandLineTest::wrongCalls_data()
            "--limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("unknown option of format")
         << QStringList{"format", "job.xml", "--bar"}
-        << "kormak format: Unknown option 'bar'. Allowed: -o OUT, --in-place, --drop-comments, "
+        << "kormak format: Unknown option 'bar'. Allowed: -o OUT, --in-place, --check, --drop-comments, "
            "--limit-attributes N, --limit-depth N, --limit-entities N, -h, --help\n";
-    QTest::newRow("option without its value") << QStringList{"format", "job.xml", "-o"}
-                                              << "kormak format: Missing value after '-o'. Allowed: -o OUT, "
-                                                 "--in-place, --drop-comments, --limit-attributes N, "
-                                                 "--limit-depth N, --limit-entities N, -h, --help\n";
+    QTest::newRow("option without its value")
+        << QStringList{"format", "job.xml", "-o"}
+        << "kormak format: Missing value after '-o'. Allowed: -o OUT, "
+           "--in-place, --check, --drop-comments, --limit-attributes N, "
+           "--limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("check without a file") << QStringList{"check"} << "kormak check: no PATH given\n";
     QTest::newRow("show without a file") << QStringList{"show"} << "kormak show: no FILE given\n";
     QTest::newRow("format without a file")
@@ -376,13 +380,13 @@ void CommandLineTest::wrongCalls_data()
         << QStringList{"show", "job.xml", "job.xml"} << "kormak show: takes one FILE, not 2\n";
     QTest::newRow("format of three files")
         << QStringList{"format", "job.xml", "a", "b"}
-        << "kormak format: takes one FILE, not 3, unless with --in-place\n";
+        << "kormak format: takes one FILE, not 3, unless with --in-place or --check\n";
     QTest::newRow("format of two files to one")
         << QStringList{"format", "job.xml", "job.xml", "-o", "out.xml"}
-        << "kormak format: takes one FILE, not 2, unless with --in-place\n";
+        << "kormak format: takes one FILE, not 2, unless with --in-place or --check\n";
     QTest::newRow("format of two files in place and to one")
         << QStringList{"format", "job.xml", "job.xml", "-o", "out.xml", "--in-place"}
-        << "kormak format: only one of -o and --in-place can be given, and only once\n";
+        << "kormak format: only one of -o, --in-place and --check can be given, and -o only once\n";
     QTest::newRow("format of files and standard input in place")
         << QStringList{"format", "--in-place", "job.xml", "-"}
         << "kormak format: standard input cannot be written in place\n";
@@ -404,10 +408,16 @@ void CommandLineTest::wrongCalls_data()
                                                    << "kormak check: standard input can be read only once\n";
     QTest::newRow("format to a file and in place")
         << QStringList{"format", "job.xml", "--in-place", "-o", "out.xml"}
-        << "kormak format: only one of -o and --in-place can be given, and only once\n";
+        << "kormak format: only one of -o, --in-place and --check can be given, and -o only once\n";
     QTest::newRow("format to two files")
         << QStringList{"format", "job.xml", "-o", "a.xml", "-o", "b.xml"}
-        << "kormak format: only one of -o and --in-place can be given, and only once\n";
+        << "kormak format: only one of -o, --in-place and --check can be given, and -o only once\n";
+    QTest::newRow("format in place and to check")
+        << QStringList{"format", "--check", "--in-place", "job.xml"}
+        << "kormak format: only one of -o, --in-place and --check can be given, and -o only once\n";
+    QTest::newRow("format of standard input twice")
+        << QStringList{"format", "--check", "-", "-"}
+        << "kormak format: standard input can be read only once\n";
     QTest::newRow("format of standard input in place")
         << QStringList{"format", "-", "--in-place"}
         << "kormak format: standard input cannot be written in place\n";

@@ -3,6 +3,7 @@
 #ifdef Q_OS_UNIX
 #include <csignal>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #endif
 
 using namespace ToolSupport;
@@ -24,6 +25,12 @@ private Q_SLOTS:
     void refused();
     void severalFiles();
     void severalFilesThatAreGood();
+    void filesThatWouldNotChange_data();
+    void filesThatWouldNotChange();
+    void check_data();
+    void check();
+    void checkOfSeveralFiles();
+    void namesOfChangedFiles();
     void incompleteParameters();
     void unwritable_data();
     void unwritable();
@@ -159,7 +166,10 @@ void FormatCommandTest::targets()
     QCOMPARE(run.err, QString());
     QCOMPARE(run.status, 0);
     const QString expected = QString::fromUtf8(completeJob());
-    QCOMPARE(run.out, target.isEmpty() ? expected : QString());
+    QCOMPARE(run.out,
+             target.isEmpty()                       ? expected
+                 : arguments.contains("--in-place") ? QString("job.xml\n")
+                                                    : QString());
     QCOMPARE(folder.read("job.xml"), target == "job.xml" ? expected : QString::fromUtf8(untidy));
     QCOMPARE(folder.read("old.xml"), target == "old.xml" ? expected : QString(10000, 'x'));
     QCOMPARE(folder.read("new.xml"), target == "new.xml" ? expected : QString("(no file)"));
@@ -468,7 +478,7 @@ void FormatCommandTest::severalFiles()
             "commented.xml:16:1: loss: the comment \" a \" would be missing\n"
             "commented.xml: error: not written, since the lines above would be lost (--drop-comments allows "
             "to lose comments)\n"));
-    QCOMPARE(run.out, QString());
+    QCOMPARE(run.out, QString("a.xml\nz.xml\n"));
     QCOMPARE(run.status, 1);
     QCOMPARE(folder.read("a.xml"), QString(completeJob()));
     QCOMPARE(folder.read("bad.xml"), QString(jobWithoutAuthor()));
@@ -488,10 +498,154 @@ void FormatCommandTest::severalFilesThatAreGood()
     folder.write("a.xml", completeJob().replace("    ", "\t"));
     folder.write("b.xml", completeJob() + "<!-- a -->");
     const Run run = folder.run({"format", "a.xml", "--drop-comments", "b.xml", "--in-place"});
-    QCOMPARE(run.err + run.out, QString());
+    QCOMPARE(run.err, QString());
+    QCOMPARE(run.out, QString("a.xml\nb.xml\n"));
     QCOMPARE(run.status, 0);
     QCOMPARE(folder.read("a.xml"), QString(completeJob()));
     QCOMPARE(folder.read("b.xml"), QString(completeJob()));
+}
+
+namespace {
+
+/// What tells whether a file has been written, and whether it is another one.
+QString stateOf(const QString &path)
+{
+#ifdef Q_OS_UNIX
+    struct stat status { };
+    if (stat(path.toLocal8Bit().constData(), &status) != 0)
+        return {};
+    return QString("%1 %2").arg(status.st_ino).arg(QFileInfo(path).lastModified().toMSecsSinceEpoch());
+#else
+    return QString::number(QFileInfo(path).lastModified().toMSecsSinceEpoch());
+#endif
+}
+
+} // namespace
+
+void FormatCommandTest::filesThatWouldNotChange_data()
+{
+    QTest::addColumn<QByteArray>("document");
+    QTest::addColumn<bool>("isChanged");
+
+    QTest::newRow("as it would be written") << completeJob() << false;
+    QTest::newRow("byte-order mark") << "\xEF\xBB\xBF" + completeJob() << true;
+    QTest::newRow("encoding declared") << jobWith("\"1.0\"?>", "\"1.0\" encoding=\"UTF-8\"?>") << true;
+    QTest::newRow("no line end") << completeJob().chopped(1) << true;
+    QTest::newRow("comment to drop") << completeJob() + "<!-- a -->" << true;
+}
+
+void FormatCommandTest::filesThatWouldNotChange()
+{
+    QFETCH(QByteArray, document);
+    QFETCH(bool, isChanged);
+
+    const Folder folder;
+    const QList<QStringList> calls{{"--in-place", "job.xml"}, {"job.xml", "-o", "./job.xml"}};
+    for (const QStringList &arguments : calls) {
+        folder.write("job.xml", document);
+        QFile file(folder.path("job.xml"));
+        QVERIFY(
+            file.open(QIODevice::ReadWrite)
+            && file.setFileTime(QDateTime::currentDateTime().addDays(-1), QFileDevice::FileModificationTime));
+        file.close();
+        const QString before = stateOf(folder.path("job.xml"));
+        const Run run = folder.run(QStringList{"format", "--drop-comments"} + arguments);
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.out, isChanged && arguments.contains("--in-place") ? QString("job.xml\n") : QString());
+        QCOMPARE(run.status, 0);
+        QCOMPARE(stateOf(folder.path("job.xml")) != before, isChanged);
+        QCOMPARE(folder.read("job.xml"), QString(completeJob()));
+    }
+}
+
+void FormatCommandTest::check_data()
+{
+    QTest::addColumn<QByteArray>("document");
+    QTest::addColumn<QString>("out");
+    QTest::addColumn<QString>("err");
+    QTest::addColumn<int>("status");
+
+    QTest::newRow("would not change") << completeJob() << ""
+                                      << "" << 0;
+    QTest::newRow("would change") << completeJob().replace("    ", "\t") << "%1\n"
+                                  << "" << 1;
+    QTest::newRow("byte-order mark") << "\xEF\xBB\xBF" + completeJob() << "%1\n"
+                                     << "" << 1;
+    QTest::newRow("at fault") << jobWithoutAuthor() << ""
+                              << "%1:3:5: error: JobHeader: Please set Author\n"
+                              << 1;
+    QTest::newRow("loss") << completeJob() + "<!-- a -->"
+                          << ""
+                          << "%1:16:1: loss: the comment \" a \" would be missing\n"
+                             "%1: error: would not be written, since the lines above would be lost "
+                             "(--drop-comments allows to lose comments)\n"
+                          << 1;
+}
+
+void FormatCommandTest::check()
+{
+    QFETCH(QByteArray, document);
+    QFETCH(QString, out);
+    QFETCH(QString, err);
+    QFETCH(int, status);
+
+    const Folder folder;
+    folder.write("job.xml", document);
+    const QString before = stateOf(folder.path("job.xml"));
+    for (const QString name : {"job.xml", "-"}) {
+        const Run run = folder.run({"format", "--check", name}, document);
+        QCOMPARE(run.err, QString(err).replace("%1", name));
+        QCOMPARE(run.out, QString(out).replace("%1", name));
+        QCOMPARE(run.status, status);
+    }
+    QCOMPARE(stateOf(folder.path("job.xml")), before);
+    QCOMPARE(TestSupport::bytesOf(folder.path("job.xml")), document);
+    QCOMPARE(folder.names(), QStringList("job.xml"));
+}
+
+void FormatCommandTest::checkOfSeveralFiles()
+{
+    const QByteArray untidy = completeJob().replace("    ", "\t");
+    const Folder folder;
+    folder.write("a.xml", untidy);
+    folder.write("b.xml", completeJob());
+    folder.write("c.xml", completeJob() + "<!-- a -->");
+    const Run run = folder.run({"format", "--check", "--drop-comments", "a.xml", "b.xml", "c.xml"});
+    QCOMPARE(run.err, QString());
+    QCOMPARE(run.out, QString("a.xml\nc.xml\n"));
+    QCOMPARE(run.status, 1);
+    const Run missing = folder.run({"format", "--check", "none.xml", "a.xml"});
+    QCOMPARE(missing.err, QString("none.xml: error: cannot be read: No such file or directory\n"));
+    QCOMPARE(missing.out, QString("a.xml\n"));
+    QCOMPARE(missing.status, 2);
+    QCOMPARE(folder.read("a.xml"), QString(untidy));
+}
+
+void FormatCommandTest::namesOfChangedFiles()
+{
+    const QByteArray untidy = completeJob().replace("    ", "\t");
+    const Folder folder;
+    const QString name = "a\nb.xml";
+    folder.write(name, untidy);
+    QCOMPARE(folder.run({"format", "--check", name}).out, QString("a\\nb.xml\n"));
+    QCOMPARE(folder.run({"format", "--in-place", name}).out, QString("a\\nb.xml\n"));
+    QCOMPARE(folder.read(name), QString(completeJob()));
+
+    if (!QFile::exists("/dev/full")) {
+        skip("there is no device that is always full");
+        return;
+    }
+    // That nobody can be told leaves no file out.
+    QStringList names;
+    for (int i = 0; i < 50; ++i) {
+        names << QString(200, 'a') + QString::number(i);
+        folder.write(names.last(), untidy);
+    }
+    const Run run = folder.run(QStringList{"format", "--in-place"} + names, {}, "/dev/full");
+    QCOMPARE(run.err, QString("kormak: standard output: No space left on device\n"));
+    QCOMPARE(run.status, 2);
+    for (const QString &one : names)
+        QCOMPARE(folder.read(one), QString(completeJob()));
 }
 
 void FormatCommandTest::incompleteParameters()
