@@ -64,6 +64,7 @@ struct UsageError {
 extern const Command checkCommand;
 extern const Command diffCommand;
 extern const Command formatCommand;
+extern const Command helpCommand;
 extern const Command listCommand;
 extern const Command newCommand;
 extern const Command showCommand;

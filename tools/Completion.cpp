@@ -32,6 +32,8 @@ Value valueCalled(const QString &name)
 {
     if (name == FileName || name == PathName || name == QStringView(u"OUT"))
         return {Value::Kind::File};
+    if (name == QStringView(u"COMMAND"))
+        return {Value::Kind::Word, Tool::commandNames()};
     if (name == QStringView(u"FIELD=VALUE"))
         return {Value::Kind::Field};
     if (name == QStringView(u"FORMAT"))

@@ -111,10 +111,18 @@ State stateOf(const struct stat &status)
             static_cast<qint64>(changed.tv_sec) * NanosecondsInSecond + static_cast<qint64>(changed.tv_nsec)};
 }
 
+/// Or open for nothing but writing, as main() leaves it then.
+bool isInputClosed()
+{
+    const int flags = fcntl(STDIN_FILENO, F_GETFL);
+    return flags < 0 || (flags & O_ACCMODE) == O_WRONLY;
+}
+
 bool isStandardInput(const struct stat &status)
 {
     struct stat input { };
-    return fstat(STDIN_FILENO, &input) == 0 && status.st_dev == input.st_dev && status.st_ino == input.st_ino;
+    return !isInputClosed() && fstat(STDIN_FILENO, &input) == 0 && status.st_dev == input.st_dev
+        && status.st_ino == input.st_ino;
 }
 
 /// Whether a pipe has a name in a folder, and so can be opened without anybody at its other end.
@@ -176,6 +184,8 @@ Content readFile(const QString &path)
 
 Content readStandardInput()
 {
+    if (isInputClosed())
+        throw Error{QStringLiteral("standard input is closed")};
     struct stat status { };
     if (fstat(STDIN_FILENO, &status) != 0)
         throw Error{qt_error_string(errno)};

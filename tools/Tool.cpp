@@ -17,7 +17,7 @@ QCommandLineOption helpOption()
 TESSEL::TableView<const Command *> Tool::commands()
 {
     static constexpr const Command *All[] = {
-        &checkCommand, &showCommand, &diffCommand, &formatCommand, &newCommand, &listCommand,
+        &checkCommand, &showCommand, &diffCommand, &formatCommand, &newCommand, &listCommand, &helpCommand,
     };
     return All;
 }
@@ -42,8 +42,9 @@ QList<QCommandLineOption> Tool::options()
 {
     return listOf<QList<QCommandLineOption>>(
         helpOption(),
-        QCommandLineOption(listOf<QStringList>(QStringLiteral("v"), QStringLiteral("version")),
-                           QStringLiteral("Show the version of the tool.")));
+        QCommandLineOption(
+            listOf<QStringList>(QStringLiteral("v"), QStringLiteral("V"), QStringLiteral("version")),
+            QStringLiteral("Show the version of the tool.")));
 }
 
 QList<QCommandLineOption> Tool::optionsOf(const Command &command)

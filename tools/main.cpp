@@ -23,6 +23,11 @@
 #include <iterator>
 #include <new>
 
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
 namespace {
 
 /// \throws UsageError for an option that is not known or is not given as it should be
@@ -111,6 +116,22 @@ ExitStatus run(const QStringList &arguments)
     }
 }
 
+/// A standard stream that the caller has closed stays so: otherwise the next file that is opened would take
+/// its place, be read as standard input or have results written into it.
+void keepClosedStreamsClosed()
+{
+#ifdef Q_OS_UNIX
+    constexpr struct {
+        int stream;
+        int uselessMode;
+    } Streams[] = {{STDIN_FILENO, O_WRONLY}, {STDOUT_FILENO, O_RDONLY}, {STDERR_FILENO, O_RDONLY}};
+    for (const auto &[stream, uselessMode] : Streams) {
+        if (fcntl(stream, F_GETFD) < 0)
+            (void)open("/dev/null", uselessMode); // gets the first number that is free: this one
+    }
+#endif
+}
+
 /// Whatever the locale: messages of the system in English, and names of files in UTF-8.
 void fixLocale()
 {
@@ -175,6 +196,7 @@ ExitStatus complainAboutMemory() noexcept
 int main(int argc, char **argv)
 {
     std::set_terminate(endAtOnce);
+    keepClosedStreamsClosed();
     // Qt warns of locales and empty file names; what is wrong the tool says itself.
     qInstallMessageHandler(ignoreMessage);
     try {
@@ -187,7 +209,9 @@ int main(int argc, char **argv)
         Console::complain(QStringLiteral("kormak: ") + QString::fromUtf8(error.what()));
         return Failed;
     } catch (const Console::OutputError &error) {
-        if (error.code != EPIPE) // who closes the pipe has seen enough
+        if (error.code == EBADF)
+            Console::complain(QStringLiteral("kormak: standard output is closed"));
+        else if (error.code != EPIPE) // who closes the pipe has seen enough
             Console::complain(QStringLiteral("kormak: standard output: ")
                               + QString::fromLocal8Bit(std::strerror(error.code)));
         return Failed;

@@ -108,6 +108,7 @@ void ToolFaultsTest::failingAllocations_data()
     QTest::newRow("format in place") << QStringList{"format", "--in-place", "job.xml", "other.xml"};
     QTest::newRow("new") << QStringList{"new", "Job", "--set", "JobHeader.Author=x"};
     QTest::newRow("list") << QStringList{"list", "JobType"};
+    QTest::newRow("help") << QStringList{"help", "check"};
 }
 
 /// One allocation fails, each time another one.

@@ -4,7 +4,7 @@ using namespace ToolSupport;
 
 namespace {
 
-const QString Commands = "check, show, diff, format, new, list"; // as messages list them
+const QString Commands = "check, show, diff, format, new, list, help"; // as messages list them
 
 } // namespace
 
@@ -25,6 +25,8 @@ private Q_SLOTS:
     void fullOutput();
     void closedOutput_data();
     void closedOutput();
+    void closedStreams_data();
+    void closedStreams();
     void colours_data();
     void colours();
 };
@@ -52,10 +54,11 @@ Commands:
   format FILE...     rewrite documents as the library writes them
   new KIND           make a document from the fields you give
   list [VOCABULARY]  list the names that fields can hold
+  help [COMMAND]     show the help of the tool or of a command
 
 Options:
-  -h, --help     Show this help.
-  -v, --version  Show the version of the tool.
+  -h, --help         Show this help.
+  -v, -V, --version  Show the version of the tool.
 
 Exit status:
   0  all is well
@@ -272,6 +275,22 @@ Example:
   kormak list JobType
 )text";
 
+    const QString ofHelp = R"text(Usage: kormak help [OPTIONS] [COMMAND]
+
+Shows what 'kormak --help' shows, with a COMMAND what 'kormak COMMAND --help'
+shows.
+
+Options:
+  -h, --help  Show this help.
+
+Exit status:
+  0  the help is shown
+  2  there is no such command
+
+Example:
+  kormak help check
+)text";
+
     QTest::newRow("tool") << QStringList{"--help"} << ofTool;
     QTest::newRow("tool, short") << QStringList{"-h"} << ofTool;
     QTest::newRow("check") << QStringList{"check", "--help"} << ofCheck;
@@ -282,6 +301,11 @@ Example:
     QTest::newRow("format") << QStringList{"format", "--help"} << ofFormat;
     QTest::newRow("new") << QStringList{"new", "--help"} << ofNew;
     QTest::newRow("list") << QStringList{"list", "--help"} << ofList;
+    QTest::newRow("tool, as a command") << QStringList{"help"} << ofTool;
+    QTest::newRow("check, as a command") << QStringList{"help", "check"} << ofCheck;
+    QTest::newRow("list, as a command") << QStringList{"help", "list"} << ofList;
+    QTest::newRow("help") << QStringList{"help", "help"} << ofHelp;
+    QTest::newRow("help, as an option") << QStringList{"help", "--help"} << ofHelp;
 }
 
 void CommandLineTest::help()
@@ -304,6 +328,7 @@ void CommandLineTest::version_data()
 
     QTest::newRow("long") << "--version";
     QTest::newRow("short") << "-v";
+    QTest::newRow("short, in capitals") << "-V";
 }
 
 void CommandLineTest::version()
@@ -330,7 +355,7 @@ void CommandLineTest::wrongCalls_data()
     QTest::newRow("command in capitals")
         << QStringList{"Check", "job.xml"} << "kormak: Unknown command 'Check'. Allowed: " + Commands + "\n";
     QTest::newRow("unknown option of the tool")
-        << QStringList{"--foo"} << "kormak: Unknown option 'foo'. Allowed: -h, --help, -v, --version\n";
+        << QStringList{"--foo"} << "kormak: Unknown option 'foo'. Allowed: -h, --help, -v, -V, --version\n";
     QTest::newRow("unknown option of check")
         << QStringList{"check", "--foo", "job.xml"}
         << "kormak check: Unknown option 'foo'. Allowed: -r, "
@@ -370,6 +395,17 @@ void CommandLineTest::wrongCalls_data()
         << "kormak new: --list-fields stands alone\n";
     QTest::newRow("list of two vocabularies")
         << QStringList{"list", "JobType", "ValueType"} << "kormak list: takes one VOCABULARY, not 2\n";
+    QTest::newRow("help of an unknown command")
+        << QStringList{"help", "chek"} << "kormak help: Unknown command 'chek'. Allowed: " + Commands + "\n";
+    QTest::newRow("help of a command in capitals")
+        << QStringList{"help", "Check"}
+        << "kormak help: Unknown command 'Check'. Allowed: " + Commands + "\n";
+    QTest::newRow("help of an empty name")
+        << QStringList{"help", ""} << "kormak help: Unknown command ''. Allowed: " + Commands + "\n";
+    QTest::newRow("help with an unknown option")
+        << QStringList{"help", "-V"} << "kormak help: Unknown option 'V'. Allowed: -h, --help\n";
+    QTest::newRow("help of two commands")
+        << QStringList{"help", "check", "show"} << "kormak help: takes one COMMAND, not 2\n";
     QTest::newRow("command that could steer a terminal")
         << QStringList{"a\x1B[2J\nb"}
         << "kormak: Unknown command 'a\\u001b[2J\\nb'. Allowed: " + Commands + "\n";
@@ -522,6 +558,7 @@ void CommandLineTest::closedOutput_data()
 
     QTest::newRow("help") << "--help";
     QTest::newRow("version") << "--version";
+    QTest::newRow("help of a command") << "help check";
     QTest::newRow("check") << "check job.xml";
     QTest::newRow("check as JSON, many files") << "check -j 4 --format json *.xml";
     QTest::newRow("show") << "show job.xml";
@@ -567,6 +604,102 @@ void CommandLineTest::closedOutput()
             QCOMPARE(folder.read("status").trimmed(), QString(status));
         }
     }
+}
+
+void CommandLineTest::closedStreams_data()
+{
+    QTest::addColumn<QString>("call");
+    QTest::addColumn<QString>("out");
+    QTest::addColumn<QString>("err");
+    QTest::addColumn<int>("status");
+
+    const QString closed = "-: error: cannot be read: standard input is closed\n";
+    QTest::newRow("check") << "check - <&-"
+                           << "" << closed << 2;
+    QTest::newRow("check, behind files")
+        << "check -j 1 job.xml faulty.xml - <&-"
+        << "job.xml: Job, complete\n3 files: 1 good, 1 at fault, 1 cannot be read\n"
+        << "faulty.xml:3:5: error: Job/JobHeader/Author: missing\n" + closed << 2;
+    QTest::newRow("check of files only") << "check job.xml <&-"
+                                         << "job.xml: Job, complete\n"
+                                         << "" << 0;
+    // Nor is what main() opens in its place taken for standard input.
+    QTest::newRow("check, by the name of the device") << "check /dev/null <&-"
+                                                      << ""
+                                                      << "/dev/null: error: cannot be read: it is a device\n"
+                                                      << 2;
+    QTest::newRow("show") << "show - <&-"
+                          << "" << closed << 2;
+    QTest::newRow("diff") << "diff job.xml - <&-"
+                          << "" << closed << 2;
+    QTest::newRow("format") << "format - <&-"
+                            << "" << closed << 2;
+    QTest::newRow("all streams, in a file") << "format - -o new.xml <&- >&- 2>&-"
+                                            << ""
+                                            << "" << 2;
+    QTest::newRow("output") << "check job.xml >&-"
+                            << ""
+                            << "kormak: standard output is closed\n"
+                            << 2;
+    QTest::newRow("output, help") << "help check >&-"
+                                  << ""
+                                  << "kormak: standard output is closed\n"
+                                  << 2;
+    QTest::newRow("output, version") << "-V >&-"
+                                     << ""
+                                     << "kormak: standard output is closed\n"
+                                     << 2;
+    QTest::newRow("output, wrong call") << "help chek >&-"
+                                        << ""
+                                        << "kormak help: Unknown command 'chek'. Allowed: " + Commands + "\n"
+                                        << 2;
+    QTest::newRow("error output") << "check faulty.xml 2>&-"
+                                  << ""
+                                  << "" << 1;
+    QTest::newRow("error output, wrong call") << "chek faulty.xml 2>&-"
+                                              << ""
+                                              << "" << 2;
+    QTest::newRow("output and input") << "diff job.xml - <&- >&-"
+                                      << "" << closed << 2;
+    QTest::newRow("output, to a file") << "format untidy.xml -o untidy.xml >&-"
+                                       << ""
+                                       << "" << 0;
+    QTest::newRow("output, in place") << "format --in-place untidy.xml >&-"
+                                      << ""
+                                      << "kormak: standard output is closed\n"
+                                      << 2;
+    QTest::newRow("error output, in place") << "format --in-place faulty.xml untidy.xml 2>&-"
+                                            << "untidy.xml\n"
+                                            << "" << 1;
+}
+
+/// No file takes the place of a stream that is closed.
+void CommandLineTest::closedStreams()
+{
+    QFETCH(QString, call);
+    QFETCH(QString, out);
+    QFETCH(QString, err);
+    QFETCH(int, status);
+    if (!QFile::exists("/bin/sh")) {
+        skip("there is no shell");
+        return;
+    }
+
+    const Folder folder;
+    folder.write("job.xml", completeJob());
+    folder.write("faulty.xml", jobWithoutAuthor());
+    folder.write("untidy.xml", completeJob().replace("    ", "\t"));
+    QProcess process;
+    process.setWorkingDirectory(folder.path("."));
+    process.start("/bin/sh", {"-c", "exec '" KORMAK_TOOL "' " + call});
+    const Run run = ended(process);
+    QCOMPARE(run.out, out);
+    QCOMPARE(run.err, err);
+    QCOMPARE(run.status, status);
+    QCOMPARE(folder.names(), (QStringList{"faulty.xml", "job.xml", "untidy.xml"}));
+    QCOMPARE(folder.read("faulty.xml"), QString(jobWithoutAuthor()));
+    if (call.contains("untidy.xml"))
+        QCOMPARE(folder.read("untidy.xml"), QString(completeJob()));
 }
 
 void CommandLineTest::colours_data()

@@ -79,7 +79,7 @@ void CompletionTest::bash_data()
     add("commands", {""}, Tool::commandNames());
     add("command", {"ch"}, {"check"});
     add("no such command", {"x"}, {});
-    add("options of the tool", {"-"}, {"-h", "--help", "-v", "--version"});
+    add("options of the tool", {"-"}, {"-h", "--help", "-v", "-V", "--version"});
     add("options of a command", {"new", "-"}, {"--set", "-o", "--list-fields", "-h", "--help"});
     add("options behind a file", {"format", "a.xml", "--in"}, {"--in-place"});
     add("options behind standard input", {"format", "-", "--in"}, {"--in-place"});
@@ -92,6 +92,10 @@ void CompletionTest::bash_data()
     add("kinds", {"new", ""}, documentKindNames());
     add("kind behind an option", {"new", "-o", "a.xml", "Auto"}, {"AutomaticWorkflow"});
     add("nothing behind a kind", {"new", "Job", ""}, {});
+    add("help of a command", {"help", "c"}, {"check"});
+    add("help of any command", {"help", ""}, Tool::commandNames());
+    add("nothing behind the command of help", {"help", "check", ""}, {});
+    add("check of format", {"format", "--ch"}, {"--check"});
     add("vocabularies", {"list", ""}, nameListNames());
     add("vocabulary", {"list", "--format", "json", "Par"}, {"ParameterType"});
     add("fields", {"new", "Job", "--set", "JobH"},
@@ -238,6 +242,7 @@ void CompletionTest::zsh()
         }
         QVERIFY2(cases.contains(':' + command->arguments.name.toString() + ':'), qPrintable(cases));
     }
+    QVERIFY(text.contains("'1:COMMAND:(" + Tool::commandNames().join(' ') + ")'"));
     if (isMissing("zsh")) {
         skip("there is no zsh");
         return;

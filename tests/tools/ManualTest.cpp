@@ -113,6 +113,8 @@ void ManualTest::format()
     QCOMPARE(process.exitCode(), 0);
     const QString text = QString::fromUtf8(process.readAllStandardOutput());
     QVERIFY2(text.contains("\n       kormak check [OPTIONS] PATH...\n"), qPrintable(text.left(2000)));
+    QVERIFY2(text.contains("\n       kormak help [OPTIONS] [COMMAND]\n"), qPrintable(text.left(2000)));
+    QVERIFY2(text.contains("\n       -v, -V, --version\n"), qPrintable(text.left(4000)));
     QVERIFY2(text.contains("In a unique name, write \\] for ] and \\\\ for \\."), qPrintable(text));
     QVERIFY2(text.contains("    --set 'Parameter[Gain].ParameterType=Integer' \\\n"), qPrintable(text));
 }
