@@ -108,7 +108,7 @@ QVector<Finding> lossesOf(const QByteArray &bytes, const TESSEL::ReadingLimits &
 FieldAssignment assignmentOf(const FieldTable &table, const Document::Setting &setting)
 {
     const auto &[path, text] = setting;
-    FieldAssignment assignment = assignments(table, {path + QLatin1Char('=') + text}).front();
+    FieldAssignment assignment = readAssignment(table, path + QLatin1Char('=') + text);
     if (assignment.path != path) // an = in it ended it early
         throw FieldError{QStringLiteral("there is no field '%1'").arg(path)};
     return assignment;
@@ -316,8 +316,9 @@ void Document::SetFields(const QVector<Setting> &settings)
         QStringList texts;
         for (const Setting &setting : settings)
             texts += assignmentOf(kind.fields(), setting).path + QLatin1Char('=') + setting.second;
-        for (const FieldAssignment &assignment : assignments(kind.fields(), texts))
-            assign(assignment, address);
+        const QStringList errors = assignAll(kind.fields(), texts, address).errors;
+        if (!errors.isEmpty())
+            throw TesselException(errors.constFirst());
     } catch (const FieldError &error) {
         throw TesselException(error.message);
     }

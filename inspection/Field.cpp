@@ -169,6 +169,15 @@ constexpr TESSEL::Vocabulary Types{TypeRows};
 
 } // namespace
 
+namespace Inspection {
+
+QString typeName(Field::Type type)
+{
+    return Types.table().find(static_cast<qint32>(type))->name.toString();
+}
+
+} // namespace Inspection
+
 QDebug operator<<(QDebug debug, Field::Type value)
 {
     return TESSEL::printName(debug, Types.table(), value);

@@ -16,30 +16,12 @@ using Kind = FieldParts::Kind;
 
 constexpr QChar Separator = QLatin1Char(',');
 
-bool isPlainList(const FieldRow &row)
-{
-    return row.parts && row.parts->table.isPlain();
-}
-
-/// An object can be set as a whole, its values separated by commas.
-bool isSetAsWhole(const FieldRow &row)
-{
-    return row.parts && (row.parts->table.inLine || isPlainList(row));
-}
+/// What is wrong with a field for what another field is, perhaps one that could not be set.
+struct ConditionError : FieldError { };
 
 bool canBeSet(const FieldRow &row)
 {
     return row.set || row.parts;
-}
-
-QStringList keysOf(const FieldTable &table)
-{
-    QStringList keys;
-    for (const FieldRow &row : table) {
-        if (canBeSet(row))
-            keys += row.key.toString();
-    }
-    return keys;
 }
 
 QString quoted(const QString &text)
@@ -130,7 +112,7 @@ private:
     [[noreturn]] void throwUnknown(const QString &key, int begin) const
     {
         const QString place = begin > 0 ? QStringLiteral(" in ") + text.left(begin - 1) : QString();
-        const QStringList allowed = current && !current->isPlain() ? keysOf(*current) : QStringList();
+        const QStringList allowed = current && !current->isPlain() ? settableKeys(*current) : QStringList();
         throw FieldError{QStringLiteral("there is no field %1%2").arg(quoted(key), place)
                          + (allowed.isEmpty()
                                 ? QString()
@@ -153,7 +135,7 @@ private:
         if (row.parts->kind != Kind::One && !last.hasKey)
             throwWithoutKey(row, path);
         throw FieldError{path + QStringLiteral(": takes one of its fields: ")
-                         + keysOf(row.parts->table).join(QStringLiteral(", "))};
+                         + settableKeys(row.parts->table).join(QStringLiteral(", "))};
     }
 
     const FieldTable *current; ///< null behind a plain value
@@ -199,7 +181,7 @@ void setValues(const FieldTable &table, void *object, const QStringList &texts)
     if (texts.size() > static_cast<int>(table.rows.size())) {
         throw FieldError{QStringLiteral("takes %1 values at most: %2")
                              .arg(table.rows.size())
-                             .arg(keysOf(table).join(QStringLiteral(", ")))};
+                             .arg(settableKeys(table).join(QStringLiteral(", ")))};
     }
     auto row = table.begin();
     for (const QString &text : texts) {
@@ -235,7 +217,7 @@ void assign(std::vector<FieldStep>::const_iterator step, std::vector<FieldStep>:
     const FieldRow &row = *step->row;
     const bool isLast = std::next(step) == end;
     if (!row.existsIn(object))
-        throw FieldError{QStringLiteral("needs ") + row.condition.toString()};
+        throw ConditionError{{QStringLiteral("needs ") + row.condition.toString()}};
     if (!row.parts) {
         setValue(row, object, text);
     } else if (isLast && row.parts->kind == Kind::List && !step->hasKey) {
@@ -251,65 +233,81 @@ void assign(std::vector<FieldStep>::const_iterator step, std::vector<FieldStep>:
     }
 }
 
-void addSettable(std::vector<SettableField> &fields, const FieldTable &table, const QString &prefix)
-{
-    for (const FieldRow &row : table) {
-        const QString path = prefix + row.key.toString();
-        if (row.set)
-            fields.push_back({path, describe(row.type), allowedTexts(row.type)});
-        if (!row.parts)
-            continue;
-        const bool isList = row.parts->kind == Kind::List;
-        const bool isMap = row.parts->kind == Kind::Map;
-        const QString key = isList ? QStringLiteral("[N]") : isMap ? QStringLiteral("[NAME]") : QString();
-        if (isPlainList(row)) {
-            fields.push_back(
-                {path, QStringLiteral("adds values: ") + describe(row.parts->table.rows.front().type)});
-            fields.push_back({path + key, describe(row.parts->table.rows.front().type)});
-            continue;
-        }
-        if (isSetAsWhole(row)) {
-            fields.push_back({path,
-                              (isList ? QStringLiteral("adds one: ") : QString())
-                                  + keysOf(row.parts->table).join(Separator)});
-        }
-        addSettable(fields, row.parts->table, path + key + QLatin1Char('.'));
-    }
-}
-
-} // namespace
-
-std::vector<FieldAssignment> assignments(const FieldTable &table, const QStringList &texts)
-{
-    std::vector<FieldAssignment> all;
-    for (const QString &text : texts)
-        all.push_back(PathReader(table, text).read());
-    std::stable_sort(all.begin(), all.end(), comesBefore);
-    const auto twice = std::adjacent_find(all.begin(), all.end(), [](const auto &a, const auto &b) {
-        return !comesBefore(a, b) && !isAppending(a);
-    });
-    if (twice != all.end())
-        throw FieldError{twice->path + QStringLiteral(": is set twice")};
-    return all;
-}
-
+/// \throws FieldError
 void assign(const FieldAssignment &assignment, void *object)
 {
     const QString start = assignment.path + QStringLiteral(": ");
     try {
         assign(assignment.steps.begin(), assignment.steps.end(), object, assignment.text);
+    } catch (const ConditionError &error) {
+        throw ConditionError{{start + error.message}};
     } catch (const FieldError &error) {
         throw FieldError{start + error.message};
     } catch (const TESSEL::TesselException &exception) {
-        throw FieldError{start + exception.GetErrorMessage()};
+        throw ConditionError{{start + exception.GetErrorMessage()}};
     }
 }
 
-std::vector<SettableField> settableFields(const FieldTable &table)
+void checkOnce(FieldAssignments &result)
 {
-    std::vector<SettableField> fields;
-    addSettable(fields, table, QString());
-    return fields;
+    const auto &wanted = result.wanted;
+    for (auto i = wanted.begin(); i != wanted.end() && std::next(i) != wanted.end(); ++i) {
+        const bool isAgain = !comesBefore(*i, *std::next(i)) && !isAppending(*i);
+        if (isAgain && (i == wanted.begin() || comesBefore(*std::prev(i), *i)))
+            result.errors += i->path + QStringLiteral(": is set twice");
+    }
+}
+
+} // namespace
+
+FieldAssignment readAssignment(const FieldTable &table, const QString &text)
+{
+    return PathReader(table, text).read();
+}
+
+FieldAssignments assignAll(const FieldTable &table, const QStringList &texts, void *object)
+{
+    FieldAssignments result;
+    for (const QString &text : texts) {
+        try {
+            result.wanted.push_back(readAssignment(table, text));
+        } catch (const FieldError &error) {
+            result.errors += error.message;
+        }
+    }
+    std::stable_sort(result.wanted.begin(), result.wanted.end(), comesBefore);
+    checkOnce(result);
+    for (const FieldAssignment &assignment : result.wanted) {
+        try {
+            assign(assignment, object);
+        } catch (const ConditionError &error) {
+            if (result.errors.isEmpty()) // otherwise it may follow from what is told already
+                result.errors += error.message;
+        } catch (const FieldError &error) {
+            result.errors += error.message;
+        }
+    }
+    return result;
+}
+
+bool isPlainList(const FieldRow &row)
+{
+    return row.parts && row.parts->table.isPlain();
+}
+
+bool isSetAsWhole(const FieldRow &row)
+{
+    return row.parts && (row.parts->table.inLine || isPlainList(row));
+}
+
+QStringList settableKeys(const FieldTable &table)
+{
+    QStringList keys;
+    for (const FieldRow &row : table) {
+        if (canBeSet(row))
+            keys += row.key.toString();
+    }
+    return keys;
 }
 
 } // namespace KORMAK::Inspection

@@ -27,23 +27,24 @@ struct FieldAssignment {
     QString text;
 };
 
-/// What each of \a texts asks for, FIELD=VALUE, in the order in which it is to be done: by the ranks of the
-/// fields, then as they stand in the table. So it does not matter in which order they
-/// are given, but for values that are added to a list.
-/// \throws FieldError for what is no field, cannot be set or is set twice
-[[nodiscard]] std::vector<FieldAssignment> assignments(const FieldTable &table, const QStringList &texts);
+/// What \a text asks for, FIELD=VALUE. \throws FieldError for what is no field or cannot be set
+[[nodiscard]] FieldAssignment readAssignment(const FieldTable &table, const QString &text);
 
-/// Does what \a assignment asks for. \throws FieldError
-void assign(const FieldAssignment &assignment, void *object);
-
-/// A field that can be set and what it may be set to.
-struct SettableField {
-    QString path; ///< N stands for an index, NAME for a name
-    QString allowed;
-    QStringList texts = {}; ///< what it may be set to; empty when that cannot be listed
+/// Sets in \a object what \a texts ask for, FIELD=VALUE, as far as can be: by the ranks of the fields, then
+/// as they stand in the table. So it does not matter in which order they are given, but for values that are
+/// added to a list.
+struct FieldAssignments {
+    std::vector<FieldAssignment> wanted; ///< in that order
+    QStringList errors; ///< what is no field, cannot be set to that or is set twice; empty: all is done
 };
+[[nodiscard]] FieldAssignments assignAll(const FieldTable &table, const QStringList &texts, void *object);
 
-[[nodiscard]] std::vector<SettableField> settableFields(const FieldTable &table);
+/// Whether a table is of plain values that are added to a list, all at once.
+[[nodiscard]] bool isPlainList(const FieldRow &row);
+/// Whether an object can be set as a whole, its values separated by commas.
+[[nodiscard]] bool isSetAsWhole(const FieldRow &row);
+/// The names of the fields that can be set.
+[[nodiscard]] QStringList settableKeys(const FieldTable &table);
 
 } // namespace KORMAK::Inspection
 

@@ -17,6 +17,8 @@ struct FieldMaker {
                                     bool isReached);
 };
 
+[[nodiscard]] QString typeName(Field::Type type);
+
 /// All fields of \a object, those of the objects in it included, in the order of the tables.
 [[nodiscard]] QVector<Field> fieldsOf(const FieldTable &table, const void *object);
 

@@ -322,6 +322,28 @@ private:
         return found == std::end(AllLabels) ? ObjectLabels{name, {}} : *found;
     }
 
+    /// A block without elements of its own is filled from the text of one, which is its value.
+    static bool isInDocuments(const ObjectTable &table, const Row &row)
+    {
+        if (!table.isInner(row))
+            return row.read || row.part;
+        const Row *const element = table.element(row.name);
+        const bool isText = table.attributes.size() == 0 && table.elements.size() == 0;
+        return (element && element->read) || (isText && row.name == QStringView(u"Value"));
+    }
+
+    /// A field may be read from one row and asked for in another.
+    static FieldRequirement requirementOf(const ObjectTable &table, const Row &row)
+    {
+        FieldRequirement result = FieldRequirement::None;
+        for (const Row *const one : {&row, table.attribute(row.name), table.element(row.name)}) {
+            if (one && one->isRequired())
+                result = std::max(result,
+                                  one->isApplicable ? FieldRequirement::Sometimes : FieldRequirement::Always);
+        }
+        return result;
+    }
+
     FieldRow rowOf(const ObjectTable &table, const Row &row, const FieldLabel &label)
     {
         const bool isBlock = row.content == Row::Content::Block;
@@ -331,6 +353,8 @@ private:
         made.set = row.set;
         made.exists = table.isInner(row) || isBlock ? row.isWritten : nullptr;
         made.isWritten = row.isWritten;
+        made.isInDocuments = isInDocuments(table, row);
+        made.requirement = requirementOf(table, row);
         made.rank = label.isSetFirst ? -1 : isBlock ? 1 : 0;
         if (row.part) {
             parts.push_back(

@@ -60,6 +60,13 @@ struct FieldLabel {
     bool isSetFirst = false; ///< other setters go by this field
 };
 
+/// Whether a document is complete without a field.
+enum class FieldRequirement {
+    None, ///< it is
+    Sometimes, ///< as other fields say
+    Always, ///< it is not
+};
+
 struct FieldRow : FieldLabel {
     bool isLabelled = true; ///< false: nobody has a label for it, and its key stands for one
     TextType type = {};
@@ -68,6 +75,8 @@ struct FieldRow : FieldLabel {
     const FieldParts *parts = nullptr; ///< null for a plain value
     Predicate exists = nullptr; ///< null: always
     Predicate isWritten = nullptr; ///< null: always
+    FieldRequirement requirement = FieldRequirement::None;
+    bool isInDocuments = true; ///< a document can say what it holds
     int rank = 0; ///< fields of less rank are set before those of more; equal ones in the order of the rows
 
     [[nodiscard]] bool existsIn(const void *object) const { return !exists || exists(object); }

@@ -190,6 +190,23 @@ QString settableText(const TextType &type, const FieldValue &value)
         value);
 }
 
+QString fieldPathOf(const QString &findingPath)
+{
+    QString path;
+    bool isInRoot = true;
+    bool isInName = false;
+    for (const QChar c : findingPath) {
+        isInName = c == QLatin1Char('[') || (isInName && c != QLatin1Char(']'));
+        const bool isSeparator = !isInName && c == QLatin1Char('/');
+        if (isSeparator && !isInRoot)
+            path += QLatin1Char('.');
+        else if (!isSeparator && !isInRoot && (isInName || c != QLatin1Char('@')))
+            path += c;
+        isInRoot = isInRoot && !isSeparator;
+    }
+    return path;
+}
+
 FieldValue valueOfText(const TextType &type, const QString &text)
 {
     switch (type.kind) {

@@ -28,6 +28,10 @@ template <class Integer, std::enable_if_t<std::is_integral_v<Integer>, bool> = t
 /// \a value as valueOfText() reads it, exactly; empty when it is not set.
 [[nodiscard]] QString settableText(const TextType &type, const FieldValue &value);
 
+/// The path of the field that a finding with the path \a findingPath is about, but for the indexes in lists:
+/// "Parameter[Gain].Integer.Maximum" for "GenericReceiver/Parameter[Gain]/Integer/Maximum".
+[[nodiscard]] QString fieldPathOf(const QString &findingPath);
+
 /// What \a text says. \throws FieldError that tells what is allowed
 [[nodiscard]] FieldValue valueOfText(const TextType &type, const QString &text);
 

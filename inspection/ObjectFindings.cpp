@@ -2,12 +2,10 @@
 
 #include <inspection/Completeness_p.h>
 #include <inspection/DocumentWalk_p.h>
-#include <inspection/FieldText_p.h>
 #include <inspection/QuotedText_p.h>
+#include <inspection/ReadableForm_p.h>
 #include <objectbase/ITesselObject.h>
 #include <objectbase/TesselException.h>
-
-#include <QXmlStreamWriter>
 
 #include <algorithm>
 #include <iterator>
@@ -15,85 +13,6 @@
 namespace KORMAK::Inspection {
 
 namespace {
-
-using TESSEL::ObjectTable;
-using TESSEL::Row;
-
-/// The same with a replacement for what XML cannot carry.
-QString representable(const QString &text)
-{
-    constexpr char16_t FirstNonCharacter = 0xFFFE;
-    QString result = text;
-    for (int i = 0; i < text.size(); ++i) {
-        const QChar c = text[i];
-        const bool isPair = c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
-        const bool isLayout = c == QLatin1Char('\t') || c == QLatin1Char('\n') || c == QLatin1Char('\r');
-        if (isPair)
-            ++i;
-        else if ((c < QLatin1Char(' ') && !isLayout) || c.isSurrogate() || c.unicode() >= FirstNonCharacter)
-            result[i] = QChar(QChar::ReplacementCharacter);
-    }
-    return result;
-}
-
-/// Writes an object as the document that it would be read from, complete or not.
-class DraftWriter {
-public:
-    DraftWriter() : writer(&text) { }
-
-    QByteArray write(QStringView name, const ObjectTable &table, const void *object)
-    {
-        writeObject(name, table, object);
-        return text.toUtf8();
-    }
-
-private:
-    void writeObject(QStringView name, const ObjectTable &table, const void *object)
-    {
-        writer.writeStartElement(name.toString());
-        for (const Row &row : table.attributes) {
-            if (row.read && isPresent(row, object))
-                writer.writeAttribute(row.name.toString(), textOf(row, object));
-        }
-        for (const Row &row : table.elements) {
-            if (row.part && row.part->enter && arePartsPresent(table, row, object)) {
-                for (const FieldPart &part : row.part->all(object))
-                    writeObject(row.name, row.part->table(), part.object);
-            } else if (row.read && isPresent(row, object)) {
-                writer.writeTextElement(row.name.toString(), textOf(row, object));
-            }
-        }
-        writer.writeEndElement();
-    }
-
-    static bool isWritten(const Row &row, const void *object)
-    {
-        return !row.isWritten || row.isWritten(object);
-    }
-
-    static bool arePartsPresent(const ObjectTable &table, const Row &row, const void *object)
-    {
-        const bool isOne = row.content == Row::Content::Object && row.part->kind == TESSEL::Part::Kind::One;
-        return isOne ? fieldsOf(table).find(row.name)->isShownOf(object) : isWritten(row, object);
-    }
-
-    /// The version does not matter to the check of an object, which is written as of its own. A name is there
-    /// even where the library would not write it.
-    static bool isPresent(const Row &row, const void *object)
-    {
-        const bool isName = row.type.kind == TextType::Kind::Name;
-        return row.name != QStringView(u"Version") && isSet(row.get(object))
-            && (isName || isWritten(row, object));
-    }
-
-    static QString textOf(const Row &row, const void *object)
-    {
-        return representable(settableText(row.type, row.get(object)));
-    }
-
-    QString text;
-    QXmlStreamWriter writer;
-};
 
 bool isMissing(const FindingData &finding)
 {
@@ -134,7 +53,7 @@ std::optional<QString> refusalOf(const TESSEL::ITesselObject &object)
 
 Findings findProblems(const DocumentKind &kind, const TESSEL::ITesselObject &object)
 {
-    const XmlTree tree(DraftWriter().write(kind.rootElement, kind.table(), kind.address(object)));
+    const XmlTree tree(draftOf(kind, object));
     const auto draft = kind.create();
     Findings findings = walk(tree, kind.table(), kind.variableAddress(*draft), *draft).findings;
     const auto refusal = refusalOf(object);

@@ -107,7 +107,9 @@ Findings noValue(const Element &element)
     if (!hasType || parameter.IsEnum() || parameter.IsValidParameter())
         return {};
     return {element.findingAtBlock(
-        QStringLiteral("there is no value, so the parameter is not complete, and nothing would be written"))};
+        QStringLiteral(
+            "without a \"%1\" the parameter has no value: it is not complete, and nothing would be written")
+            .arg(parameter.IsDoubleList() ? MaximumLengthTag : DefaultTag))};
 }
 
 /// All blocks are read, each into a handler of its own, but only that of the type counts. A "DoubleList" is

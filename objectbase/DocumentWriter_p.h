@@ -3,6 +3,8 @@
 #ifndef TESSEL_DOCUMENTWRITER_P_H
 #define TESSEL_DOCUMENTWRITER_P_H
 
+#include <objectbase/objectbase_export.h>
+
 #include <QIODevice>
 #include <QString>
 #include <QXmlStreamWriter>
@@ -12,7 +14,7 @@
 
 namespace TESSEL {
 
-class DocumentWriter {
+class OBJECTBASE_EXPORT DocumentWriter {
 public:
     DocumentWriter();
 

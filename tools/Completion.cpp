@@ -1,7 +1,8 @@
 #include "tools/Completion.h"
 
 #include <inspection/DocumentKind_p.h>
-#include <inspection/FieldAssignment_p.h>
+#include <inspection/DocumentTexts_p.h>
+#include <inspection/FieldListing_p.h>
 #include <inspection/NameLists_p.h>
 #include <objectbase/QtCompat_p.h>
 #include <tools/OutputFormat.h>
@@ -80,7 +81,7 @@ QString fieldCases()
     const QStringList kinds = documentKindNames();
     for (const QString &kind : kinds) {
         QStringList paths;
-        for (const SettableField &field : settableFields(findDocumentKind(kind)->fields()))
+        for (const SettableField &field : settableFields(*findDocumentKind(kind)))
             paths += field.path;
         cases += caseOf(kind, printing(paths));
     }
@@ -105,13 +106,14 @@ QString valueCases()
     std::vector<Texts> all;
     const QStringList kinds = documentKindNames();
     for (const QString &kind : kinds) {
-        for (const SettableField &field : settableFields(findDocumentKind(kind)->fields())) {
-            if (field.texts.isEmpty())
+        for (const SettableField &field : settableFields(*findDocumentKind(kind))) {
+            const QStringList texts = field.row ? allowedTexts(field.row->type) : QStringList();
+            if (texts.isEmpty())
                 continue;
             auto same = std::find_if(all.begin(), all.end(),
-                                     [&field](const Texts &row) { return row.texts == field.texts; });
+                                     [&texts](const Texts &row) { return row.texts == texts; });
             if (same == all.end())
-                same = all.insert(same, {{}, field.texts});
+                same = all.insert(same, {{}, texts});
             same->patterns += patternOf(kind, field.path);
         }
     }

@@ -31,10 +31,11 @@ SourceText readText(const QString &path)
     return {text, content.state, text == content.bytes};
 }
 
-FileDocument readDocument(const QString &path, const TESSEL::ReadingLimits &limits)
+FileDocument readDocument(const QString &path, const TESSEL::ReadingLimits &limits,
+                          const QString &expectedKind)
 {
     const SourceText source = readText(path);
-    FileDocument document{documentOf(source.text, limits), source.source, source.isVerbatim};
+    FileDocument document{documentOf(source.text, limits, expectedKind), source.source, source.isVerbatim};
     if (document.rejection)
         throwRejection(*document.rejection, document.text);
     return document;

@@ -28,8 +28,10 @@ struct SourceText {
 
 /// The checked text of the file \a path, "-" being standard input. \throws DocumentError
 [[nodiscard]] SourceText readText(const QString &path);
-/// The document in the file \a path, read but not checked. \throws DocumentError
-[[nodiscard]] FileDocument readDocument(const QString &path, const TESSEL::ReadingLimits &limits);
+/// The document in the file \a path, read but not checked, of any kind or of the one that
+/// is expected. \throws DocumentError
+[[nodiscard]] FileDocument readDocument(const QString &path, const TESSEL::ReadingLimits &limits,
+                                        const QString &expectedKind = {});
 
 /// Does \a work on the document in the file \a path. When reading or \a work throws a DocumentError or runs
 /// out of memory, that is complained about.

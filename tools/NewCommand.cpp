@@ -1,22 +1,34 @@
-#include <inspection/Completeness_p.h>
+#include <inspection/DocumentCheck_p.h>
 #include <inspection/DocumentKind_p.h>
 #include <inspection/FieldAssignment_p.h>
 #include <inspection/FieldDiff_p.h>
+#include <inspection/FieldList_p.h>
+#include <inspection/FieldListing_p.h>
+#include <inspection/FieldText_p.h>
 #include <inspection/QuotedText_p.h>
+#include <inspection/ReadableForm_p.h>
+#include <inspection/Rewriting_p.h>
 #include <objectbase/ITesselObject.h>
-#include <objectbase/TesselException.h>
 #include <tools/Command.h>
 #include <tools/Console.h>
+#include <tools/DocumentFile.h>
+#include <tools/LimitOptions.h>
 #include <tools/ListOf.h>
 #include <tools/Output.h>
+#include <tools/OutputFormat.h>
+#include <tools/PathEncoding.h>
 #include <tools/Terminal.h>
 #include <tools/TextLayout.h>
 #include <tools/Usage.h>
 
 #include <QCommandLineParser>
+#include <QRegularExpression>
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
+using namespace KORMAK;
 using namespace KORMAK::Inspection;
 
 namespace {
@@ -25,21 +37,20 @@ using TESSEL::ITesselObject;
 
 constexpr QStringView SetOption = u"set";
 constexpr QStringView ListOption = u"list-fields";
-
-/// A field lacks something.
-struct Incomplete {
-    QStringList complaints;
-};
+constexpr QStringView TemplateOption = u"template";
 
 QList<QCommandLineOption> options()
 {
-    return listOf<QList<QCommandLineOption>>(
+    return withLimitOptions(listOf<QList<QCommandLineOption>>(
         QCommandLineOption(listOf<QStringList>(SetOption.toString()),
                            QStringLiteral("Set a field; can be given many times."),
                            QStringLiteral("FIELD=VALUE")),
+        QCommandLineOption(listOf<QStringList>(TemplateOption.toString()),
+                           QStringLiteral("Start from the document in FILE."), FileName.toString()),
         outputOption(),
         QCommandLineOption(listOf<QStringList>(ListOption.toString()),
-                           QStringLiteral("List the fields of KIND and what they can be set to.")));
+                           QStringLiteral("List the fields of KIND and what they can be set to.")),
+        formatOption()));
 }
 
 const DocumentKind &kindNamed(const QString &name)
@@ -50,26 +61,39 @@ const DocumentKind &kindNamed(const QString &name)
     return *kind;
 }
 
+/// Numbers that stand for no limit are of no use to people.
+bool isNoLimit(const SettableField &field)
+{
+    return field.row->type.isLimit && shownText(field.row->type, field.standard) == QStringLiteral("none");
+}
+
+QString inWords(const SettableField &field)
+{
+    QStringList words(field.allowed);
+    if (field.requirement == FieldRequirement::Always)
+        words += QStringLiteral("required");
+    else if (field.requirement == FieldRequirement::Sometimes)
+        words += QStringLiteral("required in some documents");
+    if (field.row && isSet(field.standard) && !isNoLimit(field))
+        words += QStringLiteral("default: ") + settableText(field.row->type, field.standard);
+    if (!field.condition.isEmpty())
+        words += QStringLiteral("needs ") + field.condition;
+    return words.join(QStringLiteral("; "));
+}
+
 void listFields(const DocumentKind &kind)
 {
     std::vector<TextLayout::Row> rows;
-    for (const SettableField &field : settableFields(kind.fields()))
-        rows.push_back({field.path, field.allowed});
+    for (const SettableField &field : settableFields(kind))
+        rows.push_back({field.path, inWords(field)});
     Console::write(TextLayout::twoColumns(rows));
 }
 
-/// \throws Incomplete
-QString textOf(const DocumentKind &kind, const ITesselObject &object)
+void complain(QStringView severity, const QString &path, const QString &message)
 {
-    if (const auto complaint = complaintOf(object))
-        throw Incomplete{listOf<QStringList>(*complaint)};
-    if (!object.HasData())
-        throw Incomplete{kind.missing(object)};
-    try {
-        return object.GetXmlString();
-    } catch (const TESSEL::TesselException &exception) {
-        throw Incomplete{listOf<QStringList>(exception.GetErrorMessage())};
-    }
+    const QString place = path.isEmpty() ? QString() : path + QStringLiteral(": ");
+    Console::complain(QStringLiteral("kormak new: ") + Terminal::coloured(severity) + QStringLiteral(": ")
+                      + oneLine(place + message));
 }
 
 /// Whether \a path is that of a field in \a whole, or \a whole itself.
@@ -80,66 +104,141 @@ bool isIn(const QString &path, const QString &whole)
             || path[whole.size()] == QLatin1Char('['));
 }
 
-QString start(QStringView severity)
+/// Names the fields with a text that XML cannot carry.
+void complainAboutTexts(const DocumentKind &kind, const ITesselObject &object)
 {
-    return QStringLiteral("kormak new: ") + Terminal::coloured(severity) + QStringLiteral(": ");
+    for (const Field &field : fieldsOf(kind.fields(), kind.address(object))) {
+        if (!isRepresentable(field.GetText()))
+            complain(u"error", field.GetPath(), QStringLiteral("holds a character that XML cannot carry"));
+    }
 }
 
-/// Warns of fields that were set and are not read from the document as they were set.
-void warnOfLosses(const DocumentKind &kind, const ITesselObject &object, const QString &text,
-                  const std::vector<FieldAssignment> &wanted)
+/// Names the fields that were set and would not be read back as they were set. \return whether there are any
+bool complainAboutLosses(const DocumentKind &kind, const ITesselObject &object, const ITesselObject &readBack,
+                         const std::vector<FieldAssignment> &wanted)
 {
-    const auto readBack = kind.create();
-    (void)readBack->SetXmlString(text, true);
+    bool areSome = false;
     for (const FieldDifference &difference :
-         differences(kind.fields(), kind.address(object), kind.address(*readBack))) {
+         differences(kind.fields(), kind.address(object), kind.address(readBack))) {
         const bool wasSet = std::any_of(wanted.begin(), wanted.end(), [&difference](const auto &assignment) {
             return isIn(assignment.path, difference.path) || isIn(difference.path, assignment.path);
         });
         if (wasSet) {
-            Console::complain(start(u"warning") + QStringLiteral("not read back as it was set: ")
-                              + oneLine(difference.toLine()));
+            complain(u"error", difference.path,
+                     QStringLiteral("would not be read back as it is set: ") + difference.change());
         }
+        areSome = areSome || wasSet;
     }
+    return areSome;
 }
 
-ExitStatus make(const DocumentKind &kind, const QStringList &settings, const QString &target)
+bool isMissing(const FindingData &finding)
 {
-    const auto object = kind.create();
-    std::vector<FieldAssignment> wanted;
-    try {
-        wanted = assignments(kind.fields(), settings);
-        for (const FieldAssignment &assignment : wanted)
-            assign(assignment, kind.variableAddress(*object));
-    } catch (const FieldError &error) {
-        throw UsageError{error.message};
+    return finding.id == FindingId::MissingElement || finding.id == FindingId::MissingAttribute;
+}
+
+/// Tells what there is to tell about \a text, which is made of \a object. \return whether it is a complete
+/// document with all that was set
+bool isGood(const DocumentKind &kind, const ITesselObject &object, const QByteArray &text,
+            const std::vector<FieldAssignment> &wanted)
+{
+    const DocumentCheck check = checkText(text, object.GetReadingLimits());
+    const bool isComplete = check.isAccepted && check.isComplete;
+    for (const auto &placed : check.findings) {
+        const FindingData &finding = placed.finding;
+        const bool isError = finding.severity == Severity::Error || (!isComplete && isMissing(finding));
+        complain(isError ? QStringView(u"error") : QStringView(u"warning"), fieldPathOf(finding.path),
+                 finding.message);
     }
-    QString text;
-    try {
-        text = textOf(kind, *object);
-    } catch (const Incomplete &incomplete) {
-        for (const QString &complaint : incomplete.complaints)
-            Console::complain(start(u"error") + oneLine(complaint));
+    const bool isLossy = check.object && complainAboutLosses(kind, object, *check.object, wanted);
+    if (!isComplete)
+        complain(u"error", {}, QStringLiteral("nothing is written, since the document is not complete"));
+    else if (isLossy)
+        complain(u"error", {}, QStringLiteral("nothing is written, since the fields above would be lost"));
+    return isComplete && !isLossy;
+}
+
+struct Request {
+    QStringList settings;
+    QString source; ///< of the document to start from; empty: a new one
+    QString target;
+};
+
+/// \a path without the indexes in lists.
+QString withoutIndexes(QString path)
+{
+    static const QRegularExpression index(QStringLiteral("\\[\\d+\\](?=\\.|$)"));
+    return path.remove(index);
+}
+
+/// Warns of what \a document says, \a text does not, and nobody wanted to be changed.
+void warnOfLosses(const FileDocument &document, const QString &source, const QByteArray &text,
+                  const std::vector<FieldAssignment> &wanted)
+{
+    Findings losses = lossesIn(document, text);
+    const auto isWanted = [&wanted](const FindingData &loss) {
+        const QString path = withoutIndexes(fieldPathOf(loss.path));
+        return std::any_of(wanted.begin(), wanted.end(), [&path](const FieldAssignment &assignment) {
+            return isIn(path, withoutIndexes(assignment.path));
+        });
+    };
+    losses.erase(std::remove_if(losses.begin(), losses.end(), isWanted), losses.end());
+    complainAbout(source, document, u"warning", losses);
+}
+
+/// \throws DocumentError
+ExitStatus make(const DocumentKind &kind, const Request &request, const TESSEL::ReadingLimits &limits)
+{
+    std::optional<FileDocument> document;
+    if (!request.source.isEmpty())
+        document = readDocument(request.source, limits, kind.rootElement.toString());
+    const auto object = document ? std::move(document->object) : kind.create();
+    const auto [wanted, errors] = assignAll(kind.fields(), request.settings, kind.variableAddress(*object));
+    for (const QString &error : errors)
+        Console::complain(QStringLiteral("kormak new: ") + PathEncoding::shown(error));
+    if (!errors.isEmpty())
+        return Failed;
+    const auto text = readableForm(kind, *object);
+    if (!text) {
+        complainAboutTexts(kind, *object);
         return Faulty;
     }
-    const ExitStatus status = writeOutput(text.toUtf8(), target);
-    if (status == Good)
-        warnOfLosses(kind, *object, text, wanted);
-    return status;
+    if (document)
+        warnOfLosses(*document, request.source, *text, wanted);
+    return isGood(kind, *object, *text, wanted) ? writeOutput(*text, request.target) : Faulty;
+}
+
+/// \throws UsageError
+QString onlyOf(const QCommandLineParser &parser, QStringView option)
+{
+    const QStringList values = parser.values(option.toString());
+    if (values.size() > 1)
+        throw UsageError{(option.size() == 1 ? QStringLiteral("-") : QStringLiteral("--")) + option.toString()
+                         + QStringLiteral(" can be given only once")};
+    return values.isEmpty() ? QString() : values.constFirst();
 }
 
 ExitStatus run(const QCommandLineParser &parser)
 {
     const DocumentKind &kind = kindNamed(parser.positionalArguments().constFirst());
-    const QStringList settings = parser.values(SetOption.toString());
-    const QStringList outputs = parser.values(OutputOption.toString());
-    if (outputs.size() > 1)
-        throw UsageError{QStringLiteral("-o can be given only once")};
-    if (!parser.isSet(ListOption.toString()))
-        return make(kind, settings, outputs.isEmpty() ? StandardStream.toString() : outputs.constFirst());
-    if (!settings.isEmpty() || !outputs.isEmpty())
-        throw UsageError{QStringLiteral("--list-fields stands alone")};
-    listFields(kind);
+    const QString output = onlyOf(parser, OutputOption);
+    const Request request{parser.values(SetOption.toString()), onlyOf(parser, TemplateOption),
+                          output.isEmpty() ? StandardStream.toString() : output};
+    const OutputFormat format = outputFormat(parser);
+    const TESSEL::ReadingLimits limits = limitsOf(parser);
+    if (!parser.isSet(ListOption.toString())) {
+        if (format != OutputFormat::Text)
+            throw UsageError{QStringLiteral("--format json needs --list-fields")};
+        try {
+            return make(kind, request, limits);
+        } catch (const DocumentError &error) {
+            complainAbout(request.source, error);
+            return error.position ? Faulty : Failed;
+        }
+    }
+    if (!request.settings.isEmpty() || !output.isEmpty() || !request.source.isEmpty())
+        throw UsageError{QStringLiteral("--list-fields takes only --format")};
+    format == OutputFormat::Json ? Console::print(settableFieldsJson(kind)) : listFields(kind);
     return Good;
 }
 
@@ -148,9 +247,10 @@ ExitStatus run(const QCommandLineParser &parser)
 const Command newCommand{
     u"new",
     u"make a document from the fields you give",
-    u"Makes a document of the given KIND. What is not set has the library's default. The document goes to "
-    u"standard output, unless told otherwise. When something is missing, nothing is written, and standard "
-    u"error tells what it is.\n"
+    u"Makes a document of the given KIND, or changes a copy of one. What is not set has the library's "
+    u"default. The document goes to standard output, unless told otherwise, in the form that is read back as "
+    u"it was set; 'kormak check' accepts it. When something is wrong, is missing or would not be read back, "
+    u"nothing is written, and standard error tells all of it.\n"
     u"\n"
     u"--list-fields lists the fields. They are called as 'kormak show --format json' calls them:\n"
     u"  JobHeader.Author=Keller            Author in the object JobHeader\n"
@@ -160,9 +260,10 @@ const Command newCommand{
     u"In a unique name, write \\] for ] and \\\\ for \\. The order of the --set does not matter, but for "
     u"elements that are added to a list.\n"
     u"\n"
-    u"A warning tells of a field that the library writes, but would not read again as it was set.",
-    {u"the document is written", u"the document is not complete",
-     u"there is no such kind, field or value, or OUT cannot be written"},
+    u"With --template, what the document in FILE says and the new one would not say is named on standard "
+    u"error.",
+    {u"the document is written", u"the document is not complete, or something would be lost",
+     u"there is no such kind, field or value, or a file cannot be read or written"},
     u"kormak new GenericReceiver -o receiver.xml \\\n"
     u"    --set 'Parameter[Gain].ParameterType=Integer' \\\n"
     u"    --set 'Parameter[Gain].ValueType=ValueNumericInt' \\\n"

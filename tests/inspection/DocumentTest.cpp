@@ -317,7 +317,8 @@ void DocumentTest::objectsThatPassAndAreNotWritten()
 
     Document flag = example("jobs/production-mc-hf-empty-data-header-flag.xml");
     QCOMPARE(linesOf(Document(*flag.GetObject()).GetFindings()),
-             QStringList("0:0 warning missing-element : JobHeader: Please set ShowJDH"));
+             QStringList("0:0 warning bad-value Job/JobHeader/ShowJDH: is empty: the header is not complete, and "
+                         "the library would write nothing"));
 
     Document receiver = Document::New("GenericReceiver");
     receiver.SetFields({{"Parameter[A].ParameterType", "Enum"},

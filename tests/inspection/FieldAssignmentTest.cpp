@@ -4,6 +4,8 @@
 
 #include <QtTest>
 
+#include <stdexcept>
+
 using namespace KORMAK;
 using namespace KORMAK::Inspection;
 
@@ -14,6 +16,7 @@ private Q_SLOTS:
     void order();
     void indexes_data();
     void indexes();
+    void errors();
     void namesReachTheHandler();
     void fieldsThatDocumentsDoNotHold();
     void explicitFieldsOfTheHandlerWin();
@@ -21,29 +24,40 @@ private Q_SLOTS:
 
 namespace {
 
-QStringList pathsOf(const FieldTable &table, const QStringList &texts)
+const FieldTable &parameterFields()
 {
+    return fieldsOf(TESSEL::DocumentTables::of<Parameter>());
+}
+
+QStringList pathsOf(const QStringList &texts)
+{
+    Parameter parameter;
     QStringList paths;
-    for (const FieldAssignment &assignment : assignments(table, texts))
+    for (const FieldAssignment &assignment : assignAll(parameterFields(), texts, &parameter).wanted)
         paths += assignment.path + '=' + assignment.text;
     return paths;
 }
 
+QStringList errorsOf(const QStringList &texts)
+{
+    Parameter parameter;
+    return assignAll(parameterFields(), texts, &parameter).errors;
+}
+
 template <class Object>
-Object made(const FieldTable &table, const QStringList &texts)
+Object made(const QStringList &texts)
 {
     Object object;
-    for (const FieldAssignment &assignment : assignments(table, texts))
-        assign(assignment, &object);
-    return object;
+    const QStringList errors =
+        assignAll(fieldsOf(TESSEL::DocumentTables::of<Object>()), texts, &object).errors;
+    return errors.isEmpty() ? object : throw std::runtime_error(errors.join('\n').toStdString());
 }
 
 } // namespace
 
 void FieldAssignmentTest::order()
 {
-    QCOMPARE(pathsOf(fieldsOf(TESSEL::DocumentTables::of<Parameter>()),
-                     {"ToolTip=t", "Enum.EnumValue[10].Name=k", "Enum.EnumValue[2].Name=c",
+    QCOMPARE(pathsOf({"ToolTip=t", "Enum.EnumValue[10].Name=k", "Enum.EnumValue[2].Name=c",
                       "Enum.EnumValue=2", "Enum.EnumValue=1", "UniqueName=u", "ParameterType=Enum"}),
              (QStringList{"ParameterType=Enum", "UniqueName=u", "ToolTip=t", "Enum.EnumValue=2",
                           "Enum.EnumValue=1", "Enum.EnumValue[2].Name=c", "Enum.EnumValue[10].Name=k"}));
@@ -70,23 +84,33 @@ void FieldAssignmentTest::indexes()
 
     const QStringList texts("Enum.EnumValue[" + index + "].Name=n");
     if (isTaken) {
-        QCOMPARE(pathsOf(fieldsOf(TESSEL::DocumentTables::of<Parameter>()), texts), texts);
+        QCOMPARE(pathsOf(texts), texts);
         return;
     }
-    try {
-        (void)assignments(fieldsOf(TESSEL::DocumentTables::of<Parameter>()), texts);
-        QFAIL("taken");
-    } catch (const FieldError &error) {
-        QCOMPARE(error.message,
-                 "Enum.EnumValue[" + index + "]: the index of a list is a whole number from 0");
-    }
+    QCOMPARE(errorsOf(texts),
+             QStringList("Enum.EnumValue[" + index + "]: the index of a list is a whole number from 0"));
+}
+
+/// What may follow from an error that is told already is not told.
+void FieldAssignmentTest::errors()
+{
+    QCOMPARE(errorsOf({"ParameterType=Enum", "Long.Minimum=1"}),
+             QStringList("Long.Minimum: needs ParameterType=Long"));
+    QCOMPARE(errorsOf({"ParameterType=long", "Long.Minimum=1", "Multiplier=x", "Sort"}).size(), 3);
+    QCOMPARE(errorsOf({"ToolTip=a", "ToolTip=b", "ToolTip=c", "UniqueName=d"}),
+             QStringList("ToolTip: is set twice"));
+    QCOMPARE(errorsOf({"ParameterType=Enum", "Enum.EnumValue=1", "Enum.EnumValue=1"}), QStringList());
+
+    // What is right is done all the same.
+    Parameter parameter;
+    QCOMPARE(assignAll(parameterFields(), {"Sort=a", "ToolTip=b"}, &parameter).errors.size(), 1);
+    QCOMPARE(parameter.GetToolTip(), QString("b"));
 }
 
 void FieldAssignmentTest::namesReachTheHandler()
 {
     const auto receiver =
-        made<GenericReceiver>(fieldsOf(TESSEL::DocumentTables::of<GenericReceiver>()),
-                              {"Parameter[a].RepresentationName=r", "Parameter[a].Multiplier=2",
+        made<GenericReceiver>({"Parameter[a].RepresentationName=r", "Parameter[a].Multiplier=2",
                                "Parameter[a].ParameterType=Float"});
     const Parameter parameter = receiver.GetParameter("a");
     QCOMPARE(parameter.GetFloatHandler().GetUniqueParameterName(), QString("a"));
@@ -97,15 +121,13 @@ void FieldAssignmentTest::namesReachTheHandler()
 void FieldAssignmentTest::fieldsThatDocumentsDoNotHold()
 {
     const auto parameter =
-        made<Parameter>(fieldsOf(TESSEL::DocumentTables::of<Parameter>()),
-                        {"ParameterType=DoubleList", "Double.DoubleList=1,2", "Double.DoubleList=3",
+        made<Parameter>({"ParameterType=DoubleList", "Double.DoubleList=1,2", "Double.DoubleList=3",
                          "Double.DoubleList[1]=2.5", "Double.Value=4", "Double.UseAsList=true"});
     QCOMPARE(parameter.GetDoubleHandler().GetDoubleList(), (QVector<double>{1, 2.5, 3}));
     QCOMPARE(parameter.GetDoubleHandler().GetValue(), 4.0);
     QCOMPARE(parameter.GetDoubleHandler().IsDoubleList(), true);
 
     const auto choice = made<Parameter>(
-        fieldsOf(TESSEL::DocumentTables::of<Parameter>()),
         {"ParameterType=Enum", "Enum.SelectedEnumValue=3,C,c,0.5,true", "Enum.DefaultValue.Name=D"});
     EnumHandler::EnumValue selected;
     selected.Key = 3;
@@ -119,8 +141,7 @@ void FieldAssignmentTest::fieldsThatDocumentsDoNotHold()
 
 void FieldAssignmentTest::explicitFieldsOfTheHandlerWin()
 {
-    const auto parameter = made<Parameter>(fieldsOf(TESSEL::DocumentTables::of<Parameter>()),
-                                           {"Long.RepresentationName=h", "ParameterType=Long",
+    const auto parameter = made<Parameter>({"Long.RepresentationName=h", "ParameterType=Long",
                                             "RepresentationName=r", "Long.Multiplier=3", "Multiplier=2"});
     QCOMPARE(parameter.GetRepresenationName(), QString("r"));
     QCOMPARE(parameter.GetLongHandler().GetRepresentationName(), QString("h"));

@@ -202,13 +202,15 @@ void ReceiverLintTest::parameters_data()
          doesNotCount("3:8", "Float", "Integer"), doesNotCount("3:16", "String", "Integer"),
          doesNotCount("3:25", "TimeStamp", "Integer")});
 
-    const QString noValue =
-        "there is no value, so the parameter is not complete, and nothing would be written";
-    add("double list without a length", "DoubleList", "<Double/>", {"2:1 " + noValue}, false);
-    add("double without a default", "Double", "<Double><Minimum>-1</Minimum></Double>", {"2:1 " + noValue},
+    const QString noValue = "without a \"%1\" the parameter has no value: it is not complete, and nothing "
+                            "would be written";
+    add("double list without a length", "DoubleList", "<Double/>",
+        {"2:1 " + noValue.arg("MaxDoubleListLength")}, false);
+    add("double without a default", "Double", "<Double><Minimum>-1</Minimum></Double>",
+        {"2:1 " + noValue.arg("Default")}, false);
+    add("double without a block", "Double", "", {"1:1 " + noValue.arg("Default")}, false);
+    add("string without a default", "String", "<String Default='a'/>", {"2:1 " + noValue.arg("Default")},
         false);
-    add("double without a block", "Double", "", {"1:1 " + noValue}, false);
-    add("string without a default", "String", "<String Default='a'/>", {"2:1 " + noValue}, false);
     add("string with a default", "String", "<String><Default>a</Default></String>", {});
 
     add("several", "Enum",
@@ -287,7 +289,9 @@ void ReceiverLintTest::receivers_data()
         parameter("DoubleList", list, "l") + "\n" + parameter("DoubleList", "<Double/>"),
         {"4:1 " + noLength});
     add("first list without a length", parameter("DoubleList", "<Double/>"),
-        {"2:1 there is no value, so the parameter is not complete, and nothing would be written",
+        {"2:1 without a \"MaxDoubleListLength\" the parameter has no value: it is not complete, and nothing "
+         "would "
+         "be written",
          "2:1 " + noLength},
         false);
     add("list with a length", parameter("DoubleList", list), {});

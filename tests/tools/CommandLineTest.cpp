@@ -216,9 +216,11 @@ Example:
 )text";
     const QString ofNew = R"text(Usage: kormak new [OPTIONS] KIND
 
-Makes a document of the given KIND. What is not set has the library's default.
-The document goes to standard output, unless told otherwise. When something is
-missing, nothing is written, and standard error tells what it is.
+Makes a document of the given KIND, or changes a copy of one. What is not set
+has the library's default. The document goes to standard output, unless told
+otherwise, in the form that is read back as it was set; 'kormak check' accepts
+it. When something is wrong, is missing or would not be read back, nothing is
+written, and standard error tells all of it.
 
 --list-fields lists the fields. They are called as 'kormak show --format json'
 calls them:
@@ -229,22 +231,27 @@ calls them:
 In a unique name, write \] for ] and \\ for \. The order of the --set does not
 matter, but for elements that are added to a list.
 
-A warning tells of a field that the library writes, but would not read again as
-it was set.
+With --template, what the document in FILE says and the new one would not say
+is named on standard error.
 
 A KIND is one of: Job, AutomaticWorkflow, ActivityGeneration, GenericReceiver,
 Parameter.
 
 Options:
-  --set FIELD=VALUE  Set a field; can be given many times.
-  -o OUT             Write to the file OUT, not to standard output.
-  --list-fields      List the fields of KIND and what they can be set to.
-  -h, --help         Show this help.
+  --set FIELD=VALUE     Set a field; can be given many times.
+  --template FILE       Start from the document in FILE.
+  -o OUT                Write to the file OUT, not to standard output.
+  --list-fields         List the fields of KIND and what they can be set to.
+  --format FORMAT       text (for people, the default) or json (for scripts).
+  --limit-attributes N  Most attributes of an element (default: 100).
+  --limit-depth N       Most elements in one another (default: 1000).
+  --limit-entities N    Most characters from entities (default: 1048576).
+  -h, --help            Show this help.
 
 Exit status:
   0  the document is written
-  1  the document is not complete
-  2  there is no such kind, field or value, or OUT cannot be written
+  1  the document is not complete, or something would be lost
+  2  there is no such kind, field or value, or a file cannot be read or written
 
 Example:
   kormak new GenericReceiver -o receiver.xml \
@@ -392,7 +399,7 @@ void CommandLineTest::wrongCalls_data()
                                       << "kormak new: -o can be given only once\n";
     QTest::newRow("new with fields to list and to set")
         << QStringList{"new", "Job", "--list-fields", "--set", "a=b"}
-        << "kormak new: --list-fields stands alone\n";
+        << "kormak new: --list-fields takes only --format\n";
     QTest::newRow("list of two vocabularies")
         << QStringList{"list", "JobType", "ValueType"} << "kormak list: takes one VOCABULARY, not 2\n";
     QTest::newRow("help of an unknown command")
@@ -546,7 +553,10 @@ void CommandLineTest::fullOutput()
     QCOMPARE(result.status, 2);
 
     // A warning in between does not hide it.
-    const Run made = folder.run({"new", "AutomaticWorkflow", "--set", "Mode=ManualMode"}, {}, "/dev/full");
+    const Run made =
+        folder.run({"new", "Parameter", "--set", "ParameterType=Boolean", "--set", "UniqueName=a", "--set",
+                    "ValueType=ValueBoolean", "--set", "RepresentationName=a"},
+                   {}, "/dev/full");
     QVERIFY2(made.err.startsWith("kormak new: warning: "), qPrintable(made.err));
     QVERIFY2(made.err.endsWith(complaint), qPrintable(made.err));
     QCOMPARE(made.status, 2);
@@ -728,12 +738,19 @@ void CommandLineTest::colours_data()
            "loss.xml: %1: not written, since the lines above would be lost (--drop-comments allows "
            "to lose comments)\n";
     QTest::newRow("new") << QStringList{"new", "Parameter"}
-                         << "kormak new: %1: Parameter: Please set ParameterType\n";
+                         << "kormak new: %1: UniqueName: missing\n"
+                            "kormak new: %1: ParameterType: missing\n"
+                            "kormak new: %1: ValueType: missing\n"
+                            "kormak new: %1: RepresentationName: missing\n"
+                            "kormak new: %1: nothing is written, since the document is not complete\n";
     QTest::newRow("new with a warning")
-        << QStringList{"new",   "ActivityGeneration",
-                       "--set", "Mode=AGSC",
-                       "--set", "LevelMinBurstDuration=0.123456789"}
-        << "kormak new: %2: not read back as it was set: LevelMinBurstDuration: 0.12345679 -> 0.123457\n";
+        << QStringList{"new",   "Parameter",
+                       "--set", "UniqueName=a",
+                       "--set", "RepresentationName=rx",
+                       "--set", "ValueType=ValueNumericInt",
+                       "--set", "ParameterType=Long",
+                       "--set", "Long.Minimum=1"}
+        << "kormak new: %2: Long.Default: the default 0 is below the minimum 1\n";
     QTest::newRow("list") << QStringList{"list", "none"} << QString();
 }
 

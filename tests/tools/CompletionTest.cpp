@@ -1,5 +1,6 @@
 #include <inspection/DocumentKind_p.h>
-#include <inspection/FieldAssignment_p.h>
+#include <inspection/DocumentTexts_p.h>
+#include <inspection/FieldListing_p.h>
 #include <inspection/NameLists_p.h>
 #include <tools/Tool.h>
 #include <tools/Usage.h>
@@ -80,7 +81,9 @@ void CompletionTest::bash_data()
     add("command", {"ch"}, {"check"});
     add("no such command", {"x"}, {});
     add("options of the tool", {"-"}, {"-h", "--help", "-v", "-V", "--version"});
-    add("options of a command", {"new", "-"}, {"--set", "-o", "--list-fields", "-h", "--help"});
+    add("options of a command", {"new", "-"},
+        {"--set", "--template", "-o", "--list-fields", "--format", "--limit-attributes", "--limit-depth",
+         "--limit-entities", "-h", "--help"});
     add("options behind a file", {"format", "a.xml", "--in"}, {"--in-place"});
     add("options behind standard input", {"format", "-", "--in"}, {"--in-place"});
     add("option with two names", {"check", "--r"}, {"--recursive"});
@@ -208,11 +211,12 @@ void CompletionTest::fieldsAndValues()
         QStringList paths;
         QString script = load;
         QString values;
-        for (const SettableField &field : settableFields(findDocumentKind(kind)->fields())) {
+        for (const SettableField &field : settableFields(*findDocumentKind(kind))) {
             paths << field.path;
             script += "echo '" + field.path + "'; _kormak_values " + kind + " '" + field.path + "'; ";
             values += field.path + '\n';
-            for (const QString &text : field.texts)
+            const QStringList texts = field.row ? allowedTexts(field.row->type) : QStringList();
+            for (const QString &text : texts)
                 values += text + '\n';
         }
         QCOMPARE(outputOf(shell, load + "_kormak_all_fields " + kind), paths.join('\n') + '\n');
