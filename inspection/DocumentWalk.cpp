@@ -2,6 +2,7 @@
 
 #include <inspection/Advice_p.h>
 #include <inspection/DocumentTexts_p.h>
+#include <inspection/FieldPlaces_p.h>
 #include <inspection/QuotedText_p.h>
 #include <inspection/XmlCursor_p.h>
 #include <objectbase/DocumentTable_p.h>
@@ -24,11 +25,6 @@ namespace {
 using namespace TESSEL;
 using Index = XmlTree::Index;
 using Content = Row::Content;
-
-bool isRead(const Row &row)
-{
-    return row.read || row.content == Content::Ignored || (row.part && row.part->enter);
-}
 
 /// Each element is an object of its own.
 bool isList(const Row &row)
@@ -147,15 +143,6 @@ private:
         while (open != XmlTree::None && open != index)
             open = tree.parent(open);
         return open != XmlTree::None;
-    }
-
-    static const Row *childRow(const ObjectTable &table, QStringView name)
-    {
-        const auto *const row =
-            std::find_if(table.elements.begin(), table.elements.end(), [name](const Row &candidate) {
-                return isRead(candidate) && candidate.name == name;
-            });
-        return row == table.elements.end() ? nullptr : row;
     }
 
     /// The cursor is at the start of the child, and at its end afterwards.

@@ -13,6 +13,9 @@
 
 namespace KORMAK::Inspection {
 
+/// The one that the library writes, or the one that is read back as the object: see ReadableForm_p.h.
+enum class WrittenForm { OfLibrary, Readable };
+
 struct Rewriting {
     /// What keeps the document from being written. If there is something, the rest is empty.
     Findings blockers = {};
@@ -22,9 +25,10 @@ struct Rewriting {
     Findings losses = {}; ///< what the document says and the text does not
 };
 
-/// \a document has its whole tree, and its text was read. Its object is gone afterwards: large documents
-/// would stand in memory many times over.
-[[nodiscard]] Rewriting rewrite(ParsedDocument &document);
+/// The readable form is written of documents that are not complete, too, and takes up values that stand where
+/// the library writes them, but does not read them. \a document has its whole tree, and its text was read.
+/// Its object is gone afterwards: large documents would stand in memory many times over.
+[[nodiscard]] Rewriting rewrite(ParsedDocument &document, WrittenForm form = WrittenForm::OfLibrary);
 
 /// What \a document says and \a text does not, which is written for an object of the same kind.
 [[nodiscard]] Findings lossesIn(const ParsedDocument &document, const QByteArray &text);

@@ -18,6 +18,7 @@ namespace {
 
 constexpr QStringView InPlaceOption = u"in-place";
 constexpr QStringView CheckOption = u"check";
+constexpr QStringView ReadableOption = u"readable";
 constexpr QStringView DropCommentsOption = u"drop-comments";
 
 QList<QCommandLineOption> options()
@@ -28,6 +29,8 @@ QList<QCommandLineOption> options()
                            QStringLiteral("Write each document to the FILE that it comes from.")),
         QCommandLineOption(listOf<QStringList>(CheckOption.toString()),
                            QStringLiteral("Write nothing, but tell which FILE would change.")),
+        QCommandLineOption(listOf<QStringList>(ReadableOption.toString()),
+                           QStringLiteral("Write what is read back, not what the library writes.")),
         QCommandLineOption(listOf<QStringList>(DropCommentsOption.toString()),
                            QStringLiteral("Write even if comments are lost."))));
 }
@@ -42,6 +45,7 @@ enum class Mode {
 struct Request {
     Mode mode;
     QString output; ///< unless documents are written in place or checked
+    WrittenForm form;
     bool dropsComments;
 };
 
@@ -87,7 +91,7 @@ ExitStatus write(const QByteArray &text, const FileDocument &document, const QSt
 /// Writes the document unless it cannot be written or something of it would be lost. \throws DocumentError
 ExitStatus format(FileDocument &document, const QString &source, const Request &request, QStringList &changed)
 {
-    auto [obstacles, refusal, text, losses] = rewrite(document);
+    auto [obstacles, refusal, text, losses] = rewrite(document, request.form);
     complainAbout(source, document, u"error", obstacles);
     if (!obstacles.empty())
         return Faulty;
@@ -124,6 +128,7 @@ Request requestOf(const QCommandLineParser &parser)
                 : isCheck ? Mode::Check
                           : Mode::WriteOutput,
             outputs.isEmpty() ? StandardStream.toString() : outputs.constFirst(),
+            parser.isSet(ReadableOption.toString()) ? WrittenForm::Readable : WrittenForm::OfLibrary,
             parser.isSet(DropCommentsOption.toString())};
 }
 
@@ -157,7 +162,13 @@ const Command formatCommand{
     u"\n"
     u"The library drops what it does not know. Before something of FILE gets lost in that way, nothing is "
     u"written, and standard error tells what it is, one thing in a line:\n"
-    u"  FILE:LINE:COLUMN: loss: PATH: MESSAGE",
+    u"  FILE:LINE:COLUMN: loss: PATH: MESSAGE\n"
+    u"\n"
+    u"Not all that the library writes it reads again: the mode of a workflow, the type of a boolean "
+    u"parameter "
+    u"and the default of a string stand elsewhere in what it writes, and numbers have few digits. With "
+    u"--readable, everything is written where it is read, be the document complete or not, also what stands "
+    u"where the library writes it.",
     {u"all documents are written, or need not be",
      u"a document is at fault, something would be lost, or --check names a FILE",
      u"a file cannot be read or written"},

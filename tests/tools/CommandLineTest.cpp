@@ -194,12 +194,19 @@ that way, nothing is written, and standard error tells what it is, one thing in
 a line:
   FILE:LINE:COLUMN: loss: PATH: MESSAGE
 
+Not all that the library writes it reads again: the mode of a workflow, the
+type of a boolean parameter and the default of a string stand elsewhere in what
+it writes, and numbers have few digits. With --readable, everything is written
+where it is read, be the document complete or not, also what stands where the
+library writes it.
+
 The FILE - is standard input.
 
 Options:
   -o OUT                Write to the file OUT, not to standard output.
   --in-place            Write each document to the FILE that it comes from.
   --check               Write nothing, but tell which FILE would change.
+  --readable            Write what is read back, not what the library writes.
   --drop-comments       Write even if comments are lost.
   --limit-attributes N  Most attributes of an element (default: 100).
   --limit-depth N       Most elements in one another (default: 1000).
@@ -374,12 +381,13 @@ void CommandLineTest::wrongCalls_data()
            "--limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("unknown option of format")
         << QStringList{"format", "job.xml", "--bar"}
-        << "kormak format: Unknown option 'bar'. Allowed: -o OUT, --in-place, --check, --drop-comments, "
+        << "kormak format: Unknown option 'bar'. Allowed: -o OUT, --in-place, --check, --readable, "
+           "--drop-comments, "
            "--limit-attributes N, --limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("option without its value")
         << QStringList{"format", "job.xml", "-o"}
         << "kormak format: Missing value after '-o'. Allowed: -o OUT, "
-           "--in-place, --check, --drop-comments, --limit-attributes N, "
+           "--in-place, --check, --readable, --drop-comments, --limit-attributes N, "
            "--limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("check without a file") << QStringList{"check"} << "kormak check: no PATH given\n";
     QTest::newRow("show without a file") << QStringList{"show"} << "kormak show: no FILE given\n";

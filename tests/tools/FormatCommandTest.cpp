@@ -16,6 +16,10 @@ private Q_SLOTS:
     void canonicalForm();
     void targets_data();
     void targets();
+    void readableForm_data();
+    void readableForm();
+    void lossesInReadableForm_data();
+    void lossesInReadableForm();
     void losses_data();
     void losses();
     void commentsOnRequest();
@@ -174,6 +178,100 @@ void FormatCommandTest::targets()
     QCOMPARE(folder.read("old.xml"), target == "old.xml" ? expected : QString(10000, 'x'));
     QCOMPARE(folder.read("new.xml"), target == "new.xml" ? expected : QString("(no file)"));
     QCOMPARE(folder.names().size(), target == "new.xml" ? 3 : 2);
+}
+
+void FormatCommandTest::readableForm_data()
+{
+    QTest::addColumn<QByteArray>("document");
+    QTest::addColumn<QByteArray>("formatted");
+
+    const QByteArray start = "<?xml version=\"1.0\"?>\n";
+    QTest::newRow("as the library writes it") << completeJob() << completeJob();
+    QTest::newRow("mode as an attribute")
+        << QByteArray("<AutomaticWorkflow Mode=\"ManualMode\" Version=\"1.0\"/>")
+        << start + "<AutomaticWorkflow Version=\"1.0\">\n    <Mode>ManualMode</Mode>\n</AutomaticWorkflow>\n";
+    QTest::newRow("mode as an attribute and as an element")
+        << QByteArray("<AutomaticWorkflow Mode=\"ManualMode\"><Mode>ManualMode</Mode></AutomaticWorkflow>")
+        << start + "<AutomaticWorkflow>\n    <Mode>ManualMode</Mode>\n</AutomaticWorkflow>\n";
+    QTest::newRow("default of a string as an attribute")
+        << QByteArray("<GenericReceiver><Parameter UniqueName=\"a=b]\"><ParameterType>String</ParameterType>"
+                      "<String Default=\"x=y\"/></Parameter></GenericReceiver>")
+        << start
+            + "<GenericReceiver>\n    <Parameter UniqueName=\"a=b]\">\n        <Enable>true</Enable>\n"
+              "        <ParameterType>String</ParameterType>\n        <String>\n"
+              "            <Default>x=y</Default>\n        </String>\n    </Parameter>\n</GenericReceiver>\n";
+    QTest::newRow("boolean without a type")
+        << QByteArray("<Parameter UniqueName=\"a\"><Boolean>true</Boolean></Parameter>")
+        << start
+            + "<Parameter UniqueName=\"a\">\n    <Enable>true</Enable>\n"
+              "    <ParameterType>Boolean</ParameterType>\n    <Boolean>true</Boolean>\n</Parameter>\n";
+    QTest::newRow("document that is not complete")
+        << QByteArray("<Job><JobHeader><Author>a</Author></JobHeader></Job>")
+        << start
+            + "<Job>\n    <JobHeader>\n        <Author>a</Author>\n        <ShowJDH>true</ShowJDH>\n"
+              "    </JobHeader>\n</Job>\n";
+    QTest::newRow("number of single precision with more digits")
+        << QByteArray("<ActivityGeneration><Mode>AGED</Mode><SessionCloseTime>359.899994</SessionCloseTime>"
+                      "</ActivityGeneration>")
+        << QByteArray();
+}
+
+void FormatCommandTest::readableForm()
+{
+    QFETCH(QByteArray, document);
+    QFETCH(QByteArray, formatted);
+
+    Folder folder;
+    folder.write("in.xml", document);
+    const Run run = folder.run({"format", "--readable", "in.xml", "-o", "out.xml"});
+    QCOMPARE(run.err, QString());
+    QCOMPARE(run.status, 0);
+    if (formatted.isEmpty())
+        QVERIFY(folder.read("out.xml").contains("<SessionCloseTime>359.9</SessionCloseTime>"));
+    else
+        QCOMPARE(folder.read("out.xml"), QString::fromUtf8(formatted));
+    // It is that already.
+    const Run again = folder.run({"format", "--readable", "--check", "out.xml"});
+    QCOMPARE(again.out + again.err, QString());
+    QCOMPARE(again.status, 0);
+}
+
+void FormatCommandTest::lossesInReadableForm_data()
+{
+    QTest::addColumn<QByteArray>("document");
+    QTest::addColumn<QString>("loss");
+
+    QTest::newRow("value that is read as another")
+        << jobWith("1500000", "1.5 MHz")
+        << "12:9: loss: Job/AntennaData/MinimumFrequency: was \"1.5 MHz\", would be \"0\"";
+    QTest::newRow("two modes") << QByteArray(
+        "<AutomaticWorkflow Mode=\"ManualMode\"><Mode>AutomaticMode</Mode></AutomaticWorkflow>")
+                               << "1:1: loss: AutomaticWorkflow/@Mode: was \"ManualMode\", would be missing";
+    QTest::newRow("mode that is none")
+        << QByteArray("<AutomaticWorkflow Mode=\"manual\"/>")
+        << "1:1: loss: AutomaticWorkflow/@Mode: was \"manual\", would be missing";
+    QTest::newRow("flag that is none")
+        << QByteArray("<Parameter UniqueName=\"a\"><Boolean>on</Boolean></Parameter>")
+        << "1:27: loss: Parameter[a]/Boolean: was \"on\", would be \"false\"";
+    QTest::newRow("comment") << jobWith("<Author>", "<!--c--><Author>")
+                             << "5:9: loss: Job/JobHeader: the comment \"c\" would be missing";
+    QTest::newRow("elements that are ignored")
+        << QByteArray(
+               "<ActivityGeneration><Mode>AGED</Mode><DbWriteDc>Always</DbWriteDc></ActivityGeneration>")
+        << "1:38: loss: ActivityGeneration/DbWriteDc: was \"Always\", would be missing";
+}
+
+void FormatCommandTest::lossesInReadableForm()
+{
+    QFETCH(QByteArray, document);
+    QFETCH(QString, loss);
+
+    Folder folder;
+    folder.write("in.xml", document);
+    const Run run = folder.run({"format", "--readable", "in.xml"});
+    QCOMPARE(run.err.split('\n').constFirst(), "in.xml:" + loss);
+    QCOMPARE(run.out, QString());
+    QCOMPARE(run.status, 1);
 }
 
 void FormatCommandTest::losses_data()
