@@ -31,6 +31,8 @@ using namespace CheckReport;
 
 constexpr QStringView RecursiveOption = u"recursive";
 constexpr QStringView JobsOption = u"jobs";
+constexpr QStringView StrictOption = u"strict";
+constexpr QStringView QuietOption = u"quiet";
 
 QList<QCommandLineOption> options()
 {
@@ -40,6 +42,10 @@ QList<QCommandLineOption> options()
         QCommandLineOption(listOf<QStringList>(QStringLiteral("j"), JobsOption.toString()),
                            QStringLiteral("Check N files at once (default: 1 per core, most: 4)."),
                            QStringLiteral("N")),
+        QCommandLineOption(StrictOption.toString(),
+                           QStringLiteral("Warnings and what is never written count as faults.")),
+        QCommandLineOption(listOf<QStringList>(QStringLiteral("q"), QuietOption.toString()),
+                           QStringLiteral("Tell only what is wrong.")),
         formatOption()));
 }
 
@@ -64,16 +70,17 @@ int jobsOf(const QCommandLineParser &parser)
 }
 
 struct Outcome {
-    std::optional<ExitStatus> status = Failed; ///< nothing: it is no file that counts
+    std::optional<Verdict> verdict = Verdict::Unreadable; ///< nothing: it is no file that counts
     Lines lines;
 };
 
 /// The checks of all paths, of which several are going on at a time.
 class Checks {
 public:
-    Checks(std::vector<ListedPath> paths, OutputFormat outputFormat,
+    Checks(std::vector<ListedPath> paths, OutputFormat outputFormat, Talk talkOfFiles,
            const TESSEL::ReadingLimits &readingLimits, int jobs)
-        : listed(std::move(paths)), format(outputFormat), limits(readingLimits), outcomes(listed.size())
+        : listed(std::move(paths)), format(outputFormat), talk(talkOfFiles), limits(readingLimits),
+          outcomes(listed.size())
     {
         const auto wanted = std::min(static_cast<std::size_t>(jobs), listed.size());
         try {
@@ -179,7 +186,7 @@ private:
 
     [[nodiscard]] Outcome outcomeOf(const FileCheck &check) const
     {
-        return {check.status, linesOf(check, format)};
+        return {check.verdict, linesOf(check, format, talk)};
     }
 
     /// What is said of a file whose check went wrong in itself.
@@ -198,6 +205,7 @@ private:
 
     const std::vector<ListedPath> listed;
     const OutputFormat format;
+    const Talk talk;
     const TESSEL::ReadingLimits limits;
     std::mutex mutex; ///< of what follows
     std::condition_variable change;
@@ -219,26 +227,31 @@ ExitStatus run(const QCommandLineParser &parser)
     const QStringList arguments = parser.positionalArguments();
     const OutputFormat format = outputFormat(parser);
     const int jobs = jobsOf(parser);
+    const Talk talk = parser.isSet(QuietOption.toString()) ? Talk::OfWhatIsWrong : Talk::OfAll;
+    const Strictness strictness =
+        parser.isSet(StrictOption.toString()) ? Strictness::Strict : Strictness::Lenient;
     if (arguments.count(StandardStream.toString()) > 1)
         throw UsageError{QStringLiteral("standard input can be read only once")};
 
     auto paths = listedPaths(arguments, parser.isSet(RecursiveOption.toString()));
     const bool wouldMix = format == OutputFormat::Json && Terminal::isOutput();
-    ProgressBar progress(static_cast<int>(paths.size()), Terminal::isErrorOutput() && !wouldMix);
+    ProgressBar progress(static_cast<int>(paths.size()),
+                         Terminal::isErrorOutput() && !wouldMix && talk == Talk::OfAll);
     const bool isOneFile =
         paths.size() == 1 && arguments.size() == 1 && arguments.constFirst() == paths.front().path;
     const std::size_t count = paths.size();
     Counts counts;
-    Checks checks(std::move(paths), format, limitsOf(parser), jobs);
+    Checks checks(std::move(paths), format, talk, limitsOf(parser), jobs);
     for (std::size_t i = 0; i < count; ++i) {
         const Outcome outcome = checks.outcome(i, progress);
-        if (outcome.status)
-            counts.add(*outcome.status);
+        if (outcome.verdict)
+            counts.add(*outcome.verdict);
         write(outcome.lines, progress);
     }
-    if (format == OutputFormat::Json || !isOneFile)
+    const bool isSummedUp = format == OutputFormat::Json || !isOneFile;
+    if (isSummedUp && (talk == Talk::OfAll || counts.of(Verdict::Good) < counts.all()))
         Console::writeBytes(summary(counts, format));
-    return counts.status();
+    return counts.status(strictness);
 }
 
 } // namespace
@@ -250,7 +263,9 @@ const Command checkCommand{
     u"with it. Of a folder, the files called *.xml are checked, in the order of their names, hidden ones "
     u"left "
     u"out. Links to folders are followed; a warning tells of a folder that would be gone through again. More "
-    u"than one file, or a folder, is summed up in the end.\n"
+    u"than one file, or a folder, is summed up in the end: how many files are good, with warnings, never "
+    u"written (the library accepts the document, but would write nothing for it), at fault, or "
+    u"unreadable.\n"
     u"\n"
     u"What is wrong goes to standard error, one thing in a line:\n"
     u"  FILE:LINE:COLUMN: SEVERITY: PATH: MESSAGE\n"
@@ -265,8 +280,10 @@ const Command checkCommand{
     u"           complaint\n"
     u"  file     behind its findings: file, status, kind, complete, findings (how\n"
     u"           many)\n"
-    u"  summary  in the end: files, good, faulty, unreadable (how many of each)\n"
-    u"line and column count from 1. status is good, faulty or unreadable. found is the text that is there, "
+    u"  summary  in the end: files, good, withWarnings, neverWritten, faulty,\n"
+    u"           unreadable (how many of each)\n"
+    u"line and column count from 1. status is good where the library accepts the document, else faulty or "
+    u"unreadable; complete is false for what is never written. found is the text that is there, "
     u"allowed lists the names that could be there, complaint is what the library says. What does not apply "
     u"is null, or an empty list. A byte of a name that is not UTF-8, such as 0xfc, is \\udcfc. "
     u"A folder that would be gone through again has a finding, but no file.\n"
@@ -275,8 +292,8 @@ const Command checkCommand{
     u"missing-element, not-well-formed, refused, repeated, stray-text, suspicious, unknown-attribute, "
     u"unknown-element, "
     u"unknown-kind, unread, unreadable.",
-    {u"all documents are good, with warnings or without", u"a document is at fault",
-     u"a file cannot be read"},
+    {u"all documents are good, with warnings or without",
+     u"a document is at fault or, with --strict, has warnings or is never written", u"a file cannot be read"},
     u"kormak check -r --format json jobs settings/workflow.xml",
     ManyPaths,
     options,

@@ -2,10 +2,11 @@
 
 #include <inspection/DocumentJson_p.h>
 #include <tools/DocumentFile.h>
-#include <tools/PathEncoding.h>
 #include <tools/LimitOptions.h>
+#include <tools/PathEncoding.h>
 
 #include <new>
+#include <numeric>
 #include <utility>
 
 using namespace KORMAK::Inspection;
@@ -26,22 +27,45 @@ DocumentCheck withOptions(DocumentCheck check)
 
 FileCheck failed(const QString &path, const DocumentError &error)
 {
-    return {path, error.position ? Faulty : Failed, withOptions(failedCheck(error))};
+    return {path, error.position ? Verdict::AtFault : Verdict::Unreadable, withOptions(failedCheck(error))};
 }
 
-QStringView statusName(ExitStatus status)
+Verdict verdictOn(const DocumentCheck &check)
 {
-    switch (status) {
-    case Good:
-        return u"good";
-    case Faulty:
-        return u"faulty";
-    default:
-        return u"unreadable";
-    }
+    if (!check.isAccepted)
+        return Verdict::AtFault;
+    if (!check.isComplete)
+        return Verdict::NeverWritten;
+    return check.findings.empty() ? Verdict::Good : Verdict::WithWarnings;
 }
 
-Lines textOf(const FileCheck &check)
+bool isAccepted(Verdict verdict)
+{
+    return verdict < Verdict::AtFault;
+}
+
+struct VerdictNames {
+    Verdict verdict;
+    QStringView text; ///< behind a number of files
+    QStringView key; ///< of that number in JSON
+};
+
+constexpr VerdictNames Names[] = {
+    {Verdict::Good, u"good", u"good"},
+    {Verdict::WithWarnings, u"with warnings", u"withWarnings"},
+    {Verdict::NeverWritten, u"never written", u"neverWritten"},
+    {Verdict::AtFault, u"at fault", u"faulty"},
+    {Verdict::Unreadable, u"unreadable", u"unreadable"},
+};
+
+QStringView statusName(Verdict verdict)
+{
+    if (isAccepted(verdict))
+        return u"good";
+    return verdict == Verdict::AtFault ? u"faulty" : u"unreadable";
+}
+
+Lines textOf(const FileCheck &check, Talk talk)
 {
     QString complaints;
     for (const auto &[finding, position] : check.check.findings)
@@ -49,21 +73,22 @@ Lines textOf(const FileCheck &check)
             complaintLine(check.path, position, nameOf(finding.severity), finding) + QLatin1Char('\n');
     Lines lines;
     lines.complaints = complaints.toUtf8();
-    if (check.status == Good)
+    if (talk == Talk::OfAll ? isAccepted(check.verdict) : check.verdict == Verdict::NeverWritten)
         lines.results =
             (PathEncoding::shown(check.path + QStringLiteral(": ") + check.check.state) + QLatin1Char('\n'))
                 .toUtf8();
     return lines;
 }
 
-Lines jsonOf(const FileCheck &check)
+Lines jsonOf(const FileCheck &check, Talk talk)
 {
     const auto &[isAccepted, kind, isComplete, state, findings, object] = check.check;
     Lines lines;
     for (const auto &[finding, position] : findings)
         lines.results += findingJson(check.path, finding, position);
-    lines.results += fileJson(check.path, statusName(check.status), kind, isComplete,
-                              static_cast<qsizetype>(findings.size()));
+    if (talk == Talk::OfAll || check.verdict != Verdict::Good)
+        lines.results += fileJson(check.path, statusName(check.verdict), kind, isComplete,
+                                  static_cast<qsizetype>(findings.size()));
     return lines;
 }
 
@@ -80,7 +105,8 @@ FileCheck checkFile(const QString &path, const TESSEL::ReadingLimits &limits)
         const SourceText source = readText(path);
         DocumentCheck check = withOptions(checkText(source.text, limits));
         check.object.reset(); // its room is needed for what is told
-        return {path, check.isAccepted ? Good : Faulty, std::move(check)};
+        const Verdict verdict = verdictOn(check);
+        return {path, verdict, std::move(check)};
     } catch (const DocumentError &error) {
         return failed(path, error);
     } catch (const std::bad_alloc &) {
@@ -88,21 +114,22 @@ FileCheck checkFile(const QString &path, const TESSEL::ReadingLimits &limits)
     }
 }
 
-void CheckReport::Counts::add(ExitStatus status)
+int CheckReport::Counts::all() const
 {
-    ++(status == Good ? good : status == Faulty ? faulty : unreadable);
+    return std::accumulate(counts.begin(), counts.end(), 0);
 }
 
-ExitStatus CheckReport::Counts::status() const
+ExitStatus CheckReport::Counts::status(Strictness strictness) const
 {
-    if (unreadable > 0)
+    if (of(Verdict::Unreadable) > 0)
         return Failed;
-    return faulty > 0 ? Faulty : Good;
+    const int doubtful = of(Verdict::WithWarnings) + of(Verdict::NeverWritten);
+    return of(Verdict::AtFault) > 0 || (strictness == Strictness::Strict && doubtful > 0) ? Faulty : Good;
 }
 
-CheckReport::Lines CheckReport::linesOf(const FileCheck &check, OutputFormat format)
+CheckReport::Lines CheckReport::linesOf(const FileCheck &check, OutputFormat format, Talk talk)
 {
-    return format == OutputFormat::Json ? jsonOf(check) : textOf(check);
+    return format == OutputFormat::Json ? jsonOf(check, talk) : textOf(check, talk);
 }
 
 CheckReport::Lines CheckReport::linesOfSkipped(const QString &path, const QString &reason,
@@ -124,17 +151,16 @@ QByteArray CheckReport::summary(const Counts &counts, OutputFormat format)
     if (format == OutputFormat::Json) {
         return jsonLine(u"summary", [&counts](JsonWriter &json) {
             json.member(u"files", QString::number(counts.all()));
-            json.member(u"good", QString::number(counts.good));
-            json.member(u"faulty", QString::number(counts.faulty));
-            json.member(u"unreadable", QString::number(counts.unreadable));
+            for (const VerdictNames &names : Names)
+                json.member(names.key, QString::number(counts.of(names.verdict)));
         });
+    }
+    QStringList parts;
+    for (const VerdictNames &names : Names) {
+        if (const int count = counts.of(names.verdict); count > 0)
+            parts += QStringLiteral("%1 %2").arg(count).arg(names.text);
     }
     const QString files =
         counts.all() == 1 ? QStringLiteral("1 file") : QStringLiteral("%1 files").arg(counts.all());
-    return QStringLiteral("%1: %2 good, %3 at fault, %4 cannot be read\n")
-        .arg(files)
-        .arg(counts.good)
-        .arg(counts.faulty)
-        .arg(counts.unreadable)
-        .toUtf8();
+    return QStringLiteral("%1: %2\n").arg(files, parts.join(QStringLiteral(", "))).toUtf8();
 }

@@ -10,9 +10,21 @@
 #include <QByteArray>
 #include <QString>
 
+#include <array>
+#include <cstddef>
+
+/// What comes out for a file, the better first.
+enum class Verdict {
+    Good,
+    WithWarnings,
+    NeverWritten, ///< the library accepts the document, but would write nothing for it
+    AtFault, ///< the library refuses the document
+    Unreadable,
+};
+
 struct FileCheck {
     QString path;
-    ExitStatus status = Good; ///< Faulty exactly when the library refuses the document
+    Verdict verdict = Verdict::Good;
     KORMAK::Inspection::DocumentCheck check;
 };
 
@@ -24,24 +36,34 @@ struct FileCheck {
 
 namespace CheckReport {
 
+/// What counts as a fault.
+enum class Strictness {
+    Lenient, ///< what the library refuses
+    Strict, ///< warnings, too, and documents that the library would not write
+};
+
+/// Of what there is talk.
+enum class Talk { OfAll, OfWhatIsWrong };
+
 /// What is written of one file.
 struct Lines {
     QByteArray results; ///< to standard output
     QByteArray complaints; ///< to standard error, before the results
 };
 
-/// How many files ended how.
-struct Counts {
-    int good = 0;
-    int faulty = 0;
-    int unreadable = 0;
+/// How many files came out how.
+class Counts {
+public:
+    void add(Verdict verdict) { ++counts[static_cast<std::size_t>(verdict)]; }
+    [[nodiscard]] int of(Verdict verdict) const { return counts[static_cast<std::size_t>(verdict)]; }
+    [[nodiscard]] int all() const;
+    [[nodiscard]] ExitStatus status(Strictness strictness) const;
 
-    void add(ExitStatus status);
-    [[nodiscard]] int all() const { return good + faulty + unreadable; }
-    [[nodiscard]] ExitStatus status() const;
+private:
+    std::array<int, static_cast<std::size_t>(Verdict::Unreadable) + 1> counts = {};
 };
 
-[[nodiscard]] Lines linesOf(const FileCheck &check, OutputFormat format);
+[[nodiscard]] Lines linesOf(const FileCheck &check, OutputFormat format, Talk talk);
 /// A warning of a folder at \a path that is not gone through.
 [[nodiscard]] Lines linesOfSkipped(const QString &path, const QString &reason, OutputFormat format);
 

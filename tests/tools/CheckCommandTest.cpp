@@ -30,6 +30,10 @@ private Q_SLOTS:
     void standardInput();
     void standardInputAmongFiles();
     void lint();
+    void strict_data();
+    void strict();
+    void quiet_data();
+    void quiet();
     void allFilesAreGoneThrough_data();
     void allFilesAreGoneThrough();
     void folders_data();
@@ -118,6 +122,20 @@ QString linesOfJob(const QStringList &lines)
 QString withFirstNames(QString text)
 {
     return text.replace(QRegularExpression("\\(allowed: ([^,)]*), [^)]*\\)"), "(allowed: \\1, ...)");
+}
+
+/// The last line of what is told of several files; as many of each as are not 0.
+QString summaryOf(const std::vector<std::pair<qsizetype, QString>> &counts)
+{
+    qsizetype files = 0;
+    QStringList parts;
+    for (const auto &[count, name] : counts) {
+        files += count;
+        if (count > 0)
+            parts << QString::number(count) + ' ' + name;
+    }
+    return QString("%1 %2: %3\n")
+        .arg(QString::number(files), files == 1 ? "file" : "files", parts.join(", "));
 }
 
 const QString Incomplete = ", not complete: the library accepts it but would write nothing for it";
@@ -630,8 +648,7 @@ void CheckCommandTest::namesOfFiles()
     const Run run = folder.run({"check", "--", name, "-x", folder.path("-x")});
     QCOMPARE(run.err, name + ":3:5: error: Job/JobHeader/Author: missing\n");
     QCOMPARE(run.out,
-             "-x: Job, complete\n" + folder.path("-x")
-                 + ": Job, complete\n3 files: 2 good, 1 at fault, 0 cannot be read\n");
+             "-x: Job, complete\n" + folder.path("-x") + ": Job, complete\n3 files: 2 good, 1 at fault\n");
     QCOMPARE(run.status, 1);
 }
 
@@ -682,7 +699,7 @@ void CheckCommandTest::standardInputAmongFiles()
     const Run run = folder.run({"check", "a.xml", "-", "a.xml"}, completeParameter());
     QCOMPARE(run.out,
              QString("a.xml: Job, complete\n-: Parameter, complete\na.xml: Job, complete\n"
-                     "3 files: 3 good, 0 at fault, 0 cannot be read\n"));
+                     "3 files: 3 good\n"));
     const Run twice = folder.run({"check", "-", "-"}, completeParameter());
     QCOMPARE(twice.err, QString("kormak check: standard input can be read only once\n"));
     QCOMPARE(twice.status, 2);
@@ -709,12 +726,120 @@ void CheckCommandTest::lint()
             "40\n"
             "c.xml:7:5: error: Parameter[Gain]/Foo: unknown element (allowed: ParameterType, ...)\n"));
     const QString states = "a.xml: GenericReceiver, complete\nb.xml: Parameter, complete\n";
-    QCOMPARE(run.out, states + "3 files: 2 good, 1 at fault, 0 cannot be read\n");
+    QCOMPARE(run.out, states + "3 files: 2 with warnings, 1 at fault\n");
     QCOMPARE(run.status, 1);
 
     const Run suspicious = folder.run({"check", "a.xml", "b.xml"});
-    QCOMPARE(suspicious.out, states + "2 files: 2 good, 0 at fault, 0 cannot be read\n");
+    QCOMPARE(suspicious.out, states + "2 files: 2 with warnings\n");
     QCOMPARE(suspicious.status, 0);
+}
+
+namespace {
+
+const QStringList Verdicts{"good", "warned", "unwritten", "faulty", "missing"};
+
+/// A file called after each of the verdicts that there can be on one.
+void writeOneOfEach(Folder &folder)
+{
+    folder.write("good.xml", completeJob());
+    folder.write("warned.xml", jobWith(">true<", ">TRUE<"));
+    folder.write("unwritten.xml", jobOnDecoder());
+    folder.write("faulty.xml", jobWithoutAuthor());
+}
+
+} // namespace
+
+void CheckCommandTest::strict_data()
+{
+    QTest::addColumn<QString>("names");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<int>("strictStatus");
+    QTest::addColumn<QString>("summary");
+
+    QTest::newRow("good") << "good good" << 0 << 0 << "2 files: 2 good";
+    QTest::newRow("with warnings") << "good warned good" << 0 << 1 << "3 files: 2 good, 1 with warnings";
+    QTest::newRow("never written") << "unwritten good" << 0 << 1 << "2 files: 1 good, 1 never written";
+    QTest::newRow("at fault") << "faulty warned" << 1 << 1 << "2 files: 1 with warnings, 1 at fault";
+    QTest::newRow("unreadable") << "missing unwritten" << 2 << 2 << "2 files: 1 never written, 1 unreadable";
+    QTest::newRow("one of each") << Verdicts.join(" ") << 2 << 2
+                                 << "5 files: 1 good, 1 with warnings, 1 never written, 1 at fault, "
+                                    "1 unreadable";
+}
+
+void CheckCommandTest::strict()
+{
+    QFETCH(QString, names);
+    QFETCH(int, status);
+    QFETCH(int, strictStatus);
+    QFETCH(QString, summary);
+
+    Folder folder;
+    writeOneOfEach(folder);
+    QStringList files = names.split(' ');
+    files.replaceInStrings(QRegularExpression("$"), ".xml");
+    const Run run = folder.run(QStringList{"check"} + files);
+    QCOMPARE(run.status, status);
+    QVERIFY2(run.out.endsWith('\n' + summary + '\n') || run.out == summary + '\n', qPrintable(run.out));
+    const Run strict = folder.run(QStringList{"check", "--strict"} + files);
+    QCOMPARE(strict.status, strictStatus);
+    QCOMPARE(strict.out, run.out);
+    QCOMPARE(strict.err, run.err);
+
+    const Run json = folder.run(QStringList{"check", "--strict", "--format", "json"} + files);
+    QCOMPARE(json.status, strictStatus);
+    const QJsonObject counts = jsonLines(json.out).constLast();
+    const QStringList keys{"good", "withWarnings", "neverWritten", "faulty", "unreadable"};
+    for (int i = 0; i < keys.size(); ++i)
+        QCOMPARE(counts[keys[i]].toInt(), static_cast<int>(files.count(Verdicts[i] + ".xml")));
+    QCOMPARE(counts["files"].toInt(), static_cast<int>(files.size()));
+}
+
+void CheckCommandTest::quiet_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("out");
+    QTest::addColumn<QStringList>("files"); // of which JSON tells
+
+    const QString unwritten = "unwritten.xml: Job" + Incomplete + '\n';
+    QTest::newRow("good") << QStringList{"good.xml"} << "" << QStringList();
+    QTest::newRow("several good") << QStringList{"good.xml", "good.xml"} << "" << QStringList();
+    QTest::newRow("with warnings") << QStringList{"good.xml", "warned.xml"}
+                                   << "2 files: 1 good, 1 with warnings\n"
+                                   << QStringList{"warned.xml"};
+    QTest::newRow("never written") << QStringList{"unwritten.xml"} << unwritten
+                                   << QStringList{"unwritten.xml"};
+    QTest::newRow("at fault") << QStringList{"faulty.xml"} << "" << QStringList{"faulty.xml"};
+    QTest::newRow("one of each") << QStringList{".", "missing.xml"}
+                                 << "./" + unwritten
+            + "5 files: 1 good, 1 with warnings, 1 never written, 1 at fault, 1 unreadable\n"
+                                 << QStringList{"./faulty.xml", "./unwritten.xml", "./warned.xml",
+                                                "missing.xml"};
+}
+
+void CheckCommandTest::quiet()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, out);
+    QFETCH(QStringList, files);
+
+    Folder folder;
+    writeOneOfEach(folder);
+    const Run loud = folder.run(QStringList{"check"} + arguments);
+    const Run quiet = folder.run(QStringList{"check", "-q"} + arguments);
+    QCOMPARE(quiet.out, out);
+    QCOMPARE(quiet.err, loud.err);
+    QCOMPARE(quiet.status, loud.status);
+
+    const Run json = folder.run(QStringList{"check", "--quiet", "--format", "json"} + arguments);
+    QStringList told;
+    bool isSummedUp = false;
+    for (const QJsonObject &line : jsonLines(json.out)) {
+        if (line["type"] == "file")
+            told << line["file"].toString();
+        isSummedUp = isSummedUp || line["type"] == "summary";
+    }
+    QCOMPARE(told, files);
+    QCOMPARE(isSummedUp, !files.isEmpty());
 }
 
 void CheckCommandTest::allFilesAreGoneThrough_data()
@@ -748,9 +873,9 @@ void CheckCommandTest::allFilesAreGoneThrough()
         else
             err += "missing.xml: error: cannot be read: No such file or directory\n";
     }
-    out += QString("%1 files: %2 good, %3 at fault, %4 cannot be read\n")
-               .arg(QString::number(names.size()), QString::number(names.count("good.xml")),
-                    QString::number(names.count("faulty.xml")), QString::number(names.count("missing.xml")));
+    out += summaryOf({{names.count("good.xml"), "good"},
+                      {names.count("faulty.xml"), "at fault"},
+                      {names.count("missing.xml"), "unreadable"}});
     const Run run = folder.run(QStringList{"check"} + names);
     QCOMPARE(run.out, out);
     QCOMPARE(run.err, err);
@@ -792,9 +917,7 @@ void CheckCommandTest::folders()
     for (const QString &file : files)
         out += file + ": Job, complete\n";
     if (files.size() > 1 || files != arguments)
-        out += QString("%1: %2 good, 0 at fault, 0 cannot be read\n")
-                   .arg(files.size() == 1 ? QString("1 file") : QString("%1 files").arg(files.size()))
-                   .arg(files.size());
+        out += summaryOf({{files.size(), "good"}});
     const bool isRecursive = arguments != arguments.filter(QRegularExpression("^[^-]"));
     const QString top = arguments.contains(".") ? "./" : "";
     const Run run = folder.run(QStringList{"check"} + arguments);
@@ -819,13 +942,12 @@ void CheckCommandTest::foldersThatCannotBeGoneThrough()
         run.err,
         QString("a: error: there is no *.xml file in this folder (-r goes through the folders below, too)\n"
                 "c: error: there is no *.xml file in this folder\n"));
-    QCOMPARE(run.out, QString("2 files: 0 good, 0 at fault, 2 cannot be read\n"));
+    QCOMPARE(run.out, QString("2 files: 2 unreadable\n"));
     QCOMPARE(run.status, 2);
 
     const Run recursive = folder.run({"check", "-r", "a", "c"});
     QCOMPARE(recursive.err, QString("c: error: there is no *.xml file in this folder\n"));
-    QCOMPARE(recursive.out,
-             QString("a/b/j.xml: Job, complete\n2 files: 1 good, 0 at fault, 1 cannot be read\n"));
+    QCOMPARE(recursive.out, QString("a/b/j.xml: Job, complete\n2 files: 1 good, 1 unreadable\n"));
     QCOMPARE(recursive.status, 2);
 
     QVERIFY(QFile::setPermissions(folder.path("a/b"), QFile::WriteOwner));
@@ -906,11 +1028,8 @@ void CheckCommandTest::linksBelowFolders()
     const auto number = files.size() + errors;
     QCOMPARE(run.err, complaints);
     QCOMPARE(run.out,
-             files.join(": Job, complete\n")
-                 + QString(": Job, complete\n%1: %2 good, 0 at fault, %3 cannot be read\n")
-                       .arg(number == 1 ? QString("1 file") : QString("%1 files").arg(number))
-                       .arg(files.size())
-                       .arg(errors));
+             files.join(": Job, complete\n") + ": Job, complete\n"
+                 + summaryOf({{files.size(), "good"}, {errors, "unreadable"}}));
     QCOMPARE(run.status, errors > 0 ? 2 : 0);
 
     const Run json = folder.run(QStringList{"check", "--format", "json"} + arguments);
@@ -976,7 +1095,7 @@ void CheckCommandTest::namesThatAreNotUtf8()
     QCOMPARE(run.err, "./Pr\\xfcfung.xml" + missing);
     QCOMPARE(run.out,
              QString("./Ger\\xe4te/job.xml: Job, complete\n./\\ufeffmark.xml: Job, complete\n"
-                     "3 files: 2 good, 1 at fault, 0 cannot be read\n"));
+                     "3 files: 2 good, 1 at fault\n"));
     QCOMPARE(run.status, 1);
     const Run json = folder.run({"check", "--format", "json", "."});
     QVERIFY2(json.out.contains("\"file\": \"./Pr\\udcfcfung.xml\", \"status\": \"faulty\""),
@@ -985,7 +1104,7 @@ void CheckCommandTest::namesThatAreNotUtf8()
     QCOMPARE(outputOf(tool + "check Pr${u}fung.xml"), "Pr\\xfcfung.xml" + missing + "1\n");
     QCOMPARE(outputOf(tool + "check \"$a\""),
              QString("Ger\\xe4te/job.xml: Job, complete\n"
-                     "1 file: 1 good, 0 at fault, 0 cannot be read\n0\n"));
+                     "1 file: 1 good\n0\n"));
     QCOMPARE(outputOf(tool + "check ${u}.xml"),
              QString("\\xfc.xml: error: cannot be read: No such file or directory\n2\n"));
     QCOMPARE(
@@ -1082,7 +1201,8 @@ void CheckCommandTest::json()
         R"("found": null, "allowed": [], "complaint": null})";
     const QString input = R"({"type": "file", "file": "-", "status": "faulty", "kind": null, )"
                           R"("complete": false, "findings": 1})";
-    const QString summary = R"({"type": "summary", "files": 4, "good": 1, "faulty": 2, "unreadable": 1})";
+    const QString summary = R"({"type": "summary", "files": 4, "good": 1, "withWarnings": 0, )"
+                            R"("neverWritten": 0, "faulty": 2, "unreadable": 1})";
     QCOMPARE(
         out.split('\n'),
         (QStringList{good, badName, unknownElement, bad, noFile, none, cutOff, input, summary, QString()}));
@@ -1128,10 +1248,10 @@ namespace {
 /// A check of two files, the first of which is not read before it is written.
 class SlowCheck {
 public:
-    SlowCheck(QString checkName, const QString &format, bool writesToTerminal, bool complainsToTerminal,
+    SlowCheck(QString checkName, const QStringList &options, bool writesToTerminal, bool complainsToTerminal,
               bool isBarExpected)
         : name(std::move(checkName)), writes(writesToTerminal), complains(complainsToTerminal),
-          hasBar(isBarExpected)
+          hasBar(isBarExpected), isQuiet(options.contains("--quiet"))
     {
         folder.write("a.xml", completeJob());
         const QByteArray path = QFile::encodeName(folder.path("slow.xml"));
@@ -1143,7 +1263,7 @@ public:
             process.setStandardOutputFile(screen.path());
         if (complains)
             process.setStandardErrorFile(screen.path());
-        process.start(KORMAK_TOOL, {"check", "-j", "2", "--format", format, "slow.xml", "a.xml"});
+        process.start(KORMAK_TOOL, QStringList{"check", "-j", "2", "slow.xml", "a.xml"} + options);
     }
 
     void watch()
@@ -1168,9 +1288,10 @@ public:
         QVERIFY2(shown.contains("\x1b[K") == hasBar, qPrintable(name + shown));
         const QString results =
             writes ? shown.section("\x1b[K", -1) : QString::fromUtf8(process.readAllStandardOutput());
-        QVERIFY2(results.count('\n') == 3, qPrintable(name + results)); // of two files and the summary
+        const int lines = isQuiet ? 0 : 3; // of two files and the summary
+        QVERIFY2(results.count('\n') == lines, qPrintable(name + results));
         QVERIFY2(!results.contains("/2 files"), qPrintable(name + results));
-        if (!writes && complains)
+        if (!writes && hasBar)
             QVERIFY2(shown.endsWith("\r\x1b[K"), qPrintable(name)); // nothing is left of the bar
         if (!complains)
             QCOMPARE(process.readAllStandardError(), QByteArray());
@@ -1182,6 +1303,7 @@ private:
     const bool writes;
     const bool complains;
     const bool hasBar;
+    const bool isQuiet;
     Folder folder;
     Screen screen;
     QProcess process;
@@ -1199,11 +1321,12 @@ void CheckCommandTest::progress()
         return;
     }
     SlowCheck checks[] = {
-        {"text: ", "text", false, true, true},
-        {"text, piped: ", "text", false, false, false},
-        {"text, all to a terminal: ", "text", true, true, true},
-        {"JSON: ", "json", false, true, true},
-        {"JSON, all to a terminal: ", "json", true, true, false},
+        {"text: ", {}, false, true, true},
+        {"text, piped: ", {}, false, false, false},
+        {"text, all to a terminal: ", {}, true, true, true},
+        {"text, quiet: ", {"--quiet"}, false, true, false},
+        {"JSON: ", {"--format", "json"}, false, true, true},
+        {"JSON, all to a terminal: ", {"--format", "json"}, true, true, false},
     };
     QThread::msleep(2000); // long enough for a bar to show
     for (SlowCheck &check : checks)
@@ -1223,7 +1346,7 @@ void CheckCommandTest::largeDocument()
     folder.write("good.xml", jobWith("Mara Lind", line.repeated(Lines)));
     folder.write("faulty.xml", jobWith("Mara Lind", line.repeated(Lines)).replace("<Name>", "<Nam/><Name>"));
     const Run run = folder.run({"check", "good.xml", "faulty.xml"});
-    QCOMPARE(run.out, QString("good.xml: Job, complete\n2 files: 1 good, 1 at fault, 0 cannot be read\n"));
+    QCOMPARE(run.out, QString("good.xml: Job, complete\n2 files: 1 good, 1 at fault\n"));
     QCOMPARE(withFirstNames(run.err),
              QString("faulty.xml:%1:9: error: Job/AntennaData/Nam: unknown element (allowed: Name, ...)\n")
                  .arg(Lines + 11));

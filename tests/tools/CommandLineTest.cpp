@@ -81,7 +81,9 @@ Tells of each file what kind of document it is, whether it is complete, and
 everything that is wrong with it. Of a folder, the files called *.xml are
 checked, in the order of their names, hidden ones left out. Links to folders
 are followed; a warning tells of a folder that would be gone through again.
-More than one file, or a folder, is summed up in the end.
+More than one file, or a folder, is summed up in the end: how many files are
+good, with warnings, never written (the library accepts the document, but would
+write nothing for it), at fault, or unreadable.
 
 What is wrong goes to standard error, one thing in a line:
   FILE:LINE:COLUMN: SEVERITY: PATH: MESSAGE
@@ -96,12 +98,14 @@ With --format json everything goes to standard output, an object in each line.
            complaint
   file     behind its findings: file, status, kind, complete, findings (how
            many)
-  summary  in the end: files, good, faulty, unreadable (how many of each)
-line and column count from 1. status is good, faulty or unreadable. found is
-the text that is there, allowed lists the names that could be there, complaint
-is what the library says. What does not apply is null, or an empty list. A byte
-of a name that is not UTF-8, such as 0xfc, is \udcfc. A folder that would be
-gone through again has a finding, but no file.
+  summary  in the end: files, good, withWarnings, neverWritten, faulty,
+           unreadable (how many of each)
+line and column count from 1. status is good where the library accepts the
+document, else faulty or unreadable; complete is false for what is never
+written. found is the text that is there, allowed lists the names that could be
+there, complaint is what the library says. What does not apply is null, or an
+empty list. A byte of a name that is not UTF-8, such as 0xfc, is \udcfc. A
+folder that would be gone through again has a finding, but no file.
 
 id is one of bad-value, beyond-limit, encoding, misplaced-element,
 missing-attribute, missing-element, not-well-formed, refused, repeated,
@@ -113,6 +117,8 @@ The PATH - is standard input.
 Options:
   -r, --recursive       Go through the folders below a folder, too.
   -j, --jobs N          Check N files at once (default: 1 per core, most: 4).
+  --strict              Warnings and what is never written count as faults.
+  -q, --quiet           Tell only what is wrong.
   --format FORMAT       text (for people, the default) or json (for scripts).
   --limit-attributes N  Most attributes of an element (default: 100).
   --limit-depth N       Most elements in one another (default: 1000).
@@ -121,7 +127,7 @@ Options:
 
 Exit status:
   0  all documents are good, with warnings or without
-  1  a document is at fault
+  1  a document is at fault or, with --strict, has warnings or is never written
   2  a file cannot be read
 
 Example:
@@ -373,8 +379,8 @@ void CommandLineTest::wrongCalls_data()
     QTest::newRow("unknown option of check")
         << QStringList{"check", "--foo", "job.xml"}
         << "kormak check: Unknown option 'foo'. Allowed: -r, "
-           "--recursive, -j, --jobs N, --format FORMAT, --limit-attributes N, --limit-depth N, "
-           "--limit-entities N, -h, --help\n";
+           "--recursive, -j, --jobs N, --strict, -q, --quiet, --format FORMAT, --limit-attributes N, "
+           "--limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("option of the tool behind a command")
         << QStringList{"show", "--version", "job.xml"}
         << "kormak show: Unknown option 'version'. Allowed: --format FORMAT, --limit-attributes N, "
@@ -452,9 +458,8 @@ void CommandLineTest::wrongCalls_data()
     QTest::newRow("check without a format")
         << QStringList{"check", "job.xml", "--format"}
         << "kormak check: Missing value after '--format'. Allowed: -r, "
-           "--recursive, -j, --jobs N, --format FORMAT, --limit-attributes N, --limit-depth N, "
-           "--limit-entities N, -h, "
-           "--help\n";
+           "--recursive, -j, --jobs N, --strict, -q, --quiet, --format FORMAT, --limit-attributes N, "
+           "--limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("check of standard input twice") << QStringList{"check", "-", "job.xml", "-"}
                                                    << "kormak check: standard input can be read only once\n";
     QTest::newRow("format to a file and in place")
@@ -636,7 +641,7 @@ void CommandLineTest::closedStreams_data()
                            << "" << closed << 2;
     QTest::newRow("check, behind files")
         << "check -j 1 job.xml faulty.xml - <&-"
-        << "job.xml: Job, complete\n3 files: 1 good, 1 at fault, 1 cannot be read\n"
+        << "job.xml: Job, complete\n3 files: 1 good, 1 at fault, 1 unreadable\n"
         << "faulty.xml:3:5: error: Job/JobHeader/Author: missing\n" + closed << 2;
     QTest::newRow("check of files only") << "check job.xml <&-"
                                          << "job.xml: Job, complete\n"
