@@ -1,5 +1,7 @@
 #include "inspection/DocumentCheck_p.h"
 
+#include <inspection/Plausibility_p.h>
+
 #include <algorithm>
 #include <iterator>
 #include <utility>
@@ -51,6 +53,7 @@ DocumentCheck checkText(const QByteArray &text, const TESSEL::ReadingLimits &lim
         rejection = checkObject(document);
         if (document.kind->lint)
             append(findings, document.kind->lint(*document.object, tree));
+        append(findings, implausible(*document.kind, *document.object, tree));
     }
     if (rejection && !isTold(*rejection, findings))
         findings.push_back(errorOf(*rejection, Words::OfLibrary));

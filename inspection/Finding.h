@@ -48,6 +48,18 @@ inline constexpr QStringView OtherKind = u"other-kind";
 inline constexpr QStringView StrayText = u"stray-text";
 /// What is there is allowed, but is hardly meant.
 inline constexpr QStringView Suspicious = u"suspicious";
+/// \name Suspicious values
+/// What is there is allowed, but implausible; \ref inspection_plausibility has the rules.
+/// @{
+inline constexpr QStringView SuspiciousAntenna = u"suspicious-antenna";
+inline constexpr QStringView SuspiciousArea = u"suspicious-area";
+inline constexpr QStringView SuspiciousAzimuth = u"suspicious-azimuth";
+inline constexpr QStringView SuspiciousCreation = u"suspicious-creation";
+inline constexpr QStringView SuspiciousLatitude = u"suspicious-latitude";
+inline constexpr QStringView SuspiciousLongitude = u"suspicious-longitude";
+inline constexpr QStringView SuspiciousRange = u"suspicious-range";
+inline constexpr QStringView SuspiciousVersion = u"suspicious-version";
+/// @}
 /// There is no such attribute.
 inline constexpr QStringView UnknownAttribute = u"unknown-attribute";
 /// There is no such element.
@@ -75,7 +87,8 @@ class INSPECTION_EXPORT Finding {
 public:
     /// How much it matters.
     enum class Severity : qint32 {
-        Warning, ///< the library accepts the document, but does not read what is there, or not as it looks
+        Warning, ///< the library accepts the document, but reads what is there not as it looks, or it is
+                 ///< suspicious
         Error, ///< the library refuses the document for it
     };
 

@@ -2,6 +2,7 @@
 
 #include <inspection/Completeness_p.h>
 #include <inspection/DocumentWalk_p.h>
+#include <inspection/Plausibility_p.h>
 #include <inspection/QuotedText_p.h>
 #include <inspection/ReadableForm_p.h>
 #include <objectbase/ITesselObject.h>
@@ -13,6 +14,11 @@
 namespace KORMAK::Inspection {
 
 namespace {
+
+void append(Findings &findings, Findings more)
+{
+    std::move(more.begin(), more.end(), std::back_inserter(findings));
+}
 
 bool isMissing(const FindingData &finding)
 {
@@ -64,6 +70,7 @@ Findings findProblems(const DocumentKind &kind, const TESSEL::ITesselObject &obj
             });
         if (!isTold)
             findings.push_back({0, *refusal, {}, FindingId::Refused, Severity::Error, {}, {}, *refusal});
+        append(findings, implausible(kind, object, tree));
         return findings;
     }
     for (FindingData &finding : findings) {
@@ -72,10 +79,9 @@ Findings findProblems(const DocumentKind &kind, const TESSEL::ITesselObject &obj
     }
     if (!object.HasData())
         addMissing(findings, kind, object);
-    if (kind.lint) {
-        Findings more = kind.lint(object, tree);
-        std::move(more.begin(), more.end(), std::back_inserter(findings));
-    }
+    if (kind.lint)
+        append(findings, kind.lint(object, tree));
+    append(findings, implausible(kind, object, tree));
     return findings;
 }
 

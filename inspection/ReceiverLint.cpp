@@ -58,10 +58,12 @@ Findings limitsThatExcludeAll(const Element &element)
         if (!(handler.GetMinimum() > handler.GetMaximum()))
             return {};
         const QStringView place = element.inBlocks(MinimumTag).empty() ? MaximumTag : MinimumTag;
-        return {element.findingInBlocks(
+        FindingData finding = element.findingInBlocks(
             place,
             QStringLiteral("the minimum %1 is above the maximum %2")
-                .arg(numberText(handler.GetMinimum()), numberText(handler.GetMaximum())))};
+                .arg(numberText(handler.GetMinimum()), numberText(handler.GetMaximum())));
+        finding.id = FindingId::SuspiciousRange;
+        return {finding};
     });
 }
 

@@ -272,7 +272,8 @@ const Command checkCommand{
     u"PATH is the element or attribute, such as Job/JobHeader/Author. SEVERITY is \"error\" where the "
     u"library "
     u"refuses the document. It is \"warning\" where the library accepts the document, but does not read what "
-    u"is there, or not as it looks.\n"
+    u"is there, or not as it looks, or where something is allowed but hardly meant, such as a latitude of "
+    u"95.\n"
     u"\n"
     u"With --format json everything goes to standard output, an object in each line. \"type\" tells what an "
     u"object is and which members follow:\n"
@@ -289,9 +290,10 @@ const Command checkCommand{
     u"A folder that would be gone through again has a finding, but no file.\n"
     u"\n"
     u"id is one of bad-value, beyond-limit, encoding, misplaced-element, missing-attribute, "
-    u"missing-element, not-well-formed, refused, repeated, stray-text, suspicious, unknown-attribute, "
-    u"unknown-element, "
-    u"unknown-kind, unread, unreadable.",
+    u"missing-element, not-well-formed, refused, repeated, stray-text, suspicious, suspicious-antenna, "
+    u"suspicious-area, suspicious-azimuth, suspicious-creation, suspicious-latitude, suspicious-longitude, "
+    u"suspicious-range, suspicious-version, unknown-attribute, unknown-element, unknown-kind, unread, "
+    u"unreadable.",
     {u"all documents are good, with warnings or without",
      u"a document is at fault or, with --strict, has warnings or is never written", u"a file cannot be read"},
     u"kormak check -r --format json jobs settings/workflow.xml",

@@ -47,7 +47,7 @@ QStringList warningsOf(const QByteArray &document, bool isComplete)
     for (const QJsonObject &line : jsonLines(run.out)) {
         if (line["type"] == "file" && (line["status"] != "good" || line["complete"] != isComplete))
             return {run.out};
-        if (line["id"] != "suspicious")
+        if (!line["id"].toString().startsWith("suspicious"))
             continue;
         if (line["severity"] != "warning")
             return {run.out};

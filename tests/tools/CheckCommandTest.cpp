@@ -54,6 +54,18 @@ private Q_SLOTS:
     void manyProblems();
 };
 
+namespace {
+
+/// The complete workflow with three corners of its area.
+QByteArray plausibleWorkflow()
+{
+    const QByteArray corner = "<Coordinate><Latitude>5%1</Latitude><Longitude>8</Longitude></Coordinate>";
+    return with(completeWorkflow(), "    </Area>",
+                QByteArray(corner).replace("%1", "4") + QByteArray(corner).replace("%1", "5") + "</Area>");
+}
+
+} // namespace
+
 void CheckCommandTest::good_data()
 {
     QTest::addColumn<QByteArray>("document");
@@ -82,7 +94,7 @@ void CheckCommandTest::good_data()
                                                "<Job xmlns=\"urn:a\" xmlns:b=\"urn:b\" xml:lang=\"de\" ")
                                            .replace("Author>", "b:Author>")
                                     << complete;
-    QTest::newRow("workflow") << completeWorkflow() << "AutomaticWorkflow, complete";
+    QTest::newRow("workflow") << plausibleWorkflow() << "AutomaticWorkflow, complete";
     QTest::newRow("activity generation") << completeGeneration() << "ActivityGeneration, complete";
     QTest::newRow("activity generation in the older form")
         << QByteArray("<ActivityGeneration Version='1.0' Autostart='true'>AGMC</ActivityGeneration>")
@@ -197,20 +209,21 @@ void CheckCommandTest::suspicious_data()
         {"2:1 Job/@a: unknown attribute, which is passed over (allowed: Version)"});
 
     add("workflow without a strategy",
-        with(completeWorkflow(), "    <SearchStrategy>LowestLevelFirst</SearchStrategy>\n", ""),
+        with(plausibleWorkflow(), "    <SearchStrategy>LowestLevelFirst</SearchStrategy>\n", ""),
         "AutomaticWorkflow" + Incomplete,
         {"2:1 AutomaticWorkflow/SearchStrategy: missing (allowed: LowestIdFirst, ...)"});
-    add("mode of a workflow in two places", with(completeWorkflow(), "Workflow V", "Workflow Mode='x' V"),
+    add("mode of a workflow in two places", with(plausibleWorkflow(), "Workflow V", "Workflow Mode='x' V"),
         "AutomaticWorkflow, complete",
         {"2:1 AutomaticWorkflow/@Mode: is not read: the mode is read from an element \"Mode\""});
-    add("area without a name", with(completeWorkflow(), "        <Name>North</Name>\n", ""),
+    add("area without a name", with(plausibleWorkflow(), "        <Name>North</Name>\n", ""),
         "AutomaticWorkflow, complete", {"9:5 " + area + "/Name: missing"});
-    add("area with an empty name", with(completeWorkflow(), "<Name>North</Name>", "<Name/>"),
+    add("area with an empty name", with(plausibleWorkflow(), "<Name>North</Name>", "<Name/>"),
         "AutomaticWorkflow, complete", {"10:9 " + area + "/Name: is empty"});
     add("coordinate in parts",
         with(completeWorkflow(), "<Coordinate>", "<Coordinate/><Coordinate>").replace("53.55", "53,55"),
         "AutomaticWorkflow, complete",
-        {"11:9 " + area + "/Coordinate/Latitude: missing", "11:9 " + area + "/Coordinate/Longitude: missing",
+        {"9:5 " + area + ": the area is a line: it has the coordinates of two points only",
+         "11:9 " + area + "/Coordinate/Latitude: missing", "11:9 " + area + "/Coordinate/Longitude: missing",
          "12:13 " + area + "/Coordinate/Latitude: \"53,55\" is not a number; it reads as 0"});
 
     add("unknown setting of activity generation",
@@ -1223,6 +1236,13 @@ void CheckCommandTest::jsonOfEveryKindOfFinding()
     folder.write("c.xml", with(completeParameter(), ">20<", ">50<"));
     folder.write("d.xml", "<Work/>");
     folder.write("e.xml", "\xFF");
+    folder.write("f.xml",
+                 "<Job Version='9'><JobHeader><JobType>Tuner MC HF</JobType>"
+                 "<Creation>2206-03-14T06:30:00,000Z</Creation></JobHeader><ResourceType>Antenna"
+                 "</ResourceType><AntennaData><MinimumFrequency>4e7</MinimumFrequency><MaximumFrequency>5e7"
+                 "</MaximumFrequency><Azimuth>-1</Azimuth></AntennaData></Job>");
+    folder.write("g.xml", with(completeWorkflow(), "53.55", "99").replace("-7.1", "-190"));
+    folder.write("h.xml", with(completeParameter(), ">0<", ">41<"));
     const Run run = folder.run({"check", "--format", "json", ".", "none"});
     QStringList ids;
     for (const QJsonObject &line : jsonLines(run.out)) {
@@ -1231,11 +1251,28 @@ void CheckCommandTest::jsonOfEveryKindOfFinding()
     }
     ids.removeDuplicates();
     ids.sort();
-    const QStringList expected{
-        "bad-value",       "encoding",          "misplaced-element", "missing-attribute",
-        "missing-element", "not-well-formed",   "repeated",          "stray-text",
-        "suspicious",      "unknown-attribute", "unknown-element",   "unknown-kind",
-        "unread",          "unreadable"};
+    const QStringList expected{"bad-value",
+                               "encoding",
+                               "misplaced-element",
+                               "missing-attribute",
+                               "missing-element",
+                               "not-well-formed",
+                               "repeated",
+                               "stray-text",
+                               "suspicious",
+                               "suspicious-antenna",
+                               "suspicious-area",
+                               "suspicious-azimuth",
+                               "suspicious-creation",
+                               "suspicious-latitude",
+                               "suspicious-longitude",
+                               "suspicious-range",
+                               "suspicious-version",
+                               "unknown-attribute",
+                               "unknown-element",
+                               "unknown-kind",
+                               "unread",
+                               "unreadable"};
     QCOMPARE(ids, expected);
     const Run help = folder.run({"check", "--help"});
     for (const QString &id : expected)

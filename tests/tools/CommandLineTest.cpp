@@ -90,7 +90,8 @@ What is wrong goes to standard error, one thing in a line:
 PATH is the element or attribute, such as Job/JobHeader/Author. SEVERITY is
 "error" where the library refuses the document. It is "warning" where the
 library accepts the document, but does not read what is there, or not as it
-looks.
+looks, or where something is allowed but hardly meant, such as a latitude of
+95.
 
 With --format json everything goes to standard output, an object in each line.
 "type" tells what an object is and which members follow:
@@ -109,8 +110,10 @@ folder that would be gone through again has a finding, but no file.
 
 id is one of bad-value, beyond-limit, encoding, misplaced-element,
 missing-attribute, missing-element, not-well-formed, refused, repeated,
-stray-text, suspicious, unknown-attribute, unknown-element, unknown-kind,
-unread, unreadable.
+stray-text, suspicious, suspicious-antenna, suspicious-area,
+suspicious-azimuth, suspicious-creation, suspicious-latitude,
+suspicious-longitude, suspicious-range, suspicious-version, unknown-attribute,
+unknown-element, unknown-kind, unread, unreadable.
 
 The PATH - is standard input.
 
