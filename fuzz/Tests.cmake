@@ -23,3 +23,15 @@ list(REMOVE_ITEM fuzz_tests Corpus)
 foreach(test IN LISTS fuzz_tests)
     add_test(NAME ${test} COMMAND ${test}Test)
 endforeach()
+
+# The command that runs fuzzers knows them all.
+find_program(KORMAK_bash bash)
+mark_as_advanced(KORMAK_bash)
+if(KORMAK_bash AND ToolDocument IN_LIST fuzz_targets)
+    list(SORT fuzz_targets)
+    list(JOIN fuzz_targets " " fuzz_target_names)
+    add_test(NAME FuzzTargets COMMAND ${KORMAK_bash} "${PROJECT_SOURCE_DIR}/scripts/fuzz")
+    set_tests_properties(FuzzTargets PROPERTIES
+        ENVIRONMENT LC_ALL=C PASS_REGULAR_EXPRESSION "Targets: ${fuzz_target_names}\n"
+    )
+endif()
