@@ -130,11 +130,22 @@ bool mayBeRefused(const Field &field)
 
 void checkOnlyOtherForms(const Field &field, const QVector<KORMAK::Difference> &differences)
 {
+    // A parameter hands these on to its handler when they are set, which reading does not do with all of
+    // them.
+    static const std::pair<QString, QString> HandedOn[] = {
+        {"Multiplier", ".Multiplier"},
+        {"UniqueName", ".UniqueParameterName"},
+        {"RepresentationName", ".RepresentationName"},
+    };
     const QString path = field.GetPath();
     for (const KORMAK::Difference &difference : differences) {
         const QString changed = difference.GetPath();
-        demand((path.endsWith("ShowJDH") && changed == path + "Text")
-                   || (path.endsWith("Multiplier") && changed.endsWith(".Multiplier")),
+        const bool isOtherForm = path.endsWith("ShowJDH") && changed == path + "Text";
+        demand(isOtherForm
+                   || std::any_of(std::begin(HandedOn), std::end(HandedOn),
+                                  [&](const auto &names) {
+                                      return path.endsWith(names.first) && changed.endsWith(names.second);
+                                  }),
                "what is set to its own text stays as it is: " + path + '\n' + difference.GetText());
     }
 }
