@@ -252,6 +252,13 @@ QVector<Finding> Document::GetLosses() const
 QVector<Finding> Document::GetWriteErrors() const
 {
     const Private &own = data();
+    if (!d) {
+        return withoutPlaces({{0,
+                               QStringLiteral("there is no document that could be written"),
+                               {},
+                               FindingId::Unwritten,
+                               Severity::Error}});
+    }
     if (!own.object || !IsAccepted())
         return errorsAmong(GetFindings());
     const auto written = writtenDocument(*own.kind, *own.object);
@@ -270,7 +277,7 @@ QVector<Finding> Document::GetWriteErrors() const
 QVector<Finding> Document::SaveFile(const QString &path) const
 {
     QVector<Finding> errors = GetWriteErrors();
-    if (!errors.isEmpty() || !data().object)
+    if (!errors.isEmpty())
         return errors;
     if (const auto failure = TESSEL::failureToSave(data().object->GetXmlString(), path)) {
         errors = withoutPlaces({{0,

@@ -40,14 +40,18 @@ qsizetype characterLength(const uchar *bytes, qsizetype size)
     return isOverlong || QChar::isSurrogate(code) || code > QChar::LastValidCodePoint ? 0 : length;
 }
 
+/// Whether the library would read anything of a text. It reads nothing where a namespace is declared twice in
+/// one element, of which the tree tells more.
 /// \throws DocumentError for a text that could take much more memory or time than it has characters
-void checkLimits(const QByteArray &text, const TESSEL::ReadingLimits &limits)
+bool isReadWithin(const QByteArray &text, const TESSEL::ReadingLimits &limits)
 {
     using TESSEL::RefusedText;
     const QString characters = QString::fromUtf8(text);
     const auto refused = TESSEL::refusalOf(characters, limits);
-    if (!refused || refused->reason == RefusedText::NamespaceDeclaredTwice) // of which the tree tells more
-        return;
+    if (!refused)
+        return true;
+    if (refused->reason == RefusedText::NamespaceDeclaredTwice)
+        return false;
     const ReadingLimit limit = refused->reason == RefusedText::Attributes ? ReadingLimit::Attributes
         : refused->reason == RefusedText::Depth                           ? ReadingLimit::Depth
                                                                           : ReadingLimit::Entities;
@@ -96,7 +100,7 @@ QByteArray checkedText(QByteArray bytes)
 ParsedDocument documentOf(const QByteArray &text, const TESSEL::ReadingLimits &limits,
                           const QString &expectedKind)
 {
-    checkLimits(text, limits);
+    const bool isRead = isReadWithin(text, limits);
     ParsedDocument document;
     document.text = text;
     document.tree = XmlTree(text, limits.GetDepth());
@@ -121,7 +125,7 @@ ParsedDocument documentOf(const QByteArray &text, const TESSEL::ReadingLimits &l
                                *document.object);
     document.findings = std::move(outcome.findings);
     document.rejection = std::move(outcome.rejection);
-    document.isComplete = outcome.isComplete;
+    document.isComplete = isRead && outcome.isComplete;
     if (const auto &broken = tree.broken(); broken && !document.rejection)
         document.rejection = Rejection{broken->message, broken->offset};
     return document;

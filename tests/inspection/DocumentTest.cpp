@@ -45,6 +45,7 @@ private Q_SLOTS:
     void unknownKind();
     void unusableTexts_data();
     void unusableTexts();
+    void namespaceDeclaredTwiceBehindAll();
     void fieldsAreSet();
     void severalFieldsAreSet();
     void settingFails_data();
@@ -121,6 +122,12 @@ void DocumentTest::noDocument()
     QVERIFY(!messageOf([&] { (void)document.GetField("Version"); }).isEmpty());
     QCOMPARE(messageOf([&] { document.SetField("Version", "1"); }),
              QString("there is no document whose fields could be set"));
+    const QTemporaryDir folder;
+    const auto errors = document.SaveFile(folder.filePath("a.xml"));
+    QCOMPARE(linesOf(errors),
+             QStringList("0:0 error unwritten : there is no document that could be written"));
+    QCOMPARE(document.GetWriteErrors(), errors);
+    QVERIFY(QDir(folder.path()).isEmpty());
     QCOMPARE(messageOf([&] { (void)Document::Compare(document, Document::New("Job")); }),
              QString("there are no two documents to compare"));
 
@@ -450,6 +457,25 @@ void DocumentTest::unusableTexts()
     QCOMPARE(document.GetFieldsJson(), QByteArray());
     QVERIFY(!messageOf([&] { document.SetField("Version", "1"); }).isEmpty());
     QVERIFY(document.GetFindingsJson("a \"b\"").contains("\"file\": \"a \\\"b\\\"\""));
+}
+
+void DocumentTest::namespaceDeclaredTwiceBehindAll()
+{
+    const QByteArray start =
+        "<Parameter UniqueName='Mode'><RepresentationName>m</RepresentationName><ValueType>"
+        "ValueSelection</ValueType><ParameterType>Enum</ParameterType><Enum><EnumValue/></Enum>";
+    QVERIFY(Document(start + "</Parameter>").IsComplete());
+    QVERIFY(Document(start + "<Enum></Parameter>").IsComplete()); // what was read until then
+
+    // of which the library reads nothing
+    const QByteArray text = start + "<Enum><EnumValue xmlns='a' xmlns='a'/></Enum></Parameter>";
+    Parameter parameter;
+    QVERIFY(!parameter.SetXmlString(text, true));
+    QVERIFY(!parameter.HasData());
+    const Document document(text);
+    QVERIFY(!document.IsAccepted());
+    QVERIFY(!document.IsComplete());
+    QVERIFY(document.GetFindingsJson("f").contains("\"complete\": false"));
 }
 
 void DocumentTest::fieldsAreSet()
