@@ -178,6 +178,8 @@ std::vector<PlacedReader::NamePlace> PlacedReader::attributesInTag()
 QByteArray withoutEncoding(QByteArray utf8)
 {
     std::string_view rest = viewOf(utf8);
+    if (rest.substr(0, ByteOrderMark.size()) == ByteOrderMark) // a second one, which readers pass over, too
+        rest.remove_prefix(ByteOrderMark.size());
     constexpr std::string_view Start = "<?xml";
     if (rest.substr(0, Start.size()) != Start)
         return utf8;

@@ -97,6 +97,8 @@ void XmlPlacesTest::withoutEncoding_data()
         "<?xml version=\"1.0\"                  ?><a/>");
     add("between others", "<?xml version='1.0'\n encoding = 'UTF-8' standalone='yes'?><a/>",
         "<?xml version='1.0'                     standalone='yes'?><a/>");
+    add("behind a byte order mark", "\xEF\xBB\xBF<?xml version='1.0' encoding='UTF-16'?><a/>",
+        "\xEF\xBB\xBF<?xml version='1.0'                  ?><a/>");
     same("none", "<?xml version=\"1.0\"?><a encoding=\"UTF-16\"/>");
     same("no declaration", "<a encoding='UTF-16'/>");
     same("no name of an encoding", "<?xml version=\"1.0\" encoding=\"1\"?><a/>");
