@@ -9,7 +9,9 @@ endif()
 
 set(reference_dir "${PROJECT_BINARY_DIR}/reference")
 get_property(headers GLOBAL PROPERTY KORMAK_HEADERS)
-file(GLOB pages CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/docs/*" "${PROJECT_SOURCE_DIR}/examples/*/*.cpp")
+file(GLOB pages CONFIGURE_DEPENDS
+    "${PROJECT_SOURCE_DIR}/docs/*" "${PROJECT_SOURCE_DIR}/examples/*/*.cpp" "${PROJECT_SOURCE_DIR}/tests/docs/*.cpp"
+)
 list(JOIN kormak_libraries " " library_names)
 list(TRANSFORM kormak_libraries APPEND "_EXPORT=" OUTPUT_VARIABLE export_macros)
 list(JOIN export_macros " " export_macros)

@@ -19,6 +19,8 @@ struct FieldDifference;
 } // namespace Inspection
 
 /// A field in which two documents differ, or that only one of them has. A value; copies share their data.
+///
+/// \snippet docs/InspectionSnippetsTest.cpp Difference
 class INSPECTION_EXPORT Difference {
 public:
     /// A difference without a path.

@@ -25,6 +25,8 @@ namespace KORMAK {
 
 /// A document that is made of a text or of an object, with everything that there is to tell about it.
 ///
+/// \snippet docs/InspectionSnippetsTest.cpp Document
+///
 /// A value: copies share their data until one of them changes. Documents in different threads do not touch
 /// each other, whether they are copies or not. Nothing but the operations that say so throws, except for
 /// std::bad_alloc.

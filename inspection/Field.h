@@ -22,6 +22,8 @@ struct FieldMaker;
 
 /// A field of a document as it was when it was asked for: what it may hold and what it holds. A value; copies
 /// share their data.
+///
+/// \snippet docs/InspectionSnippetsTest.cpp Field
 class INSPECTION_EXPORT Field {
 public:
     /// What the values of a field are.

@@ -16,6 +16,8 @@ QT_END_NAMESPACE
 namespace KORMAK {
 
 /// What kinds of findings there are; Finding::GetId() gives one of these.
+///
+/// \snippet docs/InspectionSnippetsTest.cpp FindingId
 namespace FindingId {
 
 /// A text does not say what belongs there.
@@ -83,6 +85,8 @@ struct TextPosition;
 
 /// Something to tell about a document and, where it was made of text, about a place in it. A value; copies
 /// share their data.
+///
+/// \snippet docs/InspectionSnippetsTest.cpp Finding
 class INSPECTION_EXPORT Finding {
 public:
     /// How much it matters.

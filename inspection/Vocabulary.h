@@ -20,9 +20,13 @@ struct VocabularyMaker;
 } // namespace Inspection
 
 /// The names that the values of an enumeration of the library have in documents, such as the types of a job.
+///
+/// \snippet docs/InspectionSnippetsTest.cpp Vocabulary
 class INSPECTION_EXPORT Vocabulary {
 public:
     /// A value and its names.
+    ///
+    /// \snippet docs/InspectionSnippetsTest.cpp Entry
     struct Entry {
         qint32 value = -1; ///< as the enumeration numbers it
         QString name; ///< what is read as the value

@@ -12,6 +12,8 @@ namespace KORMAK {
 
 /// How detections become activities, and what of them is written to the database.
 ///
+/// \snippet docs/KormakSnippetsTest.cpp ActivityGenerationData
+///
 /// Two forms of the document are read: the current one, in which unknown elements are ignored, and the
 /// older form of version "1.0", whose text is the generation mode. Only the current form is written. Units
 /// and scales of durations, scores and thresholds are those of the processing chain; no range is enforced on

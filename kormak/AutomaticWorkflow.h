@@ -12,6 +12,8 @@ namespace KORMAK {
 /// How a job takes up the signals that it finds: by hand, or automatically with a number of classifiers, in
 /// an order, within an area.
 ///
+/// \snippet docs/KormakSnippetsTest.cpp AutomaticWorkflow
+///
 /// The workflow mode is written as the attribute "Mode", but read from a child element "Mode" only: a
 /// document that was written leaves the mode as it was when it is read. Documents for this reader carry the
 /// mode as an element.

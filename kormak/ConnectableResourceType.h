@@ -12,6 +12,8 @@ QT_END_NAMESPACE
 namespace KORMAK {
 
 /// The resources that a search job can connect to.
+///
+/// \snippet docs/KormakSnippetsTest.cpp ConnectableResourceType
 namespace ConnectableResourceType {
 
 /// The names are in \ref vocabulary_connectable_resource.

@@ -16,9 +16,13 @@ namespace KORMAK {
 
 /// Holds a choice from a list of entries: the list, the entry that is the default and the entry that is
 /// selected. The latter two are copies; they need not stand in the list, and Reset() empties the list alone.
+///
+/// \snippet docs/KormakSnippetsTest.cpp EnumHandler
 class KORMAK_EXPORT EnumHandler : public NamedHandler {
 public:
     /// An entry: an aggregate whose fields are called as the attributes of its XML element.
+    ///
+    /// \snippet docs/KormakSnippetsTest.cpp EnumValue
     class KORMAK_EXPORT EnumValue {
     public:
         /// Default is compared as IsDefault().

@@ -13,6 +13,8 @@ namespace KORMAK {
 /// The description of a receiver: its parameters by unique name. Copying a receiver costs no copy of its
 /// parameters.
 ///
+/// \snippet docs/KormakSnippetsTest.cpp GenericReceiver
+///
 /// A receiver is complete when all its parameters are; one incomplete parameter keeps the whole receiver from
 /// being written.
 class KORMAK_EXPORT GenericReceiver : public TESSEL::ITesselObject {

@@ -14,6 +14,8 @@ namespace KORMAK {
 /// A job of the monitoring system: its header, the resource that it runs on and, for the antenna resource,
 /// the antenna.
 ///
+/// \snippet docs/KormakSnippetsTest.cpp Job
+///
 /// Only a job on the antenna resource is ever complete. A job on another resource passes Check(), but no
 /// element is written for it.
 class KORMAK_EXPORT Job : public TESSEL::ITesselObject {

@@ -14,6 +14,8 @@ namespace KORMAK {
 /// The administrative head of a job: what kind of job it is, who wrote it and when, whether its data header
 /// is to be shown, and a free description.
 ///
+/// \snippet docs/KormakSnippetsTest.cpp JobHeader
+///
 /// The connectable resource of a search job can neither be set nor read, only copied, while a search job
 /// needs it to be complete: such a header is never written, and a document that holds the resource is not
 /// read. Receiving systems rely on both.

@@ -12,6 +12,8 @@ QT_END_NAMESPACE
 namespace KORMAK {
 
 /// What a job does. SC: single channel, MC: multi channel.
+///
+/// \snippet docs/KormakSnippetsTest.cpp JobType
 namespace JobType {
 
 /// The names are in \ref vocabulary_job_type.

@@ -37,6 +37,8 @@ enum class ParameterType : qint32 {
 /// limits and default in one of eight handlers. All handlers are there at all times; the parameter type says
 /// which one counts. The others keep what they hold.
 ///
+/// \snippet docs/KormakSnippetsTest.cpp Parameter
+///
 /// Three things are not read back as they were written: the type of a boolean parameter is not written, the
 /// default of a string parameter is written as an attribute and read from an element, and the values of a
 /// double list are not written at all.

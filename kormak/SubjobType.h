@@ -12,6 +12,8 @@ QT_END_NAMESPACE
 namespace KORMAK {
 
 /// The parts that a job is carried out in. For applications; no document of this library holds one.
+///
+/// \snippet docs/KormakSnippetsTest.cpp SubjobType
 namespace SubjobType {
 
 /// The names are in \ref vocabulary_subjob_type.

@@ -18,6 +18,8 @@ namespace KORMAK {
 /// Base of the value holders of a Parameter: the two names of each, and whether it holds
 /// anything. A handler stores what it is given without a test; judging values is its owner's business.
 ///
+/// \snippet docs/KormakSnippetsTest.cpp TypeHandler
+///
 /// Handlers are values: they live in their owner and are never destroyed through this base. All of them are
 /// copied field by field. Moving one into a new handler copies it, too; assigning it by move copies its
 /// numbers and flags and exchanges its texts and lists with the source, which stays fully usable.
@@ -63,6 +65,8 @@ private:
 };
 
 /// What the concrete handlers share: the names that they go by.
+///
+/// \snippet docs/KormakSnippetsTest.cpp NamedHandler
 class KORMAK_EXPORT NamedHandler : public TypeHandler {
 public:
     void SetRepresentationName(const QString &name) override;
@@ -91,6 +95,8 @@ private:
 
 /// What the handlers of numbers share: a value with its limits, its default and a multiplier between shown
 /// and stored value. Such a handler always holds data.
+///
+/// \snippet docs/KormakSnippetsTest.cpp NumericHandler
 template <class Number>
 class NumericHandler : public NamedHandler {
 public:
@@ -151,6 +157,8 @@ private:
 };
 
 /// Holds a bool. It always holds data.
+///
+/// \snippet docs/KormakSnippetsTest.cpp BooleanHandler
 class KORMAK_EXPORT BooleanHandler : public NamedHandler {
 public:
     /// False in a new handler.
@@ -171,6 +179,8 @@ private:
 
 /// Holds a 32-bit integer. Its limits are those of 16 bits unless others are set. Reset() leaves the value
 /// alone.
+///
+/// \snippet docs/KormakSnippetsTest.cpp IntegerHandler
 class KORMAK_EXPORT IntegerHandler : public NumericHandler<qint32> {
 public:
     IntegerHandler();
@@ -184,6 +194,8 @@ public:
 
 /// Holds a 32-bit integer, whatever the width of `long`. Its limits are -2147483647 and 2147483647 unless
 /// others are set. Reset() leaves the value alone.
+///
+/// \snippet docs/KormakSnippetsTest.cpp LongHandler
 class KORMAK_EXPORT LongHandler : public NumericHandler<qint32> {
 public:
     LongHandler();
@@ -196,6 +208,8 @@ public:
 };
 
 /// Holds a 64-bit integer; the unit of time is the document's.
+///
+/// \snippet docs/KormakSnippetsTest.cpp TimeStampHandler
 class KORMAK_EXPORT TimeStampHandler : public NumericHandler<long long> {
 public:
     TimeStampHandler();
@@ -208,6 +222,8 @@ public:
 };
 
 /// Holds a float.
+///
+/// \snippet docs/KormakSnippetsTest.cpp FloatHandler
 class KORMAK_EXPORT FloatHandler : public NumericHandler<float> {
 public:
     FloatHandler();
@@ -228,6 +244,8 @@ private:
 
 /// Holds a double, or a list of doubles when it is used as a list. The value -111111.11 means that none is
 /// set.
+///
+/// \snippet docs/KormakSnippetsTest.cpp DoubleHandler
 class KORMAK_EXPORT DoubleHandler : public NumericHandler<double> {
 public:
     DoubleHandler();
@@ -274,6 +292,8 @@ private:
 };
 
 /// Holds a text. It holds data when the value is not empty. Reset() also clears the handler's names.
+///
+/// \snippet docs/KormakSnippetsTest.cpp StringHandler
 class KORMAK_EXPORT StringHandler : public NamedHandler {
 public:
     StringHandler() = default;

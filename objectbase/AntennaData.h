@@ -11,6 +11,8 @@ namespace TESSEL {
 /// The antenna of a job: its name, the range of frequencies it covers and, where they are known, the
 /// direction it looks in and its polarization. Setters store whatever they are given; Check() tells what is
 /// missing.
+///
+/// \snippet docs/ObjectbaseSnippetsTest.cpp AntennaData
 class OBJECTBASE_EXPORT AntennaData : public ITesselObject {
 public:
     /// The names are in \ref vocabulary_polarization.

@@ -11,6 +11,8 @@
 namespace TESSEL {
 
 /// A named area on the earth: the corners of a polygon, in order. Complete when it has a name.
+///
+/// \snippet docs/ObjectbaseSnippetsTest.cpp Area
 class OBJECTBASE_EXPORT Area : public ITesselObject {
 public:
     Area();

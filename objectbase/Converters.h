@@ -10,6 +10,8 @@ namespace TESSEL {
 
 /// The text form of dates in documents: UTC, "yyyy-MM-ddThh:mm:ss,zzzZ", for example
 /// "2026-03-29T00:59:59,250Z". The two functions are inverse to each other, milliseconds included.
+///
+/// \snippet docs/ObjectbaseSnippetsTest.cpp Converters
 namespace Converters {
 
 /// \a dateTime in UTC, whatever its own time zone; empty when it is invalid.

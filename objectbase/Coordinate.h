@@ -12,6 +12,8 @@ QT_END_NAMESPACE
 namespace TESSEL {
 
 /// A point on the earth in decimal degrees. Any double is stored as given; nothing is checked or normalised.
+///
+/// \snippet docs/ObjectbaseSnippetsTest.cpp Coordinate
 class Coordinate {
 public:
     /// Degrees; without arguments 0, 0.

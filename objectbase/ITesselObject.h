@@ -31,6 +31,8 @@ struct ObjectTable;
 /// Base of every document object: a named XML element with a "Version" attribute that can be checked, written
 /// to XML or a binary form and read back.
 ///
+/// \snippet docs/ObjectbaseSnippetsTest.cpp ITesselObject
+///
 /// A class derived from it states what is complete (HasData()), what its defaults are (Reset()), what it
 /// reports (Check()) and its XML (GetXml(), ProcessXml(), ProcessXmlStartElement()); all other operations
 /// work through these.

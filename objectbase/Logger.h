@@ -13,6 +13,8 @@ namespace TESSEL {
 
 /// Takes the log messages of an application's objects (see ITesselObject::SetLogger()). The library itself
 /// logs nothing. Derive from it and override Write() to send messages elsewhere than to Qt's message handler.
+///
+/// \snippet docs/ObjectbaseSnippetsTest.cpp Logger
 class OBJECTBASE_EXPORT Logger {
 public:
     /// The names are in \ref vocabulary_level.

@@ -9,6 +9,8 @@ namespace TESSEL {
 /// hours. The limits that an object starts with are far above ordinary documents. What goes beyond a limit is
 /// refused like a document that is not well-formed; see ITesselObject::SetReadingLimits().
 ///
+/// \snippet docs/ObjectbaseSnippetsTest.cpp ReadingLimits
+///
 /// A limit may be any number; one below 1 allows nothing.
 class ReadingLimits {
 public:

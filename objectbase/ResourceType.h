@@ -12,6 +12,8 @@ QT_END_NAMESPACE
 namespace TESSEL {
 
 /// The resources of a monitoring system that a job can run on.
+///
+/// \snippet docs/ObjectbaseSnippetsTest.cpp ResourceType
 namespace ResourceType {
 
 /// The names are in \ref vocabulary_resource_type.

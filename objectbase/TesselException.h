@@ -11,6 +11,8 @@
 namespace TESSEL {
 
 /// An error with a message for people. Base of all exceptions that this library throws.
+///
+/// \snippet docs/ObjectbaseSnippetsTest.cpp TesselBaseException
 class OBJECTBASE_EXPORT TesselBaseException : public std::exception {
 public:
     /// \a text is the message, complete.
@@ -32,6 +34,8 @@ private:
 
 /// Thrown by checks, validating setters, reading and loading. The message says what is missing, what is
 /// invalid or what was not understood, and in which object.
+///
+/// \snippet docs/ObjectbaseSnippetsTest.cpp TesselException
 class OBJECTBASE_EXPORT TesselException : public TesselBaseException {
 public:
     /// \a text is the message, complete.
