@@ -65,7 +65,8 @@ public:
 
     /// \name Look-up
     /// The first entry with that name (case-sensitive), key or value (exactly), or else the default entry.
-    /// The reference is valid until the list changes.
+    /// The reference is valid until the list changes. Where the handler is not const, the literal 0 could be a
+    /// name as well as a key and does not compile.
     /// @{
     [[nodiscard]] const EnumValue &GetEnumValue(const QString &name);
     [[nodiscard]] const EnumValue &GetEnumValue(int key) const;

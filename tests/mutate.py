@@ -8,6 +8,7 @@ places, --seed decides; a run with the same seed and sources makes the same chan
     tests/mutate.py --changes 300
     tests/mutate.py --only kormak/JobHeader.cpp --changes 1000
     tests/mutate.py --matching 'isNull'
+    tests/mutate.py --only inspection --tests '^(Document|Field|XmlTree).*'
 """
 
 import argparse
@@ -80,7 +81,7 @@ def all_changes(only):
     for folder in FOLDERS:
         for path in sorted((PROJECT / folder).glob("*")):
             name = str(path.relative_to(PROJECT))
-            if path.suffix not in (".cpp", ".h") or (only and name not in only):
+            if path.suffix not in (".cpp", ".h") or (only and name not in only and folder not in only):
                 continue
             lines = path.read_text(encoding="utf-8").split("\n")
             for number, line in enumerate(lines):
@@ -117,29 +118,47 @@ def run(command, log, seconds=None, environment=None):
 class Copy:
     """A copy of the project in which changes are made."""
 
-    def __init__(self, folder):
+    def __init__(self, folder, tests):
         self.source, self.build = folder / "source", folder / "build"
+        self.tests, self.targets = tests, []
         self.log = folder / "log"
         folder.mkdir(parents=True, exist_ok=True)
         shutil.rmtree(self.source, ignore_errors=True)
         shutil.copytree(PROJECT, self.source, ignore=shutil.ignore_patterns("build", ".git"))
         configure = ["cmake", "-G", "Ninja", "-S", self.source, "-B", self.build, "-DCMAKE_BUILD_TYPE=Debug",
                      "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON", "-DKORMAK_INSTALL=OFF"]
-        if not (run(configure, self.log) and self.builds()):
+        configured = run(configure, self.log)
+        if configured and tests:
+            listed = subprocess.run(["ctest", "--test-dir", self.build, "-N", "-R", tests],
+                                    stdout=subprocess.PIPE, text=True, check=True)
+            self.targets = [f"{name}Test" for name in re.findall(r"^ *Test +#\d+: (\w+)$", listed.stdout, re.MULTILINE)]
+            if not self.targets:
+                sys.exit(f"No test is called as {tests} says")
+        if not (configured and self.builds()):
             sys.exit(f"The project does not build; see {self.log}")
-        if not (self.passes(True) and self.passes(False)):
+        if not self.survives():
             sys.exit(f"The tests fail without a change; see {self.log}")
 
     def builds(self):
-        return run(["cmake", "--build", self.build, "--parallel", "1"], self.log)
+        targets = ["--target", *self.targets] if self.targets else []
+        return run(["cmake", "--build", self.build, "--parallel", "1", *targets], self.log)
+
+    def survives(self):
+        if self.targets:
+            names = "|".join(target[:-len("Test")] for target in self.targets)
+            return self.runs(["-R", f"^({names})$"], quick=True)
+        return self.passes(True) and self.passes(False)
 
     def passes(self, quick):
         """Whether the tests pass: those of the classes, which are quick, or the others."""
         library = "|".join(path.name[:-len("Test.cpp")] for folder in FOLDERS
                            for path in (PROJECT / "tests" / folder).glob("*Test.cpp"))
+        return self.runs(["-R" if quick else "-E", f"^({library})$"], quick)
+
+    def runs(self, selection, quick):
         watchdog = {"QTEST_FUNCTION_TIMEOUT": str(1000 * SECONDS_FOR_QUICK_TEST)} if quick else {}
-        return run(["ctest", "--test-dir", self.build, "-R" if quick else "-E", f"^({library})$",
-                    "-LE", "Locales", "--stop-on-failure"], self.log, SECONDS_FOR_TESTS, watchdog)
+        return run(["ctest", "--test-dir", self.build, *selection, "-LE", "Locales", "--stop-on-failure"],
+                   self.log, SECONDS_FOR_TESTS, watchdog)
 
     def judge(self, change):
         path = self.source / change.path
@@ -150,7 +169,7 @@ class Copy:
         try:
             if not self.builds():
                 return "does not build"
-            return "survived" if self.passes(True) and self.passes(False) else "noticed"
+            return "survived" if self.survives() else "noticed"
         finally:
             path.write_text(original, encoding="utf-8")
 
@@ -185,7 +204,9 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--changes", type=int, default=300, help="how many to make that build (default: 300)")
     parser.add_argument("--seed", type=int, default=1)
-    parser.add_argument("--only", action="append", metavar="FILE", help="change only this source; may be repeated")
+    parser.add_argument("--only", action="append", metavar="FILE|FOLDER",
+                        help="change only this source, or those of this library; may be repeated")
+    parser.add_argument("--tests", metavar="REGEX", help="build and run only the tests that are called so")
     parser.add_argument("--matching", type=re.compile, default="", metavar="REGEX",
                         help="make only the changes in whose line of --list this is found")
     parser.add_argument("--folder", type=pathlib.Path, default=PROJECT / "build" / "mutate",
@@ -199,7 +220,7 @@ def main():
     if arguments.list:
         print("\n".join(map(str, changes)))
         return 0
-    copies = [Copy(arguments.folder / str(number)) for number in range(arguments.jobs)]
+    copies = [Copy(arguments.folder / str(number), arguments.tests) for number in range(arguments.jobs)]
     trial = Trial(changes, arguments.changes)
     threads = [threading.Thread(target=trial.work, args=(copy,)) for copy in copies]
     for thread in threads:

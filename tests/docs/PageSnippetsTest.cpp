@@ -157,8 +157,8 @@ void PageSnippetsTest::doubleList()
     const KORMAK::Parameter sent = channels();
     QCOMPARE(received(sent), sent);
 
-    KORMAK::Parameter withValues = sent;
     //! [values of a list]
+    KORMAK::Parameter withValues = channels();
     withValues.GetDoubleHandler().AppendDoubleValue(145e6);
     const auto losses = KORMAK::Document(withValues).GetLosses();
     QCOMPARE(losses.size(), 1);
