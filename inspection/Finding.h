@@ -36,6 +36,8 @@ inline constexpr QStringView MisplacedElement = u"misplaced-element";
 inline constexpr QStringView MissingAttribute = u"missing-attribute";
 /// An element is missing.
 inline constexpr QStringView MissingElement = u"missing-element";
+/// A change of the text of a document cannot be made; the path is that of the field.
+inline constexpr QStringView NotEdited = u"not-edited";
 /// A field would not be read from the written document as it is; the path is that of the field.
 inline constexpr QStringView NotReadBack = u"not-read-back";
 /// The text is not well-formed XML.

@@ -4,7 +4,7 @@
 #include <inspection/DocumentTexts_p.h>
 #include <inspection/FieldAssignment_p.h>
 #include <inspection/FieldDiff_p.h>
-#include <inspection/FieldPlaces_p.h>
+#include <inspection/PlacesByPath_p.h>
 #include <inspection/QuotedText_p.h>
 #include <inspection/ReadableForm_p.h>
 #include <inspection/XmlLosses_p.h>
@@ -24,11 +24,11 @@ Rejection atRoot(const ParsedDocument &document, const QString &message)
 }
 
 /// Makes fields of what stands where it is not read. \return what has become a field, or is one already
-std::vector<FieldPlaces::Unread> takeUpUnread(const ParsedDocument &document, const FieldPlaces &places)
+std::vector<PlacesByPath::Unread> takeUpUnread(const ParsedDocument &document, const PlacesByPath &places)
 {
     const DocumentKind &kind = *document.kind;
-    std::vector<FieldPlaces::Unread> taken;
-    for (const FieldPlaces::Unread &unread : places.unread()) {
+    std::vector<PlacesByPath::Unread> taken;
+    for (const PlacesByPath::Unread &unread : places.unread()) {
         if (const auto *const read = places.find(unread.path)) {
             if (document.tree.text(read->back().element) == unread.text)
                 taken.push_back(unread);
@@ -42,7 +42,7 @@ std::vector<FieldPlaces::Unread> takeUpUnread(const ParsedDocument &document, co
 }
 
 /// Where digits stand that single precision has no place for: what is written is read as the same number.
-std::set<qsizetype> placesOfFloats(const ParsedDocument &document, const FieldPlaces &places)
+std::set<qsizetype> placesOfFloats(const ParsedDocument &document, const PlacesByPath &places)
 {
     std::set<qsizetype> offsets;
     for (const auto &[path, all] : places.all()) {
@@ -58,7 +58,7 @@ std::set<qsizetype> placesOfFloats(const ParsedDocument &document, const FieldPl
 Rewriting rewriteReadable(ParsedDocument &document)
 {
     Rewriting result;
-    const FieldPlaces places(document.tree, *document.kind, *document.object);
+    const PlacesByPath places(document.tree, *document.kind, *document.object);
     const auto taken = takeUpUnread(document, places);
     auto text = readableForm(*document.kind, *document.object);
     if (!text) {

@@ -1129,7 +1129,7 @@ void CheckCommandTest::namesThatAreNotUtf8()
     QCOMPARE(outputOf(tool
                       + "new Parameter --set DisplayName=${u} --set UniqueName=a --set ParameterType=Integer "
                         "--set ValueType=ValueNumericInt --set RepresentationName=r --set Integer.Minimum=0"),
-             QString("kormak new: error: Parameter: Text cannot be represented in XML\n1\n"));
+             QString("kormak new: error: DisplayName: holds a character that XML cannot carry\n1\n"));
     QCOMPARE(outputOf("ls | wc -l; rm -r *"), QString("3\n0\n"));
 #else
     skip("names of files are UTF-8 here");

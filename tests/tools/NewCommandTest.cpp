@@ -363,7 +363,8 @@ void NewCommandTest::templates_data()
     QTest::newRow("element of a list")
         << "AutomaticWorkflow"
         << "<AutomaticWorkflow><Mode>ManualMode</Mode><Area><Name>a</Name><Coordinate><Latitude>1</Latitude>"
-           "<Longitude>2</Longitude></Coordinate></Area></AutomaticWorkflow>"
+           "<Longitude>2</Longitude></Coordinate><Coordinate><Latitude>3</Latitude></Coordinate><Coordinate/>"
+           "</Area></AutomaticWorkflow>"
         << QStringList{"Area.Coordinate[0].Latitude=7"}
         << "<?xml version=\"1.0\"?>\n<AutomaticWorkflow>\n    <Mode>ManualMode</Mode>\n    <Area>\n"
            "        <Name>a</Name>\n        <Coordinate>\n            <Latitude>7</Latitude>\n"

@@ -1,6 +1,6 @@
 // Where a document says what its fields hold.
-#ifndef KORMAK_INSPECTION_FIELDPLACES_P_H
-#define KORMAK_INSPECTION_FIELDPLACES_P_H
+#ifndef KORMAK_INSPECTION_PLACESBYPATH_P_H
+#define KORMAK_INSPECTION_PLACESBYPATH_P_H
 
 #include <inspection/DocumentKind_p.h>
 #include <inspection/XmlTree_p.h>
@@ -19,7 +19,7 @@ struct FieldPlace {
     bool isAttribute = false;
 };
 
-class FieldPlaces {
+class PlacesByPath {
 public:
     /// What stands where it is not read.
     struct Unread {
@@ -30,7 +30,7 @@ public:
     };
 
     /// \a object is what the document says.
-    FieldPlaces(const XmlTree &tree, const DocumentKind &kind, const TESSEL::ITesselObject &object);
+    PlacesByPath(const XmlTree &tree, const DocumentKind &kind, const TESSEL::ITesselObject &object);
 
     /// All places of a field or of an object in the document, the last of which counts; the document itself
     /// has the path "". Null when there is none.

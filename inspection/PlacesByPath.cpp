@@ -1,4 +1,4 @@
-#include "inspection/FieldPlaces_p.h"
+#include "inspection/PlacesByPath_p.h"
 
 #include <inspection/FieldTable_p.h>
 
@@ -31,26 +31,29 @@ const Row *childRow(const ObjectTable &table, QStringView name)
     return row == table.elements.end() ? nullptr : row;
 }
 
-FieldPlaces::FieldPlaces(const XmlTree &xml, const DocumentKind &kind, const TESSEL::ITesselObject &object)
+PlacesByPath::PlacesByPath(const XmlTree &xml, const DocumentKind &kind, const TESSEL::ITesselObject &object)
     : tree(xml)
 {
     const ObjectTable &table = kind.table();
     places[QString()].push_back({XmlTree::Root, nullptr, &table});
     if (const Row *const whole = table.wholeText ? table.wholeText(kind.address(object)) : nullptr) {
         addAttributes(table, XmlTree::Root, {});
-        places[whole->name.toString()].push_back({XmlTree::Root, whole, nullptr});
+        const auto *const field =
+            std::find_if(table.elements.begin(), table.elements.end(),
+                         [whole](const Row &row) { return row.requiredAs == whole->requiredAs; });
+        places[field->name.toString()].push_back({XmlTree::Root, whole, nullptr});
     } else {
         add(table, XmlTree::Root, {});
     }
 }
 
-const std::vector<FieldPlace> *FieldPlaces::find(const QString &path) const
+const std::vector<FieldPlace> *PlacesByPath::find(const QString &path) const
 {
     const auto found = places.find(path);
     return found == places.end() ? nullptr : &found->second;
 }
 
-void FieldPlaces::add(const ObjectTable &table, Index element, const QString &prefix)
+void PlacesByPath::add(const ObjectTable &table, Index element, const QString &prefix)
 {
     addAttributes(table, element, prefix);
     for (Index child = tree.firstChild(element); child != XmlTree::None; child = tree.nextSibling(child))
@@ -58,7 +61,7 @@ void FieldPlaces::add(const ObjectTable &table, Index element, const QString &pr
     addUnread(table, element, prefix);
 }
 
-void FieldPlaces::addAttributes(const ObjectTable &table, Index element, const QString &prefix)
+void PlacesByPath::addAttributes(const ObjectTable &table, Index element, const QString &prefix)
 {
     for (const Row &row : table.attributes) {
         if (row.read && tree.attribute(element, row.name))
@@ -66,7 +69,7 @@ void FieldPlaces::addAttributes(const ObjectTable &table, Index element, const Q
     }
 }
 
-void FieldPlaces::addChild(const ObjectTable &table, Index child, const QString &prefix)
+void PlacesByPath::addChild(const ObjectTable &table, Index child, const QString &prefix)
 {
     const Row *const row = childRow(table, localName(tree.name(child)));
     if (!row || row->content == Row::Content::Ignored)
@@ -100,7 +103,7 @@ void FieldPlaces::addChild(const ObjectTable &table, Index child, const QString 
     add(inner, child, path + QLatin1Char('.'));
 }
 
-void FieldPlaces::addUnread(const ObjectTable &table, Index element, const QString &prefix)
+void PlacesByPath::addUnread(const ObjectTable &table, Index element, const QString &prefix)
 {
     for (const Row &row : table.attributes) {
         const QString path = prefix + row.name.toString();

@@ -1,0 +1,76 @@
+#ifndef KORMAK_INSPECTION_DOCUMENTEDIT_H
+#define KORMAK_INSPECTION_DOCUMENTEDIT_H
+
+#include <inspection/Finding.h>
+#include <inspection/inspection_export.h>
+#include <objectbase/ReadingLimits.h>
+
+#include <QByteArray>
+#include <QString>
+#include <QVector>
+
+#include <memory>
+
+namespace KORMAK {
+
+/// A change of the text of a document that leaves every byte as it stands but those of what is changed:
+/// comments, order, blanks, line ends, the declaration, a byte order mark and elements that are passed over.
+///
+/// A document can be changed so when its text is read to its end, complete or not. A value; copies share
+/// their data.
+class INSPECTION_EXPORT DocumentEdit {
+public:
+    /// What is to become of a field.
+    struct Change {
+        enum class Action : qint32 {
+            Set, ///< as Document::SetField(); what is not there yet is added where the library would write it
+            Unset, ///< what says it is removed: a field, a parameter, or an element of a list
+        };
+
+        Action action;
+        QString path; ///< as Field::GetPath() says it, also of a parameter or of an element of a list
+        QString text = {}; ///< what it is set to
+    };
+
+    /// What becomes of an edit that brings findings about which were not there before.
+    enum class NewFindings : qint32 {
+        Refused, ///< it is not done
+        Accepted, ///< it is done; GetFindings() tells them
+    };
+
+    /// A span of the text that is replaced.
+    struct Place {
+        qint64 offset; ///< in the bytes of the original
+        qint64 line; ///< of the original, from 1
+        qint64 column; ///< in characters, from 1
+        QByteArray removed;
+        QByteArray inserted;
+    };
+
+    /// No edit: of no document, with nothing done.
+    DocumentEdit();
+    /// Does \a changes to the document that \a text is. The result is read again, and says what was asked and
+    /// nothing else, or nothing is done. Setting a field to what the document says already changes nothing.
+    DocumentEdit(const QByteArray &text, const QVector<Change> &changes,
+                 NewFindings newFindings = NewFindings::Refused, const TESSEL::ReadingLimits &limits = {});
+
+    /// Whether all changes are done.
+    [[nodiscard]] bool IsDone() const noexcept;
+    /// The text with the changes; the original when they are not done.
+    [[nodiscard]] QByteArray GetText() const;
+    /// The spans that changed, in their order; empty when nothing is done, or nothing was to be changed.
+    [[nodiscard]] QVector<Place> GetPlaces() const;
+    /// Why it is not done, as errors: what is no field, what a field does not take, what is wrong with the
+    /// text, what would change beside what was asked, and findings that were not there before. When it is
+    /// done, the findings that are new.
+    [[nodiscard]] QVector<Finding> GetFindings() const;
+
+private:
+    struct Private;
+
+    std::shared_ptr<const Private> d; // null: no edit
+};
+
+} // namespace KORMAK
+
+#endif
