@@ -99,8 +99,14 @@ void ToolPropertiesTest::faultsAreNoticed_data()
         of("show", "json",
            [](ToolRun &run) { run.output.replace("\"complete\": false", "\"complete\": true"); }),
         "'show' tells whether the document is complete");
-    row("show writes though it fails", malformed, plain("show", [](ToolRun &run) { run.output = "Job\n"; }),
-        "what fails writes nothing");
+    row("show does not tell what it stopped at", malformed,
+        plain("show", [](ToolRun &run) { run.complaints.clear(); }), "'show' tells what it stopped at");
+    row("show tells less in JSON", malformed, of("show", "json", [](ToolRun &run) { run.output.clear(); }),
+        "JSON makes no difference");
+    row("show calls it complete that it stopped at", malformed,
+        of("show", "json",
+           [](ToolRun &run) { run.output.replace("\"complete\": false", "\"complete\": true"); }),
+        "'show' tells why a document is refused");
     row(
         "format loses a comment", QByteArray(document).replace("<Author>", "<!-- --><Author>"),
         [](const QStringList &arguments, ToolRun &run) {

@@ -3,6 +3,7 @@
 #include <inspection/DocumentCheck_p.h>
 #include <inspection/DocumentJson_p.h>
 #include <inspection/DocumentKind_p.h>
+#include <inspection/DocumentSays_p.h>
 #include <inspection/FieldAssignment_p.h>
 #include <inspection/FieldList_p.h>
 #include <inspection/ObjectFindings_p.h>
@@ -383,7 +384,13 @@ QByteArray Document::GetLossesJson(const QString &file) const
 
 QByteArray Document::GetFieldsJson() const
 {
-    return data().object ? fieldsJson(*data().kind, *data().object).toUtf8() : QByteArray();
+    const Private &own = data();
+    if (!own.object)
+        return {};
+    if (own.isOfObject)
+        return fieldsJson(*own.kind, *own.object, DocumentSays()).toUtf8();
+    const XmlTree tree(checkedText(own.text), own.limits.GetDepth());
+    return fieldsJson(*own.kind, *own.object, DocumentSays(*own.kind, *own.object, tree)).toUtf8();
 }
 
 QByteArray Document::GetDifferencesJson(const Document &a, const Document &b)

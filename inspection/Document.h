@@ -138,8 +138,9 @@ public:
     [[nodiscard]] QByteArray GetFindingsJson(const QString &file) const;
     /// What GetLosses() tells in JSON, an object in each line, as GetFindingsJson().
     [[nodiscard]] QByteArray GetLossesJson(const QString &file) const;
-    /// Kind, state and all fields in JSON: as `kormak show --format json` tells them. Empty without an
-    /// object.
+    /// Kind, state and all fields in JSON, and in "documentSays" the texts, by the paths of their fields,
+    /// that say something else than what is understood: as `kormak show --format json` tells them of a
+    /// document that is read to its end. Empty without an object. Once a field is set, no text counts.
     [[nodiscard]] QByteArray GetFieldsJson() const;
     /// What Compare() and AreEqualObjects() tell in JSON: as `kormak diff --format json`.
     /// \throws TESSEL::TesselException as Compare()

@@ -48,9 +48,10 @@ QByteArray fileJson(const QString &file, QStringView status, const DocumentKind 
     });
 }
 
-QString fieldsJson(const DocumentKind &kind, const TESSEL::ITesselObject &object)
+QString fieldsJson(const DocumentKind &kind, const TESSEL::ITesselObject &object, const DocumentSays &says,
+                   const std::optional<QString> &rejection)
 {
-    const auto reason = whyIncomplete(object);
+    const auto reason = rejection ? rejection : whyIncomplete(object);
     JsonWriter json(JsonWriter::Layout::Indented);
     json.beginObject();
     json.member(u"kind", jsonText(kind.rootElement));
@@ -58,6 +59,13 @@ QString fieldsJson(const DocumentKind &kind, const TESSEL::ITesselObject &object
     json.member(u"reason", jsonTextOrNull(reason.value_or(QString())));
     json.key(u"fields");
     json.fields(kind.fields(), kind.address(object));
+    if (!says.all().empty()) {
+        json.key(u"documentSays");
+        json.beginObject();
+        for (const DocumentSays::Saying &saying : says.all())
+            json.member(saying.path, jsonText(saying.text));
+        json.endObject();
+    }
     json.endObject();
     return json.text();
 }

@@ -3,6 +3,7 @@
 #define KORMAK_INSPECTION_DOCUMENTJSON_P_H
 
 #include <inspection/DocumentKind_p.h>
+#include <inspection/DocumentSays_p.h>
 #include <inspection/FieldDiff_p.h>
 #include <inspection/FindingData_p.h>
 #include <inspection/Json_p.h>
@@ -38,8 +39,11 @@ template <class Write>
 [[nodiscard]] QByteArray fileJson(const QString &file, QStringView status, const DocumentKind *kind,
                                   bool isComplete, qsizetype findings);
 
-/// The kind, the state and the fields of \a object.
-[[nodiscard]] QString fieldsJson(const DocumentKind &kind, const TESSEL::ITesselObject &object);
+/// The kind, the state and the fields of \a object, and what the document \a says of them. \a rejection: why
+/// the document is refused that it was read from; nothing when it is not.
+[[nodiscard]] QString fieldsJson(const DocumentKind &kind, const TESSEL::ITesselObject &object,
+                                 const DocumentSays &says,
+                                 const std::optional<QString> &rejection = std::nullopt);
 
 /// \a areEqualToLibrary: by the operator of the class.
 [[nodiscard]] QString differencesJson(const DocumentKind &kind,

@@ -1,5 +1,6 @@
 #include "inspection/Plausibility_p.h"
 
+#include <inspection/FieldPlaces_p.h>
 #include <inspection/FieldText_p.h>
 #include <inspection/QuotedText_p.h>
 #include <kormak/AutomaticWorkflow.h>
@@ -7,7 +8,6 @@
 #include <objectbase/Constants_p.h>
 #include <objectbase/ITesselObject.h>
 
-#include <QHash>
 #include <QStringList>
 
 #include <algorithm>
@@ -22,10 +22,7 @@ namespace {
 using TESSEL::AntennaData;
 using TESSEL::FieldPart;
 using TESSEL::ObjectTable;
-using TESSEL::Part;
 using TESSEL::Row;
-using Index = XmlTree::Index;
-using Elements = std::vector<Index>;
 
 /// An object, and what else tells whether it is plausible.
 struct Subject {
@@ -223,43 +220,15 @@ private:
                 findings.push_back(finding(rule, subject.table, elements, objection));
         }
         for (const Row &row : subject.table.elements) {
-            if (row.part && row.content == Row::Content::Object)
-                visitParts(row, subject, elements);
-        }
-    }
-
-    void visitParts(const Row &row, const Subject &subject, const Elements &elements)
-    {
-        const std::vector<FieldPart> parts = row.part->all(subject.object);
-        const Elements all = children(elements, row.name);
-        const Elements ofLast = elements.empty() ? Elements() : children({elements.back()}, row.name);
-        QHash<QString, Index> byName;
-        if (row.part->kind == Part::Kind::Map) {
-            for (const Index child : all)
-                byName[tree.attribute(child, UniqueNameAttribute).value_or(QString())] = child;
-        }
-        for (std::size_t i = 0; i < parts.size(); ++i) {
-            const Subject part{row.part->table(), parts[i].object, TESSEL::defaultVersion(), now};
-            const auto named = byName.constFind(parts[i].key);
-            if (row.part->kind == Part::Kind::One)
-                visit(row.name, part, all);
-            else if (row.part->kind == Part::Kind::List)
-                visit(row.name, part, i < ofLast.size() ? Elements{ofLast[i]} : Elements());
-            else
-                visit(row.name, part, named == byName.constEnd() ? Elements() : Elements{*named});
-        }
-    }
-
-    [[nodiscard]] Elements children(const Elements &elements, QStringView name) const
-    {
-        Elements found;
-        for (const Index element : elements) {
-            for (Index i = tree.firstChild(element); i != XmlTree::None; i = tree.nextSibling(i)) {
-                if (localName(tree.name(i)) == name)
-                    found.push_back(i);
+            if (!row.part || row.content != Row::Content::Object)
+                continue;
+            const std::vector<FieldPart> parts = row.part->all(subject.object);
+            const auto sources = sourcesOf(tree, subject.table, row, parts, {elements});
+            for (std::size_t i = 0; i < parts.size(); ++i) {
+                visit(row.name, {row.part->table(), parts[i].object, TESSEL::defaultVersion(), now},
+                      sources[i].elements);
             }
         }
-        return found;
     }
 
     /// Where the field has no element of its own, at the innermost one around it.
@@ -274,7 +243,7 @@ private:
             found = tree.attribute(at.back(), rule.field);
         } else if (!rule.field.isEmpty()) {
             for (const QString &step : rule.field.toString().split(QLatin1Char('.'))) {
-                const Elements next = below.isEmpty() ? children(at, step) : Elements();
+                const Elements next = below.isEmpty() ? elementsIn(tree, {at}, step) : Elements();
                 if (next.empty())
                     below += QLatin1Char('/') + step;
                 else

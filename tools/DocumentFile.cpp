@@ -31,21 +31,21 @@ SourceText readText(const QString &path)
     return {text, content.state, text == content.bytes};
 }
 
-FileDocument readDocument(const QString &path, const TESSEL::ReadingLimits &limits,
+FileDocument readDocument(const QString &path, const TESSEL::ReadingLimits &limits, Unread unread,
                           const QString &expectedKind)
 {
     const SourceText source = readText(path);
     FileDocument document{documentOf(source.text, limits, expectedKind), source.source, source.isVerbatim};
-    if (document.rejection)
+    if (document.rejection && unread == Unread::Complained)
         throwRejection(*document.rejection, document.text);
     return document;
 }
 
 ExitStatus onDocument(const QString &path, const TESSEL::ReadingLimits &limits,
-                      const std::function<ExitStatus(FileDocument &)> &work)
+                      const std::function<ExitStatus(FileDocument &)> &work, Unread unread)
 {
     try {
-        FileDocument document = readDocument(path, limits);
+        FileDocument document = readDocument(path, limits, unread);
         return work(document);
     } catch (const DocumentError &error) {
         complainAbout(path, error);

@@ -28,15 +28,22 @@ struct SourceText {
 
 /// The checked text of the file \a path, "-" being standard input. \throws DocumentError
 [[nodiscard]] SourceText readText(const QString &path);
-/// The document in the file \a path, read but not checked, of any kind or of the one that
-/// is expected. \throws DocumentError
+/// What is done with a document that the library does not read to its end.
+enum class Unread {
+    Complained, ///< it is complained about
+    Used, ///< its object has what can be read
+};
+
+/// The document in the file \a path, read but not checked, of any kind or of the one that is expected.
+/// \throws DocumentError
 [[nodiscard]] FileDocument readDocument(const QString &path, const TESSEL::ReadingLimits &limits,
-                                        const QString &expectedKind = {});
+                                        Unread unread = Unread::Complained, const QString &expectedKind = {});
 
 /// Does \a work on the document in the file \a path. When reading or \a work throws a DocumentError or runs
 /// out of memory, that is complained about.
 [[nodiscard]] ExitStatus onDocument(const QString &path, const TESSEL::ReadingLimits &limits,
-                                    const std::function<ExitStatus(FileDocument &)> &work);
+                                    const std::function<ExitStatus(FileDocument &)> &work,
+                                    Unread unread = Unread::Complained);
 
 /// One line "FILE:LINE:COLUMN: SEVERITY: PATH: MESSAGE" for each finding.
 void complainAbout(const QString &path, const FileDocument &document, QStringView severity,

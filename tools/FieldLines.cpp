@@ -26,7 +26,7 @@ struct Line {
     QStringList table = {};
 };
 
-std::vector<Line> linesOf(const FieldTable &table, const void *object);
+std::vector<Line> linesOf(const FieldTable &table, const void *object, const DocumentSays &says);
 
 QString spaces(qsizetype count)
 {
@@ -63,11 +63,11 @@ bool fitsInCell(const Line &line)
         && !line.value.value_or(QString()).contains(QLatin1Char('\n'));
 }
 
-Row rowOf(const QStringList &columns, const FieldTable &table, const void *object)
+Row rowOf(const QStringList &columns, const FieldTable &table, const void *object, const DocumentSays &says)
 {
     Row row;
     row.cells.resize(static_cast<std::size_t>(columns.size()));
-    std::vector<Line> lines = linesOf(table, object);
+    std::vector<Line> lines = linesOf(table, object, says);
     for (Line &line : lines) {
         const auto column = columns.indexOf(line.label);
         if (column == 0 || (column > 0 && fitsInCell(line)))
@@ -111,14 +111,14 @@ QString tableLine(const Cells &cells, const std::vector<qsizetype> &widths)
 void addLines(QStringList &text, const std::vector<Line> &lines, int depth, qsizetype column);
 qsizetype labelWidth(const std::vector<Line> &lines, int depth);
 
-QStringList tableOf(const FieldParts &parts, const std::vector<FieldPart> &all)
+QStringList tableOf(const FieldParts &parts, const std::vector<FieldPart> &all, const DocumentSays &says)
 {
     QStringList columns;
     addColumns(columns, parts.table);
     std::vector<Row> rows;
     rows.reserve(all.size());
     std::transform(all.begin(), all.end(), std::back_inserter(rows),
-                   [&](const FieldPart &part) { return rowOf(columns, parts.table, part.object); });
+                   [&](const FieldPart &part) { return rowOf(columns, parts.table, part.object, says); });
     const std::vector<qsizetype> widths = widthsOf(columns, rows);
     QStringList text;
     if (!rows.empty())
@@ -132,14 +132,29 @@ QStringList tableOf(const FieldParts &parts, const std::vector<FieldPart> &all)
 
 // Fields
 
-Line lineOf(const FieldRow &row, const FieldPart &part)
+/// What stands behind the value of a field; empty: the document says that value. \a name: where the field has
+/// no line of its own.
+QString saying(const FieldRow &row, const void *object, const DocumentSays &says, QStringView name = {})
+{
+    const DocumentSays::Saying *const said = says.of(row, object);
+    if (!said)
+        return {};
+    if (said->breaksOff)
+        return QStringLiteral(" (document breaks off here)");
+    const QString field = name.isEmpty() ? QString() : name.toString() + QLatin1Char(' ');
+    return QStringLiteral(" (document says %1%2)").arg(field, quoted(said->text));
+}
+
+Line lineOf(const FieldRow &row, const FieldPart &part, const DocumentSays &says)
 {
     Line line{row.label.toString()};
     if (row.parts->table.inLine) {
         line.value = row.parts->table.inLine(part.object);
+        for (const FieldRow &field : row.parts->table)
+            *line.value += saying(field, part.object, says, field.label);
     } else {
         line.isHeading = true;
-        line.fields = linesOf(row.parts->table, part.object);
+        line.fields = linesOf(row.parts->table, part.object, says);
     }
     return line;
 }
@@ -154,7 +169,7 @@ QString plainValues(const FieldTable &table, const std::vector<FieldPart> &all)
     return texts.join(QStringLiteral(", "));
 }
 
-void addParts(std::vector<Line> &lines, const FieldRow &row, const void *object)
+void addParts(std::vector<Line> &lines, const FieldRow &row, const void *object, const DocumentSays &says)
 {
     const FieldParts &parts = *row.parts;
     const std::vector<FieldPart> all = parts.all(object);
@@ -162,29 +177,32 @@ void addParts(std::vector<Line> &lines, const FieldRow &row, const void *object)
         lines.push_back({row.label.toString(), plainValues(parts.table, all)});
     } else if (parts.kind == Kind::Map) {
         Line line{row.label.toString(), QString::number(static_cast<int>(all.size()))};
-        line.table = tableOf(parts, all);
+        line.table = tableOf(parts, all, says);
         lines.push_back(std::move(line));
     } else if (row.label.isEmpty()) {
-        std::vector<Line> own = linesOf(parts.table, all.front().object);
+        std::vector<Line> own = linesOf(parts.table, all.front().object, says);
         std::move(own.begin(), own.end(), std::back_inserter(lines));
     } else {
         for (const FieldPart &part : all) {
-            lines.push_back(lineOf(row, part));
+            lines.push_back(lineOf(row, part, says));
             lines.back().isElement = parts.kind == Kind::List;
         }
     }
 }
 
-std::vector<Line> linesOf(const FieldTable &table, const void *object)
+std::vector<Line> linesOf(const FieldTable &table, const void *object, const DocumentSays &says)
 {
     std::vector<Line> lines;
     for (const FieldRow &row : table) {
-        if (!row.isShownOf(object))
+        if (!row.isShownOf(object) && !says.concern(row, object))
             continue;
-        if (row.parts)
-            addParts(lines, row, object);
-        else
+        if (row.parts) {
+            addParts(lines, row, object, says);
+        } else {
             lines.push_back({row.label.toString(), shownText(row.type, row.get(object))});
+            if (const QString text = saying(row, object, says); !text.isEmpty())
+                lines.back().value = lines.back().value.value_or(NotSet.toString()) + text;
+        }
         const QStringView remark = row.remark ? row.remark(object) : QStringView();
         if (!remark.isEmpty())
             lines.back().label += QStringLiteral(" (%1)").arg(remark.toString());
@@ -233,9 +251,9 @@ void addLines(QStringList &text, const std::vector<Line> &lines, int depth, qsiz
 
 } // namespace
 
-QStringList fieldLines(const FieldTable &table, const void *object)
+QStringList fieldLines(const FieldTable &table, const void *object, const DocumentSays &says)
 {
-    const std::vector<Line> lines = linesOf(table, object);
+    const std::vector<Line> lines = linesOf(table, object, says);
     QStringList text;
     addLines(text, lines, 0, labelWidth(lines, 0) + IndentWidth);
     return text;

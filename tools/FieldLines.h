@@ -2,12 +2,15 @@
 #ifndef KORMAK_TOOLS_FIELDLINES_H
 #define KORMAK_TOOLS_FIELDLINES_H
 
+#include <inspection/DocumentSays_p.h>
 #include <inspection/FieldTable_p.h>
 
 #include <QString>
 #include <QStringList>
 
-/// One line per field that people need to see, aligned; the lines of texts that have several follow.
-[[nodiscard]] QStringList fieldLines(const KORMAK::Inspection::FieldTable &table, const void *object);
+/// One line per field that people need to see, aligned; the lines of texts that have several follow. What the
+/// document \a says instead stands behind the value.
+[[nodiscard]] QStringList fieldLines(const KORMAK::Inspection::FieldTable &table, const void *object,
+                                     const KORMAK::Inspection::DocumentSays &says);
 
 #endif

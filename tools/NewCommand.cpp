@@ -191,7 +191,7 @@ ExitStatus make(const DocumentKind &kind, const Request &request, const TESSEL::
 {
     std::optional<FileDocument> document;
     if (!request.source.isEmpty())
-        document = readDocument(request.source, limits, kind.rootElement.toString());
+        document = readDocument(request.source, limits, Unread::Complained, kind.rootElement.toString());
     const auto object = document ? std::move(document->object) : kind.create();
     const auto [wanted, errors] = assignAll(kind.fields(), request.settings, kind.variableAddress(*object));
     for (const QString &error : errors)

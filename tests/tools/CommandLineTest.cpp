@@ -139,10 +139,14 @@ Example:
     const QString ofShow = R"text(Usage: kormak show [OPTIONS] FILE
 
 Tells whether the document is complete and, if not, why; then what it holds:
-labels, values and their units. A document that is not complete is shown, too.
+labels, values and their units. Where the document says something else than
+what is understood, that stands beside it, as in 0 Hz (document says "1.5
+MHz"). A document that is not complete is shown, too, and of one that is not
+read to its end what can be read; standard error tells what it is refused for.
 
 JSON holds every field, called as the commands new and diff call it, and null
-for what is not set.
+for what is not set. documentSays, if there is something to tell, has what the
+document says instead, by the path of the field.
 
 The FILE - is standard input.
 
@@ -155,7 +159,7 @@ Options:
 
 Exit status:
   0  the document is shown
-  1  the document is at fault
+  1  the document is not read to its end
   2  FILE cannot be read
 
 Example:

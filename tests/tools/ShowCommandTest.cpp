@@ -26,6 +26,10 @@ private Q_SLOTS:
     void frequencies();
     void controlCharacters();
     void standardInput();
+    void otherTexts_data();
+    void otherTexts();
+    void partlyRead_data();
+    void partlyRead();
     void faulty_data();
     void faulty();
 };
@@ -191,10 +195,10 @@ void ShowCommandTest::documents_data()
            "Version:                                      not set\n"
            "Generation mode:                              not set\n"
            "Starts by itself:                             no\n"
-           "Energy channel:                               not set\n"
+           "Energy channel:                               not set (document says \"x\")\n"
            "Level: minimum burst duration:                0.5\n"
            "Level: maximum break duration:                0.5\n"
-           "Demodulator: active criteria:                 not set\n"
+           "Demodulator: active criteria:                 not set (document says \"\")\n"
            "Demodulator: minimum burst duration:          0.5\n"
            "Demodulator: maximum break duration:          0.5\n"
            "Demodulator: Morse quality threshold:         80\n"
@@ -205,8 +209,8 @@ void ShowCommandTest::documents_data()
            "Classifier: minimum confidence:               0\n"
            "Detection converter: minimum burst duration:  0\n"
            "Database: energy detections:                  yes\n"
-           "Database: demodulator results:                not set\n"
-           "Database: classifier results:                 not set\n"
+           "Database: demodulator results:                not set (document says \"\")\n"
+           "Database: classifier results:                 not set (document says \"\")\n"
            "Cut at locations:                             yes\n"
            "Session close time:                           0.123457\n"
            "Restart attachments on session close:         no\n";
@@ -410,7 +414,8 @@ void ShowCommandTest::oddDataHeaderFlag()
     Folder folder;
     folder.write("odd.xml", jobWith(">true</ShowJDH>", ">T&amp;RUE</ShowJDH>"));
     QCOMPARE(folder.run({"show", "odd.xml"}).out.split('\n').filter("data header"),
-             (QStringList{"  Show data header:              no", "  Show data header, as written:  T&RUE"}));
+             (QStringList{"  Show data header:              no (document says \"T&RUE\")",
+                          "  Show data header, as written:  T&RUE"}));
     folder.write("empty.xml", jobWith(">true</ShowJDH>", "></ShowJDH>"));
     QCOMPARE(
         folder.run({"show", "empty.xml"}).out.split('\n').filter("data header"),
@@ -510,6 +515,9 @@ void ShowCommandTest::json_data()
                    "        \"Version\": \"9<\"\n"
                    "      }\n"
                    "    }\n"
+                   "  },\n"
+                   "  \"documentSays\": {\n"
+                   "    \"Parameter[a.b[c\\\\]].Enable\": \"no\"\n"
                    "  }\n"
                    "}\n");
     QTest::newRow("enumeration, its default and selected entries included")
@@ -676,18 +684,192 @@ void ShowCommandTest::standardInput()
     QCOMPARE(folder.run({"show", "-"}, completeJob()).out, folder.run({"show", "job.xml"}).out);
 }
 
+void ShowCommandTest::otherTexts_data()
+{
+    QTest::addColumn<QByteArray>("document");
+    QTest::addColumn<QStringList>("shown"); // all that is said
+    QTest::addColumn<QString>("documentSays");
+
+    const auto add = [](const char *name, const QByteArray &document, const QStringList &shown,
+                        const QString &documentSays) {
+        QTest::newRow(name) << document << shown << documentSays;
+    };
+    const auto parameter = [](const QByteArray &type, const QByteArray &content) {
+        return "<Parameter UniqueName='P'><ParameterType>" + type + "</ParameterType>" + content
+            + "</Parameter>";
+    };
+    add("nothing", completeJob(), {}, "");
+    add("the same in other words",
+        jobWith(">1500000<", "> 1.5e6 <").replace("<Name>", "<Azimuth>045.50</Azimuth><Name>"), {}, "");
+    add("frequency with a unit", jobWith(">1500000<", ">1.5 MHz<"),
+        {"Minimum frequency: 0 Hz (document says \"1.5 MHz\")"},
+        R"({"AntennaData.MinimumFrequency":"1.5 MHz"})");
+    add("names and dates", jobWith(">Antenna</JobType>", ">antenna</JobType>").replace("250Z", "250"),
+        {"Job type: not set (document says \"antenna\")",
+         "Creation: not set (document says \"2026-03-29T00:59:59,250\")"},
+        R"({"JobHeader.Creation":"2026-03-29T00:59:59,250","JobHeader.JobType":"antenna"})");
+    add("what could steer a terminal",
+        jobWith(">1500000<",
+                ">\xC2\x9B"
+                "1&#10;\"<"),
+        {"Minimum frequency: 0 Hz (document says \"\\u009b1\\n\"\")"},
+        QString::fromUtf8("{\"AntennaData.MinimumFrequency\":\"\xC2\x9B"
+                          "1\\n\\\"\"}"));
+    add("the last element counts", jobWith("<Author>", "<ShowJDH>yes</ShowJDH><Author>"), {}, "");
+    add("an object in parts",
+        jobWith("<ResourceType>", "<JobHeader><ShowJDH>yes</ShowJDH></JobHeader><ResourceType>"),
+        {"Show data header: no (document says \"yes\")"}, R"({"JobHeader.ShowJDH":"yes"})");
+    add("fields that are hidden when they are not set",
+        "<Job><ResourceType>Decoder</ResourceType><AntennaData><Polarization>x</Polarization></AntennaData>"
+        "</Job>",
+        {"Polarization: not set (document says \"x\")"}, R"({"AntennaData.Polarization":"x"})");
+    add("attribute that is not read", "<AutomaticWorkflow Mode='ManualMode'/>",
+        {"Workflow mode: not set (document says \"ManualMode\")"}, R"({"Mode":"ManualMode"})");
+    add("attribute beside the element that is read",
+        "<AutomaticWorkflow Mode='x'><Mode>ManualMode</Mode></AutomaticWorkflow>", {}, "");
+    add("coordinates, of the last area",
+        "<AutomaticWorkflow><Area><Coordinate><Latitude>x</Latitude></Coordinate></Area><Area><Coordinate/>"
+        "<Coordinate><Latitude>53,5</Latitude><Longitude>E8</Longitude></Coordinate></Area>"
+        "</AutomaticWorkflow>",
+        {"Coordinate: latitude 0, longitude 0 (document says Latitude \"53,5\") (document says Longitude "
+         "\"E8\")"},
+        R"({"Area.Coordinate[1].Latitude":"53,5","Area.Coordinate[1].Longitude":"E8"})");
+    add("the text of the older form", "<ActivityGeneration Version='1.0'> AGSC</ActivityGeneration>",
+        {"Generation mode: not set (document says \" AGSC\")"}, R"({"Mode":" AGSC"})");
+    add("more digits than a number has",
+        "<ActivityGeneration><SessionCloseTime>0.123456789</SessionCloseTime></ActivityGeneration>", {}, "");
+    add("in a block, at any depth", parameter("Integer", "<Integer><a><Minimum>low</Minimum></a></Integer>"),
+        {"Minimum: 0 (document says \"low\")"}, R"({"Integer.Minimum":"low"})");
+    add("block of another type", parameter("Integer", "<Float><Minimum>low</Minimum></Float>"), {}, "");
+    add("boolean", parameter("Boolean", "<Boolean>yes</Boolean>"), {"Value: no (document says \"yes\")"},
+        R"({"Boolean.Value":"yes"})");
+    add("default of a string as an attribute", parameter("String", "<String Default='a'/>"),
+        {"Default: not set (document says \"a\")"}, R"({"String.Default":"a"})");
+    add("entries",
+        parameter("Enum", "<Enum><EnumValue Key='1'/></Enum><Enum><EnumValue Key='b' Name='B'/></Enum>"),
+        {"Entry: 0 B (0) (document says Key \"b\")"}, R"({"Enum.EnumValue[1].Key":"b"})");
+    add("parameters of a receiver",
+        "<GenericReceiver>" + parameter("Long", "<Long><Maximum>9</Maximum></Long>")
+            + parameter("Long", "<Long><Maximum>1e3</Maximum></Long><ControlType>Dial</ControlType>")
+                  .replace("'P'", "'a]b'")
+            + parameter("Long", "<Long><Maximum>1e2</Maximum></Long>") + "</GenericReceiver>",
+        {"P Long -2147483647 0 (document says \"1e2\") 0 not set not set",
+         "a]b Long -2147483647 0 (document says \"1e3\") 0 not set not set not set (document says \"Dial\")"},
+        R"({"Parameter[P].Long.Maximum":"1e2","Parameter[a\\]b].ControlType":"Dial","Parameter[a\\]b].Long.Maximum":"1e3"})");
+}
+
+void ShowCommandTest::otherTexts()
+{
+    QFETCH(QByteArray, document);
+    QFETCH(QStringList, shown);
+    QFETCH(QString, documentSays);
+
+    Folder folder;
+    folder.write("d.xml", document);
+    const Run run = folder.run({"show", "d.xml"});
+    QStringList lines = run.out.split('\n').filter("(document ");
+    for (QString &line : lines)
+        line = line.simplified();
+    QCOMPARE(lines, shown);
+    QCOMPARE(run.err, QString());
+    QCOMPARE(run.status, 0);
+
+    const Run json = folder.run({"show", "--format", "json", "d.xml"});
+    QCOMPARE(json.status, 0);
+    const QJsonObject whole = QJsonDocument::fromJson(json.out.toUtf8()).object();
+    QCOMPARE(whole.contains("documentSays"), !documentSays.isEmpty());
+    if (!documentSays.isEmpty()) {
+        const QJsonDocument says(whole["documentSays"].toObject()); // its keys are sorted
+        QCOMPARE(QString::fromUtf8(says.toJson(QJsonDocument::Compact)), documentSays);
+    }
+}
+
+void ShowCommandTest::partlyRead_data()
+{
+    QTest::addColumn<QByteArray>("document");
+    QTest::addColumn<QString>("complaint"); // place and message
+    QTest::addColumn<QStringList>("shown"); // some of the lines
+
+    QTest::newRow("unknown element") << jobWith("<ResourceType>", "<Foo/><ResourceType>")
+                                     << "9:5: error: Unknown Tag 'Foo' in 'Job'."
+                                     << QStringList{"Author: Mara Lind", "Resource type: Antenna",
+                                                    "Name: East"};
+    QTest::newRow("element that is never read")
+        << jobWith("<Author>", "<ConnectableResource>DDC IPC Voice HF</ConnectableResource><Author>")
+               .replace(">Antenna</JobType", ">Search MC HF</JobType")
+        << "5:9: error: Unknown Tag 'ConnectableResource' in 'JobHeader'."
+        << QStringList{"Connectable resource: not set (document says \"DDC IPC Voice HF\")",
+                       "Author: Mara Lind"};
+    QTest::newRow("element in a text")
+        << jobWith("Mara Lind", "Mara <b>L.<i>Lind</i></b>") << "5:22: error: Expected character data."
+        << QStringList{"Author: Mara (document says \"Mara L. Lind\")", "Name: East"};
+    QTest::newRow("setting out of range")
+        << with(completeWorkflow(), ">8<", ">24<")
+        << "4:5: error: AutomaticWorkflow: Invalid NumberClassifiers '24'"
+        << QStringList{"Classifiers: 1 (document says \"24\")", "Classification time: 25"};
+    QTest::newRow("text behind the document")
+        << completeJob() + "x"
+        << "16:1: error: Extra content at end of document." << QStringList{"Author: Mara Lind", "Name: East"};
+    QTest::newRow("cut off in a number")
+        << completeJob().left(completeJob().indexOf("00000</Max"))
+        << "13:30: error: Premature end of document."
+        << QStringList{"Minimum frequency: 1500000 Hz (1.5 MHz)",
+                       "Maximum frequency: 0 Hz (document breaks off here)", "Azimuth: not set"};
+    QTest::newRow("cut off in a list")
+        << QByteArray("<AutomaticWorkflow><Area><Coordinate><Latitude>1</Latitude></Coordinate><Coordinate>"
+                      "<Latitude>2</Latitude>")
+        << "1:107: error: Premature end of document."
+        << QStringList{"Coordinate: latitude 1, longitude 0", "Coordinate: latitude 2, longitude 0"};
+    QTest::newRow("cut off in a receiver")
+        << completeReceiver().left(completeReceiver().indexOf("</Minimum>"))
+        << "19:32: error: Premature end of document." << QStringList{"Parameters: 2"};
+}
+
+void ShowCommandTest::partlyRead()
+{
+    QFETCH(QByteArray, document);
+    QFETCH(QString, complaint);
+    QFETCH(QStringList, shown);
+
+    Folder folder;
+    folder.write("d.xml", document);
+    const Run run = folder.run({"show", "d.xml"});
+    QCOMPARE(run.err, "d.xml:" + complaint + '\n');
+    QCOMPARE(run.status, 1);
+    QStringList lines = run.out.split('\n');
+    for (QString &line : lines)
+        line = line.simplified();
+    const QString message = complaint.section(": error: ", 1);
+    QVERIFY2(lines.constFirst().endsWith(", at fault: " + message), qPrintable(lines.constFirst()));
+    for (const QString &line : shown)
+        QVERIFY2(lines.count(line) == 1, qPrintable(line + " in\n" + run.out));
+
+    const Run json = folder.run({"show", "--format", "json", "d.xml"});
+    QCOMPARE(json.err, run.err);
+    QCOMPARE(json.status, 1);
+    const QJsonObject whole = QJsonDocument::fromJson(json.out.toUtf8()).object();
+    QCOMPARE(whole["complete"].toBool(true), false);
+    QCOMPARE(whole["reason"].toString(), message);
+    QVERIFY(!whole["fields"].toObject().isEmpty());
+}
+
 void ShowCommandTest::faulty_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("complaint");
     QTest::addColumn<int>("status");
 
-    QTest::newRow("unknown element") << "tag.xml"
-                                     << "tag.xml:1:6: error: Unknown Tag 'Foo' in 'Job'.\n"
-                                     << 1;
     QTest::newRow("namespace that is declared twice")
         << "twice.xml"
         << "twice.xml:1:16: error: The namespace declaration 'xmlns' stands twice in one element.\n"
+        << 1;
+    QTest::newRow("no element") << "empty.xml"
+                                << "empty.xml:1:1: error: Premature end of document.\n"
+                                << 1;
+    QTest::newRow("unknown kind")
+        << "work.xml"
+        << "work.xml:1:1: error: unknown kind of document 'Work' (allowed: Job, AutomaticWorkflow, "
+           "ActivityGeneration, GenericReceiver, Parameter)\n"
         << 1;
     QTest::newRow("missing") << "none.xml"
                              << "none.xml: error: cannot be read: No such file or directory\n"
@@ -701,7 +883,8 @@ void ShowCommandTest::faulty()
     QFETCH(int, status);
 
     Folder folder;
-    folder.write("tag.xml", "<Job><Foo/></Job>");
+    folder.write("empty.xml", "");
+    folder.write("work.xml", "<Work/>");
     folder.write("twice.xml", "<Job xmlns='a' xmlns='b'/>");
     const Run run = folder.run({"show", name});
     QCOMPARE(run.out, QString());
