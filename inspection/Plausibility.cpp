@@ -199,7 +199,7 @@ constexpr struct Rule {
 /// Goes through an object and the elements that it was read from.
 class Judge {
 public:
-    Judge(const XmlTree &readFrom, const QDateTime &time) : tree(readFrom), now(time) { }
+    Judge(const XmlTree &readFrom, QDateTime time) : tree(readFrom), now(std::move(time)) { }
 
     Findings judge(const DocumentKind &kind, const TESSEL::ITesselObject &object)
     {

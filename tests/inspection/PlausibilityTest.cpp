@@ -13,6 +13,8 @@ using namespace KORMAK;
 using namespace KORMAK::Inspection;
 using DocumentSamples::linesOf;
 
+Q_DECLARE_METATYPE(KORMAK::Document)
+
 /// What is allowed, but hardly meant.
 class PlausibilityTest : public QObject {
     Q_OBJECT
