@@ -803,6 +803,12 @@ void ShowCommandTest::partlyRead_data()
     QTest::newRow("element in a text")
         << jobWith("Mara Lind", "Mara <b>L.<i>Lind</i></b>") << "5:22: error: Expected character data."
         << QStringList{"Author: Mara (document says \"Mara L. Lind\")", "Name: East"};
+    QTest::newRow("element in place of a text")
+        << jobWith("Mara Lind", "<b/>") << "5:17: error: Expected character data."
+        << QStringList{"Author: not set (document says \"\")"};
+    QTest::newRow("cut off in a text")
+        << completeJob().left(completeJob().indexOf("Lind")) << "5:22: error: Premature end of document."
+        << QStringList{"Author: not set (document breaks off here)", "Creation: not set"};
     QTest::newRow("setting out of range")
         << with(completeWorkflow(), ">8<", ">24<")
         << "4:5: error: AutomaticWorkflow: Invalid NumberClassifiers '24'"
