@@ -54,6 +54,8 @@ private Q_SLOTS:
     void copies();
     void lossesOfTexts();
     void lossesOfObjects();
+    void lossesOfWhatIsNotWritten();
+    void lossesBeyondLimits();
     void lossesBehindAChange();
     void comparing();
     void limits();
@@ -662,6 +664,41 @@ void DocumentTest::lossesOfObjects()
         QStringList("0:0 warning not-read-back Mode: not read back as it is: \"ManualMode\" -> not set"));
 }
 
+/// It passes Check(), but writes nothing, which loses all.
+void DocumentTest::lossesOfWhatIsNotWritten()
+{
+    AutomaticWorkflow workflow;
+    workflow.SetWorkflowMode(AutomaticWorkflow::AutomaticMode);
+    const Document document(workflow);
+    QVERIFY(document.IsAccepted());
+    QCOMPARE(linesOf(document.GetLosses()), QStringList("0:0 error refused : " + document.GetState()));
+}
+
+void DocumentTest::lossesBeyondLimits()
+{
+    TESSEL::ReadingLimits limits;
+    limits.SetDepth(2);
+
+    AutomaticWorkflow workflow;
+    workflow.SetWorkflowMode(AutomaticWorkflow::AutomaticMode);
+    workflow.SetSearchStrategy(AutomaticWorkflow::LowestIdFirst);
+    workflow.GetArea().SetName("North");
+    workflow.SetReadingLimits(limits);
+    QCOMPARE(linesOf(Document(workflow).GetLosses()).constFirst(),
+             QString("0:0 warning not-read-back : would not be read back"));
+
+    Parameter parameter;
+    parameter.SetParameterType(ParameterType::Integer);
+    parameter.SetUniqueParameterName("P");
+    parameter.SetRepresenationName("rx.p");
+    parameter.SetValueType(Parameter::ValueNumericInt);
+    QVERIFY(Document(parameter).GetLosses().isEmpty());
+    parameter.SetReadingLimits(limits);
+    QCOMPARE(linesOf(Document(parameter).GetLosses()).constFirst(),
+             QString("0:0 warning not-read-back : would not be read back: Elements stand more than 2 deep in "
+                     "one another."));
+}
+
 /// What the text says beyond the fields is told all the same.
 void DocumentTest::lossesBehindAChange()
 {
@@ -865,6 +902,11 @@ void DocumentTest::savingFails_data()
         "<Job><JobHeader><Author>A</Author><Creation>2026-03-14T06:30:00,000Z</Creation><JobType>Antenna"
         "</JobType></JobHeader><ResourceType>Decoder</ResourceType></Job>")
                                     << "Job: only a job with ResourceType \"Antenna\" is written";
+    QTest::newRow("empty flag") << QByteArray(
+        "<Job><JobHeader><Author>A</Author><Creation>2026-03-14T06:30:00,000Z</Creation><JobType>Antenna"
+        "</JobType><ShowJDH/></JobHeader><ResourceType>Antenna</ResourceType><AntennaData><Name>A</Name>"
+        "<MinimumFrequency>1</MinimumFrequency><MaximumFrequency>2</MaximumFrequency></AntennaData></Job>")
+                                << "JobHeader: Please set ShowJDH";
     QTest::newRow("parameter that is not complete") << QByteArray(
         "<GenericReceiver><Parameter UniqueName='Mode'><RepresentationName>m</RepresentationName>"
         "<ValueType>ValueSelection</ValueType><ParameterType>Enum</ParameterType></Parameter>"

@@ -15,6 +15,8 @@ private Q_SLOTS:
     void elementReadAt();
     void offsetsInBytes();
     void attributesInTag();
+    void placeOfError_data();
+    void placeOfError();
     void withoutEncoding_data();
     void withoutEncoding();
     void elementNamed_data();
@@ -84,6 +86,35 @@ void XmlPlacesTest::attributesInTag()
     QCOMPARE(found, (QStringList{"xmlns:x 6", "c 19", "xmlns 29", "x:d 39"}));
 }
 
+void XmlPlacesTest::placeOfError_data()
+{
+    QTest::addColumn<QString>("text"); // "|" stands before the place
+
+    QTest::newRow("end of the text") << "<a>\n<b>|";
+    QTest::newRow("short") << "<a>|";
+    QTest::newRow("character") << "<a>&| b</a>";
+    QTest::newRow("character of several bytes") << QString::fromUtf8("<a b=|\xE2\x82\xAC>");
+    QTest::newRow("element in a text") << "<c>1</c><b>2|<d/></b>";
+    QTest::newRow("outside of all elements") << "|x<a/>";
+}
+
+void XmlPlacesTest::placeOfError()
+{
+    QFETCH(QString, text);
+
+    const auto place = text.left(text.indexOf('|')).toUtf8().size();
+    const bool isInText = text.contains("<b>2");
+    const QString whole = text.remove('|');
+    PlacedReader placed((isInText ? "<a>" + whole + "</a>" : whole).toUtf8());
+    while (!placed.xml().atEnd()) {
+        placed.xml().readNext();
+        if (isInText && placed.xml().isStartElement() && placed.xml().name() == QLatin1String("b"))
+            placed.xml().readElementText();
+    }
+    QVERIFY(placed.xml().hasError());
+    QCOMPARE(placed.placeOfError(), static_cast<qsizetype>(place + (isInText ? 3 : 0)));
+}
+
 void XmlPlacesTest::withoutEncoding_data()
 {
     QTest::addColumn<QByteArray>("before");
@@ -102,6 +133,12 @@ void XmlPlacesTest::withoutEncoding_data()
     same("none", "<?xml version=\"1.0\"?><a encoding=\"UTF-16\"/>");
     same("no declaration", "<a encoding='UTF-16'/>");
     same("no name of an encoding", "<?xml version=\"1.0\" encoding=\"1\"?><a/>");
+    same("no version", "<?xml encoding='UTF-16'?><a/>");
+    same("no blank", "<?xmlversion='1.0' encoding='UTF-16'?><a/>");
+    same("no equals sign", "<?xml version'1.0' encoding='UTF-16'?><a/>");
+    same("no quotation mark", "<?xml version=1.0 encoding='UTF-16'?><a/>");
+    same("quotation mark that is not closed", "<?xml version='1.0' encoding='UTF-16?><a/>");
+    same("breaks off", "<?xml version='1.0' encoding=");
     same("elsewhere", " <?xml version=\"1.0\" encoding=\"UTF-16\"?><a/>");
 }
 
