@@ -87,6 +87,9 @@ DocumentCheck failedCheck(const DocumentError &error)
 {
     FindingData finding = errorOf({error.message, error.offset, error.id, error.limit}, Words::OfInspection);
     finding.allowed = error.allowed;
+    finding.suggestion = error.otherName;
+    if (!error.otherName.isEmpty())
+        finding.correction = Finding::Correction::Name;
     DocumentCheck check;
     check.findings.push_back({std::move(finding), error.position});
     return check;

@@ -18,6 +18,26 @@ QStringView nameOf(Severity severity)
     return severity == Severity::Error ? QStringView(u"error") : QStringView(u"warning");
 }
 
+namespace {
+
+/// Null when there is none.
+QStringView nameOf(KORMAK::Finding::Correction correction)
+{
+    switch (correction) {
+    case KORMAK::Finding::Correction::None:
+        break;
+    case KORMAK::Finding::Correction::Text:
+        return u"text";
+    case KORMAK::Finding::Correction::Name:
+        return u"name";
+    case KORMAK::Finding::Correction::Element:
+        return u"element";
+    }
+    return {};
+}
+
+} // namespace
+
 QByteArray findingJson(const QString &file, const FindingData &finding,
                        const std::optional<TextPosition> &position)
 {
@@ -33,6 +53,8 @@ QByteArray findingJson(const QString &file, const FindingData &finding,
         json.key(u"allowed");
         json.array(finding.allowed);
         json.member(u"complaint", jsonTextOrNull(finding.complaint));
+        json.member(u"suggestion", jsonTextOrNull(finding.suggestion));
+        json.member(u"correction", jsonTextOrNull(nameOf(finding.correction).toString()));
     });
 }
 

@@ -4,6 +4,7 @@
 #include <inspection/DocumentTexts_p.h>
 #include <inspection/PlacesByPath_p.h>
 #include <inspection/QuotedText_p.h>
+#include <inspection/Remedy_p.h>
 #include <inspection/XmlCursor_p.h>
 #include <objectbase/DocumentTable_p.h>
 #include <objectbase/DocumentXml_p.h>
@@ -150,7 +151,7 @@ private:
     {
         const Row *const row = childRow(parent.table, localName(tree.name(cursor.element())));
         if (!row) {
-            reportUnknown(parent.table);
+            reportUnknown(parent);
             cursor.skip();
             return;
         }
@@ -234,7 +235,7 @@ private:
             state.finding = static_cast<std::ptrdiff_t>(outcome.findings.size());
             FindingData &finding = add(index, FindingId::BadValue, objectionTo(row, text));
             finding.found = text;
-            finding.allowed = allowedTexts(row.type);
+            suggestText(finding, row.type);
         }
         try {
             row.read(parent.object, text);
@@ -304,7 +305,7 @@ private:
         if (isKnown(block.table, index))
             readChild(block);
         else if (parent == block.index || isKnown(block.table, parent))
-            reportUnknown(block.table); // and what is in it is not told again
+            reportUnknown(block); // and what is in it is not told again
     }
 
     void passInBlock(ObjectState &block)
@@ -345,10 +346,12 @@ private:
                 reportUnknownAttribute(index, attribute, table);
             } else if (!row->read) {
                 const Advice advice = adviceFor(table.name, u'@' + attribute.name);
-                addAttribute(index, attribute, FindingId::Unread, advice.ignored.toString());
+                suggestElement(index, table,
+                               addAttribute(index, attribute, FindingId::Unread, advice.ignored.toString()));
             } else if (!isValid(row->type, attribute.value)) {
-                addAttribute(index, attribute, FindingId::BadValue, objectionTo(*row, attribute.value))
-                    .allowed = allowedTexts(row->type);
+                suggestText(
+                    addAttribute(index, attribute, FindingId::BadValue, objectionTo(*row, attribute.value)),
+                    row->type);
             }
         }
     }
@@ -434,7 +437,7 @@ private:
     {
         FindingData &finding = add(state.index, FindingId::MissingElement, QStringLiteral("missing"),
                                    QLatin1Char('/') + row.name.toString());
-        finding.allowed = allowedTexts(row.type);
+        allowTexts(finding, row.type);
         setSeverity(finding, severity, complaint);
     }
 
@@ -518,20 +521,49 @@ private:
         refuse(child, words);
     }
 
-    void reportUnknown(const ObjectTable &table)
+    void reportUnknown(const ObjectState &parent)
     {
+        const ObjectTable &table = parent.table;
         const Index index = cursor.element();
         FindingData &finding =
             add(index, FindingId::UnknownElement,
                 table.refusesOthers ? QStringLiteral("unknown element")
                                     : QStringLiteral("unknown element, which is passed over"));
         finding.allowed = namesIn(table);
+        const QString name = localName(tree.name(index)).toString();
+        const QString otherCase = nameInOtherCase(name, finding.allowed);
+        suggestName(finding, name, canBeRenamed(parent, otherCase) ? otherCase : QString());
         if (table.refusesOthers) {
-            const QString complaint =
-                Messages::unknownTag(table.name.toString(), localName(tree.name(index)));
+            const QString complaint = Messages::unknownTag(table.name.toString(), name);
             setSeverity(finding, Severity::Error, complaint);
             refuse(index, complaint);
         }
+    }
+
+    /// Whether the unknown element can be called \a name without being given twice.
+    bool canBeRenamed(const ObjectState &parent, const QString &name) const
+    {
+        const Index index = cursor.element();
+        if (name.isEmpty() || tree.parent(index) != parent.index
+            || tree.name(index).size() != name.size()) // it has a prefix
+            return false;
+        if (isList(*parent.table.element(name)))
+            return true;
+        Index i = tree.firstChild(parent.index);
+        while (i != XmlTree::None && (i == index || tree.name(i).compare(name, Qt::CaseInsensitive) != 0))
+            i = tree.nextSibling(i);
+        return i == XmlTree::None;
+    }
+
+    /// The attribute that \a finding is about is not read, but an element of its name may be.
+    void suggestElement(Index index, const ObjectTable &table, FindingData &finding) const
+    {
+        const QString name = finding.path.section(QLatin1Char('@'), -1);
+        const Row *const row = childRow(table, name);
+        if (!row || !isValid(row->type, *finding.found) || tree.findChild(index, name) != XmlTree::None)
+            return;
+        finding.suggestion = *finding.found;
+        finding.correction = Finding::Correction::Element;
     }
 
     void reportRepetition(const ObjectState &parent, const Row &row, Index previous)
@@ -564,9 +596,21 @@ private:
             if (row.read)
                 names += row.name.toString();
         }
-        addAttribute(index, attribute, FindingId::UnknownAttribute,
-                     QStringLiteral("unknown attribute, which is passed over"))
-            .allowed = names;
+        FindingData &finding = addAttribute(index, attribute, FindingId::UnknownAttribute,
+                                            QStringLiteral("unknown attribute, which is passed over"));
+        finding.allowed = names;
+        const QString otherCase = nameInOtherCase(attribute.name, names);
+        const bool isGiven = !otherCase.isEmpty() && hasAttributeLike(index, otherCase, attribute.name);
+        suggestName(finding, attribute.name, isGiven ? QString() : otherCase);
+    }
+
+    /// Whether the element has another attribute than \a one that is called \a name, in whatever case.
+    bool hasAttributeLike(Index index, const QString &name, const QString &one) const
+    {
+        const std::vector<XmlTree::Attribute> all = tree.attributes(index);
+        return std::any_of(all.begin(), all.end(), [&](const XmlTree::Attribute &other) {
+            return other.name != one && other.name.compare(name, Qt::CaseInsensitive) == 0;
+        });
     }
 
     /// The same list for all findings.

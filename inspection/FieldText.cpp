@@ -2,12 +2,14 @@
 
 #include <inspection/DocumentTexts_p.h>
 #include <inspection/NameLists_p.h>
+#include <inspection/Remedy_p.h>
 #include <objectbase/Converters.h>
 #include <objectbase/Text_p.h>
 
 #include <QLocale>
 
 #include <cmath>
+#include <limits>
 #include <type_traits>
 
 namespace KORMAK::Inspection {
@@ -94,6 +96,32 @@ QString textOf(const TextType & /*type*/, const QDateTime &value)
     throw FieldError{QStringLiteral("'%1' is not allowed. Allowed: %2").arg(text, allowed)};
 }
 
+[[noreturn]] void throwWrongName(const QString &text, const TextType &type)
+{
+    const QStringList all = allowedTexts(type);
+    const auto [names, more] = excerptOf(all, text);
+    const NameList *const list = type.names ? nameListOf(type.names) : nullptr;
+    QString allowed = names.join(QStringLiteral(", "));
+    if (more > 0)
+        allowed += QStringLiteral("; %1 more").arg(more)
+            + (list ? QStringLiteral(" in the vocabulary ") + list->name.toString() : QString());
+    const QStringList meant = guessOf(text, all).names;
+    throw FieldError{
+        QStringLiteral("'%1' is not allowed%2%3 Allowed: %4")
+            .arg(text, question(meant), meant.isEmpty() ? QStringLiteral(".") : QString(), allowed)};
+}
+
+/// In place of the limits of a type as a whole, which tell people nothing.
+QString wholeNumbers(const TextType &type)
+{
+    const auto isRange = [&type](auto least, auto most) { return type.least == least && type.most == most; };
+    if (isRange(std::numeric_limits<qint32>::min(), std::numeric_limits<qint32>::max()))
+        return QStringLiteral("whole number of 32 bits");
+    if (isRange(std::numeric_limits<qint64>::min(), std::numeric_limits<qint64>::max()))
+        return QStringLiteral("whole number of 64 bits");
+    return QStringLiteral("whole number from %1 to %2").arg(type.least).arg(type.most);
+}
+
 bool isWholeNumber(const TextType &type)
 {
     return type.kind == Kind::Integer || type.kind == Kind::Unsigned || type.kind == Kind::LongLong;
@@ -115,10 +143,7 @@ FieldValue numberOfText(const TextType &type, const QString &text)
         if (isNumber && std::isfinite(value))
             return value;
     }
-    const QString range = type.kind == Kind::Float ? QStringLiteral(" from -3.40282e+38 to 3.40282e+38")
-        : type.kind == Kind::Double                ? QStringLiteral(" from -1.79769e+308 to 1.79769e+308")
-                                                   : QString();
-    throwWrong(text, describe(type) + range);
+    throwWrong(text, isWholeNumber(type) ? describe(type) : QStringLiteral("finite ") + describe(type));
 }
 
 QString settableNumber(double value)
@@ -214,12 +239,12 @@ FieldValue valueOfText(const TextType &type, const QString &text)
         return text.isEmpty() ? FieldValue() : FieldValue(text);
     case Kind::Boolean:
         if (!allowedTexts(type).contains(text))
-            throwWrong(text, describe(type));
+            throwWrongName(text, type);
         return text == QStringView(u"true");
     case Kind::Name: {
         const qint32 value = type.names().valueOf(text);
         if (value < 0)
-            throwWrong(text, describe(type));
+            throwWrongName(text, type);
         return static_cast<qint64>(value);
     }
     case Kind::DateTime: {
@@ -250,8 +275,9 @@ QString describe(const TextType &type)
     case Kind::Integer:
     case Kind::Unsigned:
     case Kind::LongLong:
-        return QStringLiteral("whole number from %1 to %2").arg(type.least).arg(type.most) + unit;
+        return wholeNumbers(type) + unit;
     case Kind::Float:
+        return QStringLiteral("number of single precision") + unit;
     case Kind::Double:
         return QStringLiteral("number") + unit;
     case Kind::DateTime:

@@ -83,6 +83,16 @@ QStringList Finding::GetAllowed() const
     return data().content.allowed;
 }
 
+QString Finding::GetSuggestion() const
+{
+    return data().content.suggestion;
+}
+
+Finding::Correction Finding::GetCorrection() const noexcept
+{
+    return data().content.correction;
+}
+
 QString Finding::GetComplaint() const
 {
     return data().content.complaint;
@@ -101,7 +111,8 @@ bool Finding::operator==(const Finding &other) const
             && GetOffset() == other.GetOffset() && GetLine() == other.GetLine()
             && GetColumn() == other.GetColumn() && data().content.found == other.data().content.found
             && GetAllowed() == other.GetAllowed() && GetComplaint() == other.GetComplaint()
-            && GetLimit() == other.GetLimit());
+            && GetLimit() == other.GetLimit() && GetSuggestion() == other.GetSuggestion()
+            && GetCorrection() == other.GetCorrection());
 }
 
 Finding FindingMaker::made(FindingData data, const std::optional<TextPosition> &position, qsizetype skipped)
@@ -135,6 +146,13 @@ constexpr TESSEL::VocabularyRow<Finding::Limit> LimitRows[] = {
     {Finding::Limit::Entities, u"Entities"},
 };
 constexpr TESSEL::Vocabulary Limits{LimitRows};
+constexpr TESSEL::VocabularyRow<Finding::Correction> CorrectionRows[] = {
+    {Finding::Correction::None, u"None"},
+    {Finding::Correction::Text, u"Text"},
+    {Finding::Correction::Name, u"Name"},
+    {Finding::Correction::Element, u"Element"},
+};
+constexpr TESSEL::Vocabulary Corrections{CorrectionRows};
 
 } // namespace
 
@@ -146,6 +164,11 @@ QDebug operator<<(QDebug debug, Finding::Severity value)
 QDebug operator<<(QDebug debug, Finding::Limit value)
 {
     return TESSEL::printName(debug, Limits.table(), value);
+}
+
+QDebug operator<<(QDebug debug, Finding::Correction value)
+{
+    return TESSEL::printName(debug, Corrections.table(), value);
 }
 
 QDebug operator<<(QDebug debug, const Finding &finding)

@@ -106,6 +106,15 @@ public:
         Entities, ///< TESSEL::ReadingLimits::GetEntityCharacters() and GetEntityFactor()
     };
 
+    /// What GetSuggestion() is to be done with.
+    enum class Correction : qint32 {
+        None, ///< there is no suggestion
+        Text, ///< it takes the place of the text that was found, in the element or attribute
+        Name, ///< the element or attribute is to be called so
+        Element, ///< it is the text of an element called as the attribute, which goes in the attribute's
+                 ///< place
+    };
+
     /// A warning without an id or message.
     Finding();
 
@@ -115,6 +124,7 @@ public:
     [[nodiscard]] QString GetId() const;
     /// What it is about, for people: a sentence without path and place. Texts of the document stand in it
     /// between quotation marks, cut when they are long and without characters that could steer a terminal.
+    /// Where a name differs from allowed ones by a letter, asks whether those were meant.
     [[nodiscard]] QString GetMessage() const;
     /// The element or attribute that it is about, from the root: "Job/JobHeader/Author",
     /// "GenericReceiver/Parameter[Gain]/@UniqueName". Empty when it is about the document as a whole. Where
@@ -136,6 +146,13 @@ public:
     [[nodiscard]] QString GetFound() const;
     /// The names that could be there; empty when they cannot be listed.
     [[nodiscard]] QStringList GetAllowed() const;
+    /// What puts it right for certain: a name that differs in case, or by one letter that is neither a
+    /// capital nor a digit, if there is only one such name; a number with a point for its comma; a time that
+    /// says its zone, in the form of documents. Empty when nothing is certain, as where a comma may stand
+    /// between thousands.
+    [[nodiscard]] QString GetSuggestion() const;
+    /// What is to be done with the suggestion.
+    [[nodiscard]] Correction GetCorrection() const noexcept;
     /// What the library itself says when it refuses the document for this; empty when it says nothing of its
     /// own.
     [[nodiscard]] QString GetComplaint() const;
@@ -161,6 +178,9 @@ INSPECTION_EXPORT QDebug operator<<(QDebug debug, Finding::Severity value);
 
 /// Writes the name of \a value, or its number when it has none.
 INSPECTION_EXPORT QDebug operator<<(QDebug debug, Finding::Limit value);
+
+/// Writes the name of \a value, or its number when it has none.
+INSPECTION_EXPORT QDebug operator<<(QDebug debug, Finding::Correction value);
 
 /// Writes severity, id, line and column, path and message, in a line.
 INSPECTION_EXPORT QDebug operator<<(QDebug debug, const Finding &finding);

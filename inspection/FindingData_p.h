@@ -27,6 +27,10 @@ struct FindingData {
     QStringList allowed = {}; ///< the names that could be there
     QString complaint = {}; ///< what the library says when it refuses the document for this
     ReadingLimit limit = ReadingLimit::None; ///< that the document goes beyond
+    Finding::Correction correction = Finding::Correction::None;
+    QString suggestion = {}; ///< what the correction puts there
+    QStringView vocabulary = {}; ///< that the allowed names are; null: none
+    QString unknownName = {}; ///< of the element or attribute, when it is not known
 };
 
 using Findings = std::vector<FindingData>;

@@ -1,6 +1,7 @@
 #include "inspection/ParsedDocument_p.h"
 
 #include <inspection/Completeness_p.h>
+#include <inspection/Remedy_p.h>
 #include <inspection/XmlPlaces_p.h>
 #include <objectbase/QtCompat_p.h>
 #include <objectbase/ReadingBounds_p.h>
@@ -60,6 +61,19 @@ bool isReadWithin(const QByteArray &text, const TESSEL::ReadingLimits &limits)
     throwAt(text, offset, refused->message, FindingId::BeyondLimit, {}, limit);
 }
 
+[[noreturn]] void throwUnknownKind(const QByteArray &text, const XmlTree &tree)
+{
+    const QString name = localName(tree.name(XmlTree::Root)).toString();
+    const QStringList kinds = documentKindNames();
+    const qsizetype offset = tree.offset(XmlTree::Root);
+    DocumentError error{QStringLiteral("unknown kind of document '%1'").arg(name)
+                            + question(guessOf(name, kinds).names),
+                        TextPositions(text).at(offset), FindingId::UnknownKind, kinds};
+    error.offset = offset;
+    error.otherName = name == tree.name(XmlTree::Root) ? nameInOtherCase(name, kinds) : QString();
+    throw DocumentError(std::move(error));
+}
+
 } // namespace
 
 qsizetype firstByteOutsideUtf8(const QByteArray &bytes)
@@ -109,11 +123,8 @@ ParsedDocument documentOf(const QByteArray &text, const TESSEL::ReadingLimits &l
         throwAt(text, tree.broken()->offset, tree.broken()->message, FindingId::NotWellFormed);
     const QStringView rootElement = localName(tree.name(XmlTree::Root));
     document.kind = findDocumentKind(rootElement);
-    if (!document.kind) {
-        throwAt(text, tree.offset(XmlTree::Root),
-                QStringLiteral("unknown kind of document '%1'").arg(rootElement.toString()),
-                FindingId::UnknownKind, documentKindNames());
-    }
+    if (!document.kind)
+        throwUnknownKind(text, tree);
     if (!expectedKind.isEmpty() && rootElement != expectedKind) {
         throwAt(text, tree.offset(XmlTree::Root),
                 QStringLiteral("is a document of kind %1, not %2").arg(rootElement.toString(), expectedKind),

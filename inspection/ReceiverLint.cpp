@@ -23,6 +23,7 @@ constexpr QStringView MaximumTag = u"Maximum";
 constexpr QStringView MaximumLengthTag = u"MaxDoubleListLength";
 constexpr QStringView EntryTag = u"EnumValue";
 constexpr QStringView BooleanTag = u"Boolean";
+constexpr QStringView DoubleTag = u"Double";
 constexpr QStringView DoubleListTag = u"DoubleList";
 
 using Element = ParameterElement;
@@ -238,10 +239,14 @@ Findings blockWithoutEnd(const Element &element)
     const Index block = element.tree.findChild(element.index, DoubleListTag);
     if (block == XmlTree::None)
         return {};
-    return {element.finding(
+    FindingData finding = element.finding(
         block,
-        QStringLiteral(
-            "a block \"DoubleList\" is read on to the next end of a \"Double\"; open it as that"))};
+        QStringLiteral("a block \"DoubleList\" is read on to the next end of a \"Double\"; open it as that"));
+    if (element.tree.findChild(element.index, DoubleTag) == XmlTree::None) {
+        finding.suggestion = DoubleTag.toString();
+        finding.correction = KORMAK::Finding::Correction::Name;
+    }
+    return {finding};
 }
 
 constexpr Findings (*Rules[])(const Element &) = {

@@ -1,6 +1,7 @@
 #include "tools/DocumentFile.h"
 
 #include <inspection/QuotedText_p.h>
+#include <inspection/Remedy_p.h>
 #include <tools/Console.h>
 #include <tools/LimitOptions.h>
 #include <tools/PathEncoding.h>
@@ -20,6 +21,33 @@ InputFile::Content readBytes(const QString &path)
     } catch (const InputFile::Error &error) {
         throw DocumentError{QStringLiteral("cannot be read: ") + error.reason};
     }
+}
+
+/// The call that lists all the names that are allowed; empty when there is none.
+QString callThatLists(const FindingData &finding)
+{
+    if (!finding.vocabulary.isEmpty())
+        return QStringLiteral("kormak list ") + finding.vocabulary.toString();
+    const QString kind = finding.path.section(QLatin1Char('/'), 0, 0).section(QLatin1Char('['), 0, 0);
+    return findDocumentKind(kind) ? QStringLiteral("kormak new %1 --list-fields").arg(kind) : QString();
+}
+
+/// A few names, and where the others are, in parentheses behind a blank. Who is told what to write needs no
+/// names that are like it.
+QString noteOnAllowed(const FindingData &finding)
+{
+    if (finding.allowed.isEmpty())
+        return {};
+    const auto [names, more] =
+        excerptOf(finding.allowed,
+                  finding.unknownName.isEmpty() ? finding.found.value_or(QString()) : finding.unknownName);
+    const QString call = callThatLists(finding);
+    if (more > 0 && !finding.suggestion.isEmpty())
+        return call.isEmpty() ? call : QStringLiteral(" (all names: %1)").arg(call);
+    QString text = QStringLiteral(" (allowed: ") + oneLine(names.join(QStringLiteral(", ")));
+    if (more > 0)
+        text += QStringLiteral("; %1 more").arg(more) + (call.isEmpty() ? call : QStringLiteral(": ") + call);
+    return text + QLatin1Char(')');
 }
 
 } // namespace
@@ -70,25 +98,23 @@ QString complaintLine(const QString &path, const std::optional<TextPosition> &po
                       const FindingData &finding)
 {
     const QString place = finding.path.isEmpty() ? QString() : finding.path + QStringLiteral(": ");
-    return complaintLine(path, position, severity, place + finding.message, finding.allowed);
+    return complaintLine(path, position, severity, place + finding.message) + noteOnAllowed(finding);
 }
 
 void complainAbout(const QString &path, const DocumentError &error)
 {
-    Console::complain(
-        complaintLine(path, error.position, u"error", withOption(error.message, error.limit), error.allowed));
+    FindingData finding{0, withOption(error.message, error.limit)};
+    finding.allowed = error.allowed;
+    Console::complain(complaintLine(path, error.position, u"error", finding));
 }
 
 QString complaintLine(const QString &path, const std::optional<TextPosition> &position, QStringView severity,
-                      const QString &message, const QStringList &allowed)
+                      const QString &message)
 {
     QString line = PathEncoding::shown(path);
     if (position)
         line += QLatin1Char(':') + toText(*position);
     line += QStringLiteral(": ") + Terminal::coloured(severity) + QStringLiteral(": ")
         + PathEncoding::shown(message);
-    if (!allowed.isEmpty())
-        line +=
-            QStringLiteral(" (allowed: ") + oneLine(allowed.join(QStringLiteral(", "))) + QLatin1Char(')');
     return line;
 }

@@ -52,8 +52,8 @@ void complainAbout(const QString &path, const FileDocument &document, QStringVie
 /// The line of a complaint about the file \a path, and about a place in it if there is one.
 [[nodiscard]] QString complaintLine(const QString &path,
                                     const std::optional<KORMAK::Inspection::TextPosition> &position,
-                                    QStringView severity, const QString &message,
-                                    const QStringList &allowed = {});
+                                    QStringView severity, const QString &message);
+/// The same for a finding, with a few of the names that are allowed.
 [[nodiscard]] QString complaintLine(const QString &path,
                                     const std::optional<KORMAK::Inspection::TextPosition> &position,
                                     QStringView severity, const KORMAK::Inspection::FindingData &finding);

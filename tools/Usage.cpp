@@ -1,6 +1,7 @@
 #include "tools/Usage.h"
 
 #include <inspection/DocumentKind_p.h>
+#include <inspection/Remedy_p.h>
 #include <tools/TextLayout.h>
 #include <tools/Tool.h>
 
@@ -141,6 +142,8 @@ QString Usage::optionNames(const QList<QCommandLineOption> &options)
 
 UsageError Usage::unknown(const QString &what, const QString &name, const QStringList &allowed)
 {
-    return {
-        QStringLiteral("Unknown %1 '%2'. Allowed: %3").arg(what, name, allowed.join(QStringLiteral(", ")))};
+    const QStringList meant = guessOf(name, allowed).names;
+    return {QStringLiteral("Unknown %1 '%2'%3 Allowed: %4")
+                .arg(what, name, meant.isEmpty() ? QStringLiteral(".") : question(meant),
+                     allowed.join(QStringLiteral(", ")))};
 }

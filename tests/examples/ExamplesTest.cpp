@@ -64,7 +64,7 @@ QStringList filesOf(const QList<QStringList> &rows)
 /// What the tool says, without the names that are allowed.
 QString withoutNames(QString text)
 {
-    return text.remove(QRegularExpression(QStringLiteral(" \\(allowed: [^)]*\\)")));
+    return text.remove(QRegularExpression(QStringLiteral(" \\(all(owed| names): [^)]*\\)")));
 }
 
 const QString JobsHeading = QStringLiteral("## Jobs");

@@ -128,6 +128,7 @@ void DebugOutputTest::otherEnumerations_data()
     row("Level", shownNumber<Logger::Level>, {"INFO", "WARNING", "ERROR"});
     row("Severity", shownNumber<Finding::Severity>, {"Warning", "Error"});
     row("Limit", shownNumber<Finding::Limit>, {"None", "Attributes", "Depth", "Entities"});
+    row("Correction", shownNumber<Finding::Correction>, {"None", "Text", "Name", "Element"});
     row("Type", shownNumber<Field::Type>,
         {"Text", "Boolean", "Integer", "Float", "Double", "DateTime", "Name"});
 }

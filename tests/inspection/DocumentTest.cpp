@@ -574,15 +574,16 @@ void DocumentTest::settingFails_data()
                                   "Description";
     QTest::newRow("no number") << "AntennaData.Azimuth"
                                << "north"
-                               << "AntennaData.Azimuth: 'north' is not allowed. Allowed: number in degrees "
-                                  "from -1.79769e+308 to 1.79769e+308";
+                               << "AntennaData.Azimuth: 'north' is not allowed. Allowed: finite number in "
+                                  "degrees";
     QTest::newRow("no date") << "JobHeader.Creation"
                              << "2026-02-30T00:00:00Z"
                              << "JobHeader.Creation: '2026-02-30T00:00:00Z' is not allowed. Allowed: date in "
                                 "UTC as 2026-03-29T00:59:59,250Z, 2026-03-29T00:59:59Z, or now";
-    QTest::newRow("no truth") << "JobHeader.ShowJDH"
-                              << "True"
-                              << "JobHeader.ShowJDH: 'True' is not allowed. Allowed: true, false";
+    QTest::newRow("no truth")
+        << "JobHeader.ShowJDH"
+        << "True"
+        << "JobHeader.ShowJDH: 'True' is not allowed; did you mean \"true\"? Allowed: true, false";
 }
 
 void DocumentTest::settingFails()

@@ -1,5 +1,6 @@
 #include <inspection/FieldText_p.h>
 #include <kormak/Vocabularies_p.h>
+#include <objectbase/Vocabularies_p.h>
 
 #include <QtTest>
 
@@ -22,6 +23,8 @@ private Q_SLOTS:
     void read();
     void refused_data();
     void refused();
+    void meant_data();
+    void meant();
 };
 
 namespace {
@@ -33,6 +36,13 @@ TextType ofType(Kind kind, QStringView unit = {})
     result.unit = unit;
     if (kind == Kind::Name)
         result.names = KORMAK::jobTypes;
+    return result;
+}
+
+TextType named(TESSEL::NameTable (*names)())
+{
+    TextType result = ofType(Kind::Name);
+    result.names = names;
     return result;
 }
 
@@ -134,8 +144,17 @@ void FieldTextTest::refused_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("allowed");
 
-    QTest::newRow("capitals") << ofType(Kind::Boolean) << "True"
-                              << "true, false";
+    QTest::newRow("no boolean") << ofType(Kind::Boolean) << "yes"
+                                << "true, false";
+    QTest::newRow("one of many names")
+        << named(TESSEL::resourceTypes) << "Horn"
+        << "Decoder, Antenna, Tuner HF, DDC HF; 46 more in the vocabulary ResourceType";
+    QTest::newRow("32 bits") << range(std::numeric_limits<qint32>::min(), std::numeric_limits<qint32>::max())
+                             << "1.5"
+                             << "whole number of 32 bits";
+    QTest::newRow("64 bits") << range(std::numeric_limits<qint64>::min(), std::numeric_limits<qint64>::max())
+                             << "x"
+                             << "whole number of 64 bits";
     QTest::newRow("below") << range(1, 23) << "0"
                            << "whole number from 1 to 23";
     QTest::newRow("above") << range(1, 23) << "24"
@@ -143,13 +162,13 @@ void FieldTextTest::refused_data()
     QTest::newRow("beyond 64 bits") << range(1, 23) << "18446744073709551617"
                                     << "whole number from 1 to 23";
     QTest::newRow("empty") << ofType(Kind::Double) << ""
-                           << "number from -1.79769e+308 to 1.79769e+308";
+                           << "finite number";
     QTest::newRow("infinite") << ofType(Kind::Double, u"Hz") << "inf"
-                              << "number in Hz from -1.79769e+308 to 1.79769e+308";
+                              << "finite number in Hz";
     QTest::newRow("infinite float") << ofType(Kind::Float) << "-1e39"
-                                    << "number from -3.40282e+38 to 3.40282e+38";
+                                    << "finite number of single precision";
     QTest::newRow("decimal comma") << ofType(Kind::Float) << "1,5"
-                                   << "number from -3.40282e+38 to 3.40282e+38";
+                                   << "finite number of single precision";
     for (const char *text : {"", "2026-03-29", "2026-03-29T01:02:03", "2026-02-30T01:02:03Z", "Now"}) {
         QTest::newRow(qPrintable(QString("date %1").arg(text)))
             << ofType(Kind::DateTime) << text
@@ -170,6 +189,35 @@ void FieldTextTest::refused()
         message = error.message;
     }
     QCOMPARE(message, QString("'%1' is not allowed. Allowed: %2").arg(text, allowed));
+}
+
+void FieldTextTest::meant_data()
+{
+    QTest::addColumn<TextType>("type");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("capitals") << ofType(Kind::Boolean) << "True"
+                              << "'True' is not allowed; did you mean \"true\"? Allowed: true, false";
+    QTest::newRow("a letter of %1") << named(KORMAK::workflowModes) << "ManualMod%1"
+                                    << "'ManualMod%1' is not allowed. Allowed: ManualMode, AutomaticMode";
+    QTest::newRow("a letter") << named(KORMAK::workflowModes) << "ManualMod"
+                              << "'ManualMod' is not allowed; did you mean \"ManualMode\"? Allowed: "
+                                 "ManualMode, AutomaticMode";
+}
+
+void FieldTextTest::meant()
+{
+    QFETCH(TextType, type);
+    QFETCH(QString, text);
+    QFETCH(QString, message);
+
+    try {
+        (void)valueOfText(type, text);
+        QFAIL("it is refused");
+    } catch (const FieldError &error) {
+        QCOMPARE(error.message, message);
+    }
 }
 
 QTEST_GUILESS_MAIN(FieldTextTest)

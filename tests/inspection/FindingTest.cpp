@@ -2,12 +2,14 @@
 
 #include <inspection/Finding.h>
 
+#include <algorithm>
 #include <limits>
 
 using namespace KORMAK;
 using namespace DocumentSamples;
 
 Q_DECLARE_METATYPE(Finding::Limit)
+Q_DECLARE_METATYPE(Finding::Correction)
 
 class FindingTest : public QObject {
     Q_OBJECT
@@ -19,6 +21,8 @@ private Q_SLOTS:
     void places();
     void limits_data();
     void limits();
+    void corrections_data();
+    void corrections();
     void comparison();
     void idsOfExamples();
 };
@@ -44,6 +48,8 @@ void FindingTest::byDefault()
     QCOMPARE(finding.GetLine() + finding.GetColumn(), 0);
     QCOMPARE(finding.GetLimit(), Finding::Limit::None);
     QVERIFY(finding.GetAllowed().isEmpty());
+    QVERIFY(finding.GetSuggestion().isEmpty());
+    QCOMPARE(finding.GetCorrection(), Finding::Correction::None);
     QCOMPARE(finding, Finding());
 
     Finding moved = firstOf("<Job/>");
@@ -60,7 +66,8 @@ void FindingTest::everything()
     QCOMPARE(finding.GetSeverity(), Finding::Severity::Error);
     QCOMPARE(finding.GetId(), FindingId::BadValue.toString());
     QCOMPARE(finding.GetMessage(),
-             QString("\"surveillance mc hf\" is not a known name; it reads as \"not set\""));
+             QString("\"surveillance mc hf\" is not a known name; it reads as \"not set\"; did you mean "
+                     "\"Surveillance MC HF\"?"));
     QCOMPARE(finding.GetPath(), QString("Job/JobHeader/JobType"));
     QVERIFY(finding.HasPlace());
     QCOMPARE(finding.GetLine(), 4);
@@ -72,6 +79,8 @@ void FindingTest::everything()
     QCOMPARE(finding.GetFound(), QString("surveillance mc hf"));
     QCOMPARE(finding.GetAllowed(), FindVocabulary("JobType").GetNames());
     QCOMPARE(finding.GetComplaint(), QString("JobHeader: Please set JobType"));
+    QCOMPARE(finding.GetSuggestion(), QString("Surveillance MC HF"));
+    QCOMPARE(finding.GetCorrection(), Finding::Correction::Text);
 }
 
 void FindingTest::places_data()
@@ -136,6 +145,80 @@ void FindingTest::limits()
     QCOMPARE(finding.GetId() == FindingId::BeyondLimit, limit != Finding::Limit::None);
     QVERIFY(!finding.GetMessage().contains("--"));
     QCOMPARE(firstOf(text).GetLimit(), Finding::Limit::None);
+}
+
+void FindingTest::corrections_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("path"); // of the finding
+    QTest::addColumn<QString>("suggestion"); // empty: none
+    QTest::addColumn<Finding::Correction>("correction");
+
+    using Correction = Finding::Correction;
+    const auto add = [](const char *name, const QByteArray &text, const QString &path,
+                        const QString &suggestion = {}, Correction correction = Correction::None) {
+        QTest::newRow(name) << text << path << suggestion << correction;
+    };
+    add("name", "<Job><ResourceType>antenna</ResourceType></Job>", "Job/ResourceType", "Antenna",
+        Correction::Text);
+    add("name that differs in an abbreviation", "<Job><ResourceType>Receiver VHF</ResourceType></Job>",
+        "Job/ResourceType");
+    add("attribute", "<ActivityGeneration Autostart='True'/>", "ActivityGeneration/@Autostart", "true",
+        Correction::Text);
+    add("number", "<Job><AntennaData><Azimuth>1,5</Azimuth></AntennaData></Job>", "Job/AntennaData/Azimuth",
+        "1.5", Correction::Text);
+    add("number with thousands", "<Job><AntennaData><Azimuth>1,500</Azimuth></AntennaData></Job>",
+        "Job/AntennaData/Azimuth");
+    add("time", "<Job><JobHeader><Creation>2024-05-01 10:00:00Z</Creation></JobHeader></Job>",
+        "Job/JobHeader/Creation", "2024-05-01T10:00:00,000Z", Correction::Text);
+    add("time without a zone", "<Job><JobHeader><Creation>2024-05-01 10:00:00</Creation></JobHeader></Job>",
+        "Job/JobHeader/Creation");
+
+    add("root element", "<job/>", "", "Job", Correction::Name);
+    add("root element with a letter too many", "<Jobs/>", "");
+    add("root element with a prefix", "<a:job xmlns:a='b'/>", "");
+    add("element", "<Job><resourceType/></Job>", "Job/resourceType", "ResourceType", Correction::Name);
+    add("element with a letter too many", "<Job><ResourceTypes/></Job>", "Job/ResourceTypes");
+    add("element with a prefix", "<Job><a:resourceType xmlns:a='b'/></Job>", "Job/a:resourceType");
+    add("element beside the right one", "<Job><resourceType/><ResourceType/></Job>", "Job/resourceType");
+    add("element beside another like it", "<Job><resourceType/><RESOURCETYPE/></Job>", "Job/RESOURCETYPE");
+    add("element of which there may be several",
+        "<GenericReceiver><parameter/><Parameter/></GenericReceiver>", "GenericReceiver/parameter",
+        "Parameter", Correction::Name);
+    add("element in a block", "<Parameter><Long><minimum/></Long></Parameter>", "Parameter/Long/minimum",
+        "Minimum", Correction::Name);
+    add("element deeper in a block",
+        "<Parameter><Long><Maximum>1</Maximum><Default/><x><Minimum>1<y/></Minimum></x>"
+        "</Long></Parameter>",
+        "Parameter/Long/x");
+    add("name of an attribute", "<Job version='1.0'/>", "Job/@version", "Version", Correction::Name);
+    add("name of an attribute beside the right one", "<Job version='1.0' Version='1.0'/>", "Job/@version");
+    add("name of an attribute with a letter too many", "<Job Versions='1.0'/>", "Job/@Versions");
+
+    add("attribute for an element", "<AutomaticWorkflow Mode='ManualMode'/>", "AutomaticWorkflow/@Mode",
+        "ManualMode", Correction::Element);
+    add("attribute beside the element", "<AutomaticWorkflow Mode='ManualMode'><Mode/></AutomaticWorkflow>",
+        "AutomaticWorkflow/@Mode");
+    add("attribute that says nothing", "<AutomaticWorkflow Mode='x'/>", "AutomaticWorkflow/@Mode");
+    add("block of doubles", "<Parameter><DoubleList/></Parameter>", "Parameter/DoubleList", "Double",
+        Correction::Name);
+    add("block of doubles beside the right one", "<Parameter><DoubleList/><Double/></Parameter>",
+        "Parameter/DoubleList");
+}
+
+void FindingTest::corrections()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, path);
+    QFETCH(QString, suggestion);
+    QFETCH(Finding::Correction, correction);
+
+    const QVector<Finding> findings = Document(text).GetFindings();
+    const auto finding = std::find_if(findings.begin(), findings.end(),
+                                      [&path](const Finding &one) { return one.GetPath() == path; });
+    QVERIFY(finding != findings.end());
+    QCOMPARE(finding->GetSuggestion(), suggestion);
+    QCOMPARE(finding->GetCorrection(), correction);
 }
 
 void FindingTest::comparison()

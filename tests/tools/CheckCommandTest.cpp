@@ -179,21 +179,20 @@ void CheckCommandTest::suspicious_data()
         {"7:9 Job/JobHeader/ShowJDH: is empty: the header is not complete, and the library would write "
          "nothing"});
     add("data header flag in capitals", jobWith(">true<", ">TRUE<"), job,
-        {"7:9 Job/JobHeader/ShowJDH: \"TRUE\" is not a boolean; it reads as false (allowed: true, ...)"});
+        {"7:9 Job/JobHeader/ShowJDH: \"TRUE\" is not a boolean; it reads as false; did you mean "
+         "\"true\"? (allowed: true, ...)"});
     add("frequency with a unit", jobWith(">1500000<", ">1.5 MHz<"), job,
         {"12:9 Job/AntennaData/MinimumFrequency: \"1.5 MHz\" is not a number; it reads as 0"});
     add("azimuth that no double can hold", jobWith("<Name>", "<Azimuth>1e400</Azimuth><Name>"), job,
         {"11:9 Job/AntennaData/Azimuth: \"1e400\" is not a number; it reads as 0"});
     add("polarization in lower case", jobWith("<Name>", "<Polarization>slant</Polarization><Name>"), job,
-        {"11:9 Job/AntennaData/Polarization: \"slant\" is not a known name; it reads as \"not set\" "
-         "(allowed: "
-         "Horizontal, ...)"});
+        {"11:9 Job/AntennaData/Polarization: \"slant\" is not a known name; it reads as \"not set\"; did you "
+         "mean \"Slant\"? (allowed: Horizontal, ...)"});
     add("element given twice", jobWith("<Author>", "<Author>Someone</Author><Author>"), job,
         {"5:33 Job/JobHeader/Author: given before; the last one counts"});
     add("element given twice, the first bad", jobWith("<JobType>", "<JobType>x</JobType>\n<JobType>"), job,
-        {"4:9 Job/JobHeader/JobType: \"x\" is not a known name; it reads as \"not set\" (allowed: Production "
-         "SC "
-         "HF, ...)",
+        {"4:9 Job/JobHeader/JobType: \"x\" is not a known name; it reads as \"not set\" (allowed: Antenna, "
+         "...)",
          "5:1 Job/JobHeader/JobType: given before; the last one counts"});
     add("header given twice, in parts",
         jobWith("        <Author>Mara Lind</Author>\n", "")
@@ -224,13 +223,15 @@ void CheckCommandTest::suspicious_data()
         "AutomaticWorkflow, complete",
         {"9:5 " + area + ": the area is a line: it has the coordinates of two points only",
          "11:9 " + area + "/Coordinate/Latitude: missing", "11:9 " + area + "/Coordinate/Longitude: missing",
-         "12:13 " + area + "/Coordinate/Latitude: \"53,55\" is not a number; it reads as 0"});
+         "12:13 " + area
+             + "/Coordinate/Latitude: \"53,55\" is not a number; it reads as 0; did you mean \"53.55\"?"});
 
     add("unknown setting of activity generation",
         with(completeGeneration(), "<CutAtLocations>", "<CutAtPlaces><Mode/></CutAtPlaces><CutAtLocations>")
             .replace("<SessionCloseTime>", "<DbWriteDc>Never</DbWriteDc><SessionCloseTime>"),
         "ActivityGeneration, complete",
-        {"20:5 ActivityGeneration/CutAtPlaces: unknown element, which is passed over (allowed: Mode, ...)",
+        {"20:5 ActivityGeneration/CutAtPlaces: unknown element, which is passed over (allowed: "
+         "CutAtLocations, ...)",
          "21:5 ActivityGeneration/DbWriteDc: is passed over: a setting of older systems, which is no more"});
     add("texts of activity generation",
         with(completeGeneration(), ">DDem<", ">CDem<")
@@ -239,9 +240,9 @@ void CheckCommandTest::suspicious_data()
             .replace("=\"true\"", "=\"1\""),
         "ActivityGeneration, complete",
         {"2:1 ActivityGeneration/@Autostart: \"1\" is not a boolean; it reads as false (allowed: true, ...)",
-         "4:5 ActivityGeneration/EnergyChannel: \"CDem\" is not a known name; it reads as \"not set\" "
-         "(allowed: "
-         "ADem, ...)",
+         "4:5 ActivityGeneration/EnergyChannel: \"CDem\" is not a known name; it reads as \"not set\"; did "
+         "you "
+         "mean \"ADem\" or \"DDem\"? (allowed: ADem, ...)",
          "5:5 ActivityGeneration/LevelMinBurstDuration: \"1e39\" is not a number of single precision; it "
          "reads as "
          "0",
@@ -263,15 +264,14 @@ void CheckCommandTest::suspicious_data()
          "2:1 GenericReceiver/Parameter/RepresentationName: missing",
          "3:1 GenericReceiver/Parameter[P]/ParameterType: missing (allowed: Boolean, ...)",
          "3:27 GenericReceiver/Parameter[P]/ValueType: \"x\" is not a known name; it reads as \"not set\" "
-         "(allowed: ValueSelection, ...)",
+         "(allowed: ValueString, ...)",
          "3:51 GenericReceiver/Parameter[P]/RepresentationName: is empty"});
     add("parameter type that is unknown behind one that is known",
         with(completeParameter(), "    <Integer>", "<ParameterType>int</ParameterType><Integer>"),
         "Parameter, complete",
         {"7:1 Parameter[Gain]/ParameterType: given before; the last one counts",
          "7:1 Parameter[Gain]/ParameterType: \"int\" is not a known name; it leaves the type as it was "
-         "(allowed: "
-         "Boolean, ...)"});
+         "(allowed: Integer, ...)"});
     add("texts of a block", with(completeParameter(), ">0<", ">0x<").replace("<Default>20<", "<Default><"),
         "Parameter, complete",
         {"8:9 Parameter[Gain]/Integer/Minimum: \"0x\" is not a whole number of 32 bits; it reads as 0",
@@ -343,7 +343,7 @@ void CheckCommandTest::faulty_data()
     const auto add = [](const char *name, const QByteArray &document, const QStringList &lines) {
         QTest::newRow(name) << document << lines;
     };
-    const QString unknownInAntenna = " unknown element (allowed: Name, ...)";
+    const QString unknownInAntenna = " unknown element; did you mean \"Name\"? (allowed: Name, ...)";
     const QString unknownInJob = " unknown element (allowed: JobHeader, ...)";
 
     add("unknown element", jobWith("<Name>East</Name>", "<Nam>East</Nam>"),
@@ -401,18 +401,16 @@ void CheckCommandTest::faulty_data()
             .replace("00:59:59,250Z", "00:59:59Z")
             .replace("<ResourceType>Antenna", "<ResourceType>antenna"),
         {"4:9: error: Job/JobHeader/JobType: \"Exciter\" is not a known name; it reads as \"not set\" "
-         "(allowed: "
-         "Production SC HF, ...)",
+         "(allowed: Exciter HF, ...)",
          "6:9: error: Job/JobHeader/Creation: \"2026-03-29T00:59:59Z\" is not a time such as "
-         "2026-03-15T22:00:00,000Z; it reads as \"not set\"",
-         "9:5: error: Job/ResourceType: \"antenna\" is not a known name; it reads as \"not set\" (allowed: "
-         "Receiver "
-         "HF, ...)"});
+         "2026-03-15T22:00:00,000Z; it reads as \"not set\"; did you mean \"2026-03-29T00:59:59,000Z\"?",
+         "9:5: error: Job/ResourceType: \"antenna\" is not a known name; it reads as \"not set\"; did you "
+         "mean "
+         "\"Antenna\"? (all names: kormak list ResourceType)"});
     add("element given twice, the last bad", jobWith("</JobType>", "</JobType><JobType>x</JobType>"),
         {"4:35: warning: Job/JobHeader/JobType: given before; the last one counts",
          "4:35: error: Job/JobHeader/JobType: \"x\" is not a known name; it reads as \"not set\" (allowed: "
-         "Production "
-         "SC HF, ...)"});
+         "Antenna, ...)"});
     add("frequencies that make no range", jobWith(">1500000<", ">-1<").replace(">30000000<", ">0<"),
         {"12:9: error: Job/AntennaData/MinimumFrequency: \"-1\" is not 0 Hz or more",
          "13:9: error: Job/AntennaData/MaximumFrequency: \"0\" is not above 0 Hz and the minimum frequency"});
@@ -432,7 +430,8 @@ void CheckCommandTest::faulty_data()
     add("part of a document", "<JobHeader/>",
         {"1:1: error: unknown kind of document 'JobHeader' (allowed: Job, ...)"});
     add("kind in another case", "<parameter/>",
-        {"1:1: error: unknown kind of document 'parameter' (allowed: Job, ...)"});
+        {"1:1: error: unknown kind of document 'parameter'; did you mean \"Parameter\"? (allowed: Job, "
+         "...)"});
     add("empty workflow", "\n<AutomaticWorkflow/>",
         {"2:1: error: AutomaticWorkflow/Mode: missing (allowed: ManualMode, ...)"});
     add("mode of a workflow as an attribute", "<AutomaticWorkflow Version='1.0' Mode='ManualMode'/>",
@@ -477,8 +476,7 @@ void CheckCommandTest::faulty_data()
         with(completeReceiver(), "        <Float>", "        <Colour/><Float>").replace("rx.filter", "<i/>"),
         {"4:29: error: GenericReceiver/Parameter[Filter]/RepresentationName/i: an element where a text "
          "belongs",
-         "18:9: error: GenericReceiver/Parameter[Level]/Colour: unknown element (allowed: ParameterType, "
-         "...)"});
+         "18:9: error: GenericReceiver/Parameter[Level]/Colour: unknown element (allowed: Long, ...)"});
     add("unknown element in a receiver",
         with(completeReceiver(), "</GenericReceiver>", "<Job/></GenericReceiver>"),
         {"25:1: error: GenericReceiver/Job: unknown element (allowed: Parameter, ...)"});
@@ -486,9 +484,9 @@ void CheckCommandTest::faulty_data()
         with(completeParameter(), "<Integer>", "<Integer><Integer/>").replace("<Minimum>0<", "<Minimum>x<"),
         {"7:14: warning: Parameter[Gain]/Integer/Integer: unknown element, which is passed over (allowed: "
          "Minimum, ...)",
-         "8:9: error: Parameter[Gain]/Integer/Minimum: unknown element (allowed: ParameterType, ...)",
-         "9:9: error: Parameter[Gain]/Integer/Maximum: unknown element (allowed: ParameterType, ...)",
-         "10:9: error: Parameter[Gain]/Integer/Default: unknown element (allowed: ParameterType, ...)"});
+         "8:9: error: Parameter[Gain]/Integer/Minimum: unknown element (allowed: Enum, ...)",
+         "9:9: error: Parameter[Gain]/Integer/Maximum: unknown element (allowed: Enum, ...)",
+         "10:9: error: Parameter[Gain]/Integer/Default: unknown element (allowed: Enable, ...)"});
     add("element in a text that a block which is not closed takes in",
         with(completeParameter(), "    <Integer>", "<DoubleList/><Integer>").replace(">0<", "><b/><"),
         {"8:18: error: Parameter[Gain]/Integer/Minimum/b: an element where a text belongs"});
@@ -568,8 +566,14 @@ void CheckCommandTest::namesThatAreAllowed()
         run.err,
         QString(
             "job.xml:7:5: error: AutomaticWorkflow/SearchStrategy: \"\\n%1\" is not a known name (allowed: "
-            "LowestIdFirst, HighestIdFirst, SmallestBandwidthFirst, LowestLevelFirst, HighestLevelFirst, "
-            "LatestActiveFirst, ShortestSignalsFirst)\n"));
+            "LowestIdFirst, HighestIdFirst, LowestLevelFirst, HighestLevelFirst; 3 more: kormak list "
+            "SearchStrategy)\n"));
+    folder.write("settings.xml", with(completeGeneration(), "<CutAtLocations>", "<Foo/><CutAtLocations>"));
+    QCOMPARE(
+        folder.run({"check", "settings.xml"}).err,
+        QString("settings.xml:20:5: warning: ActivityGeneration/Foo: unknown element, which is passed over "
+                "(allowed: Mode, ClassStopScore, CutAtLocations, ClassFinalScore; 16 more: kormak new "
+                "ActivityGeneration --list-fields)\n"));
 }
 
 void CheckCommandTest::notText_data()
@@ -737,7 +741,7 @@ void CheckCommandTest::lint()
             "the maximum 120\n"
             "b.xml:10:9: warning: Parameter[G\\nain%1]/Integer/Default: the default 50 is above the maximum "
             "40\n"
-            "c.xml:7:5: error: Parameter[Gain]/Foo: unknown element (allowed: ParameterType, ...)\n"));
+            "c.xml:7:5: error: Parameter[Gain]/Foo: unknown element (allowed: Float, ...)\n"));
     const QString states = "a.xml: GenericReceiver, complete\nb.xml: Parameter, complete\n";
     QCOMPARE(run.out, states + "3 files: 2 with warnings, 1 at fault\n");
     QCOMPARE(run.status, 1);
@@ -1187,31 +1191,32 @@ void CheckCommandTest::json()
     out.replace(QRegularExpression("\"allowed\": \\[\"Production SC HF\",[^]]*\\]"), "\"allowed\": [...]");
     const QString good = R"({"type": "file", "file": "good \"1\".xml", "status": "good", "kind": "Job", )"
                          R"("complete": true, "findings": 0})";
-    const QString badName =
-        QString::fromUtf8(R"({"type": "finding", "file": "bad.xml", "line": 4, "column": 9, )"
-                          R"("severity": "error", "id": "bad-value", "path": "Job/JobHeader/JobType", )"
-                          R"("message": "\"A\\n)"
-                          "\xC3\xA4"
-                          R"(\" is not a known name; it reads as \"not set\"", "found": "A\n)"
-                          "\xC3\xA4"
-                          R"(", "allowed": [...], "complaint": "JobHeader: Please set JobType"})");
+    const QString badName = QString::fromUtf8(
+        R"({"type": "finding", "file": "bad.xml", "line": 4, "column": 9, )"
+        R"("severity": "error", "id": "bad-value", "path": "Job/JobHeader/JobType", )"
+        R"("message": "\"A\\n)"
+        "\xC3\xA4"
+        R"(\" is not a known name; it reads as \"not set\"", "found": "A\n)"
+        "\xC3\xA4"
+        R"(", "allowed": [...], "complaint": "JobHeader: Please set JobType", "suggestion": null, )"
+        R"("correction": null})");
     const QString unknownElement =
         R"({"type": "finding", "file": "bad.xml", "line": 11, "column": 9, "severity": "error", )"
-        R"("id": "unknown-element", "path": "Job/AntennaData/Nam", "message": "unknown element", )"
+        R"("id": "unknown-element", "path": "Job/AntennaData/Nam", "message": "unknown element; did you mean \"Name\"?", )"
         R"("found": null, "allowed": ["Name", "MinimumFrequency", "MaximumFrequency", "Azimuth", )"
-        R"("Polarization"], "complaint": "Unknown Tag 'Nam' in 'AntennaData'."})";
+        R"("Polarization"], "complaint": "Unknown Tag 'Nam' in 'AntennaData'.", "suggestion": null, "correction": null})";
     const QString bad = R"({"type": "file", "file": "bad.xml", "status": "faulty", "kind": "Job", )"
                         R"("complete": false, "findings": 2})";
     const QString noFile =
         R"({"type": "finding", "file": "none.xml", "line": null, "column": null, "severity": "error", )"
         R"("id": "unreadable", "path": null, "message": "cannot be read: No such file or directory", )"
-        R"("found": null, "allowed": [], "complaint": null})";
+        R"("found": null, "allowed": [], "complaint": null, "suggestion": null, "correction": null})";
     const QString none = R"({"type": "file", "file": "none.xml", "status": "unreadable", "kind": null, )"
                          R"("complete": false, "findings": 1})";
     const QString cutOff =
         R"({"type": "finding", "file": "-", "line": 1, "column": 12, "severity": "error", )"
         R"("id": "not-well-formed", "path": null, "message": "Premature end of document.", )"
-        R"("found": null, "allowed": [], "complaint": null})";
+        R"("found": null, "allowed": [], "complaint": null, "suggestion": null, "correction": null})";
     const QString input = R"({"type": "file", "file": "-", "status": "faulty", "kind": null, )"
                           R"("complete": false, "findings": 1})";
     const QString summary = R"({"type": "summary", "files": 4, "good": 1, "withWarnings": 0, )"
@@ -1385,7 +1390,8 @@ void CheckCommandTest::largeDocument()
     const Run run = folder.run({"check", "good.xml", "faulty.xml"});
     QCOMPARE(run.out, QString("good.xml: Job, complete\n2 files: 1 good, 1 at fault\n"));
     QCOMPARE(withFirstNames(run.err),
-             QString("faulty.xml:%1:9: error: Job/AntennaData/Nam: unknown element (allowed: Name, ...)\n")
+             QString("faulty.xml:%1:9: error: Job/AntennaData/Nam: unknown element; did you mean \"Name\"? "
+                     "(allowed: Name, ...)\n")
                  .arg(Lines + 11));
     QCOMPARE(run.status, 1);
 }

@@ -96,7 +96,7 @@ looks, or where something is allowed but hardly meant, such as a latitude of
 With --format json everything goes to standard output, an object in each line.
 "type" tells what an object is and which members follow:
   finding  file, line, column, severity, id, path, message, found, allowed,
-           complaint
+           complaint, suggestion, correction
   file     behind its findings: file, status, kind, complete, findings (how
            many)
   summary  in the end: files, good, withWarnings, neverWritten, faulty,
@@ -104,9 +104,13 @@ With --format json everything goes to standard output, an object in each line.
 line and column count from 1. status is good where the library accepts the
 document, else faulty or unreadable; complete is false for what is never
 written. found is the text that is there, allowed lists the names that could be
-there, complaint is what the library says. What does not apply is null, or an
-empty list. A byte of a name that is not UTF-8, such as 0xfc, is \udcfc. A
-folder that would be gone through again has a finding, but no file.
+there, complaint is what the library says. suggestion is there where it is
+certain what was meant; correction tells what to do with it: text, put it in
+place of what was found; name, call the element or attribute so; element, put
+an element of the attribute's name with that text in place of the attribute.
+What does not apply is null, or an empty list. A byte of a name that is not
+UTF-8, such as 0xfc, is \udcfc. A folder that would be gone through again has a
+finding, but no file.
 
 id is one of bad-value, beyond-limit, encoding, misplaced-element,
 missing-attribute, missing-element, not-well-formed, refused, repeated,
@@ -378,9 +382,11 @@ void CommandLineTest::wrongCalls_data()
                                      "Commands: "
             + Commands + "\nTry 'kormak --help'.\n";
     QTest::newRow("unknown command") << QStringList{"chek", "job.xml"}
-                                     << "kormak: Unknown command 'chek'. Allowed: " + Commands + "\n";
+                                     << "kormak: Unknown command 'chek'; did you mean \"check\"? Allowed: "
+            + Commands + "\n";
     QTest::newRow("command in capitals")
-        << QStringList{"Check", "job.xml"} << "kormak: Unknown command 'Check'. Allowed: " + Commands + "\n";
+        << QStringList{"Check", "job.xml"}
+        << "kormak: Unknown command 'Check'; did you mean \"check\"? Allowed: " + Commands + "\n";
     QTest::newRow("unknown option of the tool")
         << QStringList{"--foo"} << "kormak: Unknown option 'foo'. Allowed: -h, --help, -v, -V, --version\n";
     QTest::newRow("unknown option of check")
@@ -424,10 +430,11 @@ void CommandLineTest::wrongCalls_data()
     QTest::newRow("list of two vocabularies")
         << QStringList{"list", "JobType", "ValueType"} << "kormak list: takes one VOCABULARY, not 2\n";
     QTest::newRow("help of an unknown command")
-        << QStringList{"help", "chek"} << "kormak help: Unknown command 'chek'. Allowed: " + Commands + "\n";
+        << QStringList{"help", "chek"}
+        << "kormak help: Unknown command 'chek'; did you mean \"check\"? Allowed: " + Commands + "\n";
     QTest::newRow("help of a command in capitals")
         << QStringList{"help", "Check"}
-        << "kormak help: Unknown command 'Check'. Allowed: " + Commands + "\n";
+        << "kormak help: Unknown command 'Check'; did you mean \"check\"? Allowed: " + Commands + "\n";
     QTest::newRow("help of an empty name")
         << QStringList{"help", ""} << "kormak help: Unknown command ''. Allowed: " + Commands + "\n";
     QTest::newRow("help with an unknown option")
@@ -679,10 +686,11 @@ void CommandLineTest::closedStreams_data()
                                      << ""
                                      << "kormak: standard output is closed\n"
                                      << 2;
-    QTest::newRow("output, wrong call") << "help chek >&-"
-                                        << ""
-                                        << "kormak help: Unknown command 'chek'. Allowed: " + Commands + "\n"
-                                        << 2;
+    QTest::newRow("output, wrong call")
+        << "help chek >&-"
+        << ""
+        << "kormak help: Unknown command 'chek'; did you mean \"check\"? Allowed: " + Commands + "\n"
+        << 2;
     QTest::newRow("error output") << "check faulty.xml 2>&-"
                                   << ""
                                   << "" << 1;

@@ -104,7 +104,8 @@ void ListCommandTest::unknown()
     const Run run = Folder().run({"list", "JobTypes"});
     QCOMPARE(run.out, QString());
     QCOMPARE(run.err,
-             "kormak list: Unknown vocabulary 'JobTypes'. Allowed: " + Vocabularies.join(", ") + "\n");
+             "kormak list: Unknown vocabulary 'JobTypes'; did you mean \"JobType\"? Allowed: "
+                 + Vocabularies.join(", ") + "\n");
     QCOMPARE(run.status, 2);
 }
 
