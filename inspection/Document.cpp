@@ -70,7 +70,9 @@ FindingData unknownKind(const QString &kind)
 DocumentCheck checkOf(const QByteArray &text, const TESSEL::ReadingLimits &limits, const QString &kind)
 {
     try {
-        return checkText(checkedText(text), limits, kind);
+        Findings ofBytes;
+        const QByteArray checked = checkedText(text, &ofBytes);
+        return checkText(checked, limits, kind, std::move(ofBytes));
     } catch (const DocumentError &error) {
         return failedCheck(error);
     }

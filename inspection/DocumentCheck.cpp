@@ -35,16 +35,24 @@ void append(Findings &findings, Findings more)
 } // namespace
 
 DocumentCheck checkText(const QByteArray &text, const TESSEL::ReadingLimits &limits,
-                        const QString &expectedKind)
+                        const QString &expectedKind, Findings ofBytes)
 {
     ParsedDocument document;
     try {
         document = documentOf(text, limits, expectedKind);
     } catch (const DocumentError &error) {
-        return failedCheck(error);
+        DocumentCheck check = failedCheck(error);
+        TextPositions positions(text);
+        auto place = check.findings.begin();
+        for (FindingData &finding : ofBytes) {
+            const TextPosition position = positions.at(finding.offset);
+            place = check.findings.insert(place, {std::move(finding), position}) + 1;
+        }
+        return check;
     }
     const XmlTree &tree = document.tree;
-    Findings findings = std::move(document.findings);
+    Findings findings = std::move(ofBytes);
+    append(findings, std::move(document.findings));
     std::optional<Rejection> rejection = std::move(document.rejection);
     const bool isRead = !rejection;
     if (tree.isBroken())

@@ -29,9 +29,10 @@ struct DocumentCheck {
     std::unique_ptr<TESSEL::ITesselObject> object = nullptr; ///< null when the text is not read to its end
 };
 
-/// All that there is to tell about the checked \a text, and whether the library accepts it.
+/// All that there is to tell about the checked \a text, and whether the library accepts it. \a ofBytes has
+/// been told of the bytes that it was made of.
 [[nodiscard]] DocumentCheck checkText(const QByteArray &text, const TESSEL::ReadingLimits &limits = {},
-                                      const QString &expectedKind = {});
+                                      const QString &expectedKind = {}, Findings ofBytes = {});
 
 /// In whose words a rejection says why; those of the library are the complaint of its finding, too.
 enum class Words { OfLibrary, OfInspection };

@@ -24,7 +24,9 @@ namespace FindingId {
 inline constexpr QStringView BadValue = u"bad-value";
 /// The document is more than the limits allow; Finding::GetLimit() tells which.
 inline constexpr QStringView BeyondLimit = u"beyond-limit";
-/// The text is not UTF-8, or holds a NUL.
+/// The declaration of the document says another encoding than UTF-8, which it is read in.
+inline constexpr QStringView DeclaredEncoding = u"declared-encoding";
+/// The text is not UTF-8, or holds a NUL. The message says in which encoding it seems to be.
 inline constexpr QStringView Encoding = u"encoding";
 /// Something in the text that a rewritten document would not hold.
 inline constexpr QStringView Lost = u"lost";

@@ -2,6 +2,7 @@
 
 #include <inspection/Completeness_p.h>
 #include <inspection/Remedy_p.h>
+#include <inspection/TextEncoding_p.h>
 #include <inspection/XmlPlaces_p.h>
 #include <objectbase/QtCompat_p.h>
 #include <objectbase/ReadingBounds_p.h>
@@ -96,18 +97,22 @@ qsizetype byteOrderMarkSize(const QByteArray &bytes)
     return bytes.startsWith(ByteOrderMark) ? Size : 0;
 }
 
-QByteArray checkedText(QByteArray bytes)
+QByteArray checkedText(QByteArray bytes, Findings *findings)
 {
     bytes.remove(0, static_cast<TESSEL::TextSize>(byteOrderMarkSize(bytes)));
     const qsizetype end = firstByteOutsideUtf8(bytes);
     if (const qsizetype nul = bytes.indexOf('\0'); nul >= 0 && nul < end)
-        throwAt(bytes, nul, QStringLiteral("the text holds a NUL byte"), FindingId::Encoding);
+        throwAt(bytes, nul, QStringLiteral("the text holds a NUL byte") + likelyEncoding(bytes, nul),
+                FindingId::Encoding);
     if (end < bytes.size()) {
         throwAt(bytes, end,
                 QStringLiteral("byte 0x%1 is not UTF-8")
-                    .arg(static_cast<uchar>(bytes.constData()[end]), 2, 16, QLatin1Char('0')),
+                        .arg(static_cast<uchar>(bytes.constData()[end]), 2, 16, QLatin1Char('0'))
+                    + likelyEncoding(bytes, end),
                 FindingId::Encoding);
     }
+    if (const auto other = findings ? otherEncodingDeclared(bytes) : std::nullopt)
+        findings->push_back(*other);
     return withoutEncoding(std::move(bytes));
 }
 

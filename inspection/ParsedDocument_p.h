@@ -47,8 +47,9 @@ struct DocumentError {
 [[nodiscard]] qsizetype firstByteOutsideUtf8(const QByteArray &bytes);
 
 /// \a bytes as the text of a document: UTF-8 without a mark, without a NUL, and with no encoding declared.
+/// \a findings take what there is to tell of the bytes; null: nobody asks.
 /// \throws DocumentError for anything that Qt would replace or stop at without a word
-[[nodiscard]] QByteArray checkedText(QByteArray bytes);
+[[nodiscard]] QByteArray checkedText(QByteArray bytes, Findings *findings = nullptr);
 /// The document that the checked \a text is. \throws DocumentError when it goes beyond the limits before it
 /// is read, has no root element, is of no known kind or, if one is expected, of another
 [[nodiscard]] ParsedDocument documentOf(const QByteArray &text, const TESSEL::ReadingLimits &limits,

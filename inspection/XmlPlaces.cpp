@@ -175,23 +175,25 @@ std::vector<PlacedReader::NamePlace> PlacedReader::attributesInTag()
     return names;
 }
 
+std::optional<DeclaredEncoding> declaredEncoding(const QByteArray &text)
+{
+    std::string_view rest = viewOf(text);
+    (void)take(rest, ByteOrderMark); // a second one, which readers pass over, too
+    if (!take(rest, "<?xml") || !takeAttribute(rest, "version"))
+        return std::nullopt;
+    const auto begin = text.size() - static_cast<qsizetype>(rest.size());
+    const auto name = takeAttribute(rest, "encoding");
+    if (!name || !isEncodingName(*name) || !TESSEL::isKnownEncoding(*name))
+        return std::nullopt;
+    const auto end = text.size() - static_cast<qsizetype>(rest.size());
+    return DeclaredEncoding{begin, end, QByteArray(name->data(), static_cast<int>(name->size())),
+                            name->data() - text.constData()};
+}
+
 QByteArray withoutEncoding(QByteArray utf8)
 {
-    std::string_view rest = viewOf(utf8);
-    if (rest.substr(0, ByteOrderMark.size()) == ByteOrderMark) // a second one, which readers pass over, too
-        rest.remove_prefix(ByteOrderMark.size());
-    constexpr std::string_view Start = "<?xml";
-    if (rest.substr(0, Start.size()) != Start)
-        return utf8;
-    rest.remove_prefix(Start.size());
-    if (!takeAttribute(rest, "version"))
-        return utf8;
-    const auto begin = utf8.size() - static_cast<qsizetype>(rest.size());
-    const auto encoding = takeAttribute(rest, "encoding");
-    if (encoding && isEncodingName(*encoding) && TESSEL::isKnownEncoding(*encoding)) {
-        const auto end = utf8.size() - static_cast<qsizetype>(rest.size());
-        std::fill_n(utf8.data() + begin, end - begin, ' ');
-    }
+    if (const auto declared = declaredEncoding(utf8))
+        std::fill_n(utf8.data() + declared->begin, declared->end - declared->begin, ' ');
     return utf8;
 }
 

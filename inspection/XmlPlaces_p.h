@@ -8,6 +8,7 @@
 #include <QStringView>
 #include <QXmlStreamReader>
 
+#include <optional>
 #include <vector>
 
 namespace KORMAK::Inspection {
@@ -46,6 +47,17 @@ private:
     qsizetype lastStart = 0;
     qsizetype lastEnd = 0; ///< of what was looked through for the starts of tokens
 };
+
+/// What an XML declaration says of the encoding.
+struct DeclaredEncoding {
+    qsizetype begin; ///< behind the version
+    qsizetype end;
+    QByteArray name; ///< as it is written
+    qsizetype place; ///< of the name
+};
+
+/// Nothing when \a text declares none, or none that is known. It need not be UTF-8.
+[[nodiscard]] std::optional<DeclaredEncoding> declaredEncoding(const QByteArray &text);
 
 /// \a utf8 with blanks in the place of the encoding that its XML declaration tells, if it does: the text is
 /// UTF-8, whatever it was before.

@@ -102,8 +102,8 @@ FileCheck unreadable(const QString &path, const QString &reason)
 FileCheck checkFile(const QString &path, const TESSEL::ReadingLimits &limits)
 {
     try {
-        const SourceText source = readText(path);
-        DocumentCheck check = withOptions(checkText(source.text, limits));
+        SourceText source = readText(path);
+        DocumentCheck check = withOptions(checkText(source.text, limits, {}, std::move(source.findings)));
         check.object.reset(); // its room is needed for what is told
         const Verdict verdict = verdictOn(check);
         return {path, verdict, std::move(check)};

@@ -55,8 +55,9 @@ QString noteOnAllowed(const FindingData &finding)
 SourceText readText(const QString &path)
 {
     const InputFile::Content content = readBytes(path);
-    const QByteArray text = checkedText(content.bytes);
-    return {text, content.state, text == content.bytes};
+    Findings findings;
+    const QByteArray text = checkedText(content.bytes, &findings);
+    return {text, content.state, text == content.bytes, std::move(findings)};
 }
 
 FileDocument readDocument(const QString &path, const TESSEL::ReadingLimits &limits, Unread unread,

@@ -24,6 +24,7 @@ struct SourceText {
     QByteArray text;
     InputFile::State source = {};
     bool isVerbatim = false; ///< the file holds just the text
+    KORMAK::Inspection::Findings findings = {}; ///< what there is to tell of its bytes
 };
 
 /// The checked text of the file \a path, "-" being standard input. \throws DocumentError

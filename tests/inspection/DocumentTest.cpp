@@ -436,8 +436,10 @@ void DocumentTest::unusableTexts_data()
                             << "1:1 error not-well-formed : Start tag expected.";
     QTest::newRow("another root") << QByteArray("<Area/>") << QString()
                                   << "1:1 error unknown-kind : unknown kind of document 'Area'";
-    QTest::newRow("not UTF-8") << QByteArray("<Job>\xE9</Job>") << QString()
-                               << "1:6 error encoding : byte 0xe9 is not UTF-8";
+    QTest::newRow("not UTF-8")
+        << QByteArray("<Job>\xE9</Job>") << QString()
+        << "1:6 error encoding : byte 0xe9 is not UTF-8; it may be ISO-8859-1: \"iconv -f "
+           "ISO-8859-1 -t UTF-8 FILE > NEWFILE\" converts it";
     QTest::newRow("NUL") << QByteArray("<Job/>\0", 7) << QString()
                          << "1:7 error encoding : the text holds a NUL byte";
     QTest::newRow("namespace declared twice")

@@ -233,15 +233,25 @@ void FindingTest::comparison()
 /// Each is documented, and no finding has another.
 void FindingTest::idsOfExamples()
 {
-    const QList<QStringView> known{FindingId::BadValue,         FindingId::BeyondLimit,
-                                   FindingId::Encoding,         FindingId::Lost,
-                                   FindingId::LostComment,      FindingId::MisplacedElement,
-                                   FindingId::MissingAttribute, FindingId::MissingElement,
-                                   FindingId::NotReadBack,      FindingId::NotWellFormed,
-                                   FindingId::Refused,          FindingId::Repeated,
-                                   FindingId::StrayText,        FindingId::Suspicious,
-                                   FindingId::UnknownAttribute, FindingId::UnknownElement,
-                                   FindingId::UnknownKind,      FindingId::Unread};
+    const QList<QStringView> known{FindingId::BadValue,
+                                   FindingId::BeyondLimit,
+                                   FindingId::DeclaredEncoding,
+                                   FindingId::Encoding,
+                                   FindingId::Lost,
+                                   FindingId::LostComment,
+                                   FindingId::MisplacedElement,
+                                   FindingId::MissingAttribute,
+                                   FindingId::MissingElement,
+                                   FindingId::NotReadBack,
+                                   FindingId::NotWellFormed,
+                                   FindingId::Refused,
+                                   FindingId::Repeated,
+                                   FindingId::StrayText,
+                                   FindingId::Suspicious,
+                                   FindingId::UnknownAttribute,
+                                   FindingId::UnknownElement,
+                                   FindingId::UnknownKind,
+                                   FindingId::Unread};
     QStringList ids;
     for (const QString &path : examples()) {
         const Document document(contentOf(path));

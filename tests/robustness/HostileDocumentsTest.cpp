@@ -265,8 +265,9 @@ void HostileDocumentsTest::encodings_data()
                            << "";
     QTest::newRow("UTF-8 with a mark") << "\xEF\xBB\xBF" + job << true << "Mara Lind"
                                        << "";
-    QTest::newRow("UTF-8 that says it is UTF-16") << declared << true << "Mara Lind"
-                                                  << "";
+    QTest::newRow("UTF-8 that says it is UTF-16")
+        << declared << true << "Mara Lind"
+        << "1:31: warning: the encoding UTF-16 is declared, but the text is read as UTF-8";
     QTest::newRow("UTF-16, little endian, with a mark")
         << utf16(text, false, true) << false << "" << notUtf8("1:1", "ff");
     QTest::newRow("UTF-16, big endian, with a mark")
@@ -306,8 +307,9 @@ void HostileDocumentsTest::encodings()
     QVERIFY(isLoaded ? job.GetJobHeader().GetAuthor() == author
                      : author.startsWith(job.GetJobHeader().GetAuthor())); // what came before the fault
     const ToolSupport::Run run = folder.run({"check", "job.xml"});
-    QCOMPARE(run.err, complaint.isEmpty() ? QString() : "job.xml:" + complaint + '\n');
-    QCOMPARE(run.status, complaint.isEmpty() ? 0 : 1);
+    const QString fault = run.err.section("; it ", 0, 0).trimmed(); // without what it may be
+    QCOMPARE(fault, complaint.isEmpty() ? QString() : "job.xml:" + complaint);
+    QCOMPARE(run.status, complaint.contains(": error: ") ? 1 : 0);
 }
 
 void HostileDocumentsTest::lineEnds_data()

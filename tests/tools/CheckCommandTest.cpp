@@ -1,6 +1,8 @@
 #include <tests/support/ToolSupport.h>
 
+#include <QProcess>
 #include <QRegularExpression>
+#include <QStandardPaths>
 #include <QThread>
 
 #ifdef Q_OS_UNIX
@@ -22,6 +24,8 @@ private Q_SLOTS:
     void namesThatAreAllowed();
     void notText_data();
     void notText();
+    void otherEncodings_data();
+    void otherEncodings();
     void unreadable_data();
     void unreadable();
     void fileWithoutPermission();
@@ -74,9 +78,10 @@ void CheckCommandTest::good_data()
     const QString complete = "Job, complete";
     QTest::newRow("complete") << completeJob() << complete;
     QTest::newRow("byte-order mark") << "\xEF\xBB\xBF" + completeJob() << complete;
-    QTest::newRow("another encoding declared")
-        << jobWith("\"1.0\"?>", "\"1.0\" encoding=\"ISO-8859-1\"?>").replace("Mara", "M\xC3\xA4ra")
-        << complete;
+    QTest::newRow("another encoding declared, with the same characters")
+        << jobWith("\"1.0\"?>", "\"1.0\" encoding=\"ISO-8859-1\"?>") << complete;
+    QTest::newRow("its encoding declared")
+        << jobWith("\"1.0\"?>", "\"1.0\" encoding=\"utf-8\"?>").replace("Mara", "M\xC3\xA4ra") << complete;
     QTest::newRow("without declaration") << jobWith("<?xml version=\"1.0\"?>\n", "") << complete;
     QTest::newRow("comments, instructions and a document type")
         << jobWith("<Job Version", "<!-- a --><?b c?><!DOCTYPE Job><Job Version") << complete;
@@ -165,6 +170,21 @@ void CheckCommandTest::suspicious_data()
     const QString job = "Job, complete";
     const QString area = "AutomaticWorkflow/Area";
 
+    const QString declared = " is declared, but the text is read as UTF-8";
+    add("another encoding declared",
+        jobWith("\"1.0\"?>", "\"1.0\" encoding='ISO-8859-1'?>").replace("Mara", "M\xC3\xA4ra"), job,
+        {"1:31 the encoding ISO-8859-1" + declared});
+    add("ASCII declared",
+        jobWith("\"1.0\"?>", "\"1.0\" encoding='us-ascii'?>").replace("Mara", "M\xC3\xA4ra"), job,
+        {"1:31 the encoding us-ascii" + declared});
+    add("another encoding declared that is not of bytes",
+        jobWith("\"1.0\"?>", "\"1.0\" encoding=\"UTF-16\"?>"), job, {"1:31 the encoding UTF-16" + declared});
+    add("another encoding declared, and another finding",
+        "<?xml version='1.0' encoding='UTF-16'?>"
+            + jobWith("<?xml version=\"1.0\"?>\n", "").replace(">true<", ">yes<"),
+        job,
+        {"1:31 the encoding UTF-16" + declared,
+         "6:9 Job/JobHeader/ShowJDH: \"yes\" is not a boolean; it reads as false (allowed: true, ...)"});
     add("job on another resource", jobOnDecoder(), "Job" + Incomplete,
         {"9:5 Job/ResourceType: only a job on the resource \"Antenna\" is ever complete; the library would "
          "write "
@@ -425,6 +445,9 @@ void CheckCommandTest::faulty_data()
          "element: no such job is ever complete",
          "4:42: error: Job/JobHeader/ConnectableResource: unknown element (allowed: Author, ...)"});
 
+    add("unknown kind in another encoding", "<?xml version='1.0' encoding='UTF-32'?>\n<Work/>",
+        {"1:31: warning: the encoding UTF-32 is declared, but the text is read as UTF-8",
+         "2:1: error: unknown kind of document 'Work' (allowed: Job, ...)"});
     add("unknown kind", "<!-- <Job> -->\n <Work a='1'/>",
         {"2:2: error: unknown kind of document 'Work' (allowed: Job, ...)"});
     add("part of a document", "<JobHeader/>",
@@ -608,6 +631,93 @@ void CheckCommandTest::notText()
         QCOMPARE(run.err, "job.xml:2:5: error: " + message + "\n");
         QCOMPARE(run.status, 1);
     }
+}
+
+void CheckCommandTest::otherEncodings_data()
+{
+    QTest::addColumn<QByteArray>("document");
+    QTest::addColumn<QString>("message"); // "%1" is FILE
+    QTest::addColumn<QString>("warning"); // of the converted document
+
+    const auto add = [](const char *name, const QByteArray &document, const QString &problem,
+                        const QString &words, const QString &encoding, const QString &warning = {}) {
+        QTest::newRow(name) << document
+                            << QString("%1; it %2 %3: \"iconv -f %3 -t UTF-8 FILE > NEWFILE\" converts it")
+                                   .arg(problem, words, encoding)
+                            << warning;
+    };
+    const QString nul = "the text holds a NUL byte";
+    const QString text = QString::fromUtf8(completeJob());
+    const QByteArray marks = "\xEF\xBB\xBF";
+    const auto wide = [](const QString &characters, int size, bool isBigEndian) {
+        QByteArray bytes;
+        for (const QChar c : characters) {
+            QByteArray character(size, '\0');
+            character[isBigEndian ? size - 1 : 0] = static_cast<char>(c.unicode() & 0xFFU);
+            character[isBigEndian ? size - 2 : 1] = static_cast<char>(c.unicode() >> 8U);
+            bytes += character;
+        }
+        return bytes;
+    };
+    const QString marked = QChar(0xFEFF) + text;
+    add("UTF-16, little endian, with a mark", wide(marked, 2, false), "byte 0xff is not UTF-8", "is",
+        "UTF-16");
+    add("UTF-16, big endian, with a mark", wide(marked, 2, true), "byte 0xfe is not UTF-8", "is", "UTF-16");
+    add("UTF-32, little endian, with a mark", wide(marked, 4, false), "byte 0xff is not UTF-8", "is",
+        "UTF-32");
+    add("UTF-32, big endian, with a mark", wide(marked, 4, true), nul, "is", "UTF-32");
+    add("UTF-16, little endian", wide(text, 2, false), nul, "is", "UTF-16LE");
+    add("UTF-16, big endian", wide(text, 2, true), nul, "is", "UTF-16BE");
+    add("UTF-32, little endian", wide(text, 4, false), nul, "is", "UTF-32LE");
+    add("UTF-32, big endian", wide(text, 4, true), nul, "is", "UTF-32BE");
+    add("UTF-16 that says so",
+        wide(QString(marked).replace("\"1.0\"?>", "\"1.0\" encoding='UTF-16'?>"), 2, false),
+        "byte 0xff is not UTF-8", "is", "UTF-16",
+        "1:31: warning: the encoding UTF-16 is declared, but the text is read as UTF-8");
+    add("Latin-1", jobWith("Mara", "M\xE4ra"), "byte 0xe4 is not UTF-8", "may be", "ISO-8859-1");
+    add("Windows", jobWith("Mara", "\x93Mara\x94"), "byte 0x93 is not UTF-8", "may be", "WINDOWS-1252");
+    add("what is declared", jobWith("\"1.0\"?>", "\"1.0\" encoding='ISO-8859-2'?>").replace("Mara", "\xA9ra"),
+        "byte 0xa9 is not UTF-8", "says that it is", "ISO-8859-2",
+        "1:31: warning: the encoding ISO-8859-2 is declared, but the text is read as UTF-8");
+    add("declared as UTF-8", jobWith("\"1.0\"?>", "\"1.0\" encoding='UTF-8'?>").replace("Mara", "M\xE4ra"),
+        "byte 0xe4 is not UTF-8", "may be", "ISO-8859-1");
+
+    const auto addUnclear = [](const char *name, const QByteArray &document, const QString &problem) {
+        QTest::newRow(name) << document << problem << "";
+    };
+    addUnclear("UTF-8 with a fault", jobWith("Mara", "M\xC3\xA4ra").replace("Lind", "L\xEFnd"),
+               "byte 0xef is not UTF-8");
+    addUnclear("surrogate", jobWith("Mara", "\xED\xA0\x80"), "byte 0xed is not UTF-8");
+    addUnclear("no document", "Mara\xE4", "byte 0xe4 is not UTF-8");
+    addUnclear("no text", "<\x01\xE4", "byte 0xe4 is not UTF-8");
+    addUnclear("NUL in a text", jobWith("Mara", QByteArray("\0", 1)), nul);
+    addUnclear("NUL behind the first character", QByteArray("<\0Job/>", 7), nul);
+    addUnclear("nothing but marks", marks + "\xFF", "byte 0xff is not UTF-8");
+}
+
+/// What is advised does it.
+void CheckCommandTest::otherEncodings()
+{
+    QFETCH(QByteArray, document);
+    QFETCH(QString, message);
+    QFETCH(QString, warning);
+
+    Folder folder;
+    folder.write("job.xml", document);
+    const Run run = folder.run({"check", "job.xml"});
+    QVERIFY2(run.err.endsWith(": error: " + message + "\n"), qPrintable(run.err));
+    QCOMPARE(run.status, 1);
+    const QString call = message.section('"', 1, 1);
+    if (call.isEmpty() || QStandardPaths::findExecutable("iconv").isEmpty())
+        return;
+    QProcess shell;
+    shell.setWorkingDirectory(folder.path("."));
+    shell.start("sh", {"-c", QString(call).replace("NEWFILE", "new.xml").replace("FILE", "job.xml")});
+    QVERIFY(shell.waitForFinished());
+    QCOMPARE(shell.exitCode(), 0);
+    const Run converted = folder.run({"check", "new.xml"});
+    QCOMPARE(converted.err, warning.isEmpty() ? QString() : "new.xml:" + warning + "\n");
+    QCOMPARE(converted.out, QString("new.xml: Job, complete\n"));
 }
 
 void CheckCommandTest::unreadable_data()
@@ -1248,6 +1358,7 @@ void CheckCommandTest::jsonOfEveryKindOfFinding()
                  "</MaximumFrequency><Azimuth>-1</Azimuth></AntennaData></Job>");
     folder.write("g.xml", with(completeWorkflow(), "53.55", "99").replace("-7.1", "-190"));
     folder.write("h.xml", with(completeParameter(), ">0<", ">41<"));
+    folder.write("i.xml", jobWith("\"1.0\"?>", "\"1.0\" encoding=\"UTF-16\"?>"));
     const Run run = folder.run({"check", "--format", "json", ".", "none"});
     QStringList ids;
     for (const QJsonObject &line : jsonLines(run.out)) {
@@ -1257,6 +1368,7 @@ void CheckCommandTest::jsonOfEveryKindOfFinding()
     ids.removeDuplicates();
     ids.sort();
     const QStringList expected{"bad-value",
+                               "declared-encoding",
                                "encoding",
                                "misplaced-element",
                                "missing-attribute",

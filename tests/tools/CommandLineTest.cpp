@@ -112,9 +112,9 @@ What does not apply is null, or an empty list. A byte of a name that is not
 UTF-8, such as 0xfc, is \udcfc. A folder that would be gone through again has a
 finding, but no file.
 
-id is one of bad-value, beyond-limit, encoding, misplaced-element,
-missing-attribute, missing-element, not-well-formed, refused, repeated,
-stray-text, suspicious, suspicious-antenna, suspicious-area,
+id is one of bad-value, beyond-limit, declared-encoding, encoding,
+misplaced-element, missing-attribute, missing-element, not-well-formed,
+refused, repeated, stray-text, suspicious, suspicious-antenna, suspicious-area,
 suspicious-azimuth, suspicious-creation, suspicious-latitude,
 suspicious-longitude, suspicious-range, suspicious-version, unknown-attribute,
 unknown-element, unknown-kind, unread, unreadable.
