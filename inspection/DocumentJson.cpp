@@ -71,7 +71,7 @@ QByteArray fileJson(const QString &file, QStringView status, const DocumentKind 
 }
 
 QString fieldsJson(const DocumentKind &kind, const TESSEL::ITesselObject &object, const DocumentSays &says,
-                   const std::optional<QString> &rejection)
+                   const std::optional<QString> &rejection, const TESSEL::ITesselObject *shown)
 {
     const auto reason = rejection ? rejection : whyIncomplete(object);
     JsonWriter json(JsonWriter::Layout::Indented);
@@ -80,7 +80,7 @@ QString fieldsJson(const DocumentKind &kind, const TESSEL::ITesselObject &object
     json.member(u"complete", jsonBool(!reason));
     json.member(u"reason", jsonTextOrNull(reason.value_or(QString())));
     json.key(u"fields");
-    json.fields(kind.fields(), kind.address(object));
+    json.fields(kind.fields(), kind.address(shown ? *shown : object));
     if (!says.all().empty()) {
         json.key(u"documentSays");
         json.beginObject();

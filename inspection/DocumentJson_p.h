@@ -40,10 +40,12 @@ template <class Write>
                                   bool isComplete, qsizetype findings);
 
 /// The kind, the state and the fields of \a object, and what the document \a says of them. \a rejection: why
-/// the document is refused that it was read from; nothing when it is not.
+/// the document is refused that it was read from; nothing when it is not. \a shown: of the same kind, whose
+/// fields stand there in place of those of the object, and of which \a says tells; null: they do.
 [[nodiscard]] QString fieldsJson(const DocumentKind &kind, const TESSEL::ITesselObject &object,
                                  const DocumentSays &says,
-                                 const std::optional<QString> &rejection = std::nullopt);
+                                 const std::optional<QString> &rejection = std::nullopt,
+                                 const TESSEL::ITesselObject *shown = nullptr);
 
 /// \a areEqualToLibrary: by the operator of the class.
 [[nodiscard]] QString differencesJson(const DocumentKind &kind,

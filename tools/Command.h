@@ -37,6 +37,8 @@ inline constexpr QStringView StandardStream = u"-";
 inline constexpr QStringView FileName = u"FILE"; ///< of which one may be standard input
 inline constexpr QStringView PathName = u"PATH"; ///< of a file or a folder; one may be standard input
 inline constexpr QStringView KindName = u"KIND"; ///< of a kind of document
+inline constexpr QStringView ParameterName =
+    u"NAME"; ///< of a parameter in a document; may be given repeatedly
 inline constexpr Arguments OneFile{FileName, u"FILE", 1, 1};
 inline constexpr Arguments ManyFiles{FileName, u"FILE...", 1, Arguments::Unlimited};
 inline constexpr Arguments ManyPaths{PathName, u"PATH...", 1, Arguments::Unlimited};

@@ -43,7 +43,7 @@ Value valueCalled(const QString &name)
         return {Value::Kind::Word, documentKindNames()};
     if (name == QStringView(u"VOCABULARY"))
         return {Value::Kind::Word, nameListNames()};
-    if (name != QStringView(u"N"))
+    if (name != QStringView(u"N") && name != ParameterName)
         qFatal("There is no completion for %s", qPrintable(name));
     return {Value::Kind::Any};
 }
@@ -231,7 +231,8 @@ QStringList zshOptions(const QList<QCommandLineOption> &options)
     for (const QCommandLineOption &option : options) {
         const QString valueName = option.valueName();
         const QStringList names = Usage::dashedNames(option);
-        const bool isRepeated = !valueName.isEmpty() && valueCalled(valueName).kind == Value::Kind::Field;
+        const bool isRepeated = valueName == ParameterName
+            || (!valueName.isEmpty() && valueCalled(valueName).kind == Value::Kind::Field);
         const QString start = isRepeated ? QStringLiteral("*")
                                          : QLatin1Char('(') + names.join(QLatin1Char(' ')) + QLatin1Char(')');
         for (const QString &name : names) {

@@ -26,7 +26,8 @@ struct Line {
     QStringList table = {};
 };
 
-std::vector<Line> linesOf(const FieldTable &table, const void *object, const DocumentSays &says);
+std::vector<Line> linesOf(const FieldTable &table, const void *object, const DocumentSays &says,
+                          std::optional<int> width);
 
 QString spaces(qsizetype count)
 {
@@ -67,7 +68,7 @@ Row rowOf(const QStringList &columns, const FieldTable &table, const void *objec
 {
     Row row;
     row.cells.resize(static_cast<std::size_t>(columns.size()));
-    std::vector<Line> lines = linesOf(table, object, says);
+    std::vector<Line> lines = linesOf(table, object, says, std::nullopt);
     for (Line &line : lines) {
         const auto column = columns.indexOf(line.label);
         if (column == 0 || (column > 0 && fitsInCell(line)))
@@ -93,25 +94,63 @@ std::vector<qsizetype> widthsOf(const QStringList &columns, const std::vector<Ro
     return widths;
 }
 
+/// How many of the columns, which are \a widths wide, fit beside one another; the first one always does.
+std::size_t columnsWithin(const std::vector<qsizetype> &widths, std::optional<int> width)
+{
+    if (!width)
+        return widths.size();
+    std::size_t count = 0;
+    for (qsizetype end = 0; count < widths.size(); ++count) {
+        if (widths[count] == 0)
+            continue;
+        end += widths[count];
+        if (end > *width && count > 0)
+            break;
+        end += IndentWidth;
+    }
+    return count;
+}
+
+/// Of the first \a count columns.
 template <class Cells>
-QString tableLine(const Cells &cells, const std::vector<qsizetype> &widths)
+QString tableLine(const Cells &cells, const std::vector<qsizetype> &widths, std::size_t count)
 {
     QString line;
-    auto width = widths.begin();
-    for (const QString &cell : cells) {
-        if (*width > 0)
-            line += justified(cell, *width + IndentWidth);
-        ++width;
+    auto cell = cells.begin();
+    for (std::size_t i = 0; i < count; ++i) {
+        if (widths[i] > 0)
+            line += justified(*cell, widths[i] + IndentWidth);
+        ++cell;
     }
     while (line.endsWith(QLatin1Char(' ')))
         line.chop(1);
     return line;
 }
 
+/// The cells from \a first on, each behind the label of its column, in as few lines as \a width lets there
+/// be.
+QStringList labelledCells(const QStringList &columns, const Row &row, std::size_t first, qsizetype width)
+{
+    QStringList lines;
+    for (std::size_t i = first; i < row.cells.size(); ++i) {
+        if (row.cells[i].isEmpty())
+            continue;
+        const QString cell = columns[static_cast<int>(i)] + QStringLiteral(": ") + row.cells[i];
+        const bool fits = !lines.isEmpty() && lines.constLast().size() + IndentWidth + cell.size() < width;
+        if (fits)
+            lines.last() += QStringLiteral("; ") + cell;
+        else
+            lines += spaces(IndentWidth) + cell;
+    }
+    return lines;
+}
+
 void addLines(QStringList &text, const std::vector<Line> &lines, int depth, qsizetype column);
 qsizetype labelWidth(const std::vector<Line> &lines, int depth);
 
-QStringList tableOf(const FieldParts &parts, const std::vector<FieldPart> &all, const DocumentSays &says)
+/// \a width: of a line; nothing: any. Columns beyond it stand beneath each row.
+QStringList tableOf(const FieldParts &parts, const std::vector<FieldPart> &all, const DocumentSays &says,
+                    std::optional<int> width)
 {
     QStringList columns;
     addColumns(columns, parts.table);
@@ -120,11 +159,13 @@ QStringList tableOf(const FieldParts &parts, const std::vector<FieldPart> &all, 
     std::transform(all.begin(), all.end(), std::back_inserter(rows),
                    [&](const FieldPart &part) { return rowOf(columns, parts.table, part.object, says); });
     const std::vector<qsizetype> widths = widthsOf(columns, rows);
+    const std::size_t count = columnsWithin(widths, width);
     QStringList text;
     if (!rows.empty())
-        text += tableLine(columns, widths);
+        text += tableLine(columns, widths, count);
     for (const Row &row : rows) {
-        text += tableLine(row.cells, widths);
+        text += tableLine(row.cells, widths, count);
+        text += labelledCells(columns, row, count, width.value_or(0));
         addLines(text, row.beneath, 1, labelWidth(row.beneath, 1) + IndentWidth);
     }
     return text;
@@ -145,7 +186,7 @@ QString saying(const FieldRow &row, const void *object, const DocumentSays &says
     return QStringLiteral(" (document says %1%2)").arg(field, quoted(said->text));
 }
 
-Line lineOf(const FieldRow &row, const FieldPart &part, const DocumentSays &says)
+Line lineOf(const FieldRow &row, const FieldPart &part, const DocumentSays &says, std::optional<int> width)
 {
     Line line{row.label.toString()};
     if (row.parts->table.inLine) {
@@ -154,7 +195,7 @@ Line lineOf(const FieldRow &row, const FieldPart &part, const DocumentSays &says
             *line.value += saying(field, part.object, says, field.label);
     } else {
         line.isHeading = true;
-        line.fields = linesOf(row.parts->table, part.object, says);
+        line.fields = linesOf(row.parts->table, part.object, says, width);
     }
     return line;
 }
@@ -169,7 +210,8 @@ QString plainValues(const FieldTable &table, const std::vector<FieldPart> &all)
     return texts.join(QStringLiteral(", "));
 }
 
-void addParts(std::vector<Line> &lines, const FieldRow &row, const void *object, const DocumentSays &says)
+void addParts(std::vector<Line> &lines, const FieldRow &row, const void *object, const DocumentSays &says,
+              std::optional<int> width)
 {
     const FieldParts &parts = *row.parts;
     const std::vector<FieldPart> all = parts.all(object);
@@ -177,27 +219,28 @@ void addParts(std::vector<Line> &lines, const FieldRow &row, const void *object,
         lines.push_back({row.label.toString(), plainValues(parts.table, all)});
     } else if (parts.kind == Kind::Map) {
         Line line{row.label.toString(), QString::number(static_cast<int>(all.size()))};
-        line.table = tableOf(parts, all, says);
+        line.table = tableOf(parts, all, says, width);
         lines.push_back(std::move(line));
     } else if (row.label.isEmpty()) {
-        std::vector<Line> own = linesOf(parts.table, all.front().object, says);
+        std::vector<Line> own = linesOf(parts.table, all.front().object, says, width);
         std::move(own.begin(), own.end(), std::back_inserter(lines));
     } else {
         for (const FieldPart &part : all) {
-            lines.push_back(lineOf(row, part, says));
+            lines.push_back(lineOf(row, part, says, width));
             lines.back().isElement = parts.kind == Kind::List;
         }
     }
 }
 
-std::vector<Line> linesOf(const FieldTable &table, const void *object, const DocumentSays &says)
+std::vector<Line> linesOf(const FieldTable &table, const void *object, const DocumentSays &says,
+                          std::optional<int> width)
 {
     std::vector<Line> lines;
     for (const FieldRow &row : table) {
         if (!row.isShownOf(object) && !says.concern(row, object))
             continue;
         if (row.parts) {
-            addParts(lines, row, object, says);
+            addParts(lines, row, object, says, width);
         } else {
             lines.push_back({row.label.toString(), shownText(row.type, row.get(object))});
             if (const QString text = saying(row, object, says); !text.isEmpty())
@@ -251,9 +294,12 @@ void addLines(QStringList &text, const std::vector<Line> &lines, int depth, qsiz
 
 } // namespace
 
-QStringList fieldLines(const FieldTable &table, const void *object, const DocumentSays &says)
+QStringList fieldLines(const FieldTable &table, const void *object, const DocumentSays &says,
+                       std::optional<int> width)
 {
-    const std::vector<Line> lines = linesOf(table, object, says);
+    // Tables stand one step in.
+    const std::vector<Line> lines =
+        linesOf(table, object, says, width ? std::optional(*width - int(IndentWidth)) : std::nullopt);
     QStringList text;
     addLines(text, lines, 0, labelWidth(lines, 0) + IndentWidth);
     return text;

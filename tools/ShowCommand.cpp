@@ -1,6 +1,8 @@
 #include <inspection/DocumentJson_p.h>
 #include <inspection/DocumentSays_p.h>
 #include <inspection/QuotedText_p.h>
+#include <inspection/Remedy_p.h>
+#include <kormak/GenericReceiver.h>
 #include <tools/Command.h>
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
@@ -8,12 +10,30 @@
 #include <tools/LimitOptions.h>
 #include <tools/ListOf.h>
 #include <tools/OutputFormat.h>
+#include <tools/Terminal.h>
 
 #include <QCommandLineParser>
+
+#include <memory>
+#include <optional>
 
 using namespace KORMAK::Inspection;
 
 namespace {
+
+constexpr QStringView ParameterOption = u"parameter";
+constexpr QStringView WideOption = u"wide";
+
+QList<QCommandLineOption> options()
+{
+    return withLimitOptions(listOf<QList<QCommandLineOption>>(
+        QCommandLineOption(ParameterOption.toString(),
+                           QStringLiteral("Show this parameter of a receiver in full (repeatable)."),
+                           ParameterName.toString()),
+        QCommandLineOption(WideOption.toString(),
+                           QStringLiteral("Show tables as wide as they are, also on a terminal.")),
+        formatOption()));
+}
 
 QString stateOf(const FileDocument &document)
 {
@@ -22,26 +42,70 @@ QString stateOf(const FileDocument &document)
         : stateOf(*document.kind, *document.object);
 }
 
-void printText(const FileDocument &document, const DocumentSays &says)
+void print(const QStringList &lines)
 {
-    Console::print(oneLine(stateOf(document)));
-    const QStringList lines =
-        fieldLines(document.kind->fields(), document.kind->address(*document.object), says);
     for (const QString &line : lines)
         Console::print(line);
+}
+
+void printText(const FileDocument &document, const DocumentSays &says, std::optional<int> width)
+{
+    Console::print(oneLine(stateOf(document)));
+    print(fieldLines(document.kind->fields(), document.kind->address(*document.object), says, width));
+}
+
+/// The receiver \a document with no other parameters than those called \a names. \throws UsageError
+std::unique_ptr<KORMAK::GenericReceiver> withOnly(const FileDocument &document, const QStringList &names)
+{
+    const auto *const all = dynamic_cast<const KORMAK::GenericReceiver *>(document.object.get());
+    if (!all)
+        throw UsageError{QStringLiteral("--parameter is for receivers, not for a document of kind %1")
+                             .arg(document.kind->rootElement.toString())};
+    const auto &parameters = all->GetParameterList();
+    auto result = std::make_unique<KORMAK::GenericReceiver>(*all);
+    result->GetParameterList().clear();
+    for (const QString &name : names) {
+        const auto parameter = parameters.constFind(name);
+        if (parameter == parameters.constEnd()) {
+            throw UsageError{QStringLiteral("there is no parameter '%1'%2")
+                                 .arg(name, question(guessOf(name, parameters.keys()).names))};
+        }
+        result->AddParameter(*parameter);
+    }
+    return result;
+}
+
+/// One below the other, in the order of \a names.
+void printParameters(const KORMAK::GenericReceiver &receiver, const QStringList &names,
+                     const DocumentSays &says)
+{
+    const DocumentKind &kind = *findDocumentKind(u"Parameter");
+    for (const QString &name : names) {
+        if (name != names.constFirst())
+            Console::print(QString());
+        print(fieldLines(kind.fields(), kind.address(*receiver.GetParameterList().constFind(name)), says));
+    }
 }
 
 ExitStatus run(const QCommandLineParser &parser)
 {
     const OutputFormat format = outputFormat(parser);
-    const auto show = [format](const FileDocument &document) {
-        const DocumentSays says(*document.kind, *document.object, document.tree);
+    QStringList names = parser.values(ParameterOption.toString());
+    names.removeDuplicates();
+    const auto width = parser.isSet(WideOption.toString()) ? std::nullopt : Terminal::outputWidth();
+    const auto show = [&](const FileDocument &document) {
+        const auto receiver = names.isEmpty() ? nullptr : withOnly(document, names);
+        const TESSEL::ITesselObject &shown = receiver ? *receiver : *document.object;
+        const DocumentSays says(*document.kind, shown, document.tree);
         const auto &rejection = document.rejection;
         if (format == OutputFormat::Json) {
             Console::print(fieldsJson(*document.kind, *document.object, says,
-                                      rejection ? std::optional(rejection->message) : std::nullopt));
+                                      rejection ? std::optional(rejection->message) : std::nullopt,
+                                      receiver.get()));
+        } else if (receiver) {
+            printParameters(*receiver, names, says);
         } else {
-            printText(document, says);
+            printText(document, says, width);
         }
         if (rejection)
             throwRejection(*rejection, document.text);
@@ -61,12 +125,18 @@ const Command showCommand{
     u"(document says \"1.5 MHz\"). A document that is not complete is shown, too, and of one that is not "
     u"read to its end what can be read; standard error tells what it is refused for.\n"
     u"\n"
+    u"The parameters of a receiver are a table. On a terminal it is no wider than that, and what has no room "
+    u"in a row stands beneath it; COLUMNS may tell another width. --parameter shows single parameters in "
+    u"full, "
+    u"a field in a line.\n"
+    u"\n"
     u"JSON holds every field, called as the commands new and diff call it, and null for what is not set. "
     u"documentSays, if there is something to tell, has what the document says instead, by the path of the "
     u"field.",
     {u"the document is shown", u"the document is not read to its end", u"FILE cannot be read"},
-    u"kormak show --format json job.xml",
+    u"kormak show --format json job.xml\n"
+    u"kormak show --parameter Gain --parameter Level receiver.xml",
     OneFile,
-    [] { return withLimitOptions(listOf<QList<QCommandLineOption>>(formatOption())); },
+    options,
     run,
 };

@@ -7,6 +7,7 @@
 #ifdef Q_OS_WIN
 #include <io.h>
 #else
+#include <sys/ioctl.h>
 #include <unistd.h>
 #endif
 
@@ -18,6 +19,17 @@ bool isTerminal(std::FILE *file)
     return _isatty(_fileno(file)) != 0;
 #else
     return isatty(fileno(file)) != 0;
+#endif
+}
+
+/// 0 when nobody knows.
+int columnsOfOutput()
+{
+#ifdef Q_OS_WIN
+    return 0;
+#else
+    winsize size = {};
+    return ioctl(fileno(stdout), TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
 #endif
 }
 
@@ -38,6 +50,16 @@ bool Terminal::isErrorOutput()
 {
     static const bool result = isTerminal(stderr);
     return result;
+}
+
+std::optional<int> Terminal::outputWidth()
+{
+    constexpr int Usual = 80;
+    if (!isOutput())
+        return std::nullopt;
+    const int wanted = qEnvironmentVariableIntValue("COLUMNS");
+    const int width = wanted > 0 ? wanted : columnsOfOutput();
+    return width > 0 ? width : Usual;
 }
 
 QString Terminal::coloured(QStringView severity)

@@ -5,10 +5,15 @@
 #include <QString>
 #include <QStringView>
 
+#include <optional>
+
 namespace Terminal {
 
 [[nodiscard]] bool isOutput();
 [[nodiscard]] bool isErrorOutput();
+
+/// How many columns standard output has, or COLUMNS says; nothing when it is no terminal.
+[[nodiscard]] std::optional<int> outputWidth();
 
 /// A word such as "error" for standard error, in a colour if that is a terminal and the user has not set
 /// NO_COLOR.

@@ -16,6 +16,7 @@
 #ifdef Q_OS_UNIX
 #include <cstdlib>
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <sys/resource.h>
 #include <unistd.h>
 #endif
@@ -114,6 +115,13 @@ public:
 
     [[nodiscard]] bool isThere() const { return slave >= 0; }
     [[nodiscard]] QString path() const { return QString::fromLocal8Bit(device); }
+
+    void setColumns(int columns) const
+    {
+        winsize size{};
+        size.ws_col = static_cast<unsigned short>(columns);
+        ioctl(master, TIOCSWINSZ, &size);
+    }
 
     const QString &text()
     {

@@ -148,6 +148,10 @@ what is understood, that stands beside it, as in 0 Hz (document says "1.5
 MHz"). A document that is not complete is shown, too, and of one that is not
 read to its end what can be read; standard error tells what it is refused for.
 
+The parameters of a receiver are a table. On a terminal it is no wider than
+that, and what has no room in a row stands beneath it; COLUMNS may tell another
+width. --parameter shows single parameters in full, a field in a line.
+
 JSON holds every field, called as the commands new and diff call it, and null
 for what is not set. documentSays, if there is something to tell, has what the
 document says instead, by the path of the field.
@@ -155,6 +159,8 @@ document says instead, by the path of the field.
 The FILE - is standard input.
 
 Options:
+  --parameter NAME      Show this parameter of a receiver in full (repeatable).
+  --wide                Show tables as wide as they are, also on a terminal.
   --format FORMAT       text (for people, the default) or json (for scripts).
   --limit-attributes N  Most attributes of an element (default: 100).
   --limit-depth N       Most elements in one another (default: 1000).
@@ -168,6 +174,7 @@ Exit status:
 
 Example:
   kormak show --format json job.xml
+  kormak show --parameter Gain --parameter Level receiver.xml
 )text";
     const QString ofDiff = R"text(Usage: kormak diff [OPTIONS] FILE FILE
 
@@ -396,7 +403,8 @@ void CommandLineTest::wrongCalls_data()
            "--limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("option of the tool behind a command")
         << QStringList{"show", "--version", "job.xml"}
-        << "kormak show: Unknown option 'version'. Allowed: --format FORMAT, --limit-attributes N, "
+        << "kormak show: Unknown option 'version'. Allowed: --parameter NAME, --wide, --format FORMAT, "
+           "--limit-attributes N, "
            "--limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("unknown option of format")
         << QStringList{"format", "job.xml", "--bar"}

@@ -25,6 +25,14 @@ private Q_SLOTS:
     void frequencies_data();
     void frequencies();
     void controlCharacters();
+    void terminals_data();
+    void terminals();
+    void nothingIsLostOnTerminals();
+    void singleParameters_data();
+    void singleParameters();
+    void singleParametersInJson();
+    void wrongParameters_data();
+    void wrongParameters();
     void standardInput();
     void otherTexts_data();
     void otherTexts();
@@ -273,7 +281,7 @@ void ShowCommandTest::documents_data()
                    "rx.filter            ValueSelection                   no\n"
                    "    Entry:  1 Narrow (0.5)\n"
                    "    Entry:  2 Wide (2, w)\n"
-                   "  Level        Float           dB\u00B5V  -20      120      0              1         "
+                   "  Level        Float           dB\xC2\xB5V  -20      120      0              1         "
                    "rx.level             ValueNumericFloat  VCLineEdit    no       Level\n");
     QTest::newRow("parameter") << completeParameter()
                                << "Parameter, complete\n"
@@ -675,6 +683,189 @@ void ShowCommandTest::controlCharacters()
     const Run run = folder.run({"show", "job.xml"});
     QCOMPARE(run.out.split('\n').filter("Author"),
              QStringList{"  Author:             Mara\\u009b2J\\tLind\\r\\u2028x\\u202ey\\udb40\\udc41z"});
+}
+
+namespace {
+
+const QString Tuner = EXAMPLES_DIR "/receivers/vuhf-tuner.xml";
+
+#ifdef Q_OS_UNIX
+/// What is shown on a terminal.
+QString onTerminal(Folder &folder, int columns, const QStringList &arguments)
+{
+    Screen screen;
+    screen.setColumns(columns);
+    const Run run = folder.run(QStringList("show") + arguments, {}, screen.path());
+    return run.err + QString(screen.text()).remove('\r');
+}
+#endif
+
+} // namespace
+
+void ShowCommandTest::terminals_data()
+{
+    QTest::addColumn<int>("columns");
+    QTest::addColumn<QByteArray>("variable"); // COLUMNS
+    QTest::addColumn<QString>("shown"); // of the first parameter and the header before it
+
+    const QString in80 = "  Unique name  Parameter type  Unit  Minimum   Maximum          Default\n"
+                         "  Attenuation  Integer         dB    0         40               0\n"
+                         "    Representation name: tuner.attenuation; Value type: ValueNumericInt\n"
+                         "    Display name: Attenuation\n";
+    const QString in34 = "  Unique name  Parameter type\n"
+                         "  Attenuation  Integer\n"
+                         "    Unit: dB; Minimum: 0\n"
+                         "    Maximum: 40; Default: 0\n"
+                         "    Representation name: tuner.attenuation\n"
+                         "    Value type: ValueNumericInt\n"
+                         "    Display name: Attenuation\n";
+    QTest::newRow("80") << 80 << QByteArray() << in80;
+    QTest::newRow("as wide as the table gets") << 79 << QByteArray() << in80;
+    QTest::newRow("a column less") << 78 << QByteArray()
+                                   << "  Unique name  Parameter type  Unit  Minimum   Maximum\n"
+                                      "  Attenuation  Integer         dB    0         40\n"
+                                      "    Default: 0; Representation name: tuner.attenuation\n"
+                                      "    Value type: ValueNumericInt; Display name: Attenuation\n";
+    QTest::newRow("unknown") << 0 << QByteArray() << in80;
+    QTest::newRow("34") << 34 << QByteArray() << in34;
+    QTest::newRow("said otherwise") << 200 << QByteArray("34") << in34;
+    QTest::newRow("said to be nothing") << 80 << QByteArray("0") << in80;
+    QTest::newRow("very narrow") << 1 << QByteArray()
+                                 << "  Unique name\n"
+                                    "  Attenuation\n"
+                                    "    Parameter type: Integer\n"
+                                    "    Unit: dB\n"
+                                    "    Minimum: 0\n"
+                                    "    Maximum: 40\n"
+                                    "    Default: 0\n"
+                                    "    Representation name: tuner.attenuation\n"
+                                    "    Value type: ValueNumericInt\n"
+                                    "    Display name: Attenuation\n";
+}
+
+void ShowCommandTest::terminals()
+{
+#ifdef Q_OS_UNIX
+    QFETCH(int, columns);
+    QFETCH(QByteArray, variable);
+    QFETCH(QString, shown);
+
+    Folder folder;
+    folder.environment.remove("COLUMNS");
+    const QString wide = folder.run({"show", Tuner}).out;
+    if (!variable.isEmpty())
+        folder.environment.insert("COLUMNS", variable);
+    QCOMPARE(folder.run({"show", Tuner}).out, wide); // it is no terminal
+    QCOMPARE(onTerminal(folder, columns, {"--wide", Tuner}), wide);
+    const QString start = "GenericReceiver, complete\nVersion:     1.0\nParameters:  7\n";
+    const QString text = onTerminal(folder, columns, {Tuner});
+    QCOMPARE(text.left(start.size() + shown.size()), start + shown);
+    QVERIFY(text.mid(start.size() + shown.size()).startsWith("  Bandwidth"));
+#endif
+}
+
+void ShowCommandTest::nothingIsLostOnTerminals()
+{
+#ifdef Q_OS_UNIX
+    Folder folder;
+    folder.environment.remove("COLUMNS");
+    const QString wide = folder.run({"show", Tuner}).out;
+    const QStringList lines = wide.split('\n');
+    const QStringList words = lines.mid(4).join(' ').split(QRegularExpression(" {2,}"), Qt::SkipEmptyParts);
+    QVERIFY(words.size() > 60);
+    constexpr int Widest = 205;
+    for (int columns = 75; columns <= Widest; columns += 10) {
+        const QString text = onTerminal(folder, columns, {Tuner});
+        int from = 0; // of the next one
+        for (const QString &word : words) {
+            from = static_cast<int>(text.indexOf(word.trimmed(), from));
+            QVERIFY2(from >= 0, qPrintable(word));
+        }
+        for (const QString &line : text.split('\n'))
+            QVERIFY2(line.size() <= columns, qPrintable(line));
+        QCOMPARE(text == wide, columns == Widest);
+    }
+#endif
+}
+
+void ShowCommandTest::singleParameters_data()
+{
+    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<QStringList>("shown"); // the first lines of each
+
+    const QString input =
+        "Unique name:          Input\nParameter type:       Enum\nEntry:                0 Antenna 1 (0)\n";
+    const QString level = QString::fromUtf8(
+        "Unique name:          Level\nParameter type:       Float\nUnit:                 dB\xC2\xB5"
+        "V\n");
+    QTest::newRow("one") << QStringList{"Input"} << QStringList{input};
+    QTest::newRow("two, in their order") << QStringList{"Level", "Input"} << QStringList{level, input};
+    QTest::newRow("one twice") << QStringList{"Input", "Input"} << QStringList{input};
+}
+
+void ShowCommandTest::singleParameters()
+{
+    QFETCH(QStringList, names);
+    QFETCH(QStringList, shown);
+
+    Folder folder;
+    QStringList arguments{"show"};
+    for (const QString &name : names)
+        arguments << "--parameter" << name;
+    const Run run = folder.run(arguments << Tuner);
+    QCOMPARE(run.err, QString());
+    const QStringList parts = run.out.split("\n\n");
+    QCOMPARE(parts.size(), shown.size());
+    for (int i = 0; i < parts.size(); ++i)
+        QCOMPARE(parts[i].left(shown[i].size()), shown[i]);
+    QVERIFY(!run.out.contains("Attenuation"));
+    QCOMPARE(run.status, 0);
+}
+
+void ShowCommandTest::singleParametersInJson()
+{
+    Folder folder;
+    // Another parameter is what keeps it from being complete.
+    folder.write(
+        "rx.xml",
+        with(completeReceiver(), "        <RepresentationName>rx.filter</RepresentationName>\n", ""));
+    const Run run = folder.run({"show", "--format", "json", "--parameter", "Level", "rx.xml"});
+    const QJsonObject all =
+        QJsonDocument::fromJson(folder.run({"show", "--format", "json", "rx.xml"}).out.toUtf8()).object();
+    const QJsonObject shown = QJsonDocument::fromJson(run.out.toUtf8()).object();
+    const QJsonObject parameters = shown["fields"]["Parameter"].toObject();
+    QCOMPARE(parameters.keys(), QStringList("Level"));
+    QCOMPARE(parameters["Level"], all["fields"]["Parameter"]["Level"]);
+    QCOMPARE(all["complete"], QJsonValue(false));
+    QCOMPARE(shown["complete"], all["complete"]);
+    QCOMPARE(shown["reason"], all["reason"]);
+}
+
+void ShowCommandTest::wrongParameters_data()
+{
+    QTest::addColumn<QByteArray>("document");
+    QTest::addColumn<QString>("complaint");
+
+    QTest::newRow("unknown") << completeReceiver()
+                             << "there is no parameter 'level'; did you mean \"Level\"?";
+    QTest::newRow("none") << QByteArray("<GenericReceiver/>") << "there is no parameter 'level'";
+    QTest::newRow("another document")
+        << completeJob() << "--parameter is for receivers, not for a document of kind Job";
+}
+
+void ShowCommandTest::wrongParameters()
+{
+    QFETCH(QByteArray, document);
+    QFETCH(QString, complaint);
+
+    Folder folder;
+    folder.write("a.xml", document);
+    for (const char *format : {"text", "json"}) {
+        const Run run = folder.run({"show", "--format", format, "--parameter", "level", "a.xml"});
+        QCOMPARE(run.out, QString());
+        QCOMPARE(run.err, "kormak show: " + complaint + "\n");
+        QCOMPARE(run.status, 2);
+    }
 }
 
 void ShowCommandTest::standardInput()
