@@ -1,5 +1,6 @@
 #include "inspection/DocumentEdit.h"
 
+#include <inspection/Document.h>
 #include <inspection/DocumentCheck_p.h>
 #include <inspection/DocumentTexts_p.h>
 #include <inspection/FieldAssignment_p.h>
@@ -10,12 +11,17 @@
 #include <inspection/XmlEditor_p.h>
 #include <objectbase/ITesselObject.h>
 #include <objectbase/QtCompat_p.h>
+#include <objectbase/TesselException.h>
 
+#include <QHash>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QMap>
-#include <QRegularExpression>
 #include <QSet>
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <utility>
 
@@ -31,6 +37,7 @@ struct DocumentEdit::Private {
     QByteArray text;
     QVector<Place> places;
     QVector<Finding> findings;
+    QVector<Finding> corrected;
     bool isDone = false;
 };
 
@@ -94,9 +101,12 @@ QString parentOf(const QString &path)
 /// The path of a list for that of an element in it, and the index; -1 when it is none.
 std::pair<QString, int> listOf(const QString &path)
 {
-    static const QRegularExpression indexed(QStringLiteral("^(.*)\\[(\\d+)\\]$"));
-    const auto match = indexed.match(path);
-    return match.hasMatch() ? std::pair(match.captured(1), match.captured(2).toInt()) : std::pair(path, -1);
+    const auto begin = path.lastIndexOf(QLatin1Char('['));
+    bool isIndex = begin > 0 && path.endsWith(QLatin1Char(']'));
+    const QString key = isIndex ? path.mid(begin + 1, path.size() - begin - 2) : QString();
+    const int index = key.toInt(&isIndex);
+    return isIndex && index >= 0 && QString::number(index) == key ? std::pair(path.left(begin), index)
+                                                                  : std::pair(path, -1);
 }
 
 Finding errorAbout(const QString &message, const QString &path = {})
@@ -116,6 +126,28 @@ struct Layout {
     XmlSource source;
     PlacesByPath places;
 };
+
+int orderOf(const ObjectTable &table, const Row &row)
+{
+    return static_cast<int>(&row - table.elements.begin());
+}
+
+/// The last child of \a parent, an object of the \a table, that the library would write before a new element
+/// of \a row. \a isAhead: whether that one stands before a child of its own kind.
+template <class IsAhead>
+Index siblingBefore(const XmlTree &tree, const ObjectTable &table, Index parent, const Row &row,
+                    IsAhead isAhead)
+{
+    const int order = orderOf(table, row);
+    Index previous = XmlTree::None;
+    for (Index child = tree.firstChild(parent); child != XmlTree::None; child = tree.nextSibling(child)) {
+        const Row *const other = childRow(table, localName(tree.name(child)));
+        const int otherOrder = other ? orderOf(table, *other) : order + 1;
+        if (otherOrder < order || (otherOrder == order && !isAhead(child)))
+            previous = child;
+    }
+    return previous;
+}
 
 /// Makes the patches for changes of one document.
 class Editing {
@@ -153,7 +185,7 @@ public:
     {
         HeldFields expected = after;
         for (const QString &path : unsetPaths())
-            forget(expected, path);
+            forget(expected, path, isInList(path));
         const HeldFields read = heldBy(kind, object);
         for (const auto &[path, held] : read) {
             const auto wanted = expected.find(path);
@@ -361,11 +393,6 @@ private:
         }
     }
 
-    static int orderOf(const ObjectTable &table, const Row &row)
-    {
-        return static_cast<int>(&row - table.elements.begin());
-    }
-
     [[nodiscard]] QString previousAttribute(const FieldPlace &parent, const Row &row) const
     {
         QString previous;
@@ -378,21 +405,10 @@ private:
         return previous;
     }
 
-    /// The last child of \a parent that the library would write before \a place.
     [[nodiscard]] Index previousSibling(const FieldPlace &parent, const FieldPlace &place) const
     {
-        const int order = orderOf(*parent.table, *place.row);
-        Index previous = XmlTree::None;
-        for (Index child = layout.tree.firstChild(parent.element); child != XmlTree::None;
-             child = layout.tree.nextSibling(child)) {
-            const Row *const row = childRow(*parent.table, localName(layout.tree.name(child)));
-            if (!row)
-                continue;
-            const int other = orderOf(*parent.table, *row);
-            if (other < order || (other == order && !isAhead(place, child)))
-                previous = child;
-        }
-        return previous;
+        return siblingBefore(layout.tree, *parent.table, parent.element, *place.row,
+                             [&](Index child) { return isAhead(place, child); });
     }
 
     /// Whether a new element called by a name stands before \a child.
@@ -427,6 +443,14 @@ private:
         }
     }
 
+    /// Of a parameter, the name may be a number, too.
+    [[nodiscard]] bool isInList(const QString &path) const
+    {
+        const auto *const places = layout.places.find(path);
+        return places && places->back().row && places->back().row->part
+            && places->back().row->part->kind == Part::Kind::List;
+    }
+
     [[nodiscard]] bool isUnsetting() const { return !unsetPaths().isEmpty(); }
 
     [[nodiscard]] QStringList unsetPaths() const
@@ -451,9 +475,9 @@ private:
     }
 
     /// \a path is unset: it may hold anything then. The elements behind one of a list move up.
-    static void forget(HeldFields &fields, const QString &path)
+    static void forget(HeldFields &fields, const QString &path, bool isInList)
     {
-        const auto [list, index] = listOf(path);
+        const auto [list, index] = isInList ? listOf(path) : std::pair(path, -1);
         HeldFields left;
         for (const auto &[fieldPath, held] : fields) {
             if (fieldPath == path || isBelow(fieldPath, path))
@@ -565,6 +589,229 @@ Outcome edited(const QByteArray &text, const QVector<DocumentEdit::Change> &chan
     return outcome;
 }
 
+/// Puts right what is certain.
+class Fixing {
+public:
+    Fixing(const QByteArray &checked, const TESSEL::ReadingLimits &readingLimits)
+        : text(checked), limits(readingLimits), document(documentOf(text, limits)),
+          layout(text, document.tree, *document.kind, *document.object), editor(layout.tree, layout.source)
+    {
+    }
+
+    /// \a fixed: what is put right.
+    std::vector<TextPatch> patches(QVector<Finding> &fixed)
+    {
+        if (!layout.source.isWhole())
+            return {};
+        for (const auto &[finding, position] : checkText(text, limits).findings) {
+            if (correct(finding))
+                fixed += FindingMaker::made(finding, position, 0);
+        }
+        std::vector<TextPatch> all = editor.patches();
+        return arrange(all) ? all : std::vector<TextPatch>();
+    }
+
+private:
+    bool correct(const FindingData &finding)
+    {
+        using Correction = Finding::Correction;
+        const Index element = elementAt(finding.offset);
+        if (finding.correction == Correction::None || element == XmlTree::None)
+            return false;
+        const auto at = finding.path.lastIndexOf(QLatin1String("/@"));
+        const QString attribute = at < 0 ? QString() : finding.path.mid(at + 2);
+        if (!attribute.isEmpty() && !layout.source.attribute(element, attribute.toUtf8()))
+            return false;
+        if (finding.correction == Correction::Element)
+            return moveToElement(element, attribute, finding.suggestion);
+        if (finding.correction == Correction::Text && attribute.isEmpty())
+            editor.setText(element, finding.suggestion);
+        else if (finding.correction == Correction::Text)
+            editor.setAttribute(element, attribute, finding.suggestion);
+        else if (attribute.isEmpty())
+            editor.rename(element, finding.suggestion);
+        else
+            editor.renameAttribute(element, attribute, finding.suggestion);
+        return true;
+    }
+
+    [[nodiscard]] Index elementAt(qsizetype offset) const
+    {
+        for (Index i = XmlTree::Root; i < layout.tree.end(); ++i) {
+            if (layout.tree.offset(i) == offset)
+                return i;
+        }
+        return XmlTree::None;
+    }
+
+    bool moveToElement(Index element, const QString &attribute, const QString &value)
+    {
+        for (const auto &[path, places] : layout.places.all()) {
+            const auto place =
+                std::find_if(places.begin(), places.end(), [element](const FieldPlace &candidate) {
+                    return candidate.element == element && candidate.table;
+                });
+            if (place == places.end())
+                continue;
+            const Row *const row = childRow(*place->table, attribute);
+            if (!row)
+                return false;
+            const Index previous = siblingBefore(layout.tree, *place->table, element, *row,
+                                                 [](Index /*child*/) { return false; });
+            editor.addElement(element, previous, orderOf(*place->table, *row),
+                              {nullptr, nullptr, XmlTree::None, attribute, value});
+            editor.removeAttribute(element, attribute);
+            return true;
+        }
+        return false;
+    }
+
+    const QByteArray &text;
+    const TESSEL::ReadingLimits &limits;
+    ParsedDocument document;
+    Layout layout;
+    XmlEditor editor;
+};
+
+/// \a json with long whole numbers as texts: Qt 5 reads all numbers as doubles.
+QByteArray withLongNumbersAsTexts(const QByteArray &json)
+{
+    constexpr qsizetype MostDigits = 15; // that every double holds
+    QByteArray result;
+    bool isInText = false;
+    for (int i = 0; i < json.size();) {
+        int end = i + 1;
+        const char c = json.at(i);
+        if (isInText && c == '\\' && end < json.size()) {
+            ++end;
+        } else if (c == '"') {
+            isInText = !isInText;
+        } else if (!isInText && (c == '-' || (c >= '0' && c <= '9'))) {
+            while (end < json.size() && QByteArray("0123456789.eE+-").contains(json.at(end)))
+                ++end;
+        }
+        const QByteArray piece = json.mid(i, end - i);
+        const bool isWhole = !piece.contains('.') && !piece.contains('e') && !piece.contains('E');
+        const bool isLong = !isInText && piece.size() > MostDigits && isWhole;
+        result += isLong ? '"' + piece + '"' : piece;
+        i = end;
+    }
+    return result;
+}
+
+/// Reads JSON as fields.
+class ChangesReader {
+public:
+    QVector<DocumentEdit::Change> changes;
+
+    explicit ChangesReader(const Document &read)
+    {
+        const QVector<Field> fields = read.GetFields();
+        for (const Field &field : fields)
+            known.insert(field.GetPath(), field);
+    }
+
+    void read(const QJsonObject &object, const FieldTable &table, const QString &prefix)
+    {
+        for (auto member = object.begin(); member != object.end(); ++member) {
+            const FieldRow *const row = table.find(member.key());
+            const QString path = prefix + member.key();
+            if (!row)
+                fail(path, QStringLiteral("there is no such field"));
+            row->parts ? readParts(member.value(), *row->parts, path) : readValue(member.value(), path);
+        }
+    }
+
+private:
+    [[noreturn]] static void fail(const QString &path, const QString &message)
+    {
+        throw TESSEL::TesselException(path + QStringLiteral(": ") + message);
+    }
+
+    void readParts(const QJsonValue &value, const FieldParts &parts, const QString &path)
+    {
+        using Kind = FieldParts::Kind;
+        if (value.isNull() && parts.kind == Kind::One) {
+            if (isKnown(path))
+                changes.push_back({Action::Unset, path});
+            return;
+        }
+        if (parts.kind == Kind::List ? !value.isArray() : !value.isObject())
+            fail(path,
+                 parts.kind == Kind::List ? QStringLiteral("is no array") : QStringLiteral("is no object"));
+        if (parts.kind == Kind::One) {
+            read(value.toObject(), parts.table, path + QLatin1Char('.'));
+        } else if (parts.kind == Kind::Map) {
+            const QJsonObject all = value.toObject();
+            for (auto part = all.begin(); part != all.end(); ++part)
+                readPart(part.value(), parts, path + bracketed(parts, part.key()));
+        } else {
+            const QJsonArray all = value.toArray();
+            for (int i = 0; i < all.size(); ++i)
+                readPart(all.at(i), parts, path + QStringLiteral("[%1]").arg(i));
+        }
+    }
+
+    void readPart(const QJsonValue &value, const FieldParts &parts, const QString &path)
+    {
+        if (value.isNull())
+            changes.push_back({Action::Unset, path});
+        else if (parts.table.isPlain())
+            readValue(value, path);
+        else if (value.isObject())
+            read(value.toObject(), parts.table, path + QLatin1Char('.'));
+        else
+            fail(path, QStringLiteral("is no object"));
+    }
+
+    void readValue(const QJsonValue &value, const QString &path)
+    {
+        const auto field = known.constFind(path);
+        const bool isThere = field != known.constEnd();
+        if (value.isNull()) {
+            if (isThere && field->IsSet())
+                changes.push_back({Action::Unset, path});
+            return;
+        }
+        const QString text = textOf(value, path);
+        if (!isThere || !isSame(*field, value, text))
+            changes.push_back({Action::Set, path, text});
+    }
+
+    static QString textOf(const QJsonValue &value, const QString &path)
+    {
+        constexpr double MostExact = 9007199254740992.0; // longer ones are texts
+        if (value.isString())
+            return value.toString();
+        if (value.isBool())
+            return value.toBool() ? QStringLiteral("true") : QStringLiteral("false");
+        if (!value.isDouble())
+            fail(path, QStringLiteral("is no value"));
+        const double number = value.toDouble();
+        const bool isWhole = number == std::floor(number) && std::abs(number) < MostExact;
+        return isWhole ? QString::number(static_cast<qint64>(number)) : numberText(number);
+    }
+
+    static bool isSame(const Field &field, const QJsonValue &value, const QString &text)
+    {
+        const QVariant held = field.GetValue();
+        if (field.GetType() == Field::Type::Float && value.isDouble())
+            return static_cast<float>(value.toDouble()) == held.toFloat();
+        return held.isValid()
+            && (field.GetText() == text
+                || (value.isDouble() && held.toDouble() == value.toDouble()
+                    && field.GetType() == Field::Type::Double));
+    }
+
+    [[nodiscard]] bool isKnown(const QString &path) const
+    {
+        return std::any_of(known.keyBegin(), known.keyEnd(),
+                           [&path](const QString &field) { return isBelow(field, path); });
+    }
+
+    QHash<QString, Field> known;
+};
+
 } // namespace
 
 DocumentEdit::DocumentEdit() = default;
@@ -595,6 +842,64 @@ DocumentEdit::DocumentEdit(const QByteArray &text, const QVector<Change> &change
     d = std::move(made);
 }
 
+DocumentEdit DocumentEdit::Fix(const QByteArray &text, const TESSEL::ReadingLimits &limits)
+{
+    constexpr int MostRounds = 100; // what is put right lets more be read, and found
+    auto made = std::make_shared<Private>();
+    made->text = text;
+    try {
+        QByteArray now = checkedText(text);
+        const qsizetype skipped = byteOrderMarkSize(text);
+        for (int round = 0; round < MostRounds; ++round) {
+            QVector<Finding> fixed;
+            std::vector<TextPatch> patches = Fixing(now, limits).patches(fixed);
+            if (patches.empty())
+                break;
+            now = patched(now, patches);
+            for (TextPatch &patch : patches) {
+                patch.begin += skipped;
+                patch.end += skipped;
+            }
+            made->text = patched(made->text, patches);
+            made->corrected += fixed;
+        }
+        made->findings = findingsOf(checkText(now, limits));
+    } catch (const DocumentError &error) {
+        made->findings = {errorAbout(error)};
+    }
+    made->isDone = !made->corrected.isEmpty();
+    DocumentEdit result;
+    result.d = std::move(made);
+    return result;
+}
+
+QVector<DocumentEdit::Change> DocumentEdit::ReadChanges(const QByteArray &json, const QByteArray &text,
+                                                        const TESSEL::ReadingLimits &limits)
+{
+    QJsonParseError error;
+    const QJsonDocument parsed = QJsonDocument::fromJson(withLongNumbersAsTexts(json), &error);
+    if (error.error != QJsonParseError::NoError) {
+        throw TESSEL::TesselException(
+            QStringLiteral("is no JSON: %1 at byte %2").arg(error.errorString()).arg(error.offset));
+    }
+    if (!parsed.isObject())
+        throw TESSEL::TesselException(QStringLiteral("is no JSON object"));
+    const Document document(text, limits);
+    const DocumentKind *const kind = findDocumentKind(document.GetKind());
+    if (!kind || !document.GetObject())
+        throw TESSEL::TesselException(document.GetState());
+    const QJsonObject whole = parsed.object();
+    const bool isWhole = whole.value(QStringLiteral("fields")).isObject();
+    const QString expected = whole.value(QStringLiteral("kind")).toString();
+    if (isWhole && !expected.isEmpty() && expected != document.GetKind()) {
+        throw TESSEL::TesselException(
+            QStringLiteral("holds fields of kind %1, not %2").arg(expected, document.GetKind()));
+    }
+    ChangesReader reader(document);
+    reader.read(isWhole ? whole.value(QStringLiteral("fields")).toObject() : whole, kind->fields(), {});
+    return reader.changes;
+}
+
 bool DocumentEdit::IsDone() const noexcept
 {
     return d && d->isDone;
@@ -608,6 +913,11 @@ QByteArray DocumentEdit::GetText() const
 QVector<DocumentEdit::Place> DocumentEdit::GetPlaces() const
 {
     return d ? d->places : QVector<Place>();
+}
+
+QVector<Finding> DocumentEdit::GetCorrected() const
+{
+    return d ? d->corrected : QVector<Finding>();
 }
 
 QVector<Finding> DocumentEdit::GetFindings() const

@@ -16,18 +16,23 @@ namespace KORMAK {
 /// A change of the text of a document that leaves every byte as it stands but those of what is changed:
 /// comments, order, blanks, line ends, the declaration, a byte order mark and elements that are passed over.
 ///
+/// \snippet docs/InspectionSnippetsTest.cpp DocumentEdit
+///
 /// A document can be changed so when its text is read to its end, complete or not. A value; copies share
 /// their data.
 class INSPECTION_EXPORT DocumentEdit {
 public:
     /// What is to become of a field.
+    ///
+    /// \snippet docs/InspectionSnippetsTest.cpp Change
     struct Change {
+        /// What is done with the field.
         enum class Action : qint32 {
             Set, ///< as Document::SetField(); what is not there yet is added where the library would write it
             Unset, ///< what says it is removed: a field, a parameter, or an element of a list
         };
 
-        Action action;
+        Action action; ///< what is done
         QString path; ///< as Field::GetPath() says it, also of a parameter or of an element of a list
         QString text = {}; ///< what it is set to
     };
@@ -39,12 +44,14 @@ public:
     };
 
     /// A span of the text that is replaced.
+    ///
+    /// \snippet docs/InspectionSnippetsTest.cpp Place
     struct Place {
         qint64 offset; ///< in the bytes of the original
         qint64 line; ///< of the original, from 1
         qint64 column; ///< in characters, from 1
-        QByteArray removed;
-        QByteArray inserted;
+        QByteArray removed; ///< what stood there
+        QByteArray inserted; ///< what stands there now
     };
 
     /// No edit: of no document, with nothing done.
@@ -53,6 +60,19 @@ public:
     /// nothing else, or nothing is done. Setting a field to what the document says already changes nothing.
     DocumentEdit(const QByteArray &text, const QVector<Change> &changes,
                  NewFindings newFindings = NewFindings::Refused, const TESSEL::ReadingLimits &limits = {});
+
+    /// Puts right in \a text what can be put right for certain, as Finding::GetSuggestion() tells, and
+    /// nothing else; GetCorrected() tells what that was, and GetFindings() what remains. IsDone() is true
+    /// when there was something.
+    [[nodiscard]] static DocumentEdit Fix(const QByteArray &text, const TESSEL::ReadingLimits &limits = {});
+
+    /// The changes that make of \a text what \a json says: an object as Document::GetFieldsJson() gives it,
+    /// or the object with its fields. What it names is set, null unsets, and what is in the document as it is
+    /// there already is left out; so are fields that no change reaches if they are the same.
+    /// \throws TESSEL::TesselException when \a json or \a text is not such a thing, or when it names what the
+    /// document does not have
+    [[nodiscard]] static QVector<Change> ReadChanges(const QByteArray &json, const QByteArray &text,
+                                                     const TESSEL::ReadingLimits &limits = {});
 
     /// Whether all changes are done.
     [[nodiscard]] bool IsDone() const noexcept;
@@ -64,6 +84,9 @@ public:
     /// text, what would change beside what was asked, and findings that were not there before. When it is
     /// done, the findings that are new.
     [[nodiscard]] QVector<Finding> GetFindings() const;
+    /// The findings that Fix() has put right, with their places in the original or, where one was found only
+    /// when others had been put right, in what that gave.
+    [[nodiscard]] QVector<Finding> GetCorrected() const;
 
 private:
     struct Private;

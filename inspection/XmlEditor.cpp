@@ -1,5 +1,7 @@
 #include "inspection/XmlEditor_p.h"
 
+#include <objectbase/QtCompat_p.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -108,6 +110,13 @@ void XmlEditor::removeAttribute(Index element, const QString &name)
 {
     const auto span = *source.attribute(element, name.toUtf8());
     changes.push_back({span.begin, span.end, {}});
+}
+
+void XmlEditor::renameAttribute(Index element, const QString &name, const QString &newName)
+{
+    const auto span = *source.attribute(element, name.toUtf8());
+    const qsizetype begin = source.text().indexOf(name.toUtf8(), static_cast<TESSEL::TextSize>(span.begin));
+    changes.push_back({begin, begin + name.toUtf8().size(), newName.toUtf8()});
 }
 
 void XmlEditor::rename(Index element, const QString &name)

@@ -40,6 +40,7 @@ public:
     /// With the line that it stands on alone.
     void removeElement(Index element);
     void removeAttribute(Index element, const QString &name);
+    void renameAttribute(Index element, const QString &name, const QString &newName);
     /// The name in both tags, but for its prefix.
     void rename(Index element, const QString &name);
 

@@ -65,10 +65,12 @@ struct UsageError {
 
 extern const Command checkCommand;
 extern const Command diffCommand;
+extern const Command fixCommand;
 extern const Command formatCommand;
 extern const Command helpCommand;
 extern const Command listCommand;
 extern const Command newCommand;
+extern const Command setCommand;
 extern const Command showCommand;
 
 #endif

@@ -43,7 +43,7 @@ Value valueCalled(const QString &name)
         return {Value::Kind::Word, documentKindNames()};
     if (name == QStringView(u"VOCABULARY"))
         return {Value::Kind::Word, nameListNames()};
-    if (name != QStringView(u"N") && name != ParameterName)
+    if (name != QStringView(u"N") && name != QStringView(u"FIELD") && name != ParameterName)
         qFatal("There is no completion for %s", qPrintable(name));
     return {Value::Kind::Any};
 }

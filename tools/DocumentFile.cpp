@@ -57,25 +57,23 @@ SourceText readText(const QString &path)
     const InputFile::Content content = readBytes(path);
     Findings findings;
     const QByteArray text = checkedText(content.bytes, &findings);
-    return {text, content.state, text == content.bytes, std::move(findings)};
+    return {content.bytes, text, content.state, std::move(findings)};
 }
 
 FileDocument readDocument(const QString &path, const TESSEL::ReadingLimits &limits, Unread unread,
                           const QString &expectedKind)
 {
     const SourceText source = readText(path);
-    FileDocument document{documentOf(source.text, limits, expectedKind), source.source, source.isVerbatim};
+    FileDocument document{documentOf(source.text, limits, expectedKind), source.source, source.bytes};
     if (document.rejection && unread == Unread::Complained)
         throwRejection(*document.rejection, document.text);
     return document;
 }
 
-ExitStatus onDocument(const QString &path, const TESSEL::ReadingLimits &limits,
-                      const std::function<ExitStatus(FileDocument &)> &work, Unread unread)
+ExitStatus onFile(const QString &path, const std::function<ExitStatus()> &work)
 {
     try {
-        FileDocument document = readDocument(path, limits, unread);
-        return work(document);
+        return work();
     } catch (const DocumentError &error) {
         complainAbout(path, error);
         return error.position ? Faulty : Failed;
@@ -83,6 +81,15 @@ ExitStatus onDocument(const QString &path, const TESSEL::ReadingLimits &limits,
         complainAbout(path, {NotEnoughMemory.toString()});
         return Failed;
     }
+}
+
+ExitStatus onDocument(const QString &path, const TESSEL::ReadingLimits &limits,
+                      const std::function<ExitStatus(FileDocument &)> &work, Unread unread)
+{
+    return onFile(path, [&] {
+        FileDocument document = readDocument(path, limits, unread);
+        return work(document);
+    });
 }
 
 void complainAbout(const QString &path, const FileDocument &document, QStringView severity,

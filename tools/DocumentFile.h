@@ -16,14 +16,14 @@
 
 struct FileDocument : KORMAK::Inspection::ParsedDocument {
     InputFile::State source = {}; ///< the file that it was read from, as it was then
-    bool isVerbatim = false; ///< the file holds just the text: no byte-order mark, no encoding declared
+    QByteArray bytes = {}; ///< of the file
 };
 
 /// The text of a file, as a document holds it.
 struct SourceText {
-    QByteArray text;
+    QByteArray bytes = {}; ///< of the file
+    QByteArray text = {}; ///< without a byte-order mark and a declared encoding
     InputFile::State source = {};
-    bool isVerbatim = false; ///< the file holds just the text
     KORMAK::Inspection::Findings findings = {}; ///< what there is to tell of its bytes
 };
 
@@ -39,6 +39,10 @@ enum class Unread {
 /// \throws DocumentError
 [[nodiscard]] FileDocument readDocument(const QString &path, const TESSEL::ReadingLimits &limits,
                                         Unread unread = Unread::Complained, const QString &expectedKind = {});
+
+/// Does \a work on the file \a path. When it throws a DocumentError or runs out of memory, that is complained
+/// about.
+[[nodiscard]] ExitStatus onFile(const QString &path, const std::function<ExitStatus()> &work);
 
 /// Does \a work on the document in the file \a path. When reading or \a work throws a DocumentError or runs
 /// out of memory, that is complained about.

@@ -229,12 +229,7 @@ ExitStatus run(const QCommandLineParser &parser)
     if (!parser.isSet(ListOption.toString())) {
         if (format != OutputFormat::Text)
             throw UsageError{QStringLiteral("--format json needs --list-fields")};
-        try {
-            return make(kind, request, limits);
-        } catch (const DocumentError &error) {
-            complainAbout(request.source, error);
-            return error.position ? Faulty : Failed;
-        }
+        return onFile(request.source, [&] { return make(kind, request, limits); });
     }
     if (!request.settings.isEmpty() || !output.isEmpty() || !request.source.isEmpty())
         throw UsageError{QStringLiteral("--list-fields takes only --format")};

@@ -1,6 +1,7 @@
 // What the pages of the classes in inspection/ show: each snippet bears the name of its class.
 
 #include <inspection/Document.h>
+#include <inspection/DocumentEdit.h>
 #include <kormak/Job.h>
 #include <objectbase/TesselException.h>
 
@@ -19,6 +20,12 @@ KORMAK::Document job()
     return KORMAK::Document::ReadFile(jobPath());
 }
 
+QByteArray textOfJob()
+{
+    QFile file(jobPath());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 KORMAK::Document jobWithoutAuthor()
 {
     return KORMAK::Document::ReadFile(QString(EXAMPLES_DIR) + "/faulty/missing-author.xml");
@@ -30,14 +37,54 @@ class InspectionSnippetsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void change();
     void difference();
     void document();
+    void documentEdit();
     void entry();
     void field();
     void finding();
     void findingId();
+    void place();
     void vocabulary();
 };
+
+void InspectionSnippetsTest::change()
+{
+    using Change = KORMAK::DocumentEdit::Change;
+    const QByteArray text = textOfJob();
+    //! [Change]
+    const QVector<Change> changes{{Change::Action::Set, "AntennaData.Azimuth", "45.5"},
+                                  {Change::Action::Unset, "JobHeader.Description"}};
+    //! [Change]
+    QVERIFY(KORMAK::DocumentEdit(text, changes).GetText().contains("<Azimuth>45.5</Azimuth>"));
+}
+
+void InspectionSnippetsTest::documentEdit()
+{
+    using Change = KORMAK::DocumentEdit::Change;
+    const QByteArray text = textOfJob();
+    QByteArray result;
+    //! [DocumentEdit]
+    const KORMAK::DocumentEdit edit(text, {{Change::Action::Set, "JobHeader.Author", "M. Keller"}});
+    if (edit.IsDone())
+        result = edit.GetText(); // with another author, and every other byte as it was
+    //! [DocumentEdit]
+    QCOMPARE(result, QByteArray(text).replace("L. Brandt", "M. Keller"));
+}
+
+void InspectionSnippetsTest::place()
+{
+    using Change = KORMAK::DocumentEdit::Change;
+    const KORMAK::DocumentEdit edit(textOfJob(), {{Change::Action::Set, "JobHeader.Author", "M. Keller"}});
+    QStringList lines;
+    //! [Place]
+    const auto places = edit.GetPlaces();
+    for (const KORMAK::DocumentEdit::Place &place : places)
+        lines += QString("line %1: %2 is now %3").arg(place.line).arg(place.removed, place.inserted);
+    //! [Place]
+    QCOMPARE(lines, QStringList("line 5: L. Brandt is now M. Keller"));
+}
 
 void InspectionSnippetsTest::difference()
 {

@@ -89,6 +89,7 @@ private Q_SLOTS:
     void pipes();
     void ownerGroupAndMode();
     void hardLinks();
+    void killedTool_data();
     void killedTool();
 };
 
@@ -235,6 +236,7 @@ void FileFaultsTest::devices_data()
     QTest::newRow("diff") << QStringList{"diff", "job.xml", "%1"};
     QTest::newRow("format") << QStringList{"format", "%1"};
     QTest::newRow("format in place") << QStringList{"format", "--in-place", "%1"};
+    QTest::newRow("set in place") << QStringList{"set", "--in-place", "%1", "JobHeader.Author=x"};
 }
 
 /// Nobody waits for the end of what has none.
@@ -340,22 +342,34 @@ void FileFaultsTest::hardLinks()
 }
 
 /// The file is always the old one or the new one. A temporary file may be left beside it.
+void FileFaultsTest::killedTool_data()
+{
+    QTest::addColumn<QByteArray>("command");
+    QTest::addColumn<QByteArray>("field"); // empty: none
+
+    QTest::newRow("format") << QByteArray("format") << QByteArray();
+    QTest::newRow("set") << QByteArray("set") << QByteArray("AntennaData.Name=West");
+}
+
 void FileFaultsTest::killedTool()
 {
-    constexpr int Kills = 200;
+    QFETCH(QByteArray, command);
+    QFETCH(QByteArray, field);
+    constexpr int Kills = 100;
     constexpr int TextSize = 2'000'000;
-    const QByteArray formatted = jobWith("Mara Lind", QByteArray(TextSize, 'x'));
-    const QByteArray untidy = QByteArray(formatted).replace("    <", "\t<");
+    const QByteArray tidy = jobWith("Mara Lind", QByteArray(TextSize, 'x'));
+    const QByteArray untidy = QByteArray(tidy).replace("    <", "\t<");
+    const QByteArray formatted = field.isEmpty() ? tidy : QByteArray(untidy).replace(">East<", ">West<");
     const Folder folder;
     const QByteArray path = folder.path("job.xml").toLocal8Bit();
 
     const int nothing = open("/dev/null", O_WRONLY | O_CLOEXEC);
-    const auto start = [&path, nothing] {
+    const auto start = [&path, &command, &field, nothing] {
         const pid_t child = fork();
         if (child == 0) {
             dup2(nothing, STDOUT_FILENO); // where the name of the file goes
-            execl(KORMAK_TOOL, KORMAK_TOOL, "format", "--in-place", path.constData(),
-                  static_cast<char *>(nullptr));
+            execl(KORMAK_TOOL, KORMAK_TOOL, command.constData(), "--in-place", path.constData(),
+                  field.isEmpty() ? nullptr : field.constData(), static_cast<char *>(nullptr));
             _exit(127);
         }
         return child;

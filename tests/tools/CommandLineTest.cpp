@@ -4,7 +4,7 @@ using namespace ToolSupport;
 
 namespace {
 
-const QString Commands = "check, show, diff, format, new, list, help"; // as messages list them
+const QString Commands = "check, show, diff, format, set, fix, new, list, help"; // as messages list them
 
 } // namespace
 
@@ -48,13 +48,15 @@ cannot be printed, in names or in documents, is shown as an escape, such as \n
 or \u202e.
 
 Commands:
-  check PATH...      tell everything that is wrong with documents
-  show FILE          show what a document holds
-  diff FILE FILE     tell in which fields two documents differ
-  format FILE...     rewrite documents as the library writes them
-  new KIND           make a document from the fields you give
-  list [VOCABULARY]  list the names that fields can hold
-  help [COMMAND]     show the help of the tool or of a command
+  check PATH...               tell everything that is wrong with documents
+  show FILE                   show what a document holds
+  diff FILE FILE              tell in which fields two documents differ
+  format FILE...              rewrite documents as the library writes them
+  set FILE... FIELD=VALUE...  change fields, and no other byte of a document
+  fix FILE...                 put right what is certain, and name the rest
+  new KIND                    make a document from the fields you give
+  list [VOCABULARY]           list the names that fields can hold
+  help [COMMAND]              show the help of the tool or of a command
 
 Options:
   -h, --help         Show this help.
@@ -245,6 +247,85 @@ Exit status:
 Example:
   kormak format --in-place jobs/*.xml
 )text";
+    const QString ofSet = R"text(Usage: kormak set [OPTIONS] FILE... FIELD=VALUE...
+
+Changes what documents say of fields, called as the commands new, show and diff
+call them. All that is not changed stays byte for byte: comments, order,
+blanks, line ends and what the library passes over. What is not there yet is
+added where the library would write it. The document goes to standard output
+unless told otherwise; with --in-place or --dry-run there can be several files,
+and --in-place names those that changed.
+
+What is written is read again: when it says anything else than what was asked,
+or 'check' finds fault with it that was not there before, nothing is written,
+and standard error tells why.
+
+  JobHeader.Author=Keller               a field, added if it is not there
+  Area.Coordinate[2].Latitude=48.2      of the third element of a list
+  Area.Coordinate=52.1,13.4             adds an element
+  Parameter[Gain].Integer.Maximum=60    of a parameter, added as needed
+  --unset 'Parameter[Gain]'             removes it
+--from takes an object as 'kormak show --format json' prints it, or its fields
+alone. Files stand before the fields; one whose name looks like a field is
+given as ./NAME.
+
+The FILE - is standard input.
+
+Options:
+  --unset FIELD         Remove a field; can be given many times.
+  --from FILE           Set what the JSON in FILE names; null unsets.
+  -o OUT                Write to the file OUT, not to standard output.
+  --in-place            Write each document to the FILE that it comes from.
+  --dry-run             Write nothing, but show what would change (diff).
+  --accept-findings     Change it even if 'check' finds new fault with it.
+  --limit-attributes N  Most attributes of an element (default: 100).
+  --limit-depth N       Most elements in one another (default: 1000).
+  --limit-entities N    Most characters from entities (default: 1048576).
+  -h, --help            Show this help.
+
+Exit status:
+  0  all documents are changed, or need not be
+  1  a document cannot be changed so
+  2  the call is wrong, or a file cannot be read or written
+
+Example:
+  kormak set --in-place jobs/*.xml JobHeader.Author=Keller
+)text";
+
+    const QString ofFix = R"text(Usage: kormak fix [OPTIONS] FILE...
+
+Corrects what 'check' finds and has a certain remedy for: a name in another
+case or a letter away, a tag in another case, a number with a comma, a time in
+another form, a value that stands where the library writes it, but does not
+read it. All else stays byte for byte, as 'set' leaves it. The document goes to
+standard output unless told otherwise; with --in-place or --dry-run there can
+be several files, and --in-place names those that changed.
+
+Standard error tells what was corrected, and what remains to be put right by
+people:
+  FILE:LINE:COLUMN: corrected: PATH: MESSAGE
+  FILE:LINE:COLUMN: error: PATH: MESSAGE
+
+The FILE - is standard input.
+
+Options:
+  -o OUT                Write to the file OUT, not to standard output.
+  --in-place            Write each document to the FILE that it comes from.
+  --dry-run             Write nothing, but show what would change (diff).
+  --limit-attributes N  Most attributes of an element (default: 100).
+  --limit-depth N       Most elements in one another (default: 1000).
+  --limit-entities N    Most characters from entities (default: 1048576).
+  -h, --help            Show this help.
+
+Exit status:
+  0  no document is at fault, or no longer
+  1  a document is still at fault
+  2  a file cannot be read or written
+
+Example:
+  kormak fix --dry-run jobs/*.xml
+)text";
+
     const QString ofNew = R"text(Usage: kormak new [OPTIONS] KIND
 
 Makes a document of the given KIND, or changes a copy of one. What is not set
@@ -337,6 +418,8 @@ Example:
     QTest::newRow("show") << QStringList{"show", "--help"} << ofShow;
     QTest::newRow("diff") << QStringList{"diff", "--help"} << ofDiff;
     QTest::newRow("format") << QStringList{"format", "--help"} << ofFormat;
+    QTest::newRow("set") << QStringList{"set", "--help"} << ofSet;
+    QTest::newRow("fix") << QStringList{"fix", "--help"} << ofFix;
     QTest::newRow("new") << QStringList{"new", "--help"} << ofNew;
     QTest::newRow("list") << QStringList{"list", "--help"} << ofList;
     QTest::newRow("tool, as a command") << QStringList{"help"} << ofTool;

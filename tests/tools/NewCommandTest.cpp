@@ -366,7 +366,10 @@ void NewCommandTest::templates_data()
         << QStringList{"Area.Coordinate[0].Latitude=7"}
         << "<?xml version=\"1.0\"?>\n<AutomaticWorkflow>\n    <Mode>ManualMode</Mode>\n    <Area>\n"
            "        <Name>a</Name>\n        <Coordinate>\n            <Latitude>7</Latitude>\n"
-           "            <Longitude>2</Longitude>\n        </Coordinate>\n    </Area>\n</AutomaticWorkflow>\n"
+           "            <Longitude>2</Longitude>\n        </Coordinate>\n        <Coordinate>\n"
+           "            <Latitude>3</Latitude>\n            <Longitude>0</Longitude>\n        </Coordinate>\n"
+           "        <Coordinate>\n            <Latitude>0</Latitude>\n            <Longitude>0</Longitude>\n"
+           "        </Coordinate>\n    </Area>\n</AutomaticWorkflow>\n"
         << QStringList();
     QTest::newRow("value that is read as none, and what is missing")
         << "Job"

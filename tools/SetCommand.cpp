@@ -1,0 +1,195 @@
+#include <inspection/DocumentEdit.h>
+#include <inspection/FindingData_p.h>
+#include <objectbase/TesselException.h>
+#include <tools/Command.h>
+#include <tools/Console.h>
+#include <tools/LimitOptions.h>
+#include <tools/ListOf.h>
+#include <tools/RewriteTarget.h>
+#include <tools/Terminal.h>
+
+#include <QCommandLineParser>
+
+#include <algorithm>
+
+using namespace KORMAK;
+using namespace KORMAK::Inspection;
+
+namespace {
+
+using Action = DocumentEdit::Change::Action;
+
+constexpr QStringView UnsetOption = u"unset";
+constexpr QStringView FromOption = u"from";
+constexpr QStringView FindingsOption = u"accept-findings";
+
+QList<QCommandLineOption> options()
+{
+    QList<QCommandLineOption> all = listOf<QList<QCommandLineOption>>(
+        QCommandLineOption(listOf<QStringList>(UnsetOption.toString()),
+                           QStringLiteral("Remove a field; can be given many times."),
+                           QStringLiteral("FIELD")),
+        QCommandLineOption(listOf<QStringList>(FromOption.toString()),
+                           QStringLiteral("Set what the JSON in FILE names; null unsets."),
+                           FileName.toString()));
+    all += RewriteTarget::options(RewriteTarget::Mode::DryRun);
+    all += QCommandLineOption(listOf<QStringList>(FindingsOption.toString()),
+                              QStringLiteral("Change it even if 'check' finds new fault with it."));
+    return withLimitOptions(all);
+}
+
+/// Where the path of a field ends and its value begins, as in "JobHeader.Author=Keller"; -1 for what is no
+/// such thing, such as the name of a file.
+int endOfField(const QString &argument)
+{
+    bool isInName = false;
+    for (int i = 0; i < argument.size(); ++i) {
+        const QChar c = argument[i];
+        const bool isLetter = (c >= QLatin1Char('A') && c <= QLatin1Char('Z'))
+            || (i > 0 && c >= QLatin1Char('a') && c <= QLatin1Char('z'));
+        if (isInName && c == QLatin1Char('\\'))
+            ++i;
+        else if (isInName)
+            isInName = c != QLatin1Char(']');
+        else if (i > 0 && c == QLatin1Char('='))
+            return i;
+        else if (i > 0 && c == QLatin1Char('['))
+            isInName = true;
+        else if (!isLetter && (i == 0 || (c != QLatin1Char('.') && c != QLatin1Char(']'))))
+            return -1;
+    }
+    return -1;
+}
+
+bool isChange(const QString &argument)
+{
+    return endOfField(argument) > 0;
+}
+
+DocumentEdit::Change changeOf(const QString &argument)
+{
+    const int end = endOfField(argument);
+    return {Action::Set, argument.left(end), argument.mid(end + 1)};
+}
+
+struct Request {
+    QVector<DocumentEdit::Change> changes;
+    QByteArray json; ///< that tells more of them; empty: none
+    QString jsonPath;
+    DocumentEdit::NewFindings newFindings;
+    TESSEL::ReadingLimits limits;
+};
+
+void complainAbout(const QString &source, QStringView severity, const QVector<Finding> &findings)
+{
+    for (const Finding &finding : findings)
+        Console::complain(complaintLine(source, FindingMaker::positionOf(finding), severity,
+                                        FindingMaker::contentOf(finding)));
+}
+
+ExitStatus change(const QString &source, const Request &request, RewriteTarget &target)
+{
+    const SourceText original = readText(source);
+    QVector<DocumentEdit::Change> changes = request.changes;
+    if (!request.json.isEmpty()) {
+        try {
+            changes = DocumentEdit::ReadChanges(request.json, original.bytes, request.limits) + changes;
+        } catch (const TESSEL::TesselException &exception) {
+            complainAbout(request.jsonPath, DocumentError{exception.GetErrorMessage()});
+            return Failed;
+        }
+    }
+    const DocumentEdit edit(original.bytes, changes, request.newFindings, request.limits);
+    complainAbout(source, edit.IsDone() ? QStringView(u"warning") : QStringView(u"error"),
+                  edit.GetFindings());
+    if (!edit.IsDone()) {
+        const QVector<Finding> findings = edit.GetFindings();
+        const bool isForFindings = std::none_of(findings.begin(), findings.end(), [](const Finding &finding) {
+            return finding.GetId() == FindingId::NotEdited;
+        });
+        Console::complain(
+            complaintLine(source, std::nullopt, u"error", QStringLiteral("not changed"))
+            + (isForFindings ? QStringLiteral(" (--accept-findings changes it all the same)") : QString()));
+        return Faulty;
+    }
+    return target.write(edit.GetText(), source, original);
+}
+
+ExitStatus run(const QCommandLineParser &parser)
+{
+    const QStringList arguments = parser.positionalArguments();
+    const auto firstChange = std::find_if(arguments.begin(), arguments.end(), isChange);
+    const QStringList sources(arguments.begin(), firstChange);
+    Request request{{}, {}, {}, DocumentEdit::NewFindings::Refused, limitsOf(parser)};
+    for (auto argument = firstChange; argument != arguments.end(); ++argument) {
+        if (!isChange(*argument))
+            throw UsageError{
+                QStringLiteral("'%1' is not FIELD=VALUE; files stand before the fields").arg(*argument)};
+        request.changes += changeOf(*argument);
+    }
+    const QStringList unset = parser.values(UnsetOption.toString());
+    for (const QString &path : unset)
+        request.changes += {Action::Unset, path};
+    const QStringList from = parser.values(FromOption.toString());
+    if (from.size() > 1)
+        throw UsageError{QStringLiteral("--from can be given only once")};
+    if (sources.isEmpty())
+        throw UsageError{QStringLiteral("no FILE given")};
+    if (request.changes.isEmpty() && from.isEmpty())
+        throw UsageError{QStringLiteral("no FIELD=VALUE, --unset or --from given")};
+    if (sources.contains(StandardStream.toString()) && from.contains(StandardStream.toString()))
+        throw UsageError{QStringLiteral("standard input can be read only once")};
+    if (parser.isSet(FindingsOption.toString()))
+        request.newFindings = DocumentEdit::NewFindings::Accepted;
+    RewriteTarget target(parser, sources, RewriteTarget::Mode::DryRun);
+    if (!from.isEmpty()) {
+        request.jsonPath = from.constFirst();
+        try {
+            request.json = readText(request.jsonPath).text;
+        } catch (const DocumentError &error) {
+            ::complainAbout(request.jsonPath, error);
+            return Failed;
+        }
+    }
+    ExitStatus worst = Good;
+    for (const QString &source : sources) {
+        const auto changeIt = [&] { return change(source, request, target); };
+        worst = std::max(worst, onFile(source, changeIt));
+    }
+    target.printChanged();
+    return worst;
+}
+
+} // namespace
+
+const Command setCommand{
+    u"set",
+    u"change fields, and no other byte of a document",
+    u"Changes what documents say of fields, called as the commands new, show and diff call them. All that is "
+    u"not "
+    u"changed stays byte for byte: comments, order, blanks, line ends and what the library passes over. What "
+    u"is "
+    u"not there yet is added where the library would write it. The document goes to standard output unless "
+    u"told otherwise; with --in-place or --dry-run there can be several files, and --in-place names those "
+    u"that "
+    u"changed.\n"
+    u"\n"
+    u"What is written is read again: when it says anything else than what was asked, or 'check' finds fault "
+    u"with "
+    u"it that was not there before, nothing is written, and standard error tells why.\n"
+    u"\n"
+    u"  JobHeader.Author=Keller               a field, added if it is not there\n"
+    u"  Area.Coordinate[2].Latitude=48.2      of the third element of a list\n"
+    u"  Area.Coordinate=52.1,13.4             adds an element\n"
+    u"  Parameter[Gain].Integer.Maximum=60    of a parameter, added as needed\n"
+    u"  --unset 'Parameter[Gain]'             removes it\n"
+    u"--from takes an object as 'kormak show --format json' prints it, or its fields alone. Files stand "
+    u"before "
+    u"the fields; one whose name looks like a field is given as ./NAME.",
+    {u"all documents are changed, or need not be", u"a document cannot be changed so",
+     u"the call is wrong, or a file cannot be read or written"},
+    u"kormak set --in-place jobs/*.xml JobHeader.Author=Keller",
+    {FileName, u"FILE... FIELD=VALUE...", 1, Arguments::Unlimited},
+    options,
+    run,
+};
