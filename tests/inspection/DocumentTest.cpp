@@ -318,6 +318,17 @@ void DocumentTest::textBeyondXml()
     QCOMPARE(linesOf(document.GetFindings()),
              QStringList("0:0 error refused : Job: Text cannot be represented in XML"));
     QCOMPARE(linesOf(document.GetLosses()), linesOf(document.GetFindings()));
+
+    // Paths have a replacement for it, but not for characters of two code units.
+    Document receiver = Document::New("GenericReceiver");
+    const QString name = QString::fromUtf8("\xF0\x9D\x84\x9E\xC3\xA4");
+    receiver.SetField("Parameter[" + name + QChar(1) + "].ParameterType", "Integer");
+    QStringList paths;
+    for (const Finding &finding : receiver.GetFindings())
+        paths += finding.GetPath();
+    QVERIFY2(paths.contains("GenericReceiver/Parameter[" + name + QChar(QChar::ReplacementCharacter)
+                            + "]/ValueType"),
+             qPrintable(paths.join('\n')));
 }
 
 /// Check() passes, but nothing would be written: why is told as a warning.
@@ -440,6 +451,8 @@ void DocumentTest::unusableTexts_data()
         << QByteArray("<Job>\xE9</Job>") << QString()
         << "1:6 error encoding : byte 0xe9 is not UTF-8; it may be ISO-8859-1: \"iconv -f "
            "ISO-8859-1 -t UTF-8 FILE > NEWFILE\" converts it";
+    QTest::newRow("NUL at the start")
+        << QByteArray("\0<Job/>", 7) << QString() << "1:1 error encoding : the text holds a NUL byte";
     QTest::newRow("NUL") << QByteArray("<Job/>\0", 7) << QString()
                          << "1:7 error encoding : the text holds a NUL byte";
     QTest::newRow("namespace declared twice")
@@ -486,6 +499,10 @@ void DocumentTest::namespaceDeclaredTwiceBehindAll()
     QVERIFY(!document.IsAccepted());
     QVERIFY(!document.IsComplete());
     QVERIFY(document.GetFindingsJson("f").contains("\"complete\": false"));
+    QCOMPARE(document.GetKind(), QString("Parameter"));
+    QCOMPARE(linesOf(document.GetFindings()).constLast().section(' ', 1),
+             QString("error not-well-formed Parameter[Mode]/Enum: The namespace declaration "
+                     "'xmlns' stands twice in one element."));
 }
 
 void DocumentTest::fieldsAreSet()
