@@ -45,6 +45,7 @@ private Q_SLOTS:
     void unknownKind();
     void unusableTexts_data();
     void unusableTexts();
+    void firstAndLastCharacters();
     void namespaceDeclaredTwiceBehindAll();
     void fieldsAreSet();
     void severalFieldsAreSet();
@@ -480,6 +481,20 @@ void DocumentTest::unusableTexts()
     QCOMPARE(document.GetFieldsJson(), QByteArray());
     QVERIFY(!messageOf([&] { document.SetField("Version", "1"); }).isEmpty());
     QVERIFY(document.GetFindingsJson("a \"b\"").contains("\"file\": \"a \\\"b\\\"\""));
+}
+
+/// Those that take one more byte than the one before, or one less than the one behind.
+void DocumentTest::firstAndLastCharacters()
+{
+    for (const char *character : {"\x7F", "\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF",
+                                  "\xEE\x80\x80", "\xEF\xBF\xBD", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBD"}) {
+        const Document document(QByteArray("<Job><JobHeader/><ResourceType>") + character
+                                + "</ResourceType></Job>");
+        QStringList found;
+        for (const Finding &finding : document.GetFindings())
+            found += finding.GetFound();
+        QVERIFY2(found.contains(QString::fromUtf8(character)), QByteArray(character).toHex());
+    }
 }
 
 void DocumentTest::namespaceDeclaredTwiceBehindAll()
