@@ -323,11 +323,11 @@ void DocumentTest::textBeyondXml()
     // Paths have a replacement for it, but not for characters of two code units.
     Document receiver = Document::New("GenericReceiver");
     const QString name = QString::fromUtf8("\xF0\x9D\x84\x9E\xC3\xA4");
-    receiver.SetField("Parameter[" + name + QChar(1) + "].ParameterType", "Integer");
+    receiver.SetField("Parameter[" + name + QChar(1) + QChar(0xFFFE) + "].ParameterType", "Integer");
     QStringList paths;
     for (const Finding &finding : receiver.GetFindings())
         paths += finding.GetPath();
-    QVERIFY2(paths.contains("GenericReceiver/Parameter[" + name + QChar(QChar::ReplacementCharacter)
+    QVERIFY2(paths.contains("GenericReceiver/Parameter[" + name + QString(2, QChar::ReplacementCharacter)
                             + "]/ValueType"),
              qPrintable(paths.join('\n')));
 }
