@@ -114,6 +114,8 @@ requirement dpkg dpkg-dev "command -v dpkg-deb && command -v dpkg-shlibdeps" "dp
 requirement_program file file "file, which tells programs from other files"
 requirement_program abidw abigail-tools "libabigail"
 requirement_program python3 python3 "Python 3"
+requirement shapely python3-shapely "python3 -c 'import shapely' || /usr/bin/python3 -c 'import shapely'" "Shapely for Python 3"
+requirement_program ogrinfo gdal-bin "GDAL"
 requirement_program xmllint libxml2-utils "libxml2's xmllint"
 requirement_program doxygen doxygen "Doxygen"
 requirement_program groff groff-base "groff"

@@ -36,8 +36,10 @@ Value valueCalled(const QString &name)
         return {Value::Kind::Word, Tool::commandNames()};
     if (name == QStringView(u"FIELD=VALUE"))
         return {Value::Kind::Field};
-    if (name == QStringView(u"FORMAT"))
+    if (name == FormatName)
         return {Value::Kind::Word, outputFormatNames()};
+    if (name == GeoFormatName)
+        return {Value::Kind::Word, outputFormatNames(FormatChoice::WithGeoJson)};
     if (name == KindName)
         return {Value::Kind::Word, documentKindNames()};
     if (name == QStringView(u"VOCABULARY"))

@@ -135,10 +135,14 @@ labels, values and their units. A document that is not complete is shown, too.
 JSON holds every field, called as the commands new and diff call it, and null
 for what is not set.
 
+GeoJSON (RFC 7946) holds the area that a workflow is limited to: a polygon,
+which is cut where it crosses 180 degrees; a line for two coordinates, a point
+for one.
+
 The FILE - is standard input.
 
 Options:
-  --format FORMAT       text (for people, the default) or json (for scripts).
+  --format FORM         text (the default), json, or geojson (the area alone).
   --limit-attributes N  Most attributes of an element (default: 100).
   --limit-depth N       Most elements in one another (default: 1000).
   --limit-entities N    Most characters from entities (default: 1048576).
@@ -146,7 +150,7 @@ Options:
 
 Exit status:
   0  the document is shown
-  1  the document is at fault
+  1  the document is at fault, or has no area to show on a map
   2  FILE cannot be read
 
 Example:
@@ -363,7 +367,7 @@ void CommandLineTest::wrongCalls_data()
            "--limit-entities N, -h, --help\n";
     QTest::newRow("option of the tool behind a command")
         << QStringList{"show", "--version", "job.xml"}
-        << "kormak show: Unknown option 'version'. Allowed: --format FORMAT, --limit-attributes N, "
+        << "kormak show: Unknown option 'version'. Allowed: --format FORM, --limit-attributes N, "
            "--limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("unknown option of format")
         << QStringList{"format", "job.xml", "--bar"}
