@@ -44,10 +44,4 @@ void circle(Html &html, const QString &x, const QString &y, const QString &radiu
     html.open(u"circle", {{u"cx", x}, {u"cy", y}, {u"r", radius}, {u"class", look.toString()}}).close();
 }
 
-QStringView anchorAt(double share)
-{
-    constexpr double NearEdge = 0.08;
-    return share < NearEdge ? QStringView(u"start") : share > 1 - NearEdge ? QStringView(u"end") : u"middle";
-}
-
 } // namespace KORMAK::Inspection::Svg

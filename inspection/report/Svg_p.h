@@ -23,9 +23,6 @@ void rectangle(Html &html, const QString &x, const QString &y, const QString &wi
                QStringView look);
 void circle(Html &html, const QString &x, const QString &y, const QString &radius, QStringView look);
 
-/// Where a label at \a share of the width must be held so that it stays within the drawing.
-[[nodiscard]] QStringView anchorAt(double share);
-
 } // namespace KORMAK::Inspection::Svg
 
 #endif

@@ -10,6 +10,7 @@ using namespace KORMAK::Inspection;
 using Shape = AreaOutline::Shape;
 using Coordinates = QVector<TESSEL::Coordinate>;
 
+Q_DECLARE_METATYPE(TESSEL::Coordinate)
 Q_DECLARE_METATYPE(Coordinates)
 Q_DECLARE_METATYPE(KORMAK::Inspection::AreaOutline::Shape)
 
