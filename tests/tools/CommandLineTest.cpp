@@ -4,7 +4,7 @@ using namespace ToolSupport;
 
 namespace {
 
-const QString Commands = "check, show, diff, format, new, list, help"; // as messages list them
+const QString Commands = "check, show, report, diff, format, new, list, help"; // as messages list them
 
 } // namespace
 
@@ -50,6 +50,7 @@ or \u202e.
 Commands:
   check PATH...      tell everything that is wrong with documents
   show FILE          show what a document holds
+  report PATH...     make pages about documents for people
   diff FILE FILE     tell in which fields two documents differ
   format FILE...     rewrite documents as the library writes them
   new KIND           make a document from the fields you give
