@@ -101,6 +101,18 @@ void ToolPropertiesTest::faultsAreNoticed_data()
         "'show' tells whether the document is complete");
     row("show writes though it fails", malformed, plain("show", [](ToolRun &run) { run.output = "Job\n"; }),
         "what fails writes nothing");
+    row("report accepts anything", malformed, plain("report", [](ToolRun &run) { run.status = Good; }),
+        "'report' accepts what the library accepts");
+    row("report writes a part of a page", document, plain("report", [](ToolRun &run) { run.output.chop(9); }),
+        "a page is whole");
+    row("report writes what a document says as it stands", document,
+        plain("report", [](ToolRun &run) { run.output.replace("&lt;Author", "<Author"); }),
+        "a page has no other elements");
+    row("report lets a text out of its attribute", document,
+        plain("report", [](ToolRun &run) { run.output.replace(" scope=\"", " scope=\"\""); }),
+        "a page has no other elements");
+    row("report explains what it shows", malformed,
+        plain("report", [](ToolRun &run) { run.complaints = "x\n"; }), "a document at fault has a page, too");
     row(
         "format loses a comment", QByteArray(document).replace("<Author>", "<!-- --><Author>"),
         [](const QStringList &arguments, ToolRun &run) {

@@ -20,10 +20,10 @@ public:
         QString link; ///< to its page, relative and encoded as addresses are; empty: none
         QString kind; ///< as GetDocumentKinds() call it; empty: not known
         QString title; ///< as Report::GetTitle()
-        bool isAccepted = false;
-        bool isComplete = false;
-        int errors = 0; ///< how many findings of that severity there are
-        int warnings = 0;
+        bool isAccepted = false; ///< as Document::IsAccepted()
+        bool isComplete = false; ///< as Document::IsComplete()
+        int errors = 0; ///< how many findings are errors
+        int warnings = 0; ///< how many are warnings
         QString author; ///< of a job
         QDateTime creation; ///< of a job
         QString resource; ///< of a job, by its name
@@ -44,8 +44,11 @@ public:
     /// \a link is that of the entry.
     [[nodiscard]] static Entry EntryOf(const Document &document, const QString &name, const QString &link);
 
+    /// Adds it behind all others.
     void Add(const Entry &entry);
+    /// Puts all that have been added in that order.
     void Sort(Order order);
+    /// In the order of the page.
     [[nodiscard]] const QVector<Entry> &GetEntries() const noexcept { return entries; }
 
     /// The page, in UTF-8; it is made as those of Report::GetHtml() are.

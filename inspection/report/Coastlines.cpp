@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QtGlobal>
 
+#include <algorithm>
+
 // Where the library is static, the resource is otherwise left out. The macro must stand outside namespaces.
 static void initialiseResource()
 {
@@ -49,6 +51,35 @@ private:
     int place = 0;
 };
 
+/// Borders are bent on most maps: with points at the same places in the cells on both sides, no gap shows
+/// between them.
+std::vector<LandPiece::Point> withBentBorders(const LandPiece &piece)
+{
+    constexpr std::int32_t Spacing = StepsPerDegree / 2;
+    const auto next = [](std::int32_t from, std::int32_t to) {
+        if (from == to)
+            return from;
+        const std::int32_t ahead =
+            from < to ? (from / Spacing + 1) * Spacing : ((from - 1) / Spacing) * Spacing;
+        return from < to ? std::min(ahead, to) : std::max(ahead, to);
+    };
+    std::vector<LandPiece::Point> points;
+    for (std::size_t i = 0; i < piece.outline.size(); ++i) {
+        LandPiece::Point point = piece.outline[i];
+        const LandPiece::Point &end = piece.outline[(i + 1) % piece.outline.size()];
+        points.push_back(point);
+        if (!piece.isBorder(point, end))
+            continue;
+        for (;;) {
+            point = {next(point.x, end.x), next(point.y, end.y)};
+            if (point.x == end.x && point.y == end.y)
+                break;
+            points.push_back(point);
+        }
+    }
+    return points;
+}
+
 LandPiece readPiece(NumberReader &reader)
 {
     LandPiece piece{};
@@ -61,6 +92,7 @@ LandPiece readPiece(NumberReader &reader)
         point.y += reader.readSigned();
         one = point;
     }
+    piece.outline = withBentBorders(piece);
     return piece;
 }
 

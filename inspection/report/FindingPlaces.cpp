@@ -62,23 +62,27 @@ void FindingPlaces::writeNotes(Html &html, const QString &path)
     }
     const auto step = path.lastIndexOf(QLatin1Char('/')) + 1;
     const auto [first, last] = open.equal_range(path.left(step) + QLatin1Char('@') + path.mid(step));
+    std::vector<int> ofAttribute;
     for (auto entry = first; entry != last; ++entry)
-        found.push_back(entry->second);
+        ofAttribute.push_back(entry->second);
     open.erase(first, last);
+    for (const int index : ofAttribute)
+        writeNote(html, index, QString());
     std::sort(found.begin(), found.end());
     for (const int index : found)
-        writeNote(html, index);
+        writeNote(html, index, all.at(index).GetPath().mid(path.size() + 1));
 }
 
-void FindingPlaces::writeNote(Html &html, int index)
+void FindingPlaces::writeNote(Html &html, int index, const QString &within)
 {
     const Finding &finding = all.at(index);
     isNoted[static_cast<std::size_t>(index)] = true;
     html.open(u"p", {{u"class", QStringLiteral("note ") + severityLook(finding)}, {u"id", noteId(index)}})
         .element(u"a", severityText(finding), {{u"href", linkTo(findingId(index))}})
-        .text(u": ")
-        .text(finding.GetMessage())
-        .close();
+        .text(u": ");
+    if (!within.isEmpty())
+        html.element(u"code", within).text(u": ");
+    html.text(finding.GetMessage()).close();
 }
 
 void FindingPlaces::writeList(Html &html, Source source) const

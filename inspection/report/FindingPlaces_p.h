@@ -32,7 +32,8 @@ public:
     [[nodiscard]] std::vector<qint64> lines() const;
 
 private:
-    void writeNote(Html &html, int index);
+    /// \a within: where it is in the element that the note is about; empty: all of it.
+    void writeNote(Html &html, int index, const QString &within);
 
     const QVector<Finding> all;
     std::multimap<QString, int> open; ///< by path, those that no note has been written of

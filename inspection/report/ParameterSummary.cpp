@@ -33,7 +33,10 @@ QString grouped(QString number)
 
 QString withSuffix(const QString &number, const Parameter &parameter)
 {
-    return parameter.HasSuffix() ? number + QChar(0xA0) + parameter.GetDisplaySuffix() : number;
+    if (!parameter.HasSuffix())
+        return number;
+    const bool isDegree = parameter.GetDisplaySuffix() == QString(QChar(0xB0));
+    return number + (isDegree ? QString() : QString(QChar(0xA0))) + parameter.GetDisplaySuffix();
 }
 
 /// What the stored values are divided by to be shown. A factor of nothing cannot be.

@@ -105,7 +105,7 @@ svg .letter { font-size: 15px; font-weight: 600; }
 .chart.map { width: 100%; aspect-ratio: 4 / 3; background: var(--sea); border: 1px solid var(--line); overflow: hidden; }
 figure.map { max-width: 48rem; }
 figure.map figcaption { margin-top: 0.5rem; }
-.land { fill: var(--land); }
+.land { fill: var(--land); stroke: var(--land); vector-effect: non-scaling-stroke; }
 .coast { fill: none; stroke: var(--coast); vector-effect: non-scaling-stroke; stroke-linejoin: round; }
 .graticule { fill: none; stroke: var(--coast); stroke-opacity: 0.45; stroke-width: 0.75; vector-effect: non-scaling-stroke; }
 .area { fill: var(--area); fill-opacity: 0.22; fill-rule: evenodd; }

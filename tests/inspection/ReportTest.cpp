@@ -190,6 +190,10 @@ void ReportTest::seen_data()
                                              QString::fromUtf8("Reference 1 MHz to 100 MHz, default 10 MHz"),
                                              "Off 0Voice 1Telegraphy 2",
                                              "Milliseconds since 1970-01-01T00:00:00Z"};
+    QTest::newRow("direction finder")
+        << fileText(EXAMPLES_DIR "/receivers/vuhf-direction-finder.xml")
+        << QStringList{"ParameterType: missing", QString::fromUtf8("df.north · Float0°-180 to 180°"),
+                       "Azimuth disabled"};
     QTest::newRow("multiplier")
         << receiverWith(parameter("A", "a",
                                   "<DisplaySuffix>kHz</DisplaySuffix><Multiplier>1000</Multiplier>"

@@ -1,10 +1,11 @@
+#!/usr/bin/env python3
 """Opens pages in Chromium and tells what is wrong with them.
 
 browser.py FOLDER looks at each PAGE.html in the folder, in light and in dark colours and at several widths: whether the page
 asks for anything, says anything on the console, is wider than the window, has letters that can hardly be read, or lacks what
 screen readers need. PAGE.json, where there is one, lists what must be there: [SELECTOR, TEXT], an element that is seen and
 holds the text, or [SELECTOR, COUNT], so many elements. FOLDER/pictures.json lists pictures to be taken: [PAGE, SELECTOR, WIDTH,
-SCHEME, FILE]. Everything that is wrong is a line of output, the last line counts the pages.
+SCHEME, FILE, HEIGHT], at most that high unless it is 0. Everything that is wrong is a line of output, the last line counts the pages.
 """
 
 import base64
@@ -169,9 +170,11 @@ class Browser:
             if method in ("Runtime.consoleAPICalled", "Runtime.exceptionThrown"):
                 yield "runs a script"
 
-    def picture(self, selector, target):
+    def picture(self, selector, target, height):
         box = self.evaluate(f"""(() => {{ const box = document.querySelector({json.dumps(selector)}).getBoundingClientRect();
             return {{x: box.x + scrollX, y: box.y + scrollY, width: box.width, height: box.height}}; }})()""")
+        if height:
+            box["height"] = min(box["height"], height)
         shot = self.call("Page.captureScreenshot", format="png", captureBeyondViewport=True, clip={**box, "scale": 1})
         pathlib.Path(target).write_bytes(base64.b64decode(shot["data"]))
 
@@ -208,9 +211,9 @@ def main():
                     for fault in dict.fromkeys(faults):
                         print(f"{path.stem}, {width} px, {scheme}: {fault}")
         pictures = folder / "pictures.json"
-        for page, selector, width, scheme, target in json.loads(pictures.read_text()) if pictures.exists() else []:
+        for page, selector, width, scheme, target, height in json.loads(pictures.read_text()) if pictures.exists() else []:
             list(browser.show(folder / page, width, scheme))
-            browser.picture(selector, target)
+            browser.picture(selector, target, height)
         browser.close()
     print(f"{len(pages)} pages")
 
