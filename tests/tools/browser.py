@@ -20,6 +20,7 @@ import tempfile
 
 WIDTHS = (360, 1024, 1920)
 SCHEMES = ("light", "dark")
+EDGE = 12  # round pictures, in pixels
 
 # What is wrong with the page that is shown, as a list of texts.
 FAULTS = r"""
@@ -172,7 +173,9 @@ class Browser:
 
     def picture(self, selector, target, height):
         box = self.evaluate(f"""(() => {{ const box = document.querySelector({json.dumps(selector)}).getBoundingClientRect();
-            return {{x: box.x + scrollX, y: box.y + scrollY, width: box.width, height: box.height}}; }})()""")
+            const edge = Math.min({EDGE}, box.x);
+            return {{x: box.x + scrollX - edge, y: Math.max(box.y + scrollY - edge, 0), width: box.width + 2 * edge,
+                height: box.height + 2 * edge}}; }})()""")
         if height:
             box["height"] = min(box["height"], height)
         shot = self.call("Page.captureScreenshot", format="png", captureBeyondViewport=True, clip={**box, "scale": 1})
