@@ -89,7 +89,8 @@ QString areaGeoJson(const TESSEL::Area &area, const QString &kind)
     json.beginObject();
     json.member(u"name", jsonTextOrNull(area.GetName()));
     json.member(u"kind", jsonText(kind));
-    json.member(u"crossesItself", jsonBool(outline.crossesItself()));
+    const auto crosses = outline.crossesItself();
+    json.member(u"crossesItself", crosses ? jsonBool(*crosses) : QStringLiteral("null"));
     json.endObject();
     if (outline.shape() == Shape::None) {
         json.member(u"geometry", QStringLiteral("null"));

@@ -15,6 +15,7 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 #include <QSet>
 #include <QUrl>
 
@@ -79,14 +80,16 @@ public:
         if (!PathEncoding::isUtf8(stem))
             stem = PathEncoding::shown(stem).replace(QLatin1Char('\\'), QLatin1Char('_'));
         QString name = stem + PageEnding.toString();
-        for (int number = 2; taken.contains(name.toLower()); ++number)
-            name = QStringLiteral("%1-%2").arg(stem, QString::number(number)) + PageEnding.toString();
+        int &number = numbers[stem.toLower()];
+        while (taken.contains(name.toLower()))
+            name = QStringLiteral("%1-%2").arg(stem, QString::number(++number + 1)) + PageEnding.toString();
         taken.insert(name.toLower());
         return name;
     }
 
 private:
     QSet<QString> taken{IndexName.toString()};
+    QHash<QString, int> numbers; ///< how many have been tried behind a name
 };
 
 /// What is read from the file \a path. \throws DocumentError when it cannot be

@@ -44,6 +44,12 @@ Place centreOf(const OutlineRing &points)
     return {std::atan2(z, std::hypot(x, y)) / PerDegree, std::atan2(y, x) / PerDegree};
 }
 
+/// In degrees, as if they were as long everywhere.
+double lengthOf(const OutlinePoint &from, const OutlinePoint &to)
+{
+    return std::hypot(to.unwrapped() - from.unwrapped(), to.latitude - from.latitude);
+}
+
 /// The outline with so many points between its own that its edges look as bent as they are.
 OutlineRing densified(const AreaOutline &outline)
 {
@@ -52,15 +58,16 @@ OutlineRing densified(const AreaOutline &outline)
         ring.push_back(ring.front());
         ring.back().turns += outline.windings();
     }
-    constexpr double Spacing = 0.5; // degrees
-    constexpr std::size_t EnoughPoints = 4000;
-    if (ring.size() > EnoughPoints)
-        return ring;
+    constexpr double MostSteps = 20000;
+    double length = 0;
+    for (std::size_t i = 0; i + 1 < ring.size(); ++i)
+        length += lengthOf(ring[i], ring[i + 1]);
+    const double spacing = std::max(0.5, length / MostSteps); // degrees
     OutlineRing points;
     for (std::size_t i = 0; i + 1 < ring.size(); ++i) {
         const double east = ring[i + 1].unwrapped() - ring[i].unwrapped();
         const double north = ring[i + 1].latitude - ring[i].latitude;
-        const double steps = std::max(std::ceil(std::hypot(east, north) / Spacing), 1.0);
+        const double steps = std::max(std::ceil(lengthOf(ring[i], ring[i + 1]) / spacing), 1.0);
         for (double step = 0; step < steps; ++step) {
             points.push_back(
                 {ring[i].unwrapped() + east * step / steps, ring[i].latitude + north * step / steps});
@@ -319,7 +326,7 @@ QString extentText(const AreaOutline &outline, const Bounds &bounds)
     text += QStringLiteral("; about %1%3km by %2%3km")
                 .arg(roundedText((bounds.most.x - bounds.least.x) * EarthRadius),
                      roundedText((bounds.most.y - bounds.least.y) * EarthRadius), QString(QChar(0xA0)));
-    if (outline.shape() == Shape::Polygon && !outline.crossesItself())
+    if (outline.shape() == Shape::Polygon && outline.crossesItself() == false)
         text += QStringLiteral(", %1%2km%3")
                     .arg(roundedText(outline.squareKilometres()), QString(QChar(0xA0)), QString(QChar(0xB2)));
     return text;
@@ -327,7 +334,9 @@ QString extentText(const AreaOutline &outline, const Bounds &bounds)
 
 QString remarkOn(const AreaOutline &outline)
 {
-    if (outline.crossesItself())
+    if (!outline.crossesItself())
+        return QStringLiteral("The outline has too many coordinates to tell whether it crosses itself.");
+    if (*outline.crossesItself())
         return QStringLiteral("The outline crosses itself, so it is not certain what is within it.");
     if (outline.shape() == Shape::Point)
         return QStringLiteral("The area is one point: it encloses nothing.");

@@ -185,8 +185,11 @@ std::vector<Edge> edgesOf(const OutlineRing &ring, int windings)
     return edges;
 }
 
-bool haveCrossing(std::vector<Edge> edges)
+/// Nothing when it takes too long to find out.
+std::optional<bool> haveCrossing(std::vector<Edge> edges)
 {
+    constexpr std::size_t MostTests = 20'000'000;
+    std::size_t tests = 0;
     std::sort(edges.begin(), edges.end(), [](const Edge &a, const Edge &b) { return a.west() < b.west(); });
     std::vector<const Edge *> near; // may reach as far east as the next one begins
     for (const Edge &edge : edges) {
@@ -195,6 +198,9 @@ bool haveCrossing(std::vector<Edge> edges)
                    near.end());
         if (std::any_of(near.begin(), near.end(), [&edge](const Edge *one) { return one->crosses(edge); }))
             return true;
+        tests += near.size();
+        if (tests > MostTests)
+            return std::nullopt;
         near.push_back(&edge);
     }
     return false;
@@ -252,7 +258,8 @@ AreaOutline::AreaOutline(const QVector<TESSEL::Coordinate> &coordinates)
         turnsRound = ring.back().turns + static_cast<int>(std::lround(-step / Turn));
         ring.pop_back();
     }
-    hasCrossing = shape() == Shape::Polygon && haveCrossing(edgesOf(ring, turnsRound));
+    if (shape() == Shape::Polygon)
+        hasCrossing = haveCrossing(edgesOf(ring, turnsRound));
 }
 
 AreaOutline::Shape AreaOutline::shape() const noexcept

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QVector>
 
+#include <optional>
 #include <vector>
 
 namespace KORMAK::Inspection {
@@ -59,7 +60,8 @@ public:
     [[nodiscard]] int windings() const noexcept { return turnsRound; }
     /// Of an outline round a pole: which one it is taken to be round, the nearer one.
     [[nodiscard]] bool isRoundNorthPole() const noexcept;
-    [[nodiscard]] bool crossesItself() const noexcept { return hasCrossing; }
+    /// Nothing where that would take too long to find out: of many thousand coordinates.
+    [[nodiscard]] std::optional<bool> crossesItself() const noexcept { return hasCrossing; }
     /// There must be a point.
     [[nodiscard]] Extent extent() const;
     /// Of what is enclosed, in km^2 on a sphere; of an outline that crosses itself it says nothing.
@@ -78,7 +80,7 @@ private:
     OutlineRing ring;
     QString reason;
     int turnsRound = 0;
-    bool hasCrossing = false;
+    std::optional<bool> hasCrossing = false;
 };
 
 } // namespace KORMAK::Inspection

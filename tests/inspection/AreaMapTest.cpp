@@ -61,6 +61,7 @@ private Q_SLOTS:
     void noMap();
     void captions_data();
     void captions();
+    void longEdges();
 };
 
 /// The land of the earth has 149 million km^2.
@@ -288,6 +289,17 @@ void AreaMapTest::captions()
     caption.remove(QRegularExpression("<[^>]*>"));
     caption.replace(QChar(0xA0), ' ').replace(QChar(0x202F), ' ');
     QTEST(caption, "caption");
+}
+
+/// However far its edges lead, a map is not much longer than the document.
+void AreaMapTest::longEdges()
+{
+    Coordinates coordinates;
+    for (int i = 0; i < 3900; ++i)
+        coordinates += TESSEL::Coordinate(i % 2 ? 80 : -80, (i * 79) % 180);
+    const QString map = mapOf(coordinates);
+    QVERIFY2(map.size() < 1'000'000, qPrintable(QString::number(map.size())));
+    QVERIFY(map.contains("crosses itself"));
 }
 
 QTEST_APPLESS_MAIN(AreaMapTest)
