@@ -149,8 +149,10 @@ footer { margin-top: 3rem; color: var(--muted); font-size: 0.8125rem; }
   html { font-size: 10.5pt; print-color-adjust: exact; -webkit-print-color-adjust: exact; }
   body { max-width: none; padding: 0; }
   nav { display: none; }
-  h2, caption { break-after: avoid; }
-  figure, tr, .tiles, .note, .findings li { break-inside: avoid; }
+  h2, caption, thead, .bar-name, .bands { break-after: avoid; }
+  thead { break-inside: avoid; }
+  .axis { padding: 0 10px; }
+  figure:not(.axis), tr, .tiles, .note, .findings li { break-inside: avoid; }
   figure.map { max-width: 150mm; }
   .source { font-size: 7.5pt; }
   a { color: inherit; text-decoration: none; }

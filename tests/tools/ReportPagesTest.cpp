@@ -197,6 +197,7 @@ void ReportPagesTest::faultsAreNoticed_data()
                              << "writes \"one\" over \"two\"";
     QTest::newRow("cut off") << QByteArray("<svg aria-label='x'><text x='-9' y='20'>one</text></svg>")
                              << "cuts off \"one\"";
+    QTest::newRow("paper") << QByteArray("<style>@page { size: A3 }</style>") << "is not printed on A4";
     QTest::newRow("missing") << QByteArray("<p hidden>wanted</p>") << "does not show p with 'wanted'";
 }
 

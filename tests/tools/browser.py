@@ -13,6 +13,7 @@ import fcntl
 import json
 import os
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -20,6 +21,7 @@ import tempfile
 
 WIDTHS = (360, 1024, 1920)
 SCHEMES = ("light", "dark")
+A4 = (0, 0, 595, 842)
 EDGE = 12  # round pictures, in pixels
 
 # What is wrong with the page that is shown, as a list of texts.
@@ -171,6 +173,12 @@ class Browser:
             if method in ("Runtime.consoleAPICalled", "Runtime.exceptionThrown"):
                 yield "runs a script"
 
+    def sheets(self):
+        """The sizes of the sheets of paper that the page is printed on, in points."""
+        pdf = base64.b64decode(self.call("Page.printToPDF", preferCSSPageSize=True)["data"])
+        boxes = re.findall(rb"/MediaBox *\[([-0-9. ]+)\]", pdf)
+        return {tuple(round(float(number)) for number in box.split()) for box in boxes}
+
     def picture(self, selector, target, height):
         box = self.evaluate(f"""(() => {{ const box = document.querySelector({json.dumps(selector)}).getBoundingClientRect();
             const edge = Math.min({EDGE}, box.x);
@@ -211,6 +219,8 @@ def main():
                     faults = list(browser.show(path, width, scheme))
                     faults += browser.evaluate(FAULTS)
                     faults += missing(browser, path)
+                    if (width, scheme) == (WIDTHS[0], SCHEMES[0]) and browser.sheets() != {A4}:
+                        faults.append("is not printed on A4")
                     for fault in dict.fromkeys(faults):
                         print(f"{path.stem}, {width} px, {scheme}: {fault}")
         pictures = folder / "pictures.json"
