@@ -16,7 +16,7 @@ constexpr QStringView GeoJsonName = u"geojson";
 
 QCommandLineOption formatOption(FormatChoice choice)
 {
-    const QStringList names = listOf<QStringList>(OptionName.toString());
+    const auto names = listOf<QStringList>(OptionName.toString());
     if (choice == FormatChoice::WithGeoJson) {
         return {names, QStringLiteral("text (the default), json, or geojson (the area alone)."),
                 GeoFormatName.toString()};
@@ -27,7 +27,7 @@ QCommandLineOption formatOption(FormatChoice choice)
 
 QStringList outputFormatNames(FormatChoice choice)
 {
-    QStringList names = listOf<QStringList>(TextName.toString(), JsonName.toString());
+    auto names = listOf<QStringList>(TextName.toString(), JsonName.toString());
     if (choice == FormatChoice::WithGeoJson)
         names += GeoJsonName.toString();
     return names;

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -121,35 +122,54 @@ QString shareOf(double value, double whole)
     return Svg::percent(value / whole);
 }
 
-/// At the left edge for a parallel, at the upper one for a meridian, unless it is too near a corner.
-void writeLabel(Html &html, const GraticuleLine &line)
+/// Where a line between two points meets the left edge, for a parallel, or the upper one, as a share of the
+/// edge; nothing when it does not or is too near a corner.
+std::optional<double> labelPlace(const FramePoint &a, const FramePoint &b, GraticuleLine::Direction direction)
 {
-    const bool isParallel = line.direction == GraticuleLine::Direction::Parallel;
+    const bool isParallel = direction == GraticuleLine::Direction::Parallel;
     constexpr double FromCorner = 0.1;
     constexpr double LastParallel = 0.72; // the locator stands below it
     constexpr double LastMeridian = 0.86; // the arrow stands behind it
+    const double from = isParallel ? a.x : a.y;
+    const double to = isParallel ? b.x : b.y;
+    if ((from < 0) == (to < 0))
+        return std::nullopt;
+    const double share = from / (from - to);
+    const double at = isParallel ? (a.y + share * (b.y - a.y)) / MapFrame::Height
+                                 : (a.x + share * (b.x - a.x)) / MapFrame::Width;
+    const bool isFree = at >= FromCorner && at <= (isParallel ? LastParallel : LastMeridian);
+    return isFree ? std::optional(at) : std::nullopt;
+}
+
+std::optional<double> labelPlace(const GraticuleLine &line)
+{
     for (const FrameLine &part : line.parts) {
         for (std::size_t i = 0; i + 1 < part.size(); ++i) {
-            const FramePoint &a = part[i];
-            const FramePoint &b = part[i + 1];
-            const double from = isParallel ? a.x : a.y;
-            const double to = isParallel ? b.x : b.y;
-            if ((from < 0) == (to < 0))
-                continue;
-            const double share = from / (from - to);
-            const double at = isParallel ? (a.y + share * (b.y - a.y)) / MapFrame::Height
-                                         : (a.x + share * (b.x - a.x)) / MapFrame::Width;
-            if (at < FromCorner || at > (isParallel ? LastParallel : LastMeridian))
-                continue;
-            html.element(u"text", isParallel ? latitudeText(line.degrees) : longitudeText(line.degrees),
-                         {{u"x", isParallel ? QStringLiteral("0") : Svg::percent(at)},
-                          {u"y", isParallel ? Svg::percent(at) : QStringLiteral("0")},
-                          {u"dx", isParallel ? QStringLiteral("5") : QStringLiteral("0")},
-                          {u"dy", isParallel ? QStringLiteral("-4") : QStringLiteral("14")},
-                          {u"class", QStringLiteral("place")},
-                          {u"text-anchor", isParallel ? QStringLiteral("start") : QStringLiteral("middle")}});
-            return;
+            if (const auto place = labelPlace(part[i], part[i + 1], line.direction))
+                return place;
         }
+    }
+    return std::nullopt;
+}
+
+void writeLabel(Html &html, const GraticuleLine &line)
+{
+    const auto place = labelPlace(line);
+    if (!place)
+        return;
+    if (line.direction == GraticuleLine::Direction::Parallel) {
+        html.element(u"text", latitudeText(line.degrees),
+                     {{u"x", QStringLiteral("0")},
+                      {u"y", Svg::percent(*place)},
+                      {u"dx", QStringLiteral("5")},
+                      {u"dy", QStringLiteral("-4")},
+                      {u"class", QStringLiteral("place")}});
+    } else {
+        html.element(u"text", longitudeText(line.degrees),
+                     {{u"x", Svg::percent(*place)},
+                      {u"y", QStringLiteral("14")},
+                      {u"class", QStringLiteral("place")},
+                      {u"text-anchor", QStringLiteral("middle")}});
     }
 }
 

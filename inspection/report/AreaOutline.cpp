@@ -224,6 +224,23 @@ double meanLatitude(const OutlineRing &ring)
     return sum / static_cast<double>(ring.size());
 }
 
+/// By how many turns the shorter way over \a step degrees of longitude differs from the way without leaving
+/// the map.
+int turnsOver(double step)
+{
+    return step < -DateLine ? 1 : step > DateLine ? -1 : 0;
+}
+
+/// Why there is no such place; empty when there is.
+QString errorIn(const OutlinePoint &point, int index)
+{
+    if (!(std::abs(point.latitude) <= Pole)) // which no NaN is
+        return placeError(index, u"latitude", point.latitude, Pole);
+    if (!(std::abs(point.longitude) <= DateLine))
+        return placeError(index, u"longitude", point.longitude, DateLine);
+    return {};
+}
+
 } // namespace
 
 AreaOutline::AreaOutline(const QVector<TESSEL::Coordinate> &coordinates)
@@ -231,10 +248,7 @@ AreaOutline::AreaOutline(const QVector<TESSEL::Coordinate> &coordinates)
     int index = 0;
     for (const TESSEL::Coordinate &coordinate : coordinates) {
         OutlinePoint point{coordinate.GetLongitude(), coordinate.GetLatitude()};
-        if (!(std::abs(point.latitude) <= Pole)) // which no NaN is
-            reason = placeError(index, u"latitude", point.latitude, Pole);
-        else if (!(std::abs(point.longitude) <= DateLine))
-            reason = placeError(index, u"longitude", point.longitude, DateLine);
+        reason = errorIn(point, index);
         if (!reason.isEmpty()) {
             ring.clear();
             return;
@@ -243,7 +257,7 @@ AreaOutline::AreaOutline(const QVector<TESSEL::Coordinate> &coordinates)
         if (!ring.empty()) {
             const OutlinePoint &before = ring.back();
             const double step = point.longitude - before.longitude;
-            point.turns = before.turns + (step < -DateLine ? 1 : step > DateLine ? -1 : 0);
+            point.turns = before.turns + turnsOver(step);
             if (point.latitude == before.latitude && point.unwrapped() == before.unwrapped())
                 continue;
         }
@@ -252,7 +266,7 @@ AreaOutline::AreaOutline(const QVector<TESSEL::Coordinate> &coordinates)
     if (ring.empty())
         return;
     const double step = ring.front().longitude - ring.back().longitude;
-    turnsRound = ring.back().turns + (step < -DateLine ? 1 : step > DateLine ? -1 : 0);
+    turnsRound = ring.back().turns + turnsOver(step);
     if (ring.size() > 1 && ring.front().latitude == ring.back().latitude
         && std::remainder(step, Turn) == 0) { // closed already
         turnsRound = ring.back().turns + static_cast<int>(std::lround(-step / Turn));

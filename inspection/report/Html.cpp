@@ -3,6 +3,8 @@
 #include <inspection/QuotedText_p.h>
 #include <objectbase/QtCompat_p.h>
 
+#include <algorithm>
+
 namespace KORMAK::Inspection {
 
 namespace {
@@ -48,11 +50,8 @@ bool isPlain(QStringView text)
 {
     constexpr char16_t FirstPrintable = u' ';
     constexpr char16_t LastPrintable = u'~';
-    for (const QChar c : text) {
-        if (c.unicode() < FirstPrintable || c.unicode() > LastPrintable)
-            return false;
-    }
-    return true;
+    return std::all_of(text.begin(), text.end(),
+                       [](QChar c) { return c.unicode() >= FirstPrintable && c.unicode() <= LastPrintable; });
 }
 
 void appendVisible(QString &out, QStringView text)

@@ -43,7 +43,7 @@ void writeContent(const Page &page);
 /// @{
 void writeJob(const Page &page, const Job &job);
 void writeWorkflow(const Page &page, const AutomaticWorkflow &workflow);
-void writeGeneration(const Page &page, const ActivityGenerationData &generation);
+void writeGeneration(const Page &page, const ActivityGenerationData &data);
 void writeReceiver(const Page &page, const GenericReceiver &receiver);
 void writeParameter(const Page &page, const Parameter &parameter);
 /// @}
