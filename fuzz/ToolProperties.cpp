@@ -9,6 +9,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 using namespace KORMAK::Inspection;
@@ -152,6 +153,34 @@ void checkShow(const Tool &tool, const QString &path, const LibraryReading &read
            "'show' tells whether the document is complete: " + QString::fromUtf8(asJson.output));
 }
 
+/// Whatever a document says, its page is made of the elements that pages have.
+void demandPage(const QByteArray &page)
+{
+    static const QStringList Elements =
+        QString("html head meta title link style body header main section nav figure figcaption h1 h2 p ul "
+                "ol li table "
+                "caption thead tbody tr th td a code small span strong br div svg path line rect circle text")
+            .split(QLatin1Char(' '));
+    static const QRegularExpression tag("<(?!!DOCTYPE html>)/?([^ >]*)( [a-zA-Z0-9-]+=\"[^\"]*\")*>|<");
+    const QString text = QString::fromUtf8(page);
+    demand(text.toUtf8() == page && text.startsWith("<!DOCTYPE html>") && text.endsWith("</html>\n"),
+           "a page is whole: " + text);
+    const auto body = text.indexOf(QLatin1String("<body>"));
+    for (auto tags = tag.globalMatch(text.mid(body)); tags.hasNext();) {
+        const QString name = tags.next().captured(1);
+        demand(Elements.contains(name), "a page has no other elements: " + name + " in " + text);
+    }
+}
+
+void checkReport(const Tool &tool, const QString &path, const LibraryReading &reading)
+{
+    const ToolRun run = tool({"report", path});
+    demandStatus(run, reading.isAccepted, "'report' accepts what the library accepts");
+    demand(run.complaints.isEmpty(),
+           "a document at fault has a page, too: " + QString::fromUtf8(run.complaints));
+    demandPage(run.output);
+}
+
 /// The differences between two files that are told, the same as text and as JSON.
 QJsonArray differencesToldBy(const Tool &tool, const QString &before, const QString &after)
 {
@@ -235,6 +264,7 @@ void checkToolOnDocument(const Tool &tool, const QByteArray &bytes)
     const LibraryReading reading(bytes);
     checkCheck(tool, path, reading);
     checkShow(tool, path, reading);
+    checkReport(tool, path, reading);
     checkFormat(tool, path, bytes, reading);
     checkDiffWithItself(tool, path, reading);
 }

@@ -107,6 +107,18 @@ void ToolPropertiesTest::faultsAreNoticed_data()
         of("show", "json",
            [](ToolRun &run) { run.output.replace("\"complete\": false", "\"complete\": true"); }),
         "'show' tells why a document is refused");
+    row("report accepts anything", malformed, plain("report", [](ToolRun &run) { run.status = Good; }),
+        "'report' accepts what the library accepts");
+    row("report writes a part of a page", document, plain("report", [](ToolRun &run) { run.output.chop(9); }),
+        "a page is whole");
+    row("report writes what a document says as it stands", document,
+        plain("report", [](ToolRun &run) { run.output.replace("&lt;Author", "<Author"); }),
+        "a page has no other elements");
+    row("report lets a text out of its attribute", document,
+        plain("report", [](ToolRun &run) { run.output.replace(" scope=\"", " scope=\"\""); }),
+        "a page has no other elements");
+    row("report explains what it shows", malformed,
+        plain("report", [](ToolRun &run) { run.complaints = "x\n"; }), "a document at fault has a page, too");
     row(
         "format loses a comment", QByteArray(document).replace("<Author>", "<!-- --><Author>"),
         [](const QStringList &arguments, ToolRun &run) {
@@ -156,7 +168,7 @@ void ToolPropertiesTest::faultsAreNoticed_data()
             if (arguments.constFirst() == "new")
                 run.output = "<ActivityGeneration/>";
         },
-        "what the tool writes is complete");
+        "what is made is complete");
     row(
         "new explains nothing", {},
         [](const QStringList &arguments, ToolRun &run) {

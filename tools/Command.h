@@ -70,6 +70,7 @@ extern const Command formatCommand;
 extern const Command helpCommand;
 extern const Command listCommand;
 extern const Command newCommand;
+extern const Command reportCommand;
 extern const Command setCommand;
 extern const Command showCommand;
 

@@ -6,6 +6,7 @@
 #include <inspection/NameLists_p.h>
 #include <objectbase/QtCompat_p.h>
 #include <tools/OutputFormat.h>
+#include <tools/ReportOrder.h>
 #include <tools/Tool.h>
 #include <tools/Usage.h>
 
@@ -37,8 +38,12 @@ Value valueCalled(const QString &name)
         return {Value::Kind::Word, Tool::commandNames()};
     if (name == QStringView(u"FIELD=VALUE"))
         return {Value::Kind::Field};
-    if (name == QStringView(u"FORMAT"))
+    if (name == FormatName)
         return {Value::Kind::Word, outputFormatNames()};
+    if (name == GeoFormatName)
+        return {Value::Kind::Word, outputFormatNames(FormatChoice::WithGeoJson)};
+    if (name == ReportOrder::ValueName)
+        return {Value::Kind::Word, ReportOrder::names()};
     if (name == KindName)
         return {Value::Kind::Word, documentKindNames()};
     if (name == QStringView(u"VOCABULARY"))

@@ -1,3 +1,4 @@
+#include <inspection/AreaGeoJson_p.h>
 #include <inspection/DocumentJson_p.h>
 #include <inspection/DocumentSays_p.h>
 #include <inspection/QuotedText_p.h>
@@ -32,7 +33,7 @@ QList<QCommandLineOption> options()
                            ParameterName.toString()),
         QCommandLineOption(WideOption.toString(),
                            QStringLiteral("Show tables as wide as they are, also on a terminal.")),
-        formatOption()));
+        formatOption(FormatChoice::WithGeoJson)));
 }
 
 QString stateOf(const FileDocument &document)
@@ -87,17 +88,40 @@ void printParameters(const KORMAK::GenericReceiver &receiver, const QStringList 
     }
 }
 
+ExitStatus printGeoJson(const QString &path, const FileDocument &document)
+{
+    const QString kind = document.kind->rootElement.toString();
+    const TESSEL::Area *const area = areaOf(*document.object);
+    const auto fail = [&path](const QString &reason) {
+        Console::complain(complaintLine(path, std::nullopt, u"error", reason));
+        return Faulty;
+    };
+    if (!area)
+        return fail(QStringLiteral("a document of the kind %1 has no area").arg(kind));
+    try {
+        Console::print(areaGeoJson(*area, kind));
+        return Good;
+    } catch (const FieldError &error) {
+        return fail(QStringLiteral("there is no map of the area: ") + error.message);
+    }
+}
+
 ExitStatus run(const QCommandLineParser &parser)
 {
-    const OutputFormat format = outputFormat(parser);
+    const OutputFormat format = outputFormat(parser, FormatChoice::WithGeoJson);
+    const QString path = parser.positionalArguments().constFirst();
     QStringList names = parser.values(ParameterOption.toString());
     names.removeDuplicates();
     const auto width = parser.isSet(WideOption.toString()) ? std::nullopt : Terminal::outputWidth();
     const auto show = [&](const FileDocument &document) {
+        const auto &rejection = document.rejection;
+        if (format == OutputFormat::GeoJson && rejection)
+            throwRejection(*rejection, document.text);
+        if (format == OutputFormat::GeoJson)
+            return printGeoJson(path, document);
         const auto receiver = names.isEmpty() ? nullptr : withOnly(document, names);
         const TESSEL::ITesselObject &shown = receiver ? *receiver : *document.object;
         const DocumentSays says(*document.kind, shown, document.tree);
-        const auto &rejection = document.rejection;
         if (format == OutputFormat::Json) {
             Console::print(fieldsJson(*document.kind, *document.object, says,
                                       rejection ? std::optional(rejection->message) : std::nullopt,
@@ -111,7 +135,7 @@ ExitStatus run(const QCommandLineParser &parser)
             throwRejection(*rejection, document.text);
         return Good;
     };
-    return onDocument(parser.positionalArguments().constFirst(), limitsOf(parser), show, Unread::Used);
+    return onDocument(path, limitsOf(parser), show, Unread::Used);
 }
 
 } // namespace
@@ -132,8 +156,12 @@ const Command showCommand{
     u"\n"
     u"JSON holds every field, called as the commands new and diff call it, and null for what is not set. "
     u"documentSays, if there is something to tell, has what the document says instead, by the path of the "
-    u"field.",
-    {u"the document is shown", u"the document is not read to its end", u"FILE cannot be read"},
+    u"field.\n"
+    u"\n"
+    u"GeoJSON (RFC 7946) holds the area that a workflow is limited to: a polygon, which is cut where it "
+    u"crosses 180 degrees; a line for two coordinates, a point for one.",
+    {u"the document is shown", u"the document is not read to its end, or has no area to show on a map",
+     u"FILE cannot be read"},
     u"kormak show --format json job.xml\n"
     u"kormak show --parameter Gain --parameter Level receiver.xml",
     OneFile,

@@ -103,6 +103,7 @@ void ToolFaultsTest::failingAllocations_data()
     QTest::newRow("check") << QStringList{"check", "."};
     QTest::newRow("check, JSON") << QStringList{"check", "--format", "json", "job.xml", "faulty.xml"};
     QTest::newRow("show") << QStringList{"show", "job.xml"};
+    QTest::newRow("report") << QStringList{"report", "job.xml"};
     QTest::newRow("diff") << QStringList{"diff", "job.xml", "other.xml"};
     QTest::newRow("format") << QStringList{"format", "job.xml"};
     QTest::newRow("format in place") << QStringList{"format", "--in-place", "job.xml", "other.xml"};
@@ -174,7 +175,7 @@ void ToolFaultsTest::littleMemory()
     folder.write("good.xml", completeJob());
     folder.write("large.xml", receiver(Parameters));
     folder.write("later.xml", jobWithoutAuthor());
-    for (const char *command : {"check", "show", "format", "diff"}) {
+    for (const char *command : {"check", "show", "report", "format", "diff"}) {
         const QStringList arguments = QString(command) == "check"
             ? QStringList{"check", "good.xml", "large.xml", "later.xml"}
             : QString(command) == "diff" ? QStringList{"diff", "large.xml", "large.xml"}
@@ -228,8 +229,9 @@ void ToolFaultsTest::failingReads_data()
     QTest::addColumn<QString>("command");
     QTest::addColumn<int>("bytes"); // that can be read
 
-    for (const QString &command : {QString("check"), QString("show"), QString("diff"), QString("format"),
-                                   QString("format --in-place"), QString("set --in-place"), QString("fix")}) {
+    for (const QString &command : {QString("check"), QString("show"), QString("report"), QString("diff"),
+                                   QString("format"), QString("format --in-place"), QString("set --in-place"),
+                                   QString("fix")}) {
         QTest::newRow(qPrintable(command + ", at once")) << command << 0;
         QTest::newRow(qPrintable(command + ", in the middle")) << command << 100;
         // What can be read is a whole document.
@@ -282,6 +284,7 @@ void ToolFaultsTest::hugeFile_data()
 
     QTest::newRow("check") << QStringList{"check", "huge.xml"};
     QTest::newRow("show") << QStringList{"show", "huge.xml"};
+    QTest::newRow("report") << QStringList{"report", "huge.xml"};
     QTest::newRow("diff") << QStringList{"diff", "huge.xml", "job.xml"};
     QTest::newRow("format") << QStringList{"format", "--in-place", "huge.xml"};
     QTest::newRow("set") << QStringList{"set", "--in-place", "huge.xml", "JobHeader.Author=x"};

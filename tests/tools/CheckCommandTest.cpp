@@ -1236,7 +1236,7 @@ void CheckCommandTest::namesThatAreNotUtf8()
              QString("\\xfc.xml: error: cannot be read: No such file or directory\n2\n"));
     QCOMPARE(
         outputOf(tool + "${u}"),
-        QString("kormak: Unknown command '\\xfc'. Allowed: check, show, diff, format, set, fix, new, list, help\n2\n"));
+        QString("kormak: Unknown command '\\xfc'. Allowed: check, show, report, diff, format, set, fix, new, list, help\n2\n"));
     // To write another name would be worse.
     QCOMPARE(outputOf(tool + "format ${b}mark.xml -o ${u}.xml"),
              QString("\\xfc.xml: error: cannot be written: its name is not UTF-8\n2\n"));

@@ -4,7 +4,8 @@ using namespace ToolSupport;
 
 namespace {
 
-const QString Commands = "check, show, diff, format, set, fix, new, list, help"; // as messages list them
+const QString Commands =
+    "check, show, report, diff, format, set, fix, new, list, help"; // as messages list them
 
 } // namespace
 
@@ -50,6 +51,7 @@ or \u202e.
 Commands:
   check PATH...               tell everything that is wrong with documents
   show FILE                   show what a document holds
+  report PATH...              make pages about documents for people
   diff FILE FILE              tell in which fields two documents differ
   format FILE...              rewrite documents as the library writes them
   set FILE... FIELD=VALUE...  change fields, and no other byte of a document
@@ -158,12 +160,16 @@ JSON holds every field, called as the commands new and diff call it, and null
 for what is not set. documentSays, if there is something to tell, has what the
 document says instead, by the path of the field.
 
+GeoJSON (RFC 7946) holds the area that a workflow is limited to: a polygon,
+which is cut where it crosses 180 degrees; a line for two coordinates, a point
+for one.
+
 The FILE - is standard input.
 
 Options:
   --parameter NAME      Show this parameter of a receiver in full (repeatable).
   --wide                Show tables as wide as they are, also on a terminal.
-  --format FORMAT       text (for people, the default) or json (for scripts).
+  --format FORM         text (the default), json, or geojson (the area alone).
   --limit-attributes N  Most attributes of an element (default: 100).
   --limit-depth N       Most elements in one another (default: 1000).
   --limit-entities N    Most characters from entities (default: 1048576).
@@ -171,7 +177,7 @@ Options:
 
 Exit status:
   0  the document is shown
-  1  the document is not read to its end
+  1  the document is not read to its end, or has no area to show on a map
   2  FILE cannot be read
 
 Example:
@@ -486,7 +492,7 @@ void CommandLineTest::wrongCalls_data()
            "--limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("option of the tool behind a command")
         << QStringList{"show", "--version", "job.xml"}
-        << "kormak show: Unknown option 'version'. Allowed: --parameter NAME, --wide, --format FORMAT, "
+        << "kormak show: Unknown option 'version'. Allowed: --parameter NAME, --wide, --format FORM, "
            "--limit-attributes N, "
            "--limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("unknown option of format")

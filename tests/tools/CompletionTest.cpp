@@ -89,7 +89,7 @@ void CompletionTest::bash_data()
     add("option with two names", {"check", "--r"}, {"--recursive"});
     add("format", {"check", "--format", ""}, {"text", "json"});
     add("format behind =", {"show", "--format", "=", "j"}, {"json"});
-    add("format right behind =", {"show", "--format", "="}, {"text", "json"});
+    add("format right behind =", {"show", "--format", "="}, {"text", "json", "geojson"});
     add("number", {"check", "-j", ""}, {});
     add("command behind which is an option", {"show", "--format", "json", "--h"}, {"--help"});
     add("kinds", {"new", ""}, documentKindNames());

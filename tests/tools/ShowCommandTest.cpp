@@ -624,7 +624,7 @@ void ShowCommandTest::unknownFormat_data()
     QTest::addColumn<QString>("complaint");
 
     QTest::newRow("unknown") << QStringList{"--format", "yaml"}
-                             << "kormak show: Unknown format 'yaml'. Allowed: text, json\n";
+                             << "kormak show: Unknown format 'yaml'. Allowed: text, json, geojson\n";
     QTest::newRow("twice") << QStringList{"--format", "json", "--format", "text"}
                            << "kormak show: --format can be given only once\n";
 }

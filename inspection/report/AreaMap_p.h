@@ -1,0 +1,21 @@
+// The map of an area: its outline over the coastlines, with a graticule, a scale and its extent in words.
+#ifndef KORMAK_INSPECTION_REPORT_AREAMAP_P_H
+#define KORMAK_INSPECTION_REPORT_AREAMAP_P_H
+
+#include <inspection/report/Html_p.h>
+
+namespace TESSEL {
+class Area;
+}
+
+namespace KORMAK::Inspection {
+
+/// A figure; where there is nothing to draw, a paragraph that says why.
+void writeAreaMap(Html &html, const TESSEL::Area &area);
+
+/// "54.5° N, 7.25° E", with at most four decimals.
+[[nodiscard]] QString placeText(double latitude, double longitude);
+
+} // namespace KORMAK::Inspection
+
+#endif

@@ -1,0 +1,140 @@
+#include "inspection/report/Graticule_p.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace KORMAK::Inspection {
+
+namespace {
+
+using Direction = GraticuleLine::Direction;
+
+constexpr double Pole = 90;
+constexpr double DateLine = 180;
+constexpr double Turn = 360;
+constexpr double Pi = 3.14159265358979323846;
+constexpr double PerRadian = 180 / Pi;
+constexpr double Steps[] = {0.05, 0.1, 0.2, 0.5, 1, 2, 5, 10, 15, 30};
+constexpr double LinesAcross = 5; // at most, about
+
+double stepFor(double span)
+{
+    const auto *const found = std::find_if(std::begin(Steps), std::end(Steps),
+                                           [span](double step) { return step >= span / LinesAcross; });
+    return found == std::end(Steps) ? *std::prev(std::end(Steps)) : *found;
+}
+
+/// What of the earth a frame shows.
+struct Range {
+    double south = Pole;
+    double north = -Pole;
+    double west = Turn;
+    double east = -Turn;
+};
+
+Range rangeOf(const MapProjection &projection, const MapFrame &frame)
+{
+    constexpr int Samples = 24;
+    Range range;
+    for (int i = 0; i <= Samples; ++i) {
+        for (int j = 0; j <= Samples; ++j) {
+            const FramePoint point{MapFrame::Width * i / Samples, MapFrame::Height * j / Samples};
+            const auto place = projection.placeAt(frame.pointAt(point));
+            if (!place)
+                continue;
+            range.south = std::min(range.south, place->latitude);
+            range.north = std::max(range.north, place->latitude);
+            range.west = std::min(range.west, place->longitude);
+            range.east = std::max(range.east, place->longitude);
+        }
+    }
+    for (const double pole : {Pole, -Pole}) {
+        const auto point = projection.project(pole, 0);
+        if (!point || !MapFrame::holds(frame.place(*point)))
+            continue;
+        (pole > 0 ? range.north : range.south) = pole;
+        range.east = range.west + Turn;
+    }
+    return range;
+}
+
+/// The line that \a place gives points of, for arguments from \a from to \a to.
+template <class PlaceOf>
+std::vector<FrameLine> partsOf(const MapProjection &projection, const MapFrame &frame, double from, double to,
+                               PlaceOf placeOf)
+{
+    constexpr int Samples = 90;
+    std::vector<FrameLine> whole(1);
+    for (int i = 0; i <= Samples; ++i) {
+        const Place place = placeOf(from + (to - from) * i / Samples);
+        if (const auto point = projection.project(place.latitude, place.longitude))
+            whole.back().push_back(frame.place(*point));
+        else if (!whole.back().empty())
+            whole.emplace_back();
+    }
+    std::vector<FrameLine> parts;
+    for (const FrameLine &line : whole) {
+        std::vector<FrameLine> some = MapFrame::clippedLine(line);
+        std::move(some.begin(), some.end(), std::back_inserter(parts));
+    }
+    return parts;
+}
+
+QString degreesText(double degrees, QStringView positive, QStringView negative)
+{
+    constexpr int Digits = 7;
+    constexpr double Rounding = 1e4;
+    const double rounded = std::round(degrees * Rounding) / Rounding;
+    const QString number = QString::number(std::abs(rounded), 'g', Digits) + QChar(0xB0);
+    const QStringView side = rounded > 0 ? positive : rounded < 0 ? negative : QStringView();
+    return side.isEmpty() ? number : number + QChar(0xA0) + side.toString();
+}
+
+} // namespace
+
+std::vector<GraticuleLine> graticuleOf(const MapProjection &projection, const MapFrame &frame)
+{
+    const Range range = rangeOf(projection, frame);
+    const double height = frame.kilometresPerUnit() * MapFrame::Height / EarthRadius * PerRadian;
+    const double parallelStep = stepFor(std::min(height, range.north - range.south));
+    const double widest = std::max(std::abs(range.south), std::abs(range.north));
+    constexpr double LeastCosine = 0.05;
+    const double cosine = std::max(std::cos(std::min(widest, Pole) / PerRadian), LeastCosine);
+    const double meridianStep =
+        std::max(parallelStep, stepFor(std::min(height / cosine, range.east - range.west)));
+    std::vector<GraticuleLine> lines;
+    for (double i = std::ceil(range.south / parallelStep); i * parallelStep <= range.north; ++i) {
+        const double latitude = i * parallelStep;
+        if (std::abs(latitude) >= Pole)
+            continue;
+        lines.push_back(
+            {Direction::Parallel, latitude,
+             partsOf(projection, frame, range.west - 1, range.east + 1, [latitude](double longitude) {
+                 return Place{latitude, longitude};
+             })});
+    }
+    const double end = std::min(range.east, range.west + Turn - meridianStep / 2);
+    for (double i = std::ceil(range.west / meridianStep); i * meridianStep <= end; ++i) {
+        const double longitude = i * meridianStep;
+        lines.push_back({Direction::Meridian, std::remainder(longitude, Turn),
+                         partsOf(projection, frame, std::max(range.south - 1, -Pole),
+                                 std::min(range.north + 1, Pole), [longitude](double latitude) {
+                                     return Place{latitude, longitude};
+                                 })});
+    }
+    return lines;
+}
+
+QString latitudeText(double degrees)
+{
+    return degreesText(degrees, u"N", u"S");
+}
+
+QString longitudeText(double degrees)
+{
+    return std::abs(degrees) == DateLine ? QStringLiteral("180") + QChar(0xB0)
+                                         : degreesText(degrees, u"E", u"W");
+}
+
+} // namespace KORMAK::Inspection

@@ -1,0 +1,31 @@
+// The lines of equal latitude and longitude on a map.
+#ifndef KORMAK_INSPECTION_REPORT_GRATICULE_P_H
+#define KORMAK_INSPECTION_REPORT_GRATICULE_P_H
+
+#include <inspection/report/MapFrame_p.h>
+
+#include <QString>
+
+#include <vector>
+
+namespace KORMAK::Inspection {
+
+struct GraticuleLine {
+    enum class Direction { Parallel, Meridian };
+
+    Direction direction;
+    double degrees; ///< its latitude or longitude
+    std::vector<FrameLine> parts; ///< those in the frame
+};
+
+/// As many as a map can show without being crowded.
+[[nodiscard]] std::vector<GraticuleLine> graticuleOf(const MapProjection &projection, const MapFrame &frame);
+
+/// "54.5° N", "0°"
+[[nodiscard]] QString latitudeText(double degrees);
+/// "7.25° E", "180°"
+[[nodiscard]] QString longitudeText(double degrees);
+
+} // namespace KORMAK::Inspection
+
+#endif

@@ -1,0 +1,67 @@
+#include "inspection/report/MapLand_p.h"
+
+#include <inspection/report/Coastlines_p.h>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+#include <vector>
+
+namespace KORMAK::Inspection {
+
+namespace {
+
+/// The outline of \a piece in the frame; empty when all of it is beyond the edge.
+FrameLine outlineIn(const LandView &view, const LandPiece &piece)
+{
+    FrameLine polygon;
+    polygon.reserve(piece.outline.size());
+    bool isWithin = false;
+    for (const LandPiece::Point &point : piece.outline) {
+        const auto projected = view.projection.project(point.latitude(), point.longitude());
+        if (!projected) // a piece on the far side of the earth
+            return {};
+        const double radius = std::hypot(projected->x, projected->y);
+        const double pull = radius > view.farthest ? view.farthest / radius : 1;
+        isWithin = isWithin || pull == 1;
+        polygon.push_back(view.frame.place({projected->x * pull, projected->y * pull}));
+    }
+    return isWithin ? polygon : FrameLine();
+}
+
+void addPiece(LandPaths &paths, const LandView &view, const LandPiece &piece)
+{
+    FrameLine polygon = outlineIn(view, piece);
+    std::vector<FrameLine> coasts(1);
+    for (std::size_t i = 0; i < polygon.size(); ++i) {
+        const std::size_t next = (i + 1) % polygon.size();
+        if (coasts.back().empty())
+            coasts.back().push_back(polygon[i]);
+        if (!piece.isBorder(piece.outline[i], piece.outline[next]))
+            coasts.back().push_back(polygon[next]);
+        else
+            coasts.emplace_back();
+    }
+    for (const FrameLine &coast : coasts) {
+        for (const FrameLine &part : MapFrame::clippedLine(coast))
+            paths.coasts += svgPath(part, PathEnd::Open, view.step);
+    }
+    paths.land += svgPath(MapFrame::clippedPolygon(std::move(polygon)), PathEnd::Closed, view.step);
+}
+
+} // namespace
+
+LandPaths landIn(const LandView &view)
+{
+    constexpr double HalfDiagonal = LandCellSize * 0.75; // of a cell
+    const double farthest =
+        MapProjection::distanceAt(std::min(view.frame.reach(), view.farthest)) + HalfDiagonal;
+    LandPaths paths;
+    for (const LandPiece &piece : landPieces()) {
+        if (view.projection.distance(piece.centralLatitude(), piece.centralLongitude()) <= farthest)
+            addPiece(paths, view, piece);
+    }
+    return paths;
+}
+
+} // namespace KORMAK::Inspection

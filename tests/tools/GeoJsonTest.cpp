@@ -1,0 +1,234 @@
+#include <tests/support/ToolSupport.h>
+
+#include <QJsonArray>
+#include <QRandomGenerator>
+#include <QStandardPaths>
+
+#include <cmath>
+
+using namespace ToolSupport;
+
+using Coordinates = QVector<QPair<double, double>>; // latitudes and longitudes
+Q_DECLARE_METATYPE(Coordinates)
+
+namespace {
+
+QByteArray workflowWith(const Coordinates &coordinates)
+{
+    QByteArray text =
+        "<AutomaticWorkflow Version='1.0'><Mode>ManualMode</Mode><Area><Name>&lt;Sea&gt;</Name>";
+    for (const auto &[latitude, longitude] : coordinates) {
+        text += "<Coordinate><Latitude>" + QByteArray::number(latitude, 'g', 17) + "</Latitude><Longitude>"
+            + QByteArray::number(longitude, 'g', 17) + "</Longitude></Coordinate>";
+    }
+    return text + "</Area></AutomaticWorkflow>";
+}
+
+/// A ring that never crosses itself: points round \a middle, each in a direction of its own.
+Coordinates starRound(QRandomGenerator &random, double latitude, double longitude, double size)
+{
+    Coordinates star;
+    const int count = 3 + random.bounded(20);
+    for (int i = 0; i < count; ++i) {
+        const double angle = 2 * M_PI * (i + random.bounded(0.9)) / count;
+        const double radius = size * (0.2 + random.bounded(0.8));
+        star.append(
+            {latitude + radius * std::sin(angle), std::remainder(longitude + radius * std::cos(angle), 360)});
+    }
+    if (random.bounded(2))
+        std::reverse(star.begin(), star.end());
+    return star;
+}
+
+/// Once round a pole, without going back.
+Coordinates ringRoundPole(QRandomGenerator &random, double pole)
+{
+    Coordinates ring;
+    const int count = 4 + random.bounded(20);
+    const double start = random.bounded(360.0);
+    for (int i = 0; i < count; ++i) {
+        const double longitude = start + 360 * (i + random.bounded(0.9)) / count;
+        ring.append({pole * (0.5 + random.bounded(0.45)), std::remainder(longitude, 360)});
+    }
+    if (random.bounded(2))
+        std::reverse(ring.begin(), ring.end());
+    return ring;
+}
+
+QString programOf(const QStringList &candidates, const QStringList &arguments)
+{
+    for (const QString &candidate : candidates) {
+        QProcess process;
+        process.start(candidate, arguments);
+        if (process.waitForStarted() && ended(process).status == 0)
+            return candidate;
+    }
+    return {};
+}
+
+} // namespace
+
+class GeoJsonTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void texts_data();
+    void texts();
+    void faults_data();
+    void faults();
+    void shapely();
+    void gdal_data();
+    void gdal();
+};
+
+void GeoJsonTest::texts_data()
+{
+    QTest::addColumn<Coordinates>("coordinates");
+    QTest::addColumn<QString>("geometry");
+    QTest::addColumn<QString>("box");
+
+    QTest::newRow("none") << Coordinates{} << "null"
+                          << "null";
+    QTest::newRow("point") << Coordinates{{48.2, 16.4}} << R"({"coordinates":[16.4,48.2],"type":"Point"})"
+                           << "[16.4,48.2,16.4,48.2]";
+    QTest::newRow("line") << Coordinates{{1, 2}, {3, 4}}
+                          << R"({"coordinates":[[2,1],[4,3]],"type":"LineString"})"
+                          << "[2,1,4,3]";
+    QTest::newRow("line across 180")
+        << Coordinates{{0, 179}, {2, -179}}
+        << R"({"coordinates":[[[179,0],[180,1]],[[-180,1],[-179,2]]],"type":"MultiLineString"})"
+        << "[179,0,-179,2]";
+    QTest::newRow("clockwise") << Coordinates{{0, 0}, {9, 0}, {0, 9}}
+                               << R"({"coordinates":[[[0,0],[9,0],[0,9],[0,0]]],"type":"Polygon"})"
+                               << "[0,0,9,9]";
+    QTest::newRow("across 180")
+        << Coordinates{{0, 170}, {0, -170}, {9, -170}, {9, 170}}
+        << R"({"coordinates":[[[[180,9],[170,9],[170,0],[180,0],[180,9]]],[[[-180,0],[-170,0],[-170,9],[-180,9],[-180,0]]]],"type":"MultiPolygon"})"
+        << "[170,0,-170,9]";
+}
+
+void GeoJsonTest::texts()
+{
+    QFETCH(Coordinates, coordinates);
+    const Folder folder;
+    folder.write("area.xml", workflowWith(coordinates));
+    const Run run = folder.run({"show", "--format", "geojson", "area.xml"});
+    QCOMPARE(run.err, QString());
+    QCOMPARE(run.status, 0);
+    const QJsonObject feature = QJsonDocument::fromJson(run.out.toUtf8()).object();
+    QCOMPARE(feature.value("type").toString(), QString("Feature"));
+    QCOMPARE(feature.value("properties").toObject().value("name").toString(), QString("<Sea>"));
+    QCOMPARE(feature.value("properties").toObject().value("kind").toString(), QString("AutomaticWorkflow"));
+    const auto compact = [](const QJsonValue &value) {
+        if (value.isObject())
+            return QString::fromUtf8(QJsonDocument(value.toObject()).toJson(QJsonDocument::Compact));
+        return value.isArray()
+            ? QString::fromUtf8(QJsonDocument(value.toArray()).toJson(QJsonDocument::Compact))
+            : QString("null");
+    };
+    QTEST(compact(feature.value("geometry")), "geometry");
+    QTEST(compact(feature.value("bbox")), "box");
+}
+
+void GeoJsonTest::faults_data()
+{
+    QTest::addColumn<QByteArray>("document");
+    QTest::addColumn<QString>("complaint");
+
+    QTest::newRow("nowhere")
+        << workflowWith({{0, 0}, {91, 0}})
+        << "area.xml: error: there is no map of the area: Coordinate[1]: latitude 91 is not "
+           "from -90 to 90\n";
+    QTest::newRow("kind without an area")
+        << QByteArray("<Job/>") << "area.xml: error: a document of the kind Job has no area\n";
+}
+
+void GeoJsonTest::faults()
+{
+    QFETCH(QByteArray, document);
+    const Folder folder;
+    folder.write("area.xml", document);
+    const Run run = folder.run({"show", "--format", "geojson", "area.xml"});
+    QTEST(run.err, "complaint");
+    QCOMPARE(run.out, QString());
+    QCOMPARE(run.status, 1);
+}
+
+/// Whatever the area, it is the same as Shapely cuts it.
+void GeoJsonTest::shapely()
+{
+    const QString python = programOf({"python3", "/usr/bin/python3"}, {"-c", "import shapely"});
+    if (python.isEmpty())
+        QSKIP("Shapely for Python 3 is not there (Debian: python3-shapely)");
+    constexpr quint32 Seed = 20260315;
+    QRandomGenerator random(Seed);
+    QVector<Coordinates> areas{
+        {{53.55, 7.1}, {55.0625, 6.4}, {54.9, 8.3}},
+        {{0.1, 179.99999999999997}, {0.2, -179.99999999999997}, {1, 180}},
+        {{1, 2}, {3, 4}},
+        {{-15, 176}, {-15, -178}, {-20, -178}, {-20, 176}},
+        {{0, 170}, {0, -170}, {1, -170}, {1, 175}, {2, 175}, {2, -170}, {3, -170}, {3, 170}},
+        {{0, 170}, {0, 180}, {9, -180}, {9, 170}},
+        {{70, 180}, {80, -60}, {75, 60}},
+    };
+    constexpr int Count = 25;
+    for (int i = 0; i < Count; ++i) {
+        areas += starRound(random, random.bounded(100.0) - 50, random.bounded(360.0) - 180,
+                           1 + random.bounded(30.0));
+        areas += starRound(random, random.bounded(100.0) - 50, 180, 1 + random.bounded(30.0));
+        areas += ringRoundPole(random, i % 2 ? 90 : -90);
+    }
+    const Folder folder;
+    int number = 0;
+    for (const Coordinates &area : areas) {
+        const QString name = QString::number(++number);
+        QJsonArray list;
+        for (const auto &[latitude, longitude] : area)
+            list.append(QJsonArray{latitude, longitude});
+        folder.write(name + ".json", QJsonDocument(list).toJson());
+        folder.write(name + ".xml", workflowWith(area));
+        const Run run = folder.run({"show", "--format", "geojson", name + ".xml"});
+        QCOMPARE(run.status, 0);
+        folder.write(name + ".geojson", run.out.toUtf8());
+    }
+    QProcess process;
+    process.start(python, {SOURCE_DIR "/tests/tools/geojson_reference.py", folder.path(".")});
+    const Run run = ended(process);
+    QCOMPARE(run.err, QString());
+    QCOMPARE(run.out, QString("%1 compared\n").arg(areas.size()));
+}
+
+void GeoJsonTest::gdal_data()
+{
+    QTest::addColumn<Coordinates>("coordinates");
+    QTest::addColumn<QString>("geometry");
+
+    QTest::newRow("point") << Coordinates{{48.25, 16.5}} << "POINT (16.5 48.25)";
+    QTest::newRow("polygon") << Coordinates{{53.5, 7.25}, {55, 6.5}, {54.75, 8.25}}
+                             << "POLYGON ((7.25 53.5,8.25 54.75,6.5 55.0,7.25 53.5))";
+    QTest::newRow("across 180")
+        << Coordinates{{0, 170}, {0, -170}, {9, -170}, {9, 170}}
+        << "MULTIPOLYGON (((180 9,170 9,170 0,180 0,180 9)),((-180 0,-170 0,-170 9,-180 9,-180 0)))";
+}
+
+void GeoJsonTest::gdal()
+{
+    const QString program = programOf({"ogrinfo"}, {"--version"});
+    if (program.isEmpty())
+        QSKIP("GDAL's ogrinfo is not there (Debian: gdal-bin)");
+    QFETCH(Coordinates, coordinates);
+    QFETCH(QString, geometry);
+    const Folder folder;
+    folder.write("area.xml", workflowWith(coordinates));
+    folder.write("area.geojson", folder.run({"show", "--format", "geojson", "area.xml"}).out.toUtf8());
+    QProcess process;
+    process.start(program, {"-ro", "-al", folder.path("area.geojson")});
+    const Run run = ended(process);
+    QCOMPARE(run.status, 0);
+    QCOMPARE(run.err, QString());
+    QVERIFY2(run.out.contains(geometry), qPrintable(run.out));
+    QVERIFY(run.out.contains("name (String) = <Sea>"));
+}
+
+QTEST_APPLESS_MAIN(GeoJsonTest)
+#include "GeoJsonTest.moc"
