@@ -14,7 +14,11 @@ namespace KORMAK {
 
 /// A page that tells people what a document says and what is wrong with it: who wants what when and where,
 /// areas on a map, ranges on axes, the parameters of a receiver as a data sheet, findings beside what they
-/// are about, and the source with the numbers of its lines. A value; copies share their data.
+/// are about, and the source with the numbers of its lines.
+///
+/// \snippet docs/InspectionSnippetsTest.cpp Report
+///
+/// A value; copies share their data.
 class INSPECTION_EXPORT Report {
 public:
     /// The report on no document.

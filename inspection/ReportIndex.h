@@ -12,9 +12,13 @@
 namespace KORMAK {
 
 /// A page that lists documents, with links to a Report on each.
+///
+/// \snippet docs/InspectionSnippetsTest.cpp ReportIndex
 class INSPECTION_EXPORT ReportIndex {
 public:
     /// What the page tells of a document.
+    ///
+    /// \snippet docs/PageSnippetsTest.cpp Entry
     struct Entry {
         QString name; ///< what the page calls it, such as the name of its file
         QString link; ///< to its page, relative and encoded as addresses are; empty: none

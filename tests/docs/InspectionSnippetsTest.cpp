@@ -2,6 +2,8 @@
 
 #include <inspection/Document.h>
 #include <inspection/DocumentEdit.h>
+#include <inspection/Report.h>
+#include <inspection/ReportIndex.h>
 #include <kormak/Job.h>
 #include <objectbase/TesselException.h>
 
@@ -46,6 +48,8 @@ private Q_SLOTS:
     void finding();
     void findingId();
     void place();
+    void report();
+    void reportIndex();
     void vocabulary();
 };
 
@@ -174,6 +178,28 @@ void InspectionSnippetsTest::findingId()
         });
     //! [FindingId]
     QVERIFY(asksForMore);
+}
+
+void InspectionSnippetsTest::report()
+{
+    const QByteArray text = textOfJob();
+    //! [Report]
+    const KORMAK::Document document(text);
+    const QByteArray page = KORMAK::Report(document, "antenna.xml", text).GetHtml();
+    //! [Report]
+    QVERIFY(page.contains("antenna.xml") && page.contains("L. Brandt"));
+}
+
+void InspectionSnippetsTest::reportIndex()
+{
+    //! [ReportIndex]
+    KORMAK::ReportIndex index;
+    index.Add(KORMAK::ReportIndex::EntryOf(job(), "antenna.xml", "antenna.xml.html"));
+    index.Add(KORMAK::ReportIndex::EntryOf(jobWithoutAuthor(), "other.xml", "other.xml.html"));
+    index.Sort(KORMAK::ReportIndex::Order::Findings); // the one with most to tell first
+    const QByteArray page = index.GetHtml();
+    //! [ReportIndex]
+    QVERIFY(page.indexOf("other.xml") < page.indexOf("antenna.xml"));
 }
 
 void InspectionSnippetsTest::vocabulary()

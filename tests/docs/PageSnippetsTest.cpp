@@ -2,6 +2,7 @@
 
 #include <inspection/Document.h>
 #include <inspection/Kinds.h>
+#include <inspection/ReportIndex.h>
 #include <kormak/AutomaticWorkflow.h>
 #include <kormak/GenericReceiver.h>
 #include <kormak/Job.h>
@@ -141,6 +142,7 @@ class PageSnippetsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void listEntry();
     void doubleList();
     void defaultIsValue();
     void valueIsLost();
@@ -151,6 +153,20 @@ private Q_SLOTS:
     void errors();
     void inspection();
 };
+
+void PageSnippetsTest::listEntry()
+{
+    //! [Entry]
+    KORMAK::ReportIndex::Entry entry;
+    entry.name = "antenna.xml";
+    entry.link = "pages/antenna.xml.html";
+    entry.kind = "Job";
+    entry.isAccepted = true;
+    //! [Entry]
+    KORMAK::ReportIndex index;
+    index.Add(entry);
+    QVERIFY(index.GetHtml().contains("href=\"pages/antenna.xml.html\""));
+}
 
 void PageSnippetsTest::doubleList()
 {
