@@ -99,12 +99,13 @@ FileCheck unreadable(const QString &path, const QString &reason)
     return failed(path, {reason});
 }
 
-FileCheck checkFile(const QString &path, const TESSEL::ReadingLimits &limits)
+FileCheck checkFile(const QString &path, const TESSEL::ReadingLimits &limits, CheckedObject object)
 {
     try {
         const SourceText source = readText(path);
         DocumentCheck check = withOptions(checkText(source.text, limits));
-        check.object.reset(); // its room is needed for what is told
+        if (object == CheckedObject::Dropped)
+            check.object.reset(); // its room is needed for what is told
         const Verdict verdict = verdictOn(check);
         return {path, verdict, std::move(check)};
     } catch (const DocumentError &error) {

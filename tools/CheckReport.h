@@ -28,8 +28,12 @@ struct FileCheck {
     KORMAK::Inspection::DocumentCheck check;
 };
 
+/// Whether the object of a document is there after its check.
+enum class CheckedObject { Dropped, Kept };
+
 /// Checks the file \a path, "-" being standard input.
-[[nodiscard]] FileCheck checkFile(const QString &path, const TESSEL::ReadingLimits &limits = {});
+[[nodiscard]] FileCheck checkFile(const QString &path, const TESSEL::ReadingLimits &limits = {},
+                                  CheckedObject object = CheckedObject::Dropped);
 
 /// The outcome for a \a path that cannot be read.
 [[nodiscard]] FileCheck unreadable(const QString &path, const QString &reason);

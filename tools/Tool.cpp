@@ -17,7 +17,8 @@ QCommandLineOption helpOption()
 TESSEL::TableView<const Command *> Tool::commands()
 {
     static constexpr const Command *All[] = {
-        &checkCommand, &showCommand, &diffCommand, &formatCommand, &newCommand, &listCommand, &helpCommand,
+        &checkCommand,  &showCommand, &tableCommand, &diffCommand,
+        &formatCommand, &newCommand,  &listCommand,  &helpCommand,
     };
     return All;
 }

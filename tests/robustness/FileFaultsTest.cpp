@@ -232,6 +232,7 @@ void FileFaultsTest::devices_data()
 
     QTest::newRow("check") << QStringList{"check", "%1"};
     QTest::newRow("show") << QStringList{"show", "%1"};
+    QTest::newRow("table") << QStringList{"table", "%1"};
     QTest::newRow("diff") << QStringList{"diff", "job.xml", "%1"};
     QTest::newRow("format") << QStringList{"format", "%1"};
     QTest::newRow("format in place") << QStringList{"format", "--in-place", "%1"};

@@ -103,6 +103,8 @@ void ToolFaultsTest::failingAllocations_data()
     QTest::newRow("check") << QStringList{"check", "."};
     QTest::newRow("check, JSON") << QStringList{"check", "--format", "json", "job.xml", "faulty.xml"};
     QTest::newRow("show") << QStringList{"show", "job.xml"};
+    QTest::newRow("table") << QStringList{"table",   "--sort",     "JobHeader.Author",
+                                          "--where", "kind = Job", "."};
     QTest::newRow("diff") << QStringList{"diff", "job.xml", "other.xml"};
     QTest::newRow("format") << QStringList{"format", "job.xml"};
     QTest::newRow("format in place") << QStringList{"format", "--in-place", "job.xml", "other.xml"};
@@ -129,7 +131,8 @@ void ToolFaultsTest::failingAllocations()
     folder.environment.insert("FAULT_MARK", folder.path("mark"));
     int runs = 0;
     int crashes = 0;
-    const int step = arguments.first() == "check" ? 13 : 3; // which allocates much more
+    const int step =
+        arguments.first() == "check" || arguments.first() == "table" ? 13 : 3; // which allocate much more
     for (int number = 0;; number += step) {
         write();
         folder.environment.insert("FAULT_ALLOCATION", QString::number(number));
@@ -223,8 +226,8 @@ void ToolFaultsTest::failingReads_data()
     QTest::addColumn<QString>("command");
     QTest::addColumn<int>("bytes"); // that can be read
 
-    for (const QString &command : {QString("check"), QString("show"), QString("diff"), QString("format"),
-                                   QString("format --in-place")}) {
+    for (const QString &command : {QString("check"), QString("show"), QString("table"), QString("diff"),
+                                   QString("format"), QString("format --in-place")}) {
         QTest::newRow(qPrintable(command + ", at once")) << command << 0;
         QTest::newRow(qPrintable(command + ", in the middle")) << command << 100;
         // What can be read is a whole document.
@@ -275,6 +278,7 @@ void ToolFaultsTest::hugeFile_data()
 
     QTest::newRow("check") << QStringList{"check", "huge.xml"};
     QTest::newRow("show") << QStringList{"show", "huge.xml"};
+    QTest::newRow("table") << QStringList{"table", "huge.xml"};
     QTest::newRow("diff") << QStringList{"diff", "huge.xml", "job.xml"};
     QTest::newRow("format") << QStringList{"format", "--in-place", "huge.xml"};
 }

@@ -4,7 +4,7 @@ using namespace ToolSupport;
 
 namespace {
 
-const QString Commands = "check, show, diff, format, new, list, help"; // as messages list them
+const QString Commands = "check, show, table, diff, format, new, list, help"; // as messages list them
 
 } // namespace
 
@@ -50,6 +50,7 @@ or \u202e.
 Commands:
   check PATH...      tell everything that is wrong with documents
   show FILE          show what a document holds
+  table PATH...      tell what many documents hold, in a table
   diff FILE FILE     tell in which fields two documents differ
   format FILE...     rewrite documents as the library writes them
   new KIND           make a document from the fields you give
@@ -281,6 +282,62 @@ Example:
       --set 'Parameter[Gain].Integer.Minimum=0' \
       --set 'Parameter[Gain].Integer.Maximum=40'
 )text";
+    const QString ofTable = R"text(Usage: kormak table [OPTIONS] PATH...
+
+Makes a row of each document, or with --each Parameter of each parameter of
+receivers, and a column of each field. Fields are called as the commands show
+and new call them, those of a parameter without the name of the parameter in
+front, as Integer.Minimum; besides, there are file, kind and complete. Unless
+told otherwise, the columns are the file, the kind and what documents of the
+kind have to say to be complete; where the kind changes, another table begins.
+Of a folder, the files called *.xml are read, as by check.
+
+A CONDITION is one of
+  FIELD = VALUE     FIELD != VALUE    FIELD contains TEXT
+  FIELD < VALUE     FIELD <= VALUE    FIELD is set
+  FIELD > VALUE     FIELD >= VALUE    FIELD is not set
+Values are written as for new --set, in the units of the fields; of a date, the
+time can be left out, and is then the beginning of the day in UTC. Only numbers
+and dates are less or more than others. For a field that is not set, only the
+last holds.
+
+CSV is as RFC 4180 has it, in UTF-8, with a line for the names of the columns;
+texts stand there as the documents have them, and what is not set is empty. It
+has one table: a document of another kind than the first is refused unless
+--columns are given. JSON is an object in each line, with null for what is not
+set. Without --sort, rows are written as soon as they are known, as text some
+hundred at a time.
+
+A document that the library refuses has no row; standard error tells why. It
+also tells where a column, condition or sorting is about something that a
+document says and the library reads otherwise.
+
+The PATH - is standard input.
+
+Options:
+  -r, --recursive       Go through the folders below a folder, too.
+  -j, --jobs N          Read N files at once (default: 1 per core, most: 4).
+  --columns FIELD,...   The columns, separated by commas.
+  --where CONDITION     Only rows for which this holds; can be repeated.
+  --sort FIELD          Sort by this, not by the order of the files.
+  --each PART           A row for each Parameter, not for each document.
+  --format FORMAT       text (for people, the default), csv or json.
+  --limit-attributes N  Most attributes of an element (default: 100).
+  --limit-depth N       Most elements in one another (default: 1000).
+  --limit-entities N    Most characters from entities (default: 1048576).
+  -h, --help            Show this help.
+
+Exit status:
+  0  all documents have been read
+  1  a document is at fault, or its kind does not fit into the CSV
+  2  a file cannot be read
+
+Example:
+  kormak table -r jobs --where 'AntennaData.MaximumFrequency > 30e6' \
+      --columns file,JobHeader.Author,AntennaData.Name --format csv >jobs.csv
+  sqlite3 :memory: '.import --csv jobs.csv jobs' \
+      'SELECT "AntennaData.Name", count(*) FROM jobs GROUP BY 1'
+)text";
     const QString ofList = R"text(Usage: kormak list [OPTIONS] [VOCABULARY]
 
 Some fields hold one of several names, such as the type of a job. Without an
@@ -327,6 +384,7 @@ Example:
     QTest::newRow("diff") << QStringList{"diff", "--help"} << ofDiff;
     QTest::newRow("format") << QStringList{"format", "--help"} << ofFormat;
     QTest::newRow("new") << QStringList{"new", "--help"} << ofNew;
+    QTest::newRow("table") << QStringList{"table", "--help"} << ofTable;
     QTest::newRow("list") << QStringList{"list", "--help"} << ofList;
     QTest::newRow("tool, as a command") << QStringList{"help"} << ofTool;
     QTest::newRow("check, as a command") << QStringList{"help", "check"} << ofCheck;
@@ -593,6 +651,8 @@ void CommandLineTest::closedOutput_data()
     QTest::newRow("check as JSON, many files") << "check -j 4 --format json *.xml";
     QTest::newRow("show") << "show job.xml";
     QTest::newRow("show as JSON") << "show --format json job.xml";
+    QTest::newRow("table") << "table job.xml";
+    QTest::newRow("table as CSV, several files") << "table -j 4 --format csv job.xml other.xml";
     QTest::newRow("diff") << "diff job.xml other.xml";
     QTest::newRow("diff as JSON") << "diff --format json job.xml other.xml";
     QTest::newRow("format") << "format job.xml";
@@ -745,6 +805,8 @@ void CommandLineTest::colours_data()
         << QStringList{"check", "none"} << "none: %1: cannot be read: No such file or directory\n";
     QTest::newRow("show") << QStringList{"show", "none"}
                           << "none: %1: cannot be read: No such file or directory\n";
+    QTest::newRow("table") << QStringList{"table", "bad.xml"}
+                           << "bad.xml:3:5: %1: Job/JobHeader/Author: missing\n";
     QTest::newRow("diff") << QStringList{"diff", "job.xml", "none"}
                           << "none: %1: cannot be read: No such file or directory\n";
     QTest::newRow("diff of two kinds")
