@@ -114,6 +114,7 @@ requirement dpkg dpkg-dev "command -v dpkg-deb && command -v dpkg-shlibdeps" "dp
 requirement_program file file "file, which tells programs from other files"
 requirement_program abidw abigail-tools "libabigail"
 requirement_program python3 python3 "Python 3"
+requirement jsonschema python3-jsonschema "python3 -c 'import jsonschema'" "Python's jsonschema"
 requirement_program xmllint libxml2-utils "libxml2's xmllint"
 requirement_program sqlite3 sqlite3 "the shell of SQLite"
 requirement_program doxygen doxygen "Doxygen"

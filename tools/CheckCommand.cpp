@@ -1,6 +1,5 @@
 #include <tools/CheckReport.h>
 #include <tools/Command.h>
-#include <tools/Console.h>
 #include <tools/LimitOptions.h>
 #include <tools/ListOf.h>
 #include <tools/OutputFormat.h>
@@ -19,6 +18,8 @@ using namespace CheckReport;
 
 constexpr QStringView StrictOption = u"strict";
 constexpr QStringView QuietOption = u"quiet";
+constexpr OutputFormat Formats[] = {OutputFormat::Text, OutputFormat::Json, OutputFormat::Sarif,
+                                    OutputFormat::Github};
 
 QList<QCommandLineOption> options()
 {
@@ -29,7 +30,7 @@ QList<QCommandLineOption> options()
                                QStringLiteral("Warnings and what is never written count as faults.")),
             QCommandLineOption(listOf<QStringList>(QStringLiteral("q"), QuietOption.toString()),
                                QStringLiteral("Tell only what is wrong.")),
-            formatOption())));
+            formatOption(Formats))));
 }
 
 struct Outcome {
@@ -63,30 +64,30 @@ struct PathCheck {
 
 ExitStatus run(const QCommandLineParser &parser)
 {
-    const OutputFormat format = outputFormat(parser);
+    const OutputFormat format = outputFormat(parser, Formats);
     const Talk talk = parser.isSet(QuietOption.toString()) ? Talk::OfWhatIsWrong : Talk::OfAll;
     const Strictness strictness =
         parser.isSet(StrictOption.toString()) ? Strictness::Strict : Strictness::Lenient;
     const PathCheck check{limitsOf(parser), format, talk};
     const PathCall call = pathCallOf(parser);
-    const bool wouldMix = format == OutputFormat::Json && Terminal::isOutput();
+    const bool wouldMix = format != OutputFormat::Text && Terminal::isOutput();
     const bool isBarShown = Terminal::isErrorOutput() && !wouldMix && talk == Talk::OfAll;
     Counts counts;
+    Report report(format, talk);
+    report.begin();
     onEachPath<Outcome>(
         call, isBarShown ? Progress::Shown : Progress::Hidden, check,
         [&check](const ListedPath &path, const QString &reason) {
             return check.outcomeOf(unreadable(path.path, reason));
         },
-        [&counts](const Outcome &outcome) {
+        [&](const Outcome &outcome) {
             if (outcome.verdict)
                 counts.add(*outcome.verdict);
-            Console::complainInBytes(outcome.lines.complaints);
-            Console::writeBytes(outcome.lines.results);
+            report.add(outcome.lines);
         });
-    const bool isSummedUp = format == OutputFormat::Json || !call.isOneFile;
-    if (isSummedUp && (talk == Talk::OfAll || counts.of(Verdict::Good) < counts.all()))
-        Console::writeBytes(summary(counts, format));
-    return counts.status(strictness);
+    const ExitStatus status = counts.status(strictness);
+    report.end(counts, call.isOneFile, status);
+    return status;
 }
 
 } // namespace
@@ -124,6 +125,12 @@ const Command checkCommand{
     u"is null, or an empty list. A byte of a name that is not UTF-8, such as 0xfc, is \\udcfc. "
     u"A folder that would be gone through again has a finding, but no file.\n"
     u"\n"
+    u"With --format sarif, standard output is a log in SARIF 2.1.0 with all findings, and with --format "
+    u"github "
+    u"an annotation for each, as workflows on GitHub read them, and the summary. Names of files are relative "
+    u"to "
+    u"where the tool runs, as they are given.\n"
+    u"\n"
     u"id is one of bad-value, beyond-limit, encoding, misplaced-element, missing-attribute, "
     u"missing-element, not-well-formed, refused, repeated, stray-text, suspicious, suspicious-antenna, "
     u"suspicious-area, suspicious-azimuth, suspicious-creation, suspicious-latitude, suspicious-longitude, "
@@ -135,4 +142,5 @@ const Command checkCommand{
     ManyPaths,
     options,
     run,
+    Formats,
 };

@@ -20,6 +20,8 @@ constexpr struct FormatText {
     {OutputFormat::Text, u"text", u"for people, the default"},
     {OutputFormat::Json, u"json", u"for scripts"},
     {OutputFormat::Csv, u"csv", u"for databases"},
+    {OutputFormat::Sarif, u"sarif", u"for code hosts"},
+    {OutputFormat::Github, u"github", u"for workflows"},
 };
 
 const FormatText &textOf(OutputFormat format)

@@ -11,7 +11,7 @@ QT_BEGIN_NAMESPACE
 class QCommandLineParser;
 QT_END_NAMESPACE
 
-enum class OutputFormat { Text, Json, Csv };
+enum class OutputFormat { Text, Json, Csv, Sarif, Github };
 
 /// Those that a command knows.
 using OutputFormats = TESSEL::TableView<OutputFormat>;

@@ -102,6 +102,7 @@ void ToolFaultsTest::failingAllocations_data()
 
     QTest::newRow("check") << QStringList{"check", "."};
     QTest::newRow("check, JSON") << QStringList{"check", "--format", "json", "job.xml", "faulty.xml"};
+    QTest::newRow("check, SARIF") << QStringList{"check", "--format", "sarif", "faulty.xml", "job.xml"};
     QTest::newRow("show") << QStringList{"show", "job.xml"};
     QTest::newRow("table") << QStringList{"table",   "--sort",     "JobHeader.Author",
                                           "--where", "kind = Job", "."};

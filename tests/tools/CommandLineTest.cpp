@@ -109,6 +109,11 @@ there, complaint is what the library says. What does not apply is null, or an
 empty list. A byte of a name that is not UTF-8, such as 0xfc, is \udcfc. A
 folder that would be gone through again has a finding, but no file.
 
+With --format sarif, standard output is a log in SARIF 2.1.0 with all findings,
+and with --format github an annotation for each, as workflows on GitHub read
+them, and the summary. Names of files are relative to where the tool runs, as
+they are given.
+
 id is one of bad-value, beyond-limit, encoding, misplaced-element,
 missing-attribute, missing-element, not-well-formed, refused, repeated,
 stray-text, suspicious, suspicious-antenna, suspicious-area,
@@ -123,7 +128,7 @@ Options:
   -j, --jobs N          Check N files at once (default: 1 per core, most: 4).
   --strict              Warnings and what is never written count as faults.
   -q, --quiet           Tell only what is wrong.
-  --format FORMAT       text (for people, the default) or json (for scripts).
+  --format FORMAT       text (for people, the default), json, sarif or github.
   --limit-attributes N  Most attributes of an element (default: 100).
   --limit-depth N       Most elements in one another (default: 1000).
   --limit-entities N    Most characters from entities (default: 1048576).
@@ -518,8 +523,9 @@ void CommandLineTest::wrongCalls_data()
                                                  << "kormak check: -j takes a number from 1, not 'two'\n";
     QTest::newRow("check with fewer than no threads") << QStringList{"check", "--jobs=-1", "job.xml"}
                                                       << "kormak check: -j takes a number from 1, not '-1'\n";
-    QTest::newRow("check in another format") << QStringList{"check", "--format", "xml", "job.xml"}
-                                             << "kormak check: Unknown format 'xml'. Allowed: text, json\n";
+    QTest::newRow("check in another format")
+        << QStringList{"check", "--format", "xml", "job.xml"}
+        << "kormak check: Unknown format 'xml'. Allowed: text, json, sarif, github\n";
     QTest::newRow("check without a format")
         << QStringList{"check", "job.xml", "--format"}
         << "kormak check: Missing value after '--format'. Allowed: -r, "

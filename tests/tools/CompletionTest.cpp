@@ -87,7 +87,8 @@ void CompletionTest::bash_data()
     add("options behind a file", {"format", "a.xml", "--in"}, {"--in-place"});
     add("options behind standard input", {"format", "-", "--in"}, {"--in-place"});
     add("option with two names", {"check", "--r"}, {"--recursive"});
-    add("format", {"check", "--format", ""}, {"text", "json"});
+    add("format", {"show", "--format", ""}, {"text", "json"});
+    add("format of checks", {"check", "--format", ""}, {"text", "json", "sarif", "github"});
     add("format of tables", {"table", "--format", ""}, {"text", "csv", "json"});
     add("parts", {"table", "--each", ""}, {"Parameter"});
     add("condition", {"table", "--where", ""}, {});
