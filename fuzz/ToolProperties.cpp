@@ -127,6 +127,25 @@ void checkCheck(const Tool &tool, const QString &path, const LibraryReading &rea
     demand(asText.complaints.count('\n') == findings, "text tells as much as JSON");
 }
 
+void checkTable(const Tool &tool, const QString &path, const LibraryReading &reading)
+{
+    const ToolRun asText = tool({"table", path});
+    demandStatus(asText, reading.isAccepted, "'table' has what the library accepts");
+    demandAnswer(asText, "table");
+    demandHarmless(asText.output, "'table' writes nothing that steers a terminal");
+
+    const ToolRun asJson = tool({"table", "--format", "json", "--columns", "kind,complete", path});
+    demand(asJson.status == asText.status && asJson.output.isEmpty() == asText.output.isEmpty(),
+           "JSON makes no difference to 'table'");
+    if (asJson.status != Good)
+        return;
+    const QList<QJsonObject> rows = jsonLinesIn(asJson.output);
+    demand(rows.size() == 1 && rows.constFirst().value("kind") == reading.object->GetObjectName()
+               && rows.constFirst().value("complete").toBool() == reading.isComplete(),
+           "'table' has a row for a document: " + QString::fromUtf8(asJson.output));
+    demand(tool({"table", "--format", "csv", path}).output.endsWith("\r\n"), "lines of CSV are ended");
+}
+
 void checkShow(const Tool &tool, const QString &path, const LibraryReading &reading)
 {
     const ToolRun asText = tool({"show", path});
@@ -265,6 +284,7 @@ void checkToolOnDocument(const Tool &tool, const QByteArray &bytes)
     checkCheck(tool, path, reading);
     checkShow(tool, path, reading);
     checkReport(tool, path, reading);
+    checkTable(tool, path, reading);
     checkFormat(tool, path, bytes, reading);
     checkDiffWithItself(tool, path, reading);
 }

@@ -93,6 +93,18 @@ void ToolPropertiesTest::faultsAreNoticed_data()
     row("check tells less as text", malformed,
         plain("check", [](ToolRun &run) { run.complaints.replace('\n', ' ').append('\n').append('\n'); }),
         "text tells as much as JSON");
+    row("table has anything", malformed, plain("table", [](ToolRun &run) { run.status = Good; }),
+        "'table' has what the library accepts");
+    row("table steers the terminal", document,
+        plain("table", [](ToolRun &run) { run.output += "\x1B[2J\n"; }), "nothing that steers a terminal");
+    row("table calls it complete", document,
+        of("table", "json",
+           [](ToolRun &run) { run.output.replace("\"complete\": true", "\"complete\": false"); }),
+        "'table' has a row for a document");
+    row("table has less in JSON", document, of("table", "json", [](ToolRun &run) { run.output.clear(); }),
+        "JSON makes no difference to 'table'");
+    row("table with lines of CSV that are not ended", document,
+        of("table", "csv", [](ToolRun &run) { run.output.chop(1); }), "lines of CSV are ended");
     row("show reads anything", malformed, plain("show", [](ToolRun &run) { run.status = Good; }),
         "'show' shows what the library reads");
     row("show calls it complete", incomplete,

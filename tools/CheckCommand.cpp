@@ -1,27 +1,14 @@
 #include <tools/CheckReport.h>
 #include <tools/Command.h>
-#include <tools/Console.h>
-#include <tools/DocumentFile.h>
 #include <tools/LimitOptions.h>
 #include <tools/ListOf.h>
 #include <tools/OutputFormat.h>
-#include <tools/PathList.h>
-#include <tools/ProgressBar.h>
+#include <tools/PathWork.h>
 #include <tools/Terminal.h>
 
 #include <QCommandLineParser>
-#include <QThread>
 
-#include <algorithm>
-#include <chrono>
-#include <condition_variable>
-#include <exception>
-#include <mutex>
-#include <new>
 #include <optional>
-#include <thread>
-#include <utility>
-#include <vector>
 
 using namespace KORMAK::Inspection;
 
@@ -29,44 +16,21 @@ namespace {
 
 using namespace CheckReport;
 
-constexpr QStringView RecursiveOption = u"recursive";
-constexpr QStringView JobsOption = u"jobs";
 constexpr QStringView StrictOption = u"strict";
 constexpr QStringView QuietOption = u"quiet";
+constexpr OutputFormat Formats[] = {OutputFormat::Text, OutputFormat::Json, OutputFormat::Sarif,
+                                    OutputFormat::Github};
 
 QList<QCommandLineOption> options()
 {
-    return withLimitOptions(listOf<QList<QCommandLineOption>>(
-        QCommandLineOption(listOf<QStringList>(QStringLiteral("r"), RecursiveOption.toString()),
-                           QStringLiteral("Go through the folders below a folder, too.")),
-        QCommandLineOption(listOf<QStringList>(QStringLiteral("j"), JobsOption.toString()),
-                           QStringLiteral("Check N files at once (default: 1 per core, most: 4)."),
-                           QStringLiteral("N")),
-        QCommandLineOption(StrictOption.toString(),
-                           QStringLiteral("Warnings and what is never written count as faults.")),
-        QCommandLineOption(listOf<QStringList>(QStringLiteral("q"), QuietOption.toString()),
-                           QStringLiteral("Tell only what is wrong.")),
-        formatOption()));
-}
-
-/// More would only wait for one another.
-int mostJobs()
-{
-    constexpr int PerCore = 4;
-    return PerCore * std::max(QThread::idealThreadCount(), 1);
-}
-
-/// The last of the values given; nothing when the option is not. \throws UsageError
-int jobsOf(const QCommandLineParser &parser)
-{
-    if (!parser.isSet(JobsOption.toString()))
-        return QThread::idealThreadCount();
-    const QString text = parser.value(JobsOption.toString());
-    bool ok = false;
-    const int jobs = text.toInt(&ok);
-    if (!ok || jobs < 1)
-        throw UsageError{QStringLiteral("-j takes a number from 1, not '%1'").arg(text)};
-    return std::min(jobs, mostJobs());
+    return withPathOptions(
+        u"Check",
+        withLimitOptions(listOf<QList<QCommandLineOption>>(
+            QCommandLineOption(StrictOption.toString(),
+                               QStringLiteral("Warnings and what is never written count as faults.")),
+            QCommandLineOption(listOf<QStringList>(QStringLiteral("q"), QuietOption.toString()),
+                               QStringLiteral("Tell only what is wrong.")),
+            formatOption(Formats))));
 }
 
 struct Outcome {
@@ -74,105 +38,13 @@ struct Outcome {
     Lines lines;
 };
 
-/// The checks of all paths, of which several are going on at a time.
-class Checks {
-public:
-    Checks(std::vector<ListedPath> paths, OutputFormat outputFormat, Talk talkOfFiles,
-           const TESSEL::ReadingLimits &readingLimits, int jobs)
-        : listed(std::move(paths)), format(outputFormat), talk(talkOfFiles), limits(readingLimits),
-          outcomes(listed.size())
-    {
-        const auto wanted = std::min(static_cast<std::size_t>(jobs), listed.size());
-        try {
-            while (threads.size() < wanted)
-                threads.emplace_back([this] { work(); });
-        } catch (const std::exception &) {
-            // So many it shall be. Without any, the checks are done when they are asked for.
-        }
-    }
+/// The check of a path, as it is told.
+struct PathCheck {
+    TESSEL::ReadingLimits limits;
+    OutputFormat format;
+    Talk talk;
 
-    /// When the output cannot be written, the rest of the checks is of no use.
-    ~Checks()
-    {
-        {
-            const std::lock_guard<std::mutex> lock(mutex);
-            next = listed.size();
-        }
-        for (std::thread &thread : threads)
-            thread.join();
-    }
-    Checks(const Checks &) = delete;
-    Checks &operator=(const Checks &) = delete;
-
-    /// Waits for it. Each can be asked for once.
-    Outcome outcome(std::size_t number, ProgressBar &progress)
-    {
-        if (threads.empty())
-            work(number + 1);
-        constexpr std::chrono::milliseconds Tick(20);
-        std::unique_lock<std::mutex> lock(mutex);
-        while (!outcomes[number].isKnown) {
-            if (!progress.isWanted()) {
-                change.wait(lock);
-                continue;
-            }
-            change.wait_for(lock, Tick);
-            const int done = finished;
-            lock.unlock();
-            progress.show(done);
-            lock.lock();
-        }
-        Known known = std::move(outcomes[number]);
-        lock.unlock();
-        return known.exception ? failure(number, known.exception) : std::move(known.outcome);
-    }
-
-private:
-    struct Known {
-        bool isKnown = false;
-        Outcome outcome;
-        std::exception_ptr exception; ///< null: there is an outcome
-    };
-
-    /// In a thread of its own.
-    void work() noexcept
-    {
-        try {
-            (void)QThread::currentThread(); // made now, and not where Qt could not do without
-        } catch (const std::bad_alloc &) {
-            // Then the first reader makes it.
-        }
-        work(listed.size());
-    }
-
-    /// Does the checks before \a end that nobody has begun.
-    void work(std::size_t end)
-    {
-        std::unique_lock<std::mutex> lock(mutex);
-        while (next < end) {
-            const std::size_t number = next++;
-            lock.unlock();
-            Known known = check(listed[number]);
-            lock.lock();
-            known.isKnown = true;
-            outcomes[number] = std::move(known);
-            ++finished;
-            change.notify_all();
-        }
-    }
-
-    [[nodiscard]] Known check(const ListedPath &path) const
-    {
-        Known known;
-        try {
-            known.outcome = outcomeOf(path);
-        } catch (...) {
-            known.exception = std::current_exception();
-        }
-        return known;
-    }
-
-    [[nodiscard]] Outcome outcomeOf(const ListedPath &path) const
+    Outcome operator()(const ListedPath &path) const
     {
         switch (path.kind) {
         case ListedPath::Kind::Skipped:
@@ -188,70 +60,34 @@ private:
     {
         return {check.verdict, linesOf(check, format, talk)};
     }
-
-    /// What is said of a file whose check went wrong in itself.
-    [[nodiscard]] Outcome failure(std::size_t number, const std::exception_ptr &exception) const
-    {
-        QString reason;
-        try {
-            std::rethrow_exception(exception);
-        } catch (const std::bad_alloc &) {
-            reason = NotEnoughMemory.toString();
-        } catch (const std::exception &error) {
-            reason = QString::fromUtf8(error.what());
-        }
-        return outcomeOf(unreadable(listed[number].path, reason));
-    }
-
-    const std::vector<ListedPath> listed;
-    const OutputFormat format;
-    const Talk talk;
-    const TESSEL::ReadingLimits limits;
-    std::mutex mutex; ///< of what follows
-    std::condition_variable change;
-    std::vector<Known> outcomes;
-    std::size_t next = 0; ///< the first that nobody has begun
-    int finished = 0;
-    std::vector<std::thread> threads;
 };
-
-void write(const Lines &lines, ProgressBar &progress)
-{
-    progress.clear();
-    Console::complainInBytes(lines.complaints);
-    Console::writeBytes(lines.results);
-}
 
 ExitStatus run(const QCommandLineParser &parser)
 {
-    const QStringList arguments = parser.positionalArguments();
-    const OutputFormat format = outputFormat(parser);
-    const int jobs = jobsOf(parser);
+    const OutputFormat format = outputFormat(parser, Formats);
     const Talk talk = parser.isSet(QuietOption.toString()) ? Talk::OfWhatIsWrong : Talk::OfAll;
     const Strictness strictness =
         parser.isSet(StrictOption.toString()) ? Strictness::Strict : Strictness::Lenient;
-    if (arguments.count(StandardStream.toString()) > 1)
-        throw UsageError{QStringLiteral("standard input can be read only once")};
-
-    auto paths = listedPaths(arguments, parser.isSet(RecursiveOption.toString()));
-    const bool wouldMix = format == OutputFormat::Json && Terminal::isOutput();
-    ProgressBar progress(static_cast<int>(paths.size()),
-                         Terminal::isErrorOutput() && !wouldMix && talk == Talk::OfAll);
-    const bool isOneFile =
-        paths.size() == 1 && arguments.size() == 1 && arguments.constFirst() == paths.front().path;
-    const std::size_t count = paths.size();
+    const PathCheck check{limitsOf(parser), format, talk};
+    const PathCall call = pathCallOf(parser);
+    const bool wouldMix = format != OutputFormat::Text && Terminal::isOutput();
+    const bool isBarShown = Terminal::isErrorOutput() && !wouldMix && talk == Talk::OfAll;
     Counts counts;
-    Checks checks(std::move(paths), format, talk, limitsOf(parser), jobs);
-    for (std::size_t i = 0; i < count; ++i) {
-        const Outcome outcome = checks.outcome(i, progress);
-        if (outcome.verdict)
-            counts.add(*outcome.verdict);
-        write(outcome.lines, progress);
-    }
-    const bool isSummedUp = format == OutputFormat::Json || !isOneFile;
-    if (isSummedUp && (talk == Talk::OfAll || counts.of(Verdict::Good) < counts.all()))
-        Console::writeBytes(summary(counts, format));
-    return counts.status(strictness);
+    Report report(format, talk);
+    report.begin();
+    onEachPath<Outcome>(
+        call, isBarShown ? Progress::Shown : Progress::Hidden, check,
+        [&check](const ListedPath &path, const QString &reason) {
+            return check.outcomeOf(unreadable(path.path, reason));
+        },
+        [&](const Outcome &outcome) {
+            if (outcome.verdict)
+                counts.add(*outcome.verdict);
+            report.add(outcome.lines);
+        });
+    const ExitStatus status = counts.status(strictness);
+    report.end(counts, call.isOneFile, status);
+    return status;
 }
 
 } // namespace
@@ -292,6 +128,12 @@ const Command checkCommand{
     u"is null, or an empty list. A byte of a name that is not UTF-8, such as 0xfc, is \\udcfc. "
     u"A folder that would be gone through again has a finding, but no file.\n"
     u"\n"
+    u"With --format sarif, standard output is a log in SARIF 2.1.0 with all findings, and with --format "
+    u"github "
+    u"an annotation for each, as workflows on GitHub read them, and the summary. Names of files are relative "
+    u"to "
+    u"where the tool runs, as they are given.\n"
+    u"\n"
     u"id is one of bad-value, beyond-limit, declared-encoding, encoding, misplaced-element, "
     u"missing-attribute, "
     u"missing-element, not-well-formed, refused, repeated, stray-text, suspicious, suspicious-antenna, "
@@ -304,4 +146,5 @@ const Command checkCommand{
     ManyPaths,
     options,
     run,
+    Formats,
 };

@@ -1,9 +1,12 @@
 #include "tools/CheckReport.h"
 
 #include <inspection/DocumentJson_p.h>
+#include <tools/Console.h>
 #include <tools/DocumentFile.h>
+#include <tools/GithubAnnotation.h>
 #include <tools/LimitOptions.h>
 #include <tools/PathEncoding.h>
+#include <tools/SarifLog.h>
 
 #include <new>
 #include <numeric>
@@ -92,6 +95,38 @@ Lines jsonOf(const FileCheck &check, Talk talk)
     return lines;
 }
 
+/// The findings of a file, for other programs.
+QByteArray findingsOf(const FileCheck &check, OutputFormat format)
+{
+    QByteArray text;
+    for (const auto &[finding, position] : check.check.findings) {
+        if (format == OutputFormat::Github)
+            text += githubAnnotation(check.path, finding, position);
+        else
+            text += (text.isEmpty() ? "" : ",\n") + SarifLog::result(check.path, finding, position);
+    }
+    return text;
+}
+
+QByteArray summary(const Counts &counts, OutputFormat format)
+{
+    if (format == OutputFormat::Json) {
+        return jsonLine(u"summary", [&counts](JsonWriter &json) {
+            json.member(u"files", QString::number(counts.all()));
+            for (const VerdictNames &names : Names)
+                json.member(names.key, QString::number(counts.of(names.verdict)));
+        });
+    }
+    QStringList parts;
+    for (const VerdictNames &names : Names) {
+        if (const int count = counts.of(names.verdict); count > 0)
+            parts += QStringLiteral("%1 %2").arg(count).arg(names.text);
+    }
+    const QString files =
+        counts.all() == 1 ? QStringLiteral("1 file") : QStringLiteral("%1 files").arg(counts.all());
+    return QStringLiteral("%1: %2\n").arg(files, parts.join(QStringLiteral(", "))).toUtf8();
+}
+
 } // namespace
 
 FileCheck unreadable(const QString &path, const QString &reason)
@@ -99,12 +134,13 @@ FileCheck unreadable(const QString &path, const QString &reason)
     return failed(path, {reason});
 }
 
-FileCheck checkFile(const QString &path, const TESSEL::ReadingLimits &limits)
+FileCheck checkFile(const QString &path, const TESSEL::ReadingLimits &limits, CheckedObject object)
 {
     try {
         SourceText source = readText(path);
         DocumentCheck check = withOptions(checkText(source.text, limits, {}, std::move(source.findings)));
-        check.object.reset(); // its room is needed for what is told
+        if (object == CheckedObject::Dropped)
+            check.object.reset(); // its room is needed for what is told
         const Verdict verdict = verdictOn(check);
         return {path, verdict, std::move(check)};
     } catch (const DocumentError &error) {
@@ -129,38 +165,58 @@ ExitStatus CheckReport::Counts::status(Strictness strictness) const
 
 CheckReport::Lines CheckReport::linesOf(const FileCheck &check, OutputFormat format, Talk talk)
 {
-    return format == OutputFormat::Json ? jsonOf(check, talk) : textOf(check, talk);
+    switch (format) {
+    case OutputFormat::Json:
+        return jsonOf(check, talk);
+    case OutputFormat::Sarif:
+    case OutputFormat::Github:
+        return {findingsOf(check, format), {}};
+    default:
+        return textOf(check, talk);
+    }
 }
 
 CheckReport::Lines CheckReport::linesOfSkipped(const QString &path, const QString &reason,
                                                OutputFormat format)
 {
-    const FindingData finding{0, reason, {}, KORMAK::FindingId::Unread};
-    Lines lines;
-    if (format == OutputFormat::Json)
-        lines.results = findingJson(path, finding, std::nullopt);
-    else
-        lines.complaints =
-            (complaintLine(path, std::nullopt, nameOf(finding.severity), finding) + QLatin1Char('\n'))
-                .toUtf8();
-    return lines;
+    FileCheck check;
+    check.path = path;
+    check.check.findings.push_back({{0, reason, {}, KORMAK::FindingId::Unread}, std::nullopt});
+    const DocumentCheck::PlacedFinding &placed = check.check.findings.front();
+    if (format == OutputFormat::Text)
+        return {{},
+                (complaintLine(path, std::nullopt, nameOf(placed.finding.severity), placed.finding)
+                 + QLatin1Char('\n'))
+                    .toUtf8()};
+    return {format == OutputFormat::Json ? findingJson(path, placed.finding, std::nullopt)
+                                         : findingsOf(check, format),
+            {}};
 }
 
-QByteArray CheckReport::summary(const Counts &counts, OutputFormat format)
+void CheckReport::Report::begin()
 {
-    if (format == OutputFormat::Json) {
-        return jsonLine(u"summary", [&counts](JsonWriter &json) {
-            json.member(u"files", QString::number(counts.all()));
-            for (const VerdictNames &names : Names)
-                json.member(names.key, QString::number(counts.of(names.verdict)));
-        });
+    if (format == OutputFormat::Sarif)
+        Console::writeBytes(SarifLog::begin());
+}
+
+void CheckReport::Report::add(const Lines &lines)
+{
+    Console::complainInBytes(lines.complaints);
+    if (lines.results.isEmpty())
+        return;
+    if (format == OutputFormat::Sarif)
+        Console::writeBytes(hasResults ? ",\n" : "\n");
+    Console::writeBytes(lines.results);
+    hasResults = true;
+}
+
+void CheckReport::Report::end(const Counts &counts, bool isOneFile, ExitStatus status)
+{
+    if (format == OutputFormat::Sarif) {
+        Console::writeBytes(SarifLog::end(status));
+        return;
     }
-    QStringList parts;
-    for (const VerdictNames &names : Names) {
-        if (const int count = counts.of(names.verdict); count > 0)
-            parts += QStringLiteral("%1 %2").arg(count).arg(names.text);
-    }
-    const QString files =
-        counts.all() == 1 ? QStringLiteral("1 file") : QStringLiteral("%1 files").arg(counts.all());
-    return QStringLiteral("%1: %2\n").arg(files, parts.join(QStringLiteral(", "))).toUtf8();
+    const bool isSummedUp = format == OutputFormat::Json || !isOneFile;
+    if (isSummedUp && (talk == Talk::OfAll || counts.of(Verdict::Good) < counts.all()))
+        Console::writeBytes(summary(counts, format));
 }

@@ -28,8 +28,12 @@ struct FileCheck {
     KORMAK::Inspection::DocumentCheck check;
 };
 
+/// Whether the object of a document is there after its check.
+enum class CheckedObject { Dropped, Kept };
+
 /// Checks the file \a path, "-" being standard input.
-[[nodiscard]] FileCheck checkFile(const QString &path, const TESSEL::ReadingLimits &limits = {});
+[[nodiscard]] FileCheck checkFile(const QString &path, const TESSEL::ReadingLimits &limits = {},
+                                  CheckedObject object = CheckedObject::Dropped);
 
 /// The outcome for a \a path that cannot be read.
 [[nodiscard]] FileCheck unreadable(const QString &path, const QString &reason);
@@ -47,7 +51,7 @@ enum class Talk { OfAll, OfWhatIsWrong };
 
 /// What is written of one file.
 struct Lines {
-    QByteArray results; ///< to standard output
+    QByteArray results; ///< to standard output; of a log, with commas between them
     QByteArray complaints; ///< to standard error, before the results
 };
 
@@ -67,7 +71,21 @@ private:
 /// A warning of a folder at \a path that is not gone through.
 [[nodiscard]] Lines linesOfSkipped(const QString &path, const QString &reason, OutputFormat format);
 
-[[nodiscard]] QByteArray summary(const Counts &counts, OutputFormat format);
+/// Writes what is told of all files.
+class Report {
+public:
+    explicit Report(OutputFormat outputFormat, Talk talkOfFiles) : format(outputFormat), talk(talkOfFiles) { }
+
+    void begin();
+    void add(const Lines &lines);
+    /// \a isOneFile: as text, there is nothing to sum up.
+    void end(const Counts &counts, bool isOneFile, ExitStatus status);
+
+private:
+    const OutputFormat format;
+    const Talk talk;
+    bool hasResults = false;
+};
 
 } // namespace CheckReport
 

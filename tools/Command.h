@@ -3,6 +3,8 @@
 #ifndef KORMAK_TOOLS_COMMAND_H
 #define KORMAK_TOOLS_COMMAND_H
 
+#include <tools/OutputFormat.h>
+
 #include <QCommandLineOption>
 #include <QList>
 #include <QString>
@@ -39,6 +41,10 @@ inline constexpr QStringView PathName = u"PATH"; ///< of a file or a folder; one
 inline constexpr QStringView KindName = u"KIND"; ///< of a kind of document
 inline constexpr QStringView ParameterName =
     u"NAME"; ///< of a parameter in a document; may be given repeatedly
+inline constexpr QStringView OneField = u"FIELD"; ///< the name of a field
+inline constexpr QStringView ManyFields = u"FIELD,..."; ///< the same for several
+inline constexpr QStringView ConditionName = u"CONDITION"; ///< of rows
+inline constexpr QStringView PartName = u"PART"; ///< of documents
 inline constexpr Arguments OneFile{FileName, u"FILE", 1, 1};
 inline constexpr Arguments ManyFiles{FileName, u"FILE...", 1, Arguments::Unlimited};
 inline constexpr Arguments ManyPaths{PathName, u"PATH...", 1, Arguments::Unlimited};
@@ -56,6 +62,7 @@ struct Command {
     Arguments arguments;
     QList<QCommandLineOption> (*options)();
     ExitStatus (*run)(const QCommandLineParser &parser);
+    OutputFormats formats = TextAndJson; ///< of its option --format, if it has one
 };
 
 /// Thrown for a call that is wrong.
@@ -73,5 +80,6 @@ extern const Command newCommand;
 extern const Command reportCommand;
 extern const Command setCommand;
 extern const Command showCommand;
+extern const Command tableCommand;
 
 #endif

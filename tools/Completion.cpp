@@ -7,6 +7,7 @@
 #include <objectbase/QtCompat_p.h>
 #include <tools/OutputFormat.h>
 #include <tools/ReportOrder.h>
+#include <tools/TableFields.h>
 #include <tools/Tool.h>
 #include <tools/Usage.h>
 
@@ -30,7 +31,7 @@ struct Value {
 };
 
 /// A name that the help uses and that is not known here ends the build.
-Value valueCalled(const QString &name)
+Value valueCalled(const QString &name, const Command &command)
 {
     if (name == FileName || name == PathName || name == QStringView(u"OUT"))
         return {Value::Kind::File};
@@ -38,17 +39,18 @@ Value valueCalled(const QString &name)
         return {Value::Kind::Word, Tool::commandNames()};
     if (name == QStringView(u"FIELD=VALUE"))
         return {Value::Kind::Field};
-    if (name == FormatName)
-        return {Value::Kind::Word, outputFormatNames()};
-    if (name == GeoFormatName)
-        return {Value::Kind::Word, outputFormatNames(FormatChoice::WithGeoJson)};
+    if (name == QStringView(u"FORMAT"))
+        return {Value::Kind::Word, outputFormatNames(command.formats)};
     if (name == ReportOrder::ValueName)
         return {Value::Kind::Word, ReportOrder::names()};
+    if (name == PartName)
+        return {Value::Kind::Word, Table::partNames()};
     if (name == KindName)
         return {Value::Kind::Word, documentKindNames()};
     if (name == QStringView(u"VOCABULARY"))
         return {Value::Kind::Word, nameListNames()};
-    if (name != QStringView(u"N") && name != QStringView(u"FIELD") && name != ParameterName)
+    if (name != QStringView(u"N") && name != QStringView(u"FIELD") && name != ParameterName
+        && name != ConditionName && name != ManyFields)
         qFatal("There is no completion for %s", qPrintable(name));
     return {Value::Kind::Any};
 }
@@ -167,14 +169,14 @@ QString bashWordCases()
     QString cases = caseOf(QStringLiteral(":"), printing(Tool::commandNames()));
     for (const Command *command : Tool::commands()) {
         const Arguments &arguments = command->arguments;
-        const QString words = bashWords(valueCalled(arguments.name.toString()));
+        const QString words = bashWords(valueCalled(arguments.name.toString(), *command));
         cases += caseOf(bashPattern(*command, {QString()}),
                         arguments.most == 1 ? QStringLiteral("[[ $3 ]] || ") + words : words);
         const QList<QCommandLineOption> options = Tool::optionsOf(*command);
         for (const QCommandLineOption &option : options) {
             if (!option.valueName().isEmpty())
                 cases += caseOf(bashPattern(*command, Usage::dashedNames(option)),
-                                bashWords(valueCalled(option.valueName())));
+                                bashWords(valueCalled(option.valueName(), *command)));
         }
     }
     return cases;
@@ -213,9 +215,9 @@ QString zshText(QString text)
 }
 
 /// ":NAME:what completes it"
-QString zshValue(const QString &name)
+QString zshValue(const QString &name, const Command &command)
 {
-    const Value value = valueCalled(name);
+    const Value value = valueCalled(name, command);
     const QString start = QLatin1Char(':') + zshText(name) + QLatin1Char(':');
     switch (value.kind) {
     case Value::Kind::File:
@@ -230,14 +232,15 @@ QString zshValue(const QString &name)
     return start + QLatin1Char(' ');
 }
 
-QStringList zshOptions(const QList<QCommandLineOption> &options)
+/// \a command: whose they are.
+QStringList zshOptions(const QList<QCommandLineOption> &options, const Command &command)
 {
     QStringList rows;
     for (const QCommandLineOption &option : options) {
         const QString valueName = option.valueName();
         const QStringList names = Usage::dashedNames(option);
-        const bool isRepeated = valueName == ParameterName
-            || (!valueName.isEmpty() && valueCalled(valueName).kind == Value::Kind::Field);
+        const bool isRepeated = valueName == ParameterName || valueName == ConditionName
+            || (!valueName.isEmpty() && valueCalled(valueName, command).kind == Value::Kind::Field);
         const QString start = isRepeated ? QStringLiteral("*")
                                          : QLatin1Char('(') + names.join(QLatin1Char(' ')) + QLatin1Char(')');
         for (const QString &name : names) {
@@ -245,7 +248,7 @@ QStringList zshOptions(const QList<QCommandLineOption> &options)
                 : name.startsWith(QStringLiteral("--")) ? QStringLiteral("=")
                                                         : QStringLiteral("+");
             rows += start + name + join + QLatin1Char('[') + zshText(option.description()) + QLatin1Char(']')
-                + (valueName.isEmpty() ? QString() : zshValue(valueName));
+                + (valueName.isEmpty() ? QString() : zshValue(valueName, command));
         }
     }
     return rows;
@@ -253,7 +256,7 @@ QStringList zshOptions(const QList<QCommandLineOption> &options)
 
 QString zshToolOptions()
 {
-    return quoted(zshOptions(Tool::options()), QStringLiteral(" \\\n        "));
+    return quoted(zshOptions(Tool::options(), helpCommand), QStringLiteral(" \\\n        "));
 }
 
 QString zshCommands()
@@ -269,8 +272,8 @@ QString zshCommandCases()
     QString cases;
     for (const Command *command : Tool::commands()) {
         const QString start = command->arguments.most == 1 ? QStringLiteral("1") : QStringLiteral("*");
-        const QStringList rows = zshOptions(Tool::optionsOf(*command))
-            << start + zshValue(command->arguments.name.toString());
+        const QStringList rows = zshOptions(Tool::optionsOf(*command), *command)
+            << start + zshValue(command->arguments.name.toString(), *command);
         const QString between = QStringLiteral(" \\\n                        ");
         cases += QStringLiteral("                ") + command->name.toString()
             + QStringLiteral(")\n                    _arguments") + between + quoted(rows, between)

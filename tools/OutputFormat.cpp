@@ -5,44 +5,72 @@
 
 #include <QCommandLineParser>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 constexpr QStringView OptionName = u"format";
-constexpr QStringView TextName = u"text";
-constexpr QStringView JsonName = u"json";
-constexpr QStringView GeoJsonName = u"geojson";
+
+constexpr struct FormatText {
+    OutputFormat format;
+    QStringView name;
+    QStringView purpose;
+} Texts[] = {
+    {OutputFormat::Text, u"text", u"for people, the default"},
+    {OutputFormat::Json, u"json", u"for scripts"},
+    {OutputFormat::Csv, u"csv", u"for databases"},
+    {OutputFormat::GeoJson, u"geojson", u"the area alone"},
+    {OutputFormat::Sarif, u"sarif", u"for code hosts"},
+    {OutputFormat::Github, u"github", u"for workflows"},
+};
+
+const FormatText &textOf(OutputFormat format)
+{
+    return *std::find_if(std::begin(Texts), std::end(Texts),
+                         [format](const FormatText &text) { return text.format == format; });
+}
+
+/// "text (for people, the default) or json (for scripts)."; of more than two, only the default is explained.
+QString description(OutputFormats formats)
+{
+    QStringList parts;
+    for (const OutputFormat format : formats) {
+        const FormatText &text = textOf(format);
+        const bool isExplained = formats.size() == 2 || format == OutputFormat::Text;
+        parts += text.name.toString()
+            + (isExplained ? QStringLiteral(" (%1)").arg(text.purpose.toString()) : QString());
+    }
+    const QString last = parts.takeLast();
+    return parts.join(QStringLiteral(", ")) + QStringLiteral(" or ") + last + QLatin1Char('.');
+}
 
 } // namespace
 
-QCommandLineOption formatOption(FormatChoice choice)
+QCommandLineOption formatOption(OutputFormats formats)
 {
-    const auto names = listOf<QStringList>(OptionName.toString());
-    if (choice == FormatChoice::WithGeoJson) {
-        return {names, QStringLiteral("text (the default), json, or geojson (the area alone)."),
-                GeoFormatName.toString()};
-    }
-    return {names, QStringLiteral("text (for people, the default) or json (for scripts)."),
-            FormatName.toString()};
+    return {listOf<QStringList>(OptionName.toString()), description(formats), QStringLiteral("FORMAT")};
 }
 
-QStringList outputFormatNames(FormatChoice choice)
+QStringList outputFormatNames(OutputFormats formats)
 {
-    auto names = listOf<QStringList>(TextName.toString(), JsonName.toString());
-    if (choice == FormatChoice::WithGeoJson)
-        names += GeoJsonName.toString();
+    QStringList names;
+    for (const OutputFormat format : formats)
+        names += textOf(format).name.toString();
     return names;
 }
 
-OutputFormat outputFormat(const QCommandLineParser &parser, FormatChoice choice)
+OutputFormat outputFormat(const QCommandLineParser &parser, OutputFormats formats)
 {
-    const QStringList formats = parser.values(OptionName.toString());
-    if (formats.size() > 1)
+    const QStringList given = parser.values(OptionName.toString());
+    if (given.size() > 1)
         throw UsageError{QStringLiteral("--format can be given only once")};
-    if (formats.isEmpty() || formats.constFirst() == TextName)
+    if (given.isEmpty())
         return OutputFormat::Text;
-    if (formats.constFirst() == JsonName)
-        return OutputFormat::Json;
-    if (choice == FormatChoice::Common || formats.constFirst() != GeoJsonName)
-        throw Usage::unknown(QStringLiteral("format"), formats.constFirst(), outputFormatNames(choice));
-    return OutputFormat::GeoJson;
+    const auto *const found = std::find_if(formats.begin(), formats.end(), [&given](OutputFormat format) {
+        return textOf(format).name == given.constFirst();
+    });
+    if (found == formats.end())
+        throw Usage::unknown(QStringLiteral("format"), given.constFirst(), outputFormatNames(formats));
+    return *found;
 }

@@ -2,6 +2,8 @@
 #ifndef KORMAK_TOOLS_OUTPUTFORMAT_H
 #define KORMAK_TOOLS_OUTPUTFORMAT_H
 
+#include <objectbase/DocumentTable_p.h>
+
 #include <QCommandLineOption>
 #include <QStringList>
 #include <QStringView>
@@ -10,23 +12,18 @@ QT_BEGIN_NAMESPACE
 class QCommandLineParser;
 QT_END_NAMESPACE
 
-enum class OutputFormat { Text, Json, GeoJson };
+enum class OutputFormat { Text, Json, Csv, GeoJson, Sarif, Github };
 
-/// Which of the formats a command offers.
-enum class FormatChoice {
-    Common, ///< text and JSON
-    WithGeoJson,
-};
+/// Those that a command knows.
+using OutputFormats = TESSEL::TableView<OutputFormat>;
 
-/// What the help calls a value of the option.
-inline constexpr QStringView FormatName = u"FORMAT";
-inline constexpr QStringView GeoFormatName = u"FORM"; ///< with GeoJSON
+inline constexpr OutputFormat TextAndJson[] = {OutputFormat::Text, OutputFormat::Json};
 
-[[nodiscard]] QCommandLineOption formatOption(FormatChoice choice = FormatChoice::Common);
-[[nodiscard]] QStringList outputFormatNames(FormatChoice choice = FormatChoice::Common);
+[[nodiscard]] QCommandLineOption formatOption(OutputFormats formats = TextAndJson);
+[[nodiscard]] QStringList outputFormatNames(OutputFormats formats = TextAndJson);
 
 /// Text unless told otherwise. \throws UsageError for an unknown format, and for several
 [[nodiscard]] OutputFormat outputFormat(const QCommandLineParser &parser,
-                                        FormatChoice choice = FormatChoice::Common);
+                                        OutputFormats formats = TextAndJson);
 
 #endif

@@ -24,6 +24,7 @@ namespace {
 
 constexpr QStringView ParameterOption = u"parameter";
 constexpr QStringView WideOption = u"wide";
+constexpr OutputFormat Formats[] = {OutputFormat::Text, OutputFormat::Json, OutputFormat::GeoJson};
 
 QList<QCommandLineOption> options()
 {
@@ -33,7 +34,7 @@ QList<QCommandLineOption> options()
                            ParameterName.toString()),
         QCommandLineOption(WideOption.toString(),
                            QStringLiteral("Show tables as wide as they are, also on a terminal.")),
-        formatOption(FormatChoice::WithGeoJson)));
+        formatOption(Formats)));
 }
 
 QString stateOf(const FileDocument &document)
@@ -108,7 +109,7 @@ ExitStatus printGeoJson(const QString &path, const FileDocument &document)
 
 ExitStatus run(const QCommandLineParser &parser)
 {
-    const OutputFormat format = outputFormat(parser, FormatChoice::WithGeoJson);
+    const OutputFormat format = outputFormat(parser, Formats);
     const QString path = parser.positionalArguments().constFirst();
     QStringList names = parser.values(ParameterOption.toString());
     names.removeDuplicates();
@@ -167,4 +168,5 @@ const Command showCommand{
     OneFile,
     options,
     run,
+    Formats,
 };

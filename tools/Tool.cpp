@@ -17,8 +17,8 @@ QCommandLineOption helpOption()
 TESSEL::TableView<const Command *> Tool::commands()
 {
     static constexpr const Command *All[] = {
-        &checkCommand, &showCommand, &reportCommand, &diffCommand, &formatCommand,
-        &setCommand,   &fixCommand,  &newCommand,    &listCommand, &helpCommand,
+        &checkCommand, &showCommand, &reportCommand, &tableCommand, &diffCommand, &formatCommand,
+        &setCommand,   &fixCommand,  &newCommand,    &listCommand,  &helpCommand,
     };
     return All;
 }

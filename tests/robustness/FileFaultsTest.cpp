@@ -233,6 +233,7 @@ void FileFaultsTest::devices_data()
 
     QTest::newRow("check") << QStringList{"check", "%1"};
     QTest::newRow("show") << QStringList{"show", "%1"};
+    QTest::newRow("table") << QStringList{"table", "%1"};
     QTest::newRow("diff") << QStringList{"diff", "job.xml", "%1"};
     QTest::newRow("report") << QStringList{"report", "%1"};
     QTest::newRow("format") << QStringList{"format", "%1"};

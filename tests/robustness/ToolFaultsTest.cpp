@@ -102,8 +102,11 @@ void ToolFaultsTest::failingAllocations_data()
 
     QTest::newRow("check") << QStringList{"check", "."};
     QTest::newRow("check, JSON") << QStringList{"check", "--format", "json", "job.xml", "faulty.xml"};
+    QTest::newRow("check, SARIF") << QStringList{"check", "--format", "sarif", "faulty.xml", "job.xml"};
     QTest::newRow("show") << QStringList{"show", "job.xml"};
     QTest::newRow("report") << QStringList{"report", "job.xml"};
+    QTest::newRow("table") << QStringList{"table",   "--sort",     "JobHeader.Author",
+                                          "--where", "kind = Job", "."};
     QTest::newRow("diff") << QStringList{"diff", "job.xml", "other.xml"};
     QTest::newRow("format") << QStringList{"format", "job.xml"};
     QTest::newRow("format in place") << QStringList{"format", "--in-place", "job.xml", "other.xml"};
@@ -134,7 +137,8 @@ void ToolFaultsTest::failingAllocations()
     folder.environment.insert("FAULT_MARK", folder.path("mark"));
     int runs = 0;
     int crashes = 0;
-    const int step = arguments.first() == "check" ? 13 : 3; // which allocates much more
+    const int step =
+        arguments.first() == "check" || arguments.first() == "table" ? 13 : 3; // which allocate much more
     for (int number = 0;; number += step) {
         write();
         folder.environment.insert("FAULT_ALLOCATION", QString::number(number));
@@ -229,9 +233,9 @@ void ToolFaultsTest::failingReads_data()
     QTest::addColumn<QString>("command");
     QTest::addColumn<int>("bytes"); // that can be read
 
-    for (const QString &command : {QString("check"), QString("show"), QString("report"), QString("diff"),
-                                   QString("format"), QString("format --in-place"), QString("set --in-place"),
-                                   QString("fix")}) {
+    for (const QString &command :
+         {QString("check"), QString("show"), QString("report"), QString("table"), QString("diff"),
+          QString("format"), QString("format --in-place"), QString("set --in-place"), QString("fix")}) {
         QTest::newRow(qPrintable(command + ", at once")) << command << 0;
         QTest::newRow(qPrintable(command + ", in the middle")) << command << 100;
         // What can be read is a whole document.
@@ -285,6 +289,7 @@ void ToolFaultsTest::hugeFile_data()
     QTest::newRow("check") << QStringList{"check", "huge.xml"};
     QTest::newRow("show") << QStringList{"show", "huge.xml"};
     QTest::newRow("report") << QStringList{"report", "huge.xml"};
+    QTest::newRow("table") << QStringList{"table", "huge.xml"};
     QTest::newRow("diff") << QStringList{"diff", "huge.xml", "job.xml"};
     QTest::newRow("format") << QStringList{"format", "--in-place", "huge.xml"};
     QTest::newRow("set") << QStringList{"set", "--in-place", "huge.xml", "JobHeader.Author=x"};

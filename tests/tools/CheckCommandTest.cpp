@@ -52,6 +52,7 @@ private Q_SLOTS:
     void json();
     void jsonOfEveryKindOfFinding();
     void progress();
+    void resultsAreToldAtOnce();
     void largeDocument();
     void deeplyNestedDocument();
     void manyProblems_data();
@@ -1236,7 +1237,7 @@ void CheckCommandTest::namesThatAreNotUtf8()
              QString("\\xfc.xml: error: cannot be read: No such file or directory\n2\n"));
     QCOMPARE(
         outputOf(tool + "${u}"),
-        QString("kormak: Unknown command '\\xfc'. Allowed: check, show, report, diff, format, set, fix, new, list, help\n2\n"));
+        QString("kormak: Unknown command '\\xfc'. Allowed: check, show, report, table, diff, format, set, fix, new, list, help\n2\n"));
     // To write another name would be worse.
     QCOMPARE(outputOf(tool + "format ${b}mark.xml -o ${u}.xml"),
              QString("\\xfc.xml: error: cannot be written: its name is not UTF-8\n2\n"));
@@ -1489,6 +1490,32 @@ void CheckCommandTest::progress()
         check.end();
 #else
     skip("no terminals here");
+#endif
+}
+
+/// What is known of the first files does not wait for the others.
+void CheckCommandTest::resultsAreToldAtOnce()
+{
+#ifdef Q_OS_UNIX
+    const Folder folder;
+    folder.write("a.xml", completeJob());
+    const QByteArray path = QFile::encodeName(folder.path("slow.xml"));
+    QCOMPARE(mkfifo(path.constData(), S_IRUSR | S_IWUSR), 0);
+    const int pipe = open(path.constData(), O_RDWR | O_CLOEXEC);
+    QVERIFY(pipe >= 0);
+    QProcess process;
+    process.setWorkingDirectory(folder.path("."));
+    process.start(KORMAK_TOOL, {"check", "-j", "2", "a.xml", "slow.xml"});
+    QVERIFY(process.waitForReadyRead(60'000));
+    QCOMPARE(process.readAllStandardOutput(), QByteArray("a.xml: Job, complete\n"));
+    const QByteArray job = completeJob();
+    QCOMPARE(write(pipe, job.constData(), static_cast<std::size_t>(job.size())),
+             static_cast<ssize_t>(job.size()));
+    close(pipe);
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.readAllStandardOutput(), QByteArray("slow.xml: Job, complete\n2 files: 2 good\n"));
+#else
+    skip("no pipes here");
 #endif
 }
 

@@ -5,7 +5,7 @@ using namespace ToolSupport;
 namespace {
 
 const QString Commands =
-    "check, show, report, diff, format, set, fix, new, list, help"; // as messages list them
+    "check, show, report, table, diff, format, set, fix, new, list, help"; // as messages list them
 
 } // namespace
 
@@ -52,6 +52,7 @@ Commands:
   check PATH...               tell everything that is wrong with documents
   show FILE                   show what a document holds
   report PATH...              make pages about documents for people
+  table PATH...               tell what many documents hold, in a table
   diff FILE FILE              tell in which fields two documents differ
   format FILE...              rewrite documents as the library writes them
   set FILE... FIELD=VALUE...  change fields, and no other byte of a document
@@ -116,6 +117,11 @@ What does not apply is null, or an empty list. A byte of a name that is not
 UTF-8, such as 0xfc, is \udcfc. A folder that would be gone through again has a
 finding, but no file.
 
+With --format sarif, standard output is a log in SARIF 2.1.0 with all findings,
+and with --format github an annotation for each, as workflows on GitHub read
+them, and the summary. Names of files are relative to where the tool runs, as
+they are given.
+
 id is one of bad-value, beyond-limit, declared-encoding, encoding,
 misplaced-element, missing-attribute, missing-element, not-well-formed,
 refused, repeated, stray-text, suspicious, suspicious-antenna, suspicious-area,
@@ -130,7 +136,7 @@ Options:
   -j, --jobs N          Check N files at once (default: 1 per core, most: 4).
   --strict              Warnings and what is never written count as faults.
   -q, --quiet           Tell only what is wrong.
-  --format FORMAT       text (for people, the default) or json (for scripts).
+  --format FORMAT       text (for people, the default), json, sarif or github.
   --limit-attributes N  Most attributes of an element (default: 100).
   --limit-depth N       Most elements in one another (default: 1000).
   --limit-entities N    Most characters from entities (default: 1048576).
@@ -169,7 +175,7 @@ The FILE - is standard input.
 Options:
   --parameter NAME      Show this parameter of a receiver in full (repeatable).
   --wide                Show tables as wide as they are, also on a terminal.
-  --format FORM         text (the default), json, or geojson (the area alone).
+  --format FORMAT       text (for people, the default), json or geojson.
   --limit-attributes N  Most attributes of an element (default: 100).
   --limit-depth N       Most elements in one another (default: 1000).
   --limit-entities N    Most characters from entities (default: 1048576).
@@ -332,6 +338,40 @@ Example:
   kormak fix --dry-run jobs/*.xml
 )text";
 
+    const QString ofReport = R"text(Usage: kormak report [OPTIONS] PATH...
+
+Makes a page in HTML of each document: what it says, in words, tables and
+drawings, areas on a map, and everything that is wrong with it, beside what it
+is about. A document that is at fault gets a page, too. The pages need no other
+files, run no scripts and print well.
+
+The page of one FILE goes to standard output unless told otherwise. Of several
+files, or of the files called *.xml in a folder, the pages are written to the
+folder OUT, which is made if there is none, with a list of all documents,
+index.html, whose name goes to standard output. --sort orders it by name, kind,
+state (the refused first), findings (the most first), author, time (the latest
+first) or resource.
+
+The PATH - is standard input.
+
+Options:
+  -o OUT                Write to the file or folder OUT, not to standard output.
+  -r, --recursive       Go through the folders below a folder, too.
+  --sort ORDER          What the index goes by (default: name).
+  --limit-attributes N  Most attributes of an element (default: 100).
+  --limit-depth N       Most elements in one another (default: 1000).
+  --limit-entities N    Most characters from entities (default: 1048576).
+  -h, --help            Show this help.
+
+Exit status:
+  0  all pages are written
+  1  all pages are written, and a document is at fault
+  2  a file cannot be read or written
+
+Example:
+  kormak report -o pages --sort time jobs settings/workflow.xml
+)text";
+
     const QString ofNew = R"text(Usage: kormak new [OPTIONS] KIND
 
 Makes a document of the given KIND, or changes a copy of one. What is not set
@@ -378,6 +418,62 @@ Example:
       --set 'Parameter[Gain].RepresentationName=rx.gain' \
       --set 'Parameter[Gain].Integer.Minimum=0' \
       --set 'Parameter[Gain].Integer.Maximum=40'
+)text";
+    const QString ofTable = R"text(Usage: kormak table [OPTIONS] PATH...
+
+Makes a row of each document, or with --each Parameter of each parameter of
+receivers, and a column of each field. Fields are called as the commands show
+and new call them, those of a parameter without the name of the parameter in
+front, as Integer.Minimum; besides, there are file, kind and complete. Unless
+told otherwise, the columns are the file, the kind and what documents of the
+kind have to say to be complete; where the kind changes, another table begins.
+Of a folder, the files called *.xml are read, as by check.
+
+A CONDITION is one of
+  FIELD = VALUE     FIELD != VALUE    FIELD contains TEXT
+  FIELD < VALUE     FIELD <= VALUE    FIELD is set
+  FIELD > VALUE     FIELD >= VALUE    FIELD is not set
+Values are written as for new --set, in the units of the fields; of a date, the
+time can be left out, and is then the beginning of the day in UTC. Only numbers
+and dates are less or more than others. For a field that is not set, only the
+last holds.
+
+CSV is as RFC 4180 has it, in UTF-8, with a line for the names of the columns;
+texts stand there as the documents have them, and what is not set is empty. It
+has one table: a document of another kind than the first is refused unless
+--columns are given. JSON is an object in each line, with null for what is not
+set. Without --sort, rows are written as soon as they are known, as text some
+hundred at a time.
+
+A document that the library refuses has no row; standard error tells why. It
+also tells where a column, condition or sorting is about something that a
+document says and the library reads otherwise.
+
+The PATH - is standard input.
+
+Options:
+  -r, --recursive       Go through the folders below a folder, too.
+  -j, --jobs N          Read N files at once (default: 1 per core, most: 4).
+  --columns FIELD,...   The columns, separated by commas.
+  --where CONDITION     Only rows for which this holds; can be repeated.
+  --sort FIELD          Sort by this, not by the order of the files.
+  --each PART           A row for each Parameter, not for each document.
+  --format FORMAT       text (for people, the default), csv or json.
+  --limit-attributes N  Most attributes of an element (default: 100).
+  --limit-depth N       Most elements in one another (default: 1000).
+  --limit-entities N    Most characters from entities (default: 1048576).
+  -h, --help            Show this help.
+
+Exit status:
+  0  all documents have been read
+  1  a document is at fault, or its kind does not fit into the CSV
+  2  a file cannot be read
+
+Example:
+  kormak table -r jobs --where 'AntennaData.MaximumFrequency > 30e6' \
+      --columns file,JobHeader.Author,AntennaData.Name --format csv >jobs.csv
+  sqlite3 :memory: '.import --csv jobs.csv jobs' \
+      'SELECT "AntennaData.Name", count(*) FROM jobs GROUP BY 1'
 )text";
     const QString ofList = R"text(Usage: kormak list [OPTIONS] [VOCABULARY]
 
@@ -426,7 +522,9 @@ Example:
     QTest::newRow("format") << QStringList{"format", "--help"} << ofFormat;
     QTest::newRow("set") << QStringList{"set", "--help"} << ofSet;
     QTest::newRow("fix") << QStringList{"fix", "--help"} << ofFix;
+    QTest::newRow("report") << QStringList{"report", "--help"} << ofReport;
     QTest::newRow("new") << QStringList{"new", "--help"} << ofNew;
+    QTest::newRow("table") << QStringList{"table", "--help"} << ofTable;
     QTest::newRow("list") << QStringList{"list", "--help"} << ofList;
     QTest::newRow("tool, as a command") << QStringList{"help"} << ofTool;
     QTest::newRow("check, as a command") << QStringList{"help", "check"} << ofCheck;
@@ -492,7 +590,7 @@ void CommandLineTest::wrongCalls_data()
            "--limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("option of the tool behind a command")
         << QStringList{"show", "--version", "job.xml"}
-        << "kormak show: Unknown option 'version'. Allowed: --parameter NAME, --wide, --format FORM, "
+        << "kormak show: Unknown option 'version'. Allowed: --parameter NAME, --wide, --format FORMAT, "
            "--limit-attributes N, "
            "--limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("unknown option of format")
@@ -564,8 +662,9 @@ void CommandLineTest::wrongCalls_data()
                                                  << "kormak check: -j takes a number from 1, not 'two'\n";
     QTest::newRow("check with fewer than no threads") << QStringList{"check", "--jobs=-1", "job.xml"}
                                                       << "kormak check: -j takes a number from 1, not '-1'\n";
-    QTest::newRow("check in another format") << QStringList{"check", "--format", "xml", "job.xml"}
-                                             << "kormak check: Unknown format 'xml'. Allowed: text, json\n";
+    QTest::newRow("check in another format")
+        << QStringList{"check", "--format", "xml", "job.xml"}
+        << "kormak check: Unknown format 'xml'. Allowed: text, json, sarif, github\n";
     QTest::newRow("check without a format")
         << QStringList{"check", "job.xml", "--format"}
         << "kormak check: Missing value after '--format'. Allowed: -r, "
@@ -697,6 +796,8 @@ void CommandLineTest::closedOutput_data()
     QTest::newRow("check as JSON, many files") << "check -j 4 --format json *.xml";
     QTest::newRow("show") << "show job.xml";
     QTest::newRow("show as JSON") << "show --format json job.xml";
+    QTest::newRow("table") << "table job.xml";
+    QTest::newRow("table as CSV, several files") << "table -j 4 --format csv job.xml other.xml";
     QTest::newRow("diff") << "diff job.xml other.xml";
     QTest::newRow("diff as JSON") << "diff --format json job.xml other.xml";
     QTest::newRow("format") << "format job.xml";
@@ -850,6 +951,8 @@ void CommandLineTest::colours_data()
         << QStringList{"check", "none"} << "none: %1: cannot be read: No such file or directory\n";
     QTest::newRow("show") << QStringList{"show", "none"}
                           << "none: %1: cannot be read: No such file or directory\n";
+    QTest::newRow("table") << QStringList{"table", "bad.xml"}
+                           << "bad.xml:3:5: %1: Job/JobHeader/Author: missing\n";
     QTest::newRow("diff") << QStringList{"diff", "job.xml", "none"}
                           << "none: %1: cannot be read: No such file or directory\n";
     QTest::newRow("diff of two kinds")

@@ -87,7 +87,12 @@ void CompletionTest::bash_data()
     add("options behind a file", {"format", "a.xml", "--in"}, {"--in-place"});
     add("options behind standard input", {"format", "-", "--in"}, {"--in-place"});
     add("option with two names", {"check", "--r"}, {"--recursive"});
-    add("format", {"check", "--format", ""}, {"text", "json"});
+    add("format", {"show", "--format", ""}, {"text", "json"});
+    add("format of checks", {"check", "--format", ""}, {"text", "json", "sarif", "github"});
+    add("format of tables", {"table", "--format", ""}, {"text", "csv", "json"});
+    add("parts", {"table", "--each", ""}, {"Parameter"});
+    add("condition", {"table", "--where", ""}, {});
+    add("options behind conditions", {"table", "--where", "a = b", "--col"}, {"--columns"});
     add("format behind =", {"show", "--format", "=", "j"}, {"json"});
     add("format right behind =", {"show", "--format", "="}, {"text", "json", "geojson"});
     add("number", {"check", "-j", ""}, {});
@@ -178,9 +183,9 @@ void CompletionTest::bashLeavesFilesToTheShell()
         skip("there is no bash");
         return;
     }
-    for (const QStringList &words :
-         {QStringList{"check", "a.xml", ""}, QStringList{"show", ""}, QStringList{"diff", "a.xml", ""},
-          QStringList{"format", "-o", ""}, QStringList{"new", "Job", "-o", ""}})
+    for (const QStringList &words : {QStringList{"check", "a.xml", ""}, QStringList{"show", ""},
+                                     QStringList{"table", ""}, QStringList{"diff", "a.xml", ""},
+                                     QStringList{"format", "-o", ""}, QStringList{"new", "Job", "-o", ""}})
         QCOMPARE(offered(words), QStringList());
     QVERIFY(outputOf("bash", ". '" + ForBash + "'; complete -p kormak").contains("-o default"));
 }

@@ -1,0 +1,79 @@
+#include "tools/OrderedWork.h"
+
+#include <QThread>
+
+#include <algorithm>
+#include <chrono>
+#include <new>
+
+OrderedThreads::OrderedThreads(std::size_t count, int threadCount, std::function<void(std::size_t)> work)
+    : job(std::move(work)), isDone(std::min(count, Window)), end(count)
+{
+    const auto wanted = std::min(static_cast<std::size_t>(threadCount), count);
+    try {
+        while (threads.size() < wanted)
+            threads.emplace_back([this] { this->work(); });
+    } catch (const std::exception &) {
+        // So many it shall be. Without any, the work is done when it is waited for.
+    }
+}
+
+OrderedThreads::~OrderedThreads()
+{
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        end = 0;
+    }
+    change.notify_all();
+    for (std::thread &thread : threads)
+        thread.join();
+}
+
+void OrderedThreads::await(std::size_t number, const std::function<void(int)> &idle)
+{
+    constexpr std::chrono::milliseconds Tick(20);
+    std::unique_lock<std::mutex> lock(mutex);
+    awaited = number;
+    if (threads.empty())
+        workOnNext(lock);
+    else
+        change.notify_all(); // there is room for more
+    const std::size_t place = number % isDone.size();
+    while (!isDone[place]) {
+        if (change.wait_for(lock, Tick) == std::cv_status::no_timeout)
+            continue;
+        const int done = finished;
+        lock.unlock();
+        idle(done);
+        lock.lock();
+    }
+    isDone[place] = false; // for the one that takes its place
+}
+
+/// In a thread of its own.
+void OrderedThreads::work() noexcept
+{
+    try {
+        (void)QThread::currentThread(); // made now, and not where Qt could not do without
+    } catch (const std::bad_alloc &) {
+        // Then the first reader makes it.
+    }
+    std::unique_lock<std::mutex> lock(mutex);
+    while (next < end) {
+        if (next < awaited + Window)
+            workOnNext(lock);
+        else
+            change.wait(lock);
+    }
+}
+
+void OrderedThreads::workOnNext(std::unique_lock<std::mutex> &lock)
+{
+    const std::size_t number = next++;
+    lock.unlock();
+    job(number);
+    lock.lock();
+    isDone[number % isDone.size()] = true;
+    ++finished;
+    change.notify_all();
+}
