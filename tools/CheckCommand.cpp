@@ -1,14 +1,22 @@
+#include <tools/Baseline.h>
 #include <tools/CheckReport.h>
 #include <tools/Command.h>
+#include <tools/Console.h>
 #include <tools/LimitOptions.h>
 #include <tools/ListOf.h>
+#include <tools/Output.h>
 #include <tools/OutputFormat.h>
 #include <tools/PathWork.h>
+#include <tools/SeveritySettings.h>
 #include <tools/Terminal.h>
 
 #include <QCommandLineParser>
 
+#include <algorithm>
+#include <memory>
 #include <optional>
+#include <set>
+#include <utility>
 
 using namespace KORMAK::Inspection;
 
@@ -18,6 +26,8 @@ using namespace CheckReport;
 
 constexpr QStringView StrictOption = u"strict";
 constexpr QStringView QuietOption = u"quiet";
+constexpr QStringView BaselineOption = u"baseline";
+constexpr QStringView WriteBaselineOption = u"write-baseline";
 constexpr OutputFormat Formats[] = {OutputFormat::Text, OutputFormat::Json, OutputFormat::Sarif,
                                     OutputFormat::Github};
 
@@ -30,50 +40,133 @@ QList<QCommandLineOption> options()
                                QStringLiteral("Warnings and what is never written count as faults.")),
             QCommandLineOption(listOf<QStringList>(QStringLiteral("q"), QuietOption.toString()),
                                QStringLiteral("Tell only what is wrong.")),
+            SeveritySettings::option(),
+            QCommandLineOption(BaselineOption.toString(), QStringLiteral("Leave out what FILE has."),
+                               FileName.toString()),
+            QCommandLineOption(WriteBaselineOption.toString(),
+                               QStringLiteral("Write to FILE what is to be left out later."),
+                               FileName.toString()),
             formatOption(Formats))));
 }
 
 struct Outcome {
     std::optional<Verdict> verdict = Verdict::Unreadable; ///< nothing: it is no file that counts
-    Lines lines;
+    Lines lines = {};
+    int knownFindings = 0;
+    std::shared_ptr<const SeveritySettings::SettingsFile> settings = nullptr; ///< that were gone by
+    Baseline recorded = {}; ///< its findings, if they are to be written
 };
 
-/// The check of a path, as it is told.
-struct PathCheck {
-    TESSEL::ReadingLimits limits;
+/// What is done with findings that there have been before.
+enum class Known {
+    None, ///< there are none
+    Read, ///< they are in the baseline
+    Recorded, ///< all are, and the baseline is written
+};
+
+/// What a call asks for.
+struct Request {
     OutputFormat format;
     Talk talk;
+    Strictness strictness;
+    TESSEL::ReadingLimits limits;
+    SeveritySettings severities;
+    Known known;
+    Baseline baseline;
+};
+
+Known knownOf(const QCommandLineParser &parser)
+{
+    const auto given = parser.values(BaselineOption.toString()).size()
+        + parser.values(WriteBaselineOption.toString()).size();
+    if (given > 1)
+        throw UsageError{
+            QStringLiteral("only one of --baseline and --write-baseline can be given, and only once")};
+    if (given == 0)
+        return Known::None;
+    return parser.isSet(BaselineOption.toString()) ? Known::Read : Known::Recorded;
+}
+
+/// The check of a path, as it is told.
+class PathCheck {
+public:
+    explicit PathCheck(const Request &requested) : request(requested) { }
 
     Outcome operator()(const ListedPath &path) const
     {
         switch (path.kind) {
         case ListedPath::Kind::Skipped:
-            return {std::nullopt, linesOfSkipped(path.path, path.reason, format)};
+            return {std::nullopt, linesOfSkipped(path.path, path.reason, request.format)};
         case ListedPath::Kind::Unreadable:
             return outcomeOf(unreadable(path.path, path.reason));
         default:
-            return outcomeOf(checkFile(path.path, limits));
+            return checked(path.path);
         }
     }
 
     [[nodiscard]] Outcome outcomeOf(const FileCheck &check) const
     {
-        return {check.verdict, linesOf(check, format, talk)};
+        return {check.verdict, linesOf(check, request.format, request.talk), check.knownFindings};
     }
+
+private:
+    [[nodiscard]] Outcome checked(const QString &path) const
+    {
+        FileCheck file = checkFile(path, request.limits);
+        if (file.verdict == Verdict::Unreadable)
+            return outcomeOf(file);
+        const auto settings = request.severities.fileFor(path);
+        request.severities.apply(file.check, settings.get());
+        Baseline recorded;
+        const QString name = request.known == Known::None ? QString() : request.baseline.nameOf(path);
+        if (request.known == Known::Recorded && !name.isEmpty())
+            recorded.add(name, file.check.findings);
+        const Baseline &knownNow = request.known == Known::Recorded ? recorded : request.baseline;
+        file.knownFindings = knownNow.takeKnown(name, file.check.findings);
+        file.verdict = verdictOn(file.check, file.knownFindings);
+        Outcome outcome = outcomeOf(file);
+        outcome.settings = settings;
+        outcome.recorded = std::move(recorded);
+        return outcome;
+    }
+
+    const Request &request;
+};
+
+/// Complains once about each file of settings that is not as it should be.
+class SettingsComplaints {
+public:
+    void add(const std::shared_ptr<const SeveritySettings::SettingsFile> &settings)
+    {
+        if (settings && !settings->complaints.isEmpty() && told.insert(settings).second)
+            Console::complainInBytes(settings->complaints);
+    }
+    [[nodiscard]] ExitStatus status() const { return told.empty() ? Good : Failed; }
+
+private:
+    std::set<std::shared_ptr<const SeveritySettings::SettingsFile>> told;
 };
 
 ExitStatus run(const QCommandLineParser &parser)
 {
-    const OutputFormat format = outputFormat(parser, Formats);
-    const Talk talk = parser.isSet(QuietOption.toString()) ? Talk::OfWhatIsWrong : Talk::OfAll;
-    const Strictness strictness =
-        parser.isSet(StrictOption.toString()) ? Strictness::Strict : Strictness::Lenient;
-    const PathCheck check{limitsOf(parser), format, talk};
+    const Known known = knownOf(parser);
+    const QString baselinePath =
+        parser.value((known == Known::Read ? BaselineOption : WriteBaselineOption).toString());
+    const Request request{outputFormat(parser, Formats),
+                          parser.isSet(QuietOption.toString()) ? Talk::OfWhatIsWrong : Talk::OfAll,
+                          parser.isSet(StrictOption.toString()) ? Strictness::Strict : Strictness::Lenient,
+                          limitsOf(parser),
+                          SeveritySettings(parser),
+                          known,
+                          known == Known::Read ? Baseline::read(baselinePath) : Baseline(baselinePath)};
     const PathCall call = pathCallOf(parser);
-    const bool wouldMix = format != OutputFormat::Text && Terminal::isOutput();
-    const bool isBarShown = Terminal::isErrorOutput() && !wouldMix && talk == Talk::OfAll;
+    const bool wouldMix = request.format != OutputFormat::Text && Terminal::isOutput();
+    const bool isBarShown = Terminal::isErrorOutput() && !wouldMix && request.talk == Talk::OfAll;
+    const PathCheck check(request);
     Counts counts;
-    Report report(format, talk);
+    SettingsComplaints settings;
+    Baseline recorded;
+    Report report(request.format, request.talk);
     report.begin();
     onEachPath<Outcome>(
         call, isBarShown ? Progress::Shown : Progress::Hidden, check,
@@ -82,10 +175,14 @@ ExitStatus run(const QCommandLineParser &parser)
         },
         [&](const Outcome &outcome) {
             if (outcome.verdict)
-                counts.add(*outcome.verdict);
+                counts.add(*outcome.verdict, outcome.knownFindings);
+            settings.add(outcome.settings);
+            recorded.add(outcome.recorded);
             report.add(outcome.lines);
         });
-    const ExitStatus status = counts.status(strictness);
+    ExitStatus status = std::max(counts.status(request.strictness), settings.status());
+    if (known == Known::Recorded)
+        status = std::max(status, writeOutput(recorded.text(), baselinePath));
     report.end(counts, call.isOneFile, status);
     return status;
 }
@@ -118,7 +215,8 @@ const Command checkCommand{
     u"  file     behind its findings: file, status, kind, complete, findings (how\n"
     u"           many)\n"
     u"  summary  in the end: files, good, withWarnings, neverWritten, faulty,\n"
-    u"           unreadable (how many of each)\n"
+    u"           unreadable (how many of each); with findings left\n"
+    u"           out also known (files), knownFindings\n"
     u"line and column count from 1. status is good where the library accepts the document, else faulty or "
     u"unreadable; complete is false for what is never written. found is the text that is there, "
     u"allowed lists the names that could be there, complaint is what the library says. suggestion is there "
@@ -127,6 +225,20 @@ const Command checkCommand{
     u"with that text in place of the attribute. What does not apply "
     u"is null, or an empty list. A byte of a name that is not UTF-8, such as 0xfc, is \\udcfc. "
     u"A folder that would be gone through again has a finding, but no file.\n"
+    u"\n"
+    u"--severity ID=error makes a warning an error, ID=warning a warning and ID=off nothing. A file "
+    u"kormak.ini in "
+    u"the folder of a document or the next folder above says the same for all who check documents there:\n"
+    u"  [severity]\n"
+    u"  suspicious-latitude=error\n"
+    u"  repeated=off\n"
+    u"Options come first. What the library refuses a document for stays an error, whatever is said, and "
+    u"tells that.\n"
+    u"\n"
+    u"--write-baseline writes how many findings of which id there are at which path of which file; with "
+    u"--baseline, so many are left out, errors included, and only what is new is told and counts. The "
+    u"summary "
+    u"tells how many are left out. Names of files are relative to the folder of the baseline.\n"
     u"\n"
     u"With --format sarif, standard output is a log in SARIF 2.1.0 with all findings, and with --format "
     u"github "

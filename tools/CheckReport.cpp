@@ -8,6 +8,7 @@
 #include <tools/PathEncoding.h>
 #include <tools/SarifLog.h>
 
+#include <algorithm>
 #include <new>
 #include <numeric>
 #include <utility>
@@ -33,15 +34,6 @@ FileCheck failed(const QString &path, const DocumentError &error)
     return {path, error.position ? Verdict::AtFault : Verdict::Unreadable, withOptions(failedCheck(error))};
 }
 
-Verdict verdictOn(const DocumentCheck &check)
-{
-    if (!check.isAccepted)
-        return Verdict::AtFault;
-    if (!check.isComplete)
-        return Verdict::NeverWritten;
-    return check.findings.empty() ? Verdict::Good : Verdict::WithWarnings;
-}
-
 bool isAccepted(Verdict verdict)
 {
     return verdict < Verdict::AtFault;
@@ -57,15 +49,23 @@ constexpr VerdictNames Names[] = {
     {Verdict::Good, u"good", u"good"},
     {Verdict::WithWarnings, u"with warnings", u"withWarnings"},
     {Verdict::NeverWritten, u"never written", u"neverWritten"},
+    {Verdict::Known, u"with nothing new", u"known"},
     {Verdict::AtFault, u"at fault", u"faulty"},
     {Verdict::Unreadable, u"unreadable", u"unreadable"},
 };
 
-QStringView statusName(Verdict verdict)
+/// Known faults are faults.
+QStringView statusName(const FileCheck &file)
 {
-    if (isAccepted(verdict))
-        return u"good";
-    return verdict == Verdict::AtFault ? u"faulty" : u"unreadable";
+    if (file.verdict == Verdict::Unreadable)
+        return u"unreadable";
+    return isAccepted(file.verdict) && file.check.isAccepted ? u"good" : u"faulty";
+}
+
+/// What a document is, in a line; of one that is refused, that this is known.
+QString stateOf(const FileCheck &file)
+{
+    return file.check.isAccepted ? file.check.state : QStringLiteral("at fault, as the baseline has it");
 }
 
 Lines textOf(const FileCheck &check, Talk talk)
@@ -78,7 +78,7 @@ Lines textOf(const FileCheck &check, Talk talk)
     lines.complaints = complaints.toUtf8();
     if (talk == Talk::OfAll ? isAccepted(check.verdict) : check.verdict == Verdict::NeverWritten)
         lines.results =
-            (PathEncoding::shown(check.path + QStringLiteral(": ") + check.check.state) + QLatin1Char('\n'))
+            (PathEncoding::shown(check.path + QStringLiteral(": ") + stateOf(check)) + QLatin1Char('\n'))
                 .toUtf8();
     return lines;
 }
@@ -90,7 +90,7 @@ Lines jsonOf(const FileCheck &check, Talk talk)
     for (const auto &[finding, position] : findings)
         lines.results += findingJson(check.path, finding, position);
     if (talk == Talk::OfAll || check.verdict != Verdict::Good)
-        lines.results += fileJson(check.path, statusName(check.verdict), kind, isComplete,
+        lines.results += fileJson(check.path, statusName(check), kind, isComplete,
                                   static_cast<qsizetype>(findings.size()));
     return lines;
 }
@@ -113,8 +113,12 @@ QByteArray summary(const Counts &counts, OutputFormat format)
     if (format == OutputFormat::Json) {
         return jsonLine(u"summary", [&counts](JsonWriter &json) {
             json.member(u"files", QString::number(counts.all()));
-            for (const VerdictNames &names : Names)
-                json.member(names.key, QString::number(counts.of(names.verdict)));
+            for (const VerdictNames &names : Names) {
+                if (names.verdict != Verdict::Known || counts.knownFindings() > 0)
+                    json.member(names.key, QString::number(counts.of(names.verdict)));
+            }
+            if (counts.knownFindings() > 0)
+                json.member(u"knownFindings", QString::number(counts.knownFindings()));
         });
     }
     QStringList parts;
@@ -124,10 +128,28 @@ QByteArray summary(const Counts &counts, OutputFormat format)
     }
     const QString files =
         counts.all() == 1 ? QStringLiteral("1 file") : QStringLiteral("%1 files").arg(counts.all());
-    return QStringLiteral("%1: %2\n").arg(files, parts.join(QStringLiteral(", "))).toUtf8();
+    const QString known = counts.knownFindings() > 0
+        ? QStringLiteral(" (findings that are known: %1)").arg(counts.knownFindings())
+        : QString();
+    return QStringLiteral("%1: %2%3\n").arg(files, parts.join(QStringLiteral(", ")), known).toUtf8();
 }
 
 } // namespace
+
+Verdict verdictOn(const DocumentCheck &check, int known)
+{
+    const auto &findings = check.findings;
+    const bool hasError = std::any_of(findings.begin(), findings.end(), [](const auto &placed) {
+        return placed.finding.severity == Severity::Error;
+    });
+    if (hasError || (!check.isAccepted && known == 0))
+        return Verdict::AtFault;
+    if (known > 0 && findings.empty())
+        return Verdict::Known;
+    if (check.isAccepted && !check.isComplete)
+        return Verdict::NeverWritten;
+    return findings.empty() ? Verdict::Good : Verdict::WithWarnings;
+}
 
 FileCheck unreadable(const QString &path, const QString &reason)
 {

@@ -18,7 +18,8 @@ enum class Verdict {
     Good,
     WithWarnings,
     NeverWritten, ///< the library accepts the document, but would write nothing for it
-    AtFault, ///< the library refuses the document
+    Known, ///< all that there is to tell is in the baseline
+    AtFault, ///< the library refuses the document, or something else counts as an error
     Unreadable,
 };
 
@@ -26,6 +27,7 @@ struct FileCheck {
     QString path;
     Verdict verdict = Verdict::Good;
     KORMAK::Inspection::DocumentCheck check;
+    int knownFindings = 0; ///< that have been taken out
 };
 
 /// Whether the object of a document is there after its check.
@@ -34,6 +36,9 @@ enum class CheckedObject { Dropped, Kept };
 /// Checks the file \a path, "-" being standard input.
 [[nodiscard]] FileCheck checkFile(const QString &path, const TESSEL::ReadingLimits &limits = {},
                                   CheckedObject object = CheckedObject::Dropped);
+
+/// What the findings of \a check make of a file that can be read; \a known of them have been taken out.
+[[nodiscard]] Verdict verdictOn(const KORMAK::Inspection::DocumentCheck &check, int known = 0);
 
 /// The outcome for a \a path that cannot be read.
 [[nodiscard]] FileCheck unreadable(const QString &path, const QString &reason);
@@ -58,13 +63,20 @@ struct Lines {
 /// How many files came out how.
 class Counts {
 public:
-    void add(Verdict verdict) { ++counts[static_cast<std::size_t>(verdict)]; }
+    void add(Verdict verdict, int knownFindings)
+    {
+        ++counts[static_cast<std::size_t>(verdict)];
+        known += knownFindings;
+    }
+    /// Findings that the baseline has.
+    [[nodiscard]] int knownFindings() const noexcept { return known; }
     [[nodiscard]] int of(Verdict verdict) const { return counts[static_cast<std::size_t>(verdict)]; }
     [[nodiscard]] int all() const;
     [[nodiscard]] ExitStatus status(Strictness strictness) const;
 
 private:
     std::array<int, static_cast<std::size_t>(Verdict::Unreadable) + 1> counts = {};
+    int known = 0;
 };
 
 [[nodiscard]] Lines linesOf(const FileCheck &check, OutputFormat format, Talk talk);

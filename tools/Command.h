@@ -43,6 +43,7 @@ inline constexpr QStringView ParameterName =
     u"NAME"; ///< of a parameter in a document; may be given repeatedly
 inline constexpr QStringView OneField = u"FIELD"; ///< the name of a field
 inline constexpr QStringView ManyFields = u"FIELD,..."; ///< the same for several
+inline constexpr QStringView SettingOfSeverity = u"ID=SEVERITY";
 inline constexpr QStringView ConditionName = u"CONDITION"; ///< of rows
 inline constexpr QStringView PartName = u"PART"; ///< of documents
 inline constexpr Arguments OneFile{FileName, u"FILE", 1, 1};

@@ -7,6 +7,7 @@
 #include <objectbase/QtCompat_p.h>
 #include <tools/OutputFormat.h>
 #include <tools/ReportOrder.h>
+#include <tools/SeveritySettings.h>
 #include <tools/TableFields.h>
 #include <tools/Tool.h>
 #include <tools/Usage.h>
@@ -43,6 +44,8 @@ Value valueCalled(const QString &name, const Command &command)
         return {Value::Kind::Word, outputFormatNames(command.formats)};
     if (name == ReportOrder::ValueName)
         return {Value::Kind::Word, ReportOrder::names()};
+    if (name == SettingOfSeverity)
+        return {Value::Kind::Word, SeveritySettings::optionValues()};
     if (name == PartName)
         return {Value::Kind::Word, Table::partNames()};
     if (name == KindName)
@@ -240,6 +243,7 @@ QStringList zshOptions(const QList<QCommandLineOption> &options, const Command &
         const QString valueName = option.valueName();
         const QStringList names = Usage::dashedNames(option);
         const bool isRepeated = valueName == ParameterName || valueName == ConditionName
+            || valueName == SettingOfSeverity
             || (!valueName.isEmpty() && valueCalled(valueName, command).kind == Value::Kind::Field);
         const QString start = isRepeated ? QStringLiteral("*")
                                          : QLatin1Char('(') + names.join(QLatin1Char(' ')) + QLatin1Char(')');

@@ -9,6 +9,7 @@ namespace {
 constexpr FindingRule Rules[] = {
     {FindingId::BadValue, u"A text does not say what belongs there."},
     {FindingId::BeyondLimit, u"The document is more than the limits allow."},
+    {FindingId::DeclaredEncoding, u"Another encoding is declared than the text is read in."},
     {FindingId::Encoding, u"The text is not UTF-8, or holds a NUL."},
     {FindingId::MisplacedElement, u"An element stands within a text."},
     {FindingId::MissingAttribute, u"An attribute is missing."},

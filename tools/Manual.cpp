@@ -126,5 +126,8 @@ QString manualPage(const QString &version, const QString &dataFolder)
         + entry(data + QStringLiteral("/kormak/schemas/*.xsd"),
                 QStringLiteral("The XML schemas, one for each kind of document, for editors and validators. "
                                "PREFIX is where Kormak is installed, such as /usr."))
+        + entry(QStringLiteral("kormak.ini"),
+                QStringLiteral(
+                    "How much findings matter to check, for the documents in its folder and below."))
         + section(u"EXAMPLES") + QStringLiteral("Makes a job and checks it:\n") + example(Tool::Example);
 }

@@ -31,15 +31,17 @@ const FormatText &textOf(OutputFormat format)
                          [format](const FormatText &text) { return text.format == format; });
 }
 
-/// "text (for people, the default) or json (for scripts)."; of more than two, only the default is explained.
+/// "text (for people, the default) or json (for scripts)."; more than two are not explained.
 QString description(OutputFormats formats)
 {
     QStringList parts;
     for (const OutputFormat format : formats) {
         const FormatText &text = textOf(format);
-        const bool isExplained = formats.size() == 2 || format == OutputFormat::Text;
+        const QString explanation = formats.size() == 2 ? text.purpose.toString()
+            : format == OutputFormat::Text              ? QStringLiteral("the default")
+                                                        : QString();
         parts += text.name.toString()
-            + (isExplained ? QStringLiteral(" (%1)").arg(text.purpose.toString()) : QString());
+            + (explanation.isEmpty() ? explanation : QStringLiteral(" (%1)").arg(explanation));
     }
     const QString last = parts.takeLast();
     return parts.join(QStringLiteral(", ")) + QStringLiteral(" or ") + last + QLatin1Char('.');

@@ -34,8 +34,7 @@ QList<QCommandLineOption> options()
 {
     return withLimitOptions(listOf<QList<QCommandLineOption>>(
         QCommandLineOption(listOf<QStringList>(OutputOption.toString()),
-                           QStringLiteral("Write to the file or folder OUT, not to standard output."),
-                           QStringLiteral("OUT")),
+                           QStringLiteral("Write to the file or folder OUT."), QStringLiteral("OUT")),
         QCommandLineOption(listOf<QStringList>(QStringLiteral("r"), RecursiveOption.toString()),
                            QStringLiteral("Go through the folders below a folder, too.")),
         ReportOrder::option()));

@@ -105,7 +105,8 @@ With --format json everything goes to standard output, an object in each line.
   file     behind its findings: file, status, kind, complete, findings (how
            many)
   summary  in the end: files, good, withWarnings, neverWritten, faulty,
-           unreadable (how many of each)
+           unreadable (how many of each); with findings left
+           out also known (files), knownFindings
 line and column count from 1. status is good where the library accepts the
 document, else faulty or unreadable; complete is false for what is never
 written. found is the text that is there, allowed lists the names that could be
@@ -116,6 +117,20 @@ an element of the attribute's name with that text in place of the attribute.
 What does not apply is null, or an empty list. A byte of a name that is not
 UTF-8, such as 0xfc, is \udcfc. A folder that would be gone through again has a
 finding, but no file.
+
+--severity ID=error makes a warning an error, ID=warning a warning and ID=off
+nothing. A file kormak.ini in the folder of a document or the next folder above
+says the same for all who check documents there:
+  [severity]
+  suspicious-latitude=error
+  repeated=off
+Options come first. What the library refuses a document for stays an error,
+whatever is said, and tells that.
+
+--write-baseline writes how many findings of which id there are at which path
+of which file; with --baseline, so many are left out, errors included, and only
+what is new is told and counts. The summary tells how many are left out. Names
+of files are relative to the folder of the baseline.
 
 With --format sarif, standard output is a log in SARIF 2.1.0 with all findings,
 and with --format github an annotation for each, as workflows on GitHub read
@@ -132,15 +147,18 @@ unknown-element, unknown-kind, unread, unreadable.
 The PATH - is standard input.
 
 Options:
-  -r, --recursive       Go through the folders below a folder, too.
-  -j, --jobs N          Check N files at once (default: 1 per core, most: 4).
-  --strict              Warnings and what is never written count as faults.
-  -q, --quiet           Tell only what is wrong.
-  --format FORMAT       text (for people, the default), json, sarif or github.
-  --limit-attributes N  Most attributes of an element (default: 100).
-  --limit-depth N       Most elements in one another (default: 1000).
-  --limit-entities N    Most characters from entities (default: 1048576).
-  -h, --help            Show this help.
+  -r, --recursive         Go through the folders below a folder, too.
+  -j, --jobs N            Check N files at once (default: 1 per core, most: 4).
+  --strict                Warnings and what is never written count as faults.
+  -q, --quiet             Tell only what is wrong.
+  --severity ID=SEVERITY  How much findings with an id matter; can be repeated.
+  --baseline FILE         Leave out what FILE has.
+  --write-baseline FILE   Write to FILE what is to be left out later.
+  --format FORMAT         text (the default), json, sarif or github.
+  --limit-attributes N    Most attributes of an element (default: 100).
+  --limit-depth N         Most elements in one another (default: 1000).
+  --limit-entities N      Most characters from entities (default: 1048576).
+  -h, --help              Show this help.
 
 Exit status:
   0  all documents are good, with warnings or without
@@ -458,7 +476,7 @@ Options:
   --where CONDITION     Only rows for which this holds; can be repeated.
   --sort FIELD          Sort by this, not by the order of the files.
   --each PART           A row for each Parameter, not for each document.
-  --format FORMAT       text (for people, the default), csv or json.
+  --format FORMAT       text (the default), csv or json.
   --limit-attributes N  Most attributes of an element (default: 100).
   --limit-depth N       Most elements in one another (default: 1000).
   --limit-entities N    Most characters from entities (default: 1048576).
@@ -586,7 +604,8 @@ void CommandLineTest::wrongCalls_data()
     QTest::newRow("unknown option of check")
         << QStringList{"check", "--foo", "job.xml"}
         << "kormak check: Unknown option 'foo'. Allowed: -r, "
-           "--recursive, -j, --jobs N, --strict, -q, --quiet, --format FORMAT, --limit-attributes N, "
+           "--recursive, -j, --jobs N, --strict, -q, --quiet, --severity ID=SEVERITY, --baseline FILE, "
+           "--write-baseline FILE, --format FORMAT, --limit-attributes N, "
            "--limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("option of the tool behind a command")
         << QStringList{"show", "--version", "job.xml"}
@@ -668,7 +687,8 @@ void CommandLineTest::wrongCalls_data()
     QTest::newRow("check without a format")
         << QStringList{"check", "job.xml", "--format"}
         << "kormak check: Missing value after '--format'. Allowed: -r, "
-           "--recursive, -j, --jobs N, --strict, -q, --quiet, --format FORMAT, --limit-attributes N, "
+           "--recursive, -j, --jobs N, --strict, -q, --quiet, --severity ID=SEVERITY, --baseline FILE, "
+           "--write-baseline FILE, --format FORMAT, --limit-attributes N, "
            "--limit-depth N, --limit-entities N, -h, --help\n";
     QTest::newRow("check of standard input twice") << QStringList{"check", "-", "job.xml", "-"}
                                                    << "kormak check: standard input can be read only once\n";

@@ -87,7 +87,7 @@ void CompletionTest::bash_data()
     add("options behind a file", {"format", "a.xml", "--in"}, {"--in-place"});
     add("options behind standard input", {"format", "-", "--in"}, {"--in-place"});
     add("option with two names", {"check", "--r"}, {"--recursive"});
-    add("format", {"show", "--format", ""}, {"text", "json"});
+    add("format", {"show", "--format", ""}, {"text", "json", "geojson"});
     add("format of checks", {"check", "--format", ""}, {"text", "json", "sarif", "github"});
     add("format of tables", {"table", "--format", ""}, {"text", "csv", "json"});
     add("parts", {"table", "--each", ""}, {"Parameter"});
@@ -95,6 +95,8 @@ void CompletionTest::bash_data()
     add("options behind conditions", {"table", "--where", "a = b", "--col"}, {"--columns"});
     add("format behind =", {"show", "--format", "=", "j"}, {"json"});
     add("format right behind =", {"show", "--format", "="}, {"text", "json", "geojson"});
+    add("severity", {"check", "--severity", "rep"}, {"repeated=error", "repeated=warning", "repeated=off"});
+    add("severity behind =", {"check", "--severity", "repeated", "=", "w"}, {"warning"});
     add("number", {"check", "-j", ""}, {});
     add("command behind which is an option", {"show", "--format", "json", "--h"}, {"--help"});
     add("kinds", {"new", ""}, documentKindNames());
@@ -183,9 +185,10 @@ void CompletionTest::bashLeavesFilesToTheShell()
         skip("there is no bash");
         return;
     }
-    for (const QStringList &words : {QStringList{"check", "a.xml", ""}, QStringList{"show", ""},
-                                     QStringList{"table", ""}, QStringList{"diff", "a.xml", ""},
-                                     QStringList{"format", "-o", ""}, QStringList{"new", "Job", "-o", ""}})
+    for (const QStringList &words :
+         {QStringList{"check", "a.xml", ""}, QStringList{"show", ""}, QStringList{"table", ""},
+          QStringList{"diff", "a.xml", ""}, QStringList{"format", "-o", ""},
+          QStringList{"check", "--baseline", ""}, QStringList{"new", "Job", "-o", ""}})
         QCOMPARE(offered(words), QStringList());
     QVERIFY(outputOf("bash", ". '" + ForBash + "'; complete -p kormak").contains("-o default"));
 }

@@ -240,9 +240,9 @@ void TableCommandTest::wrongCalls_data()
     condition("Parameter[a.UniqueName = x", "'Parameter[a.UniqueName = x' lacks a ]");
     condition("AntennaData.Azimuth = north", "'AntennaData.Azimuth = north': 'north' is not a number");
     condition("AntennaData.Azimuth < nan", "'AntennaData.Azimuth < nan': 'nan' is not a number");
-    condition(
-        "ResourceType = antenna",
-        "'ResourceType = antenna': 'antenna' is not allowed. Allowed: Receiver HF, Receiver V/UHF, ...");
+    condition("ResourceType = antenna",
+              "'ResourceType = antenna': 'antenna' is not allowed; did you mean \"Antenna\"? Allowed: "
+              "Antenna, ...");
     condition("Autostart = yes", "'Autostart = yes': 'yes' is not allowed. Allowed: true, false");
     condition("JobHeader.Creation > noon",
               "'JobHeader.Creation > noon': 'noon' is not allowed. Allowed: date in UTC as "
@@ -250,7 +250,8 @@ void TableCommandTest::wrongCalls_data()
     condition("JobHeader.Author < M",
               "'JobHeader.Author < M': only numbers and dates are less or more than others");
     condition("Mode >= AGED", "'Mode >= AGED': only numbers and dates are less or more than others");
-    condition("kind = Jobs", "'kind = Jobs': Unknown kind 'Jobs'. Allowed: " + knownKinds());
+    condition("kind = Jobs",
+              "'kind = Jobs': Unknown kind 'Jobs'; did you mean \"Job\"? Allowed: " + knownKinds());
     QTest::newRow("columns twice") << QStringList{"--columns", "file", "--columns", "kind"}
                                    << "--columns can be given only once";
     QTest::newRow("column twice") << QStringList{"--columns", "file,kind,file"}
