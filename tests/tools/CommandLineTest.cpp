@@ -193,7 +193,7 @@ The FILE - is standard input.
 Options:
   --parameter NAME      Show this parameter of a receiver in full (repeatable).
   --wide                Show tables as wide as they are, also on a terminal.
-  --format FORMAT       text (for people, the default), json or geojson.
+  --format FORMAT       text (the default), json or geojson.
   --limit-attributes N  Most attributes of an element (default: 100).
   --limit-depth N       Most elements in one another (default: 1000).
   --limit-entities N    Most characters from entities (default: 1048576).
@@ -373,7 +373,7 @@ first) or resource.
 The PATH - is standard input.
 
 Options:
-  -o OUT                Write to the file or folder OUT, not to standard output.
+  -o OUT                Write to the file or folder OUT.
   -r, --recursive       Go through the folders below a folder, too.
   --sort ORDER          What the index goes by (default: name).
   --limit-attributes N  Most attributes of an element (default: 100).

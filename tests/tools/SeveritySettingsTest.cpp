@@ -151,8 +151,9 @@ void SeveritySettingsTest::faultySettings_data()
     QTest::addColumn<QByteArray>("settings");
     QTest::addColumn<QString>("complaint");
 
-    QTest::newRow("unknown id") << QByteArray("[severity]\nunknown-atribute=off\n")
-                                << "Unknown id 'unknown-atribute'. Allowed: bad-value, ";
+    QTest::newRow("unknown id")
+        << QByteArray("[severity]\nunknown-atribute=off\n")
+        << "Unknown id 'unknown-atribute'; did you mean \"unknown-attribute\"? Allowed: bad-value, ";
     QTest::newRow("unknown severity") << QByteArray("[severity]\nrepeated=none\n")
                                       << "Unknown severity 'none'. Allowed: error, warning, off";
     QTest::newRow("unknown section")
@@ -191,8 +192,9 @@ void SeveritySettingsTest::wrongCalls_data()
                                  << "--severity takes ID=SEVERITY, not 'repeated'";
     QTest::newRow("unknown id") << "lost=off"
                                 << "Unknown id 'lost'. Allowed: bad-value, ";
-    QTest::newRow("unknown severity") << "repeated=Off"
-                                      << "Unknown severity 'Off'. Allowed: error, warning, off";
+    QTest::newRow("unknown severity")
+        << "repeated=Off"
+        << "Unknown severity 'Off'; did you mean \"off\"? Allowed: error, warning, off";
 }
 
 void SeveritySettingsTest::wrongCalls()
