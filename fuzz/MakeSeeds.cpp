@@ -47,6 +47,7 @@ public:
         add("Document", document.toUtf8());
         texts.insert(document.toUtf8());
         add("ToolDocument", document.toUtf8());
+        add("Edit", document.toUtf8());
         add("Inspection", document.toUtf8());
     }
 

@@ -1,6 +1,7 @@
 #include "fuzz/Targets.h"
 
 #include <fuzz/BinaryProperties.h>
+#include <fuzz/EditProperties.h>
 #include <fuzz/InspectionProperties.h>
 #include <tests/support/DocumentKinds.h>
 
@@ -62,6 +63,7 @@ constexpr struct {
 } TargetsOfAllKinds[] = {
     {"Document", checkDocument},
     {"Binary", checkAnyBinary},
+    {"Edit", checkEdit},
     {"Inspection", [](const QByteArray &input) { checkInspection(input); }},
 #ifdef KORMAK_FUZZES_TOOL
     {"ToolDocument", [](const QByteArray &input) { checkToolOnDocument(runTool, input); }},

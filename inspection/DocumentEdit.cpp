@@ -159,6 +159,8 @@ public:
           layout(parsed.text, parsed.tree, kind, *parsed.object), editor(layout.tree, layout.source),
           changed(kind.copy(*parsed.object)), before(heldBy(kind, *parsed.object))
     {
+        for (DocumentEdit::Change &change : changes)
+            change.path = withIndexes(change.path);
     }
 
     std::vector<TextPatch> patches()
@@ -206,6 +208,29 @@ private:
     {
         return isSet(held.value) ? quoted(settableText(held.row->type, held.value))
                                  : QStringLiteral("not set");
+    }
+
+    /// \a path with indexes in the place of keys: "EnumValue[1].Name" for "EnumValue[Key=7].Name". There are
+    /// parameters called "Key=7", too.
+    QString withIndexes(const QString &path)
+    {
+        const QString start = QStringLiteral("[Key=");
+        for (auto begin = path.indexOf(start); begin >= 0; begin = path.indexOf(start, begin + 1)) {
+            const auto keyBegin = begin + start.size();
+            const auto end = path.indexOf(QLatin1Char(']'), keyBegin);
+            const QString key = path.mid(keyBegin, end < 0 ? -1 : end - keyBegin);
+            for (int i = 0;; ++i) {
+                const QString element = path.left(begin) + QStringLiteral("[%1]").arg(i);
+                const auto held = before.find(element + QStringLiteral(".Key"));
+                if (held == before.end() && i > 0)
+                    fail(QStringLiteral("there is no element with this key"), path);
+                if (held == before.end())
+                    break;
+                if (settableText(held->second.row->type, held->second.value) == key)
+                    return element + path.mid(end + 1);
+            }
+        }
+        return path;
     }
 
     /// Makes the changes in the object that set something.
@@ -495,7 +520,7 @@ private:
 
     ParsedDocument &document;
     const DocumentKind &kind;
-    const QVector<DocumentEdit::Change> &changes;
+    QVector<DocumentEdit::Change> changes;
     Layout layout;
     XmlEditor editor;
     std::unique_ptr<ITesselObject> changed; ///< as it is to be read

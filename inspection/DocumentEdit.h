@@ -33,7 +33,9 @@ public:
         };
 
         Action action; ///< what is done
-        QString path; ///< as Field::GetPath() says it, also of a parameter or of an element of a list
+        /// As Field::GetPath() says it, also of a parameter or of an element of a list. Entries of
+        /// enumerations may be called by their keys, too: "Enum.EnumValue[Key=7].Name".
+        QString path;
         QString text = {}; ///< what it is set to
     };
 

@@ -182,6 +182,7 @@ const Command setCommand{
     u"  Area.Coordinate[2].Latitude=48.2      of the third element of a list\n"
     u"  Area.Coordinate=52.1,13.4             adds an element\n"
     u"  Parameter[Gain].Integer.Maximum=60    of a parameter, added as needed\n"
+    u"  Enum.EnumValue[Key=7].Name=B          of an entry, by its key\n"
     u"  --unset 'Parameter[Gain]'             removes it\n"
     u"--from takes an object as 'kormak show --format json' prints it, or its fields alone. Files stand "
     u"before "

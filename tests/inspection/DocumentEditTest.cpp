@@ -234,8 +234,17 @@ void DocumentEditTest::changes_data()
         "<ActivityGeneration Version=\"1.0\">AGED</ActivityGeneration>", {set("Mode", "AGSC")},
         "<ActivityGeneration Version=\"1.0\">AGSC</ActivityGeneration>");
 
+    add("entry by its key", Receiver, {set("Parameter[Mode].Enum.EnumValue[Key=2].Name", "C")},
+        with(Receiver, "Name=\"B\"", "Name=\"C\""));
+    add("parameter that is called as a key",
+        "<GenericReceiver><Parameter UniqueName='Key=2'/></GenericReceiver>",
+        {set("Parameter[Key=2].ToolTip", "t")},
+        "<GenericReceiver><Parameter UniqueName='Key=2'><ToolTip>t</ToolTip></Parameter></GenericReceiver>");
+
     // Removing
 
+    add("entry away by its key", Receiver, {unset("Parameter[Mode].Enum.EnumValue[Key=2]")},
+        with(Receiver, "            <EnumValue Key=\"2\" Name=\"B\" Value=\"1\"/>\n", ""));
     add("element away", with(Job1, "</ShowJDH>\n", "</ShowJDH>\n    <Description>d</Description>\n"),
         {unset("JobHeader.Description")}, Job1);
     add("all of several elements",
@@ -308,6 +317,8 @@ void DocumentEditTest::refused_data()
         "not-edited : AntennaData.Azimuth: 'north' is not allowed. Allowed: finite number in degrees");
     add("field with a sign", Job1, {set("JobHeader.Author=a", "b")},
         "not-edited JobHeader.Author=a: there is no such field");
+    add("no such key", Receiver, {set("Parameter[Mode].Enum.EnumValue[Key=3].Name", "C")},
+        "not-edited Parameter[Mode].Enum.EnumValue[Key=3].Name: there is no element with this key");
     add("nothing to unset", Job1, {unset("AntennaData.Colour")},
         "not-edited AntennaData.Colour: there is no such field in the document");
     add("the document", Job1, {unset("")}, "not-edited : there is no such field in the document");
