@@ -6,10 +6,10 @@
 #include <chrono>
 #include <new>
 
-OrderedThreads::OrderedThreads(std::size_t count, int threadCount, std::function<void(std::size_t)> work)
+OrderedThreads::OrderedThreads(std::size_t count, int jobs, std::function<void(std::size_t)> work)
     : job(std::move(work)), isDone(std::min(count, Window)), end(count)
 {
-    const auto wanted = std::min(static_cast<std::size_t>(threadCount), count);
+    const auto wanted = std::min(static_cast<std::size_t>(jobs), count);
     try {
         while (threads.size() < wanted)
             threads.emplace_back([this] { this->work(); });

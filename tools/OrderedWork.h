@@ -19,9 +19,9 @@ public:
     /// Nothing is begun that lies so far behind what is waited for.
     static constexpr std::size_t Window = 256;
 
-    /// \a work is done with each number below \a count, in its order, by \a threads at a time, or as many as
-    /// there can be. It must not throw.
-    OrderedThreads(std::size_t count, int threads, std::function<void(std::size_t number)> work);
+    /// \a work is done with each number below \a count, in its order, by \a jobs threads at a time, or as
+    /// many as there can be. It must not throw.
+    OrderedThreads(std::size_t count, int jobs, std::function<void(std::size_t number)> work);
     /// What is not begun is left.
     ~OrderedThreads();
     OrderedThreads(const OrderedThreads &) = delete;

@@ -87,7 +87,7 @@ SeveritySettings::SettingsFile settingsIn(const QString &path)
 fs::path settingsFileAbove(fs::path folder)
 {
     for (std::error_code ignored;;) {
-        const fs::path file = folder / "kormak.ini";
+        fs::path file = folder / "kormak.ini";
         if (fs::exists(file, ignored))
             return file;
         if (folder == folder.parent_path())

@@ -126,7 +126,7 @@ public:
 private:
     static QString partOf(const QCommandLineParser &parser)
     {
-        const QString name = onlyValue(parser, EachOption);
+        QString name = onlyValue(parser, EachOption);
         if (parser.isSet(EachOption.toString()) && !Table::partNames().contains(name))
             throw Usage::unknown(QStringLiteral("part"), name, Table::partNames());
         return name;

@@ -209,7 +209,7 @@ private:
     std::size_t deepest = 0;
 };
 
-FieldName::FieldName(const QString &name, const QString &part) : text(name), partName(part)
+FieldName::FieldName(QString name, QString part) : text(std::move(name)), partName(std::move(part))
 {
     if (ownFields().contains(text)) {
         allTypes = {text == CompleteField ? &Boolean : &PlainText};

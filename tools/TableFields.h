@@ -50,7 +50,7 @@ class FieldName {
 public:
     /// The field called \a name of the part, or of the document, or one of "file", "kind" and "complete". \a
     /// part: what there is a row for each of; empty: documents. \throws UsageError when no document has it
-    FieldName(const QString &name, const QString &part);
+    FieldName(QString name, QString part);
 
     [[nodiscard]] const QString &name() const noexcept { return text; }
     /// Of what it may hold, in any kind of document.

@@ -1235,9 +1235,9 @@ void CheckCommandTest::namesThatAreNotUtf8()
                      "1 file: 1 good\n0\n"));
     QCOMPARE(outputOf(tool + "check ${u}.xml"),
              QString("\\xfc.xml: error: cannot be read: No such file or directory\n2\n"));
-    QCOMPARE(
-        outputOf(tool + "${u}"),
-        QString("kormak: Unknown command '\\xfc'. Allowed: check, show, report, table, diff, format, set, fix, new, list, help\n2\n"));
+    QCOMPARE(outputOf(tool + "${u}"),
+             QString("kormak: Unknown command '\\xfc'. Allowed: check, show, report, table, diff, format, "
+                     "set, fix, new, list, help\n2\n"));
     // To write another name would be worse.
     QCOMPARE(outputOf(tool + "format ${b}mark.xml -o ${u}.xml"),
              QString("\\xfc.xml: error: cannot be written: its name is not UTF-8\n2\n"));
