@@ -294,6 +294,7 @@ and standard error tells why.
   Area.Coordinate[2].Latitude=48.2      of the third element of a list
   Area.Coordinate=52.1,13.4             adds an element
   Parameter[Gain].Integer.Maximum=60    of a parameter, added as needed
+  Enum.EnumValue[Key=7].Name=B          of an entry, by its key
   --unset 'Parameter[Gain]'             removes it
 --from takes an object as 'kormak show --format json' prints it, or its fields
 alone. Files stand before the fields; one whose name looks like a field is
