@@ -155,9 +155,9 @@ public:
     QVector<Finding> errors;
 
     Editing(ParsedDocument &parsed, const QVector<DocumentEdit::Change> &wanted)
-        : document(parsed), kind(*parsed.kind), changes(wanted),
-          layout(parsed.text, parsed.tree, kind, *parsed.object), editor(layout.tree, layout.source),
-          changed(kind.copy(*parsed.object)), before(heldBy(kind, *parsed.object))
+        : kind(*parsed.kind), changes(wanted), layout(parsed.text, parsed.tree, kind, *parsed.object),
+          editor(layout.tree, layout.source), changed(kind.copy(*parsed.object)),
+          before(heldBy(kind, *parsed.object))
     {
         for (DocumentEdit::Change &change : changes)
             change.path = withIndexes(change.path);
@@ -518,7 +518,6 @@ private:
         fields = std::move(left);
     }
 
-    ParsedDocument &document;
     const DocumentKind &kind;
     QVector<DocumentEdit::Change> changes;
     Layout layout;
