@@ -302,5 +302,5 @@ void AreaMapTest::longEdges()
     QVERIFY(map.contains("crosses itself"));
 }
 
-QTEST_APPLESS_MAIN(AreaMapTest)
+QTEST_GUILESS_MAIN(AreaMapTest)
 #include "AreaMapTest.moc"

@@ -233,5 +233,5 @@ void AreaOutlineTest::tooManyCoordinates()
     QVERIFY2(timer.elapsed() < 20'000, qPrintable(QString::number(timer.elapsed())));
 }
 
-QTEST_APPLESS_MAIN(AreaOutlineTest)
+QTEST_GUILESS_MAIN(AreaOutlineTest)
 #include "AreaOutlineTest.moc"

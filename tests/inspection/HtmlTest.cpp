@@ -74,5 +74,5 @@ void HtmlTest::attributes()
     QCOMPARE(html.written(), QString("<a href=\"&quot;&gt;&lt;script&gt;&amp;\\n\">"));
 }
 
-QTEST_APPLESS_MAIN(HtmlTest)
+QTEST_GUILESS_MAIN(HtmlTest)
 #include "HtmlTest.moc"

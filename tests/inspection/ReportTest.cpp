@@ -451,5 +451,5 @@ void ReportTest::indexPage()
     QVERIFY(QString::fromUtf8(ReportIndex().GetHtml()).contains("0 documents, 0 refused."));
 }
 
-QTEST_APPLESS_MAIN(ReportTest)
+QTEST_GUILESS_MAIN(ReportTest)
 #include "ReportTest.moc"

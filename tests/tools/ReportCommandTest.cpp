@@ -185,5 +185,5 @@ void ReportCommandTest::wrongCalls()
     QCOMPARE(folder.names(), QStringList{});
 }
 
-QTEST_APPLESS_MAIN(ReportCommandTest)
+QTEST_GUILESS_MAIN(ReportCommandTest)
 #include "ReportCommandTest.moc"
