@@ -343,9 +343,10 @@ void DocumentTest::objectsThatPassAndAreNotWritten()
                          "ever complete; the library would write nothing for this one"));
 
     Document flag = example("jobs/production-mc-hf-empty-data-header-flag.xml");
-    QCOMPARE(linesOf(Document(*flag.GetObject()).GetFindings()),
-             QStringList("0:0 warning bad-value Job/JobHeader/ShowJDH: is empty: the header is not complete, and "
-                         "the library would write nothing"));
+    QCOMPARE(
+        linesOf(Document(*flag.GetObject()).GetFindings()),
+        QStringList("0:0 warning bad-value Job/JobHeader/ShowJDH: is empty: the header is not complete, and "
+                    "the library would write nothing"));
 
     Document receiver = Document::New("GenericReceiver");
     receiver.SetFields({{"Parameter[A].ParameterType", "Enum"},
@@ -452,6 +453,23 @@ void DocumentTest::unusableTexts_data()
         << QByteArray("<Job>\xE9</Job>") << QString()
         << "1:6 error encoding : byte 0xe9 is not UTF-8; it may be ISO-8859-1: \"iconv -f "
            "ISO-8859-1 -t UTF-8 FILE > NEWFILE\" converts it";
+    QTest::newRow("further byte alone")
+        << QByteArray("<Job>\x80") << QString()
+        << "1:6 error encoding : byte 0x80 is not UTF-8; it may be WINDOWS-1252: \"iconv -f WINDOWS-1252 -t "
+           "UTF-8 FILE > NEWFILE\" converts it";
+    const std::pair<const char *, QByteArray> notUtf8[] = {
+        {"character that breaks off", "\xE2\x82"},
+        {"two bytes for one", "\xC1\x81"},
+        {"three bytes for two", "\xE0\x9F\xBF"},
+        {"four bytes for three", "\xF0\x8F\xBF\xBF"},
+        {"surrogate", "\xED\xA0\x80"},
+        {"beyond Unicode", "\xF4\x90\x80\x80"},
+    };
+    for (const auto &[name, bytes] : notUtf8) {
+        const QString byte = QString::fromLatin1(bytes.left(1).toHex());
+        QTest::newRow(name) << "<Job>" + bytes << QString()
+                            << "1:6 error encoding : byte 0x" + byte + " is not UTF-8";
+    }
     QTest::newRow("NUL at the start")
         << QByteArray("\0<Job/>", 7) << QString() << "1:1 error encoding : the text holds a NUL byte";
     QTest::newRow("NUL") << QByteArray("<Job/>\0", 7) << QString()
