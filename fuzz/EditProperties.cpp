@@ -4,6 +4,7 @@
 #include <inspection/Document.h>
 #include <inspection/DocumentEdit.h>
 #include <objectbase/TesselException.h>
+#include <tests/support/OtherText.h>
 
 #include <algorithm>
 #include <optional>
@@ -17,29 +18,6 @@ namespace Fuzz {
 namespace {
 
 using Change = DocumentEdit::Change;
-
-/// Another value than the field has.
-QString otherText(const Field &field)
-{
-    const QStringList allowed = field.GetAllowed();
-    for (const QString &text : allowed) {
-        if (text != field.GetText())
-            return text;
-    }
-    switch (field.GetType()) {
-    case Field::Type::Integer:
-        return QString::number(field.GetText() == QString::number(field.GetMinimum()) ? field.GetMaximum()
-                                                                                      : field.GetMinimum());
-    case Field::Type::Float:
-    case Field::Type::Double:
-        return field.GetText() == "0.75" ? "1.25" : "0.75";
-    case Field::Type::DateTime:
-        return field.GetText() == "2026-03-29T00:59:59,000Z" ? "2026-03-29T00:59:58Z"
-                                                             : "2026-03-29T00:59:59Z";
-    default:
-        return field.GetText() + QStringLiteral(" <&>\"']]>\n");
-    }
-}
 
 /// \a text with its places put back to what stood there.
 QByteArray putBack(const DocumentEdit &edit, const QByteArray &original)
@@ -92,7 +70,7 @@ std::optional<Document> changedBySetter(const Document &document, const Change &
 
 void checkSetting(const QByteArray &text, const Document &document, const Field &field)
 {
-    const Change change{Change::Action::Set, field.GetPath(), otherText(field)};
+    const Change change{Change::Action::Set, field.GetPath(), TestSupport::otherText(field)};
     const DocumentEdit edit(text, {change}, DocumentEdit::NewFindings::Accepted);
     if (!edit.IsDone()) {
         demand(edit.GetText() == text && edit.GetPlaces().isEmpty(), "what is refused changes nothing");

@@ -3,6 +3,7 @@
 #include <inspection/DocumentKind_p.h>
 #include <inspection/FieldListing_p.h>
 #include <tests/inspection/DocumentSamples.h>
+#include <tests/support/OtherText.h>
 #include <tests/support/RandomDocuments.h>
 
 #include <QRegularExpression>
@@ -404,28 +405,6 @@ void DocumentEditTest::nothing()
 
 namespace {
 
-/// Another text that the field can be set to.
-QString otherText(const Field &field)
-{
-    const QStringList allowed = field.GetAllowed();
-    for (const QString &text : allowed) {
-        if (text != field.GetText())
-            return text;
-    }
-    switch (field.GetType()) {
-    case Field::Type::Integer:
-        return QString::number(field.GetText() == QString::number(field.GetMaximum()) ? field.GetMinimum()
-                                                                                      : field.GetMaximum());
-    case Field::Type::Float:
-    case Field::Type::Double:
-        return field.GetText() == "0.75" ? "1.25" : "0.75";
-    case Field::Type::DateTime:
-        return field.GetText() == "2026-03-29T00:59:59Z" ? "2026-03-29T00:59:58Z" : "2026-03-29T00:59:59Z";
-    default:
-        return "x & <y> \"z\"" + field.GetText();
-    }
-}
-
 /// The paths of all fields that documents of the kind can say, with N and NAME for their keys.
 QSet<QString> sayable(const QString &kind)
 {
@@ -465,7 +444,7 @@ int setAndBack(const QByteArray &text)
         const Field &field = fields.at(i);
         if (!field.IsSettable() || !paths.contains(generic(field.GetPath())))
             continue;
-        const Changes changes{set(field.GetPath(), otherText(field))};
+        const Changes changes{set(field.GetPath(), TestSupport::otherText(field))};
         const DocumentEdit edit(text, changes, DocumentEdit::NewFindings::Accepted);
         if (!edit.IsDone()) {
             const QString why = linesOf(edit.GetFindings());
