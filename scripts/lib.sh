@@ -95,6 +95,8 @@ cxx=${CXX:-c++}
 requirement compiler g++ "command -v $cxx" "a C++17 compiler ($cxx)"
 requirement sanitizers g++ "runs_under address,undefined $cxx 'int main() {}'" \
     "AddressSanitizer and UndefinedBehaviorSanitizer for $cxx"
+requirement clang-sanitizers libclang-rt-dev "runs_under address,undefined clang++ 'int main() {}'" \
+    "AddressSanitizer and UndefinedBehaviorSanitizer for clang++"
 requirement fuzzer libclang-rt-dev \
     "runs_under fuzzer,address,undefined clang++ 'extern \"C\" int LLVMFuzzerTestOneInput(const char *, unsigned long) { return 0; }'" \
     "libFuzzer and the sanitizers for clang++"
