@@ -251,7 +251,7 @@ private:
         const Index index = cursor.element();
         state.finding = -1;
         state.isMisplaced = tree.hasChild(index);
-        if (index != parent.index)
+        if (index != parent.index && tree.hasAttributes(index))
             checkAttributes(index, tree.attributes(index), ObjectTable{});
         const QString text = index == XmlTree::Root && !tree.isBroken() ? tree.rootText() : tree.text(index);
         const bool isWhole = !state.isMisplaced && index != tree.brokenIn();
