@@ -2,9 +2,13 @@
 
 #include <inspection/QuotedText_p.h>
 #include <objectbase/Converters.h>
+#include <objectbase/Text_p.h>
 
 #include <QDateTime>
 #include <QStringView>
+
+#include <algorithm>
+#include <iterator>
 
 namespace KORMAK::Inspection {
 
@@ -14,10 +18,14 @@ using TESSEL::Row;
 using TESSEL::TextType;
 using Kind = TextType::Kind;
 
-/// Whether Qt takes all of \a text for a number of the type.
-template <auto Convert, class... Base>
+constexpr QStringView BooleanTexts[] = {u"true", u"false"};
+
+/// Whether Qt takes all of \a text for a number of the type, as it does any plain one.
+template <class Plain, auto Convert, class... Base>
 bool isNumber(const QString &text, Base... base)
 {
+    if (TESSEL::Detail::plainNumber<Plain>(text))
+        return true;
     bool ok = false;
     (void)(text.*Convert)(&ok, base...);
     return ok;
@@ -65,20 +73,21 @@ bool isValid(const TextType &type, const QString &text)
     case Kind::Text:
         return true;
     case Kind::Boolean:
+        return std::find(std::begin(BooleanTexts), std::end(BooleanTexts), text) != std::end(BooleanTexts);
     case Kind::Name:
-        return type.kind == Kind::Name ? type.names().valueOf(text) >= 0 : allowedTexts(type).contains(text);
+        return type.names().valueOf(text) >= 0;
     case Kind::Integer:
-        return isNumber<&QString::toInt>(text, 10);
+        return isNumber<int, &QString::toInt>(text, 10);
     case Kind::Unsigned: {
         const qint64 number = text.toUInt();
         return number >= type.least && number <= type.most;
     }
     case Kind::LongLong:
-        return isNumber<&QString::toLongLong>(text, 10);
+        return isNumber<qint64, &QString::toLongLong>(text, 10);
     case Kind::Float:
-        return isNumber<&QString::toFloat>(text);
+        return isNumber<double, &QString::toFloat>(text);
     case Kind::Double:
-        return isNumber<&QString::toDouble>(text);
+        return isNumber<double, &QString::toDouble>(text);
     case Kind::DateTime:
         return TESSEL::Converters::ToDateTime(text).isValid();
     }
@@ -98,7 +107,7 @@ QStringList allowedTexts(const TextType &type)
     case Kind::Name:
         return type.names().names();
     case Kind::Boolean:
-        return {QStringLiteral("true"), QStringLiteral("false")};
+        return {BooleanTexts[0].toString(), BooleanTexts[1].toString()};
     default:
         return {};
     }

@@ -14,8 +14,8 @@
 #include <QHash>
 
 #include <algorithm>
-#include <map>
 #include <memory>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -49,13 +49,37 @@ struct ObjectState {
     const ObjectTable &table;
     void *object;
     Index index = XmlTree::Root; ///< the last element of the object
-    std::map<const Row *, RowState> rows;
 
+    /// Stays in its place while the object is read on.
+    RowState &state(const Row *row)
+    {
+        const auto known = std::find_if(rows.begin(), rows.end(), IsOf{row});
+        if (known != rows.end())
+            return known->second;
+        rows.reserve(table.elements.size() + 1); // one for the text of the object
+        return rows.emplace_back(row, RowState()).second;
+    }
+    /// Null: there is no element of the row.
+    [[nodiscard]] const RowState *find(const Row *row) const
+    {
+        const auto known = std::find_if(rows.begin(), rows.end(), IsOf{row});
+        return known == rows.end() ? nullptr : &known->second;
+    }
     [[nodiscard]] Index last(const Row *row) const
     {
-        const auto state = rows.find(row);
-        return state == rows.end() ? XmlTree::None : state->second.last;
+        const RowState *const known = find(row);
+        return known ? known->last : XmlTree::None;
     }
+
+private:
+    using OfRow = std::pair<const Row *, RowState>;
+
+    struct IsOf {
+        const Row *row;
+        bool operator()(const OfRow &one) const { return one.first == row; }
+    };
+
+    std::vector<OfRow> rows;
 };
 
 /// The first thing that Check() of an object asks for when there is nothing in it.
@@ -155,7 +179,7 @@ private:
             cursor.skip();
             return;
         }
-        RowState &state = parent.rows[row];
+        RowState &state = parent.state(row);
         reportRepetition(parent, *row, state.last);
         state.last = cursor.element();
         readRow(parent, *row, state);
@@ -227,15 +251,15 @@ private:
         const Index index = cursor.element();
         state.finding = -1;
         state.isMisplaced = tree.hasChild(index);
-        if (index != parent.index)
-            checkAttributes(index, ObjectTable{});
+        if (index != parent.index && tree.hasAttributes(index))
+            checkAttributes(index, tree.attributes(index), ObjectTable{});
         const QString text = index == XmlTree::Root && !tree.isBroken() ? tree.rootText() : tree.text(index);
         const bool isWhole = !state.isMisplaced && index != tree.brokenIn();
         if (isWhole && !isValid(row.type, text)) {
             state.finding = static_cast<std::ptrdiff_t>(outcome.findings.size());
             FindingData &finding = add(index, FindingId::BadValue, objectionTo(row, text));
             finding.found = text;
-            suggestText(finding, row.type);
+            suggestions.add(finding, row.type);
         }
         try {
             row.read(parent.object, text);
@@ -259,7 +283,7 @@ private:
             object.table.begin(object.object);
         readAttributes(object);
         if (const Row *const row = object.table.wholeText ? object.table.wholeText(object.object) : nullptr) {
-            RowState &state = object.rows[row];
+            RowState &state = object.state(row);
             state.last = object.index;
             readText(object, *row, state);
             cursor.skip();
@@ -329,16 +353,22 @@ private:
     void readAttributes(const ObjectState &object)
     {
         const Index index = cursor.element();
+        const std::vector<XmlTree::Attribute> present = tree.attributes(index);
         for (const Row &row : object.table.attributes) {
-            if (row.read)
-                row.read(object.object, tree.attribute(index, row.name).value_or(QString()));
+            if (!row.read)
+                continue;
+            const auto found =
+                std::find_if(present.begin(), present.end(),
+                             [&row](const XmlTree::Attribute &one) { return one.name == row.name; });
+            row.read(object.object, found == present.end() ? QStringView() : QStringView(found->value));
         }
-        checkAttributes(index, object.table);
+        checkAttributes(index, present, object.table);
     }
 
-    void checkAttributes(Index index, const ObjectTable &table)
+    void checkAttributes(Index index, const std::vector<XmlTree::Attribute> &present,
+                         const ObjectTable &table)
     {
-        for (const XmlTree::Attribute &attribute : tree.attributes(index)) {
+        for (const XmlTree::Attribute &attribute : present) {
             if (attribute.name.contains(QLatin1Char(':')) || attribute.name == QLatin1String("xmlns"))
                 continue; // meant for others
             const Row *const row = table.attribute(attribute.name);
@@ -349,7 +379,7 @@ private:
                 suggestElement(index, table,
                                addAttribute(index, attribute, FindingId::Unread, advice.ignored.toString()));
             } else if (!isValid(row->type, attribute.value)) {
-                suggestText(
+                suggestions.add(
                     addAttribute(index, attribute, FindingId::BadValue, objectionTo(*row, attribute.value)),
                     row->type);
             }
@@ -366,8 +396,7 @@ private:
                 reportInvalidAttribute(state, row, severity);
         }
         const auto checkElement = [&](const Row &row) {
-            const auto found = state.rows.find(&row);
-            const RowState *const given = found == state.rows.end() ? nullptr : &found->second;
+            const RowState *const given = state.find(&row);
             if (row.part)
                 checkPart(state, row, given ? given->object.get() : nullptr, severity);
             else
@@ -378,10 +407,8 @@ private:
             checkElement(*text);
             return;
         }
-        state.table.inOrder([&](const Row &row) {
-            if (isElement(state.table, row))
-                checkElement(row);
-        });
+        for (const Row *const row : checkedElements(state.table))
+            checkElement(*row);
     }
 
     /// An object that is there is judged, too, when the document does not say whether it is needed.
@@ -626,6 +653,20 @@ private:
         return names;
     }
 
+    /// In the order of Check().
+    const std::vector<const Row *> &checkedElements(const ObjectTable &table)
+    {
+        const auto [place, isNew] = elementsInOrder.try_emplace(&table);
+        std::vector<const Row *> &rows = place->second;
+        if (isNew) {
+            table.inOrder([&](const Row &row) {
+                if (isElement(table, row))
+                    rows.push_back(&row);
+            });
+        }
+        return rows;
+    }
+
     static bool isElement(const ObjectTable &table, const Row &row)
     {
         return table.element(row.name) == &row;
@@ -641,6 +682,8 @@ private:
     Index pathIndex = XmlTree::None; ///< of `path`: many findings may be about one element
     QString path;
     QHash<const ObjectTable *, QStringList> allNames;
+    TextSuggestions suggestions;
+    std::unordered_map<const ObjectTable *, std::vector<const Row *>> elementsInOrder;
 };
 
 } // namespace

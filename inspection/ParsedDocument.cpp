@@ -1,5 +1,6 @@
 #include "inspection/ParsedDocument_p.h"
 
+#include <inspection/Ascii_p.h>
 #include <inspection/Completeness_p.h>
 #include <inspection/Remedy_p.h>
 #include <inspection/TextEncoding_p.h>
@@ -82,6 +83,9 @@ qsizetype firstByteOutsideUtf8(const QByteArray &bytes)
     const auto *const data = reinterpret_cast<const uchar *>(bytes.constData());
     qsizetype at = 0;
     while (at < bytes.size()) {
+        at += asciiLength(bytes, at, bytes.size());
+        if (at == bytes.size())
+            break;
         const qsizetype length = characterLength(data + at, bytes.size() - at);
         if (length == 0)
             break;

@@ -123,9 +123,11 @@ QString antennaAboveHF(const Subject &subject)
 {
     constexpr double EndOfHF = 30e6;
     const Job &job = subject.as<Job>();
-    const QString name = nameFor(Band::HF, job);
     const AntennaData &antenna = job.GetAntennaData();
-    if (name.isEmpty() || !hasRange(antenna) || antenna.GetMinimumFrequency() <= EndOfHF)
+    if (!hasRange(antenna) || antenna.GetMinimumFrequency() <= EndOfHF)
+        return {};
+    const QString name = nameFor(Band::HF, job);
+    if (name.isEmpty())
         return {};
     return QStringLiteral("the antenna begins at %1 Hz, but \"%2\" is for HF, which ends at 30 MHz")
         .arg(numberText(antenna.GetMinimumFrequency()), name);
@@ -135,9 +137,11 @@ QString antennaBelowVUHF(const Subject &subject)
 {
     constexpr double BeginOfVUHF = 20e6; // of what receivers for V/UHF are made for
     const Job &job = subject.as<Job>();
-    const QString name = nameFor(Band::VUHF, job);
     const AntennaData &antenna = job.GetAntennaData();
-    if (name.isEmpty() || !hasRange(antenna) || antenna.GetMaximumFrequency() >= BeginOfVUHF)
+    if (!hasRange(antenna) || antenna.GetMaximumFrequency() >= BeginOfVUHF)
+        return {};
+    const QString name = nameFor(Band::VUHF, job);
+    if (name.isEmpty())
         return {};
     return QStringLiteral("the antenna ends at %1 Hz, but \"%2\" is for V/UHF, which begins at 20 MHz")
         .arg(numberText(antenna.GetMaximumFrequency()), name);
@@ -171,6 +175,8 @@ QString versionUnknown(const Subject &subject)
     if (!row || !row->get)
         return {};
     const QString text = settableText(row->type, row->get(subject.object));
+    if (text == subject.newestVersion) // as nearly all are
+        return {};
     const auto version = versionOf(text);
     const auto newest = versionOf(subject.newestVersion);
     if (text.isEmpty() || (version && version >= std::pair(1, 0) && version <= newest))

@@ -10,6 +10,9 @@ namespace {
 
 bool isHarmlessCodePoint(uint codePoint)
 {
+    constexpr uint Delete = 0x7F;
+    if (codePoint >= u' ' && codePoint < Delete)
+        return true;
     switch (QChar::category(codePoint)) {
     case QChar::Other_Control:
     case QChar::Other_Format:

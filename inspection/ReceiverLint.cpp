@@ -158,11 +158,13 @@ Findings clashes(const Element &element, ClashesWith clashesWith, const QString 
         return {};
     Findings findings;
     const auto &entries = element.parameter.GetEnumHandler().GetEnumList();
-    const auto places = element.inBlocks(EntryTag);
+    std::vector<Index> places;
     for (int i = 0; i < static_cast<int>(entries.size()); ++i) {
         const std::optional<int> other = clashesWith(entries[i], i);
         if (!other)
             continue;
+        if (places.empty())
+            places = element.inBlocks(EntryTag);
         const auto place = static_cast<std::size_t>(i);
         findings.push_back(element.finding(
             place < places.size() ? places[place] : element.index,
@@ -209,11 +211,13 @@ Findings booleanType(const Element &element)
 }
 
 /// A reader of receivers uses one parameter for all, and Reset() leaves some of its state alone.
-Findings leftByAnother(const Element &element, QStringView tag, const QString &message)
+template <class Message>
+Findings leftByAnother(const Element &element, QStringView tag, Message message)
 {
     if (!element.isInReceiver || !element.inBlocks(tag).empty())
         return {};
-    return {element.findingAtBlock(QStringLiteral("there is no \"%1\", so %2").arg(tag.toString(), message))};
+    return {
+        element.findingAtBlock(QStringLiteral("there is no \"%1\", so %2").arg(tag.toString(), message()))};
 }
 
 Findings valueLeftByAnother(const Element &element)
@@ -221,17 +225,19 @@ Findings valueLeftByAnother(const Element &element)
     const Parameter &parameter = element.parameter;
     if (!parameter.IsInteger() && !parameter.IsLong())
         return {};
-    return leftByAnother(element, DefaultTag,
-                         QStringLiteral("the value is that of the %1 parameter before it")
-                             .arg(ParameterTypeToName(parameter.GetParameterType())));
+    return leftByAnother(element, DefaultTag, [&parameter] {
+        return QStringLiteral("the value is that of the %1 parameter before it")
+            .arg(ParameterTypeToName(parameter.GetParameterType()));
+    });
 }
 
 Findings lengthLeftByAnother(const Element &element)
 {
     if (!element.parameter.IsDoubleList())
         return {};
-    return leftByAnother(element, MaximumLengthTag,
-                         QStringLiteral("the maximum length is that of the double list before it"));
+    return leftByAnother(element, MaximumLengthTag, [] {
+        return QStringLiteral("the maximum length is that of the double list before it");
+    });
 }
 
 Findings blockWithoutEnd(const Element &element)

@@ -207,6 +207,30 @@ void suggestText(FindingData &finding, const TextType &type)
     finding.correction = Finding::Correction::Text;
 }
 
+void TextSuggestions::add(FindingData &finding, const TextType &type)
+{
+    constexpr std::size_t Most = 256; // of a document that holds more of them, few are alike
+    if (type.kind != Kind::Name || !finding.found) {
+        suggestText(finding, type);
+        return;
+    }
+    auto known = ofNames.find({type.names, *finding.found});
+    if (known == ofNames.end()) {
+        if (ofNames.size() == Most)
+            ofNames.clear();
+        FindingData suggested{0, {}};
+        suggested.found = finding.found;
+        suggestText(suggested, type);
+        known = ofNames.emplace(Name(type.names, *finding.found), std::move(suggested)).first;
+    }
+    const FindingData &suggested = known->second;
+    finding.allowed = suggested.allowed;
+    finding.vocabulary = suggested.vocabulary;
+    finding.message += suggested.message;
+    finding.suggestion = suggested.suggestion;
+    finding.correction = suggested.correction;
+}
+
 void suggestName(FindingData &finding, const QString &name, const QString &otherCase)
 {
     finding.unknownName = name;

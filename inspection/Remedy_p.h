@@ -9,6 +9,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <map>
+#include <utility>
+
 namespace KORMAK::Inspection {
 
 /// What a text may be meant to be that is none of the names.
@@ -34,6 +37,19 @@ struct NameExcerpt {
 void allowTexts(FindingData &finding, const TESSEL::TextType &type);
 /// Says what is allowed in place of the text that was found, and which of it was meant.
 void suggestText(FindingData &finding, const TESSEL::TextType &type);
+
+/// What suggestText() says. A document may say the same wrong name in thousands of places, for which it is
+/// looked up once.
+class TextSuggestions {
+public:
+    void add(FindingData &finding, const TESSEL::TextType &type);
+
+private:
+    using Name = std::pair<TESSEL::NameTable (*)(), QString>; ///< in a vocabulary
+
+    std::map<Name, FindingData> ofNames;
+};
+
 /// Says which of the names that are allowed was meant by \a name. \a otherCase: the one that differs from it
 /// in nothing but case, if renaming it would put that right; else null.
 void suggestName(FindingData &finding, const QString &name, const QString &otherCase);

@@ -16,6 +16,9 @@ namespace {
 constexpr std::size_t ChunkSize = 65536;
 constexpr TextPool::Id LongText = 0x80000000;
 constexpr int LongestShort = 127;
+constexpr std::size_t FewRecent = 128; ///< enough for a document that is no longer than most are
+constexpr std::size_t MostRecent = 4096;
+constexpr std::size_t BytesOfFew = 2048;
 constexpr unsigned Wide = 1;
 
 bool isLatin1(QStringView text)
@@ -51,7 +54,11 @@ TextPool::Id TextPool::put(QStringView text)
         longTexts.push_back(text.toString());
         return LongText | static_cast<Id>(longTexts.size() - 1);
     }
-    Id &known = recent[static_cast<std::size_t>(qHash(text)) % RecentTexts];
+    if (recent.size() < MostRecent && used >= BytesOfFew)
+        recent.assign(MostRecent, Empty);
+    else if (recent.empty())
+        recent.assign(FewRecent, Empty);
+    Id &known = recent[static_cast<std::size_t>(qHash(text)) % recent.size()];
     if (isText(known, text))
         return known;
     const auto length = static_cast<std::size_t>(text.size());

@@ -5,7 +5,6 @@
 #include <QString>
 #include <QStringView>
 
-#include <array>
 #include <memory>
 #include <vector>
 
@@ -15,8 +14,6 @@ class TextPool {
 public:
     using Id = quint32;
     static constexpr Id Empty = 0;
-
-    TextPool() { recent.fill(Empty); }
 
     /// A text gets the id that it had when it was put in not long before. \throws std::bad_alloc
     [[nodiscard]] Id put(QStringView text);
@@ -29,8 +26,7 @@ private:
     std::vector<std::unique_ptr<char[]>> chunks;
     std::size_t used = 0; ///< of all chunks
     std::vector<QString> longTexts;
-    static constexpr std::size_t RecentTexts = 4096;
-    std::array<Id, RecentTexts> recent; ///< by hash
+    std::vector<Id> recent; ///< by hash
 };
 
 } // namespace KORMAK::Inspection

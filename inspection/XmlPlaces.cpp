@@ -1,5 +1,6 @@
 #include "inspection/XmlPlaces_p.h"
 
+#include <inspection/Ascii_p.h>
 #include <objectbase/QtCompat_p.h>
 
 #include <algorithm>
@@ -115,6 +116,13 @@ qsizetype PlacedReader::offset()
     }
     const char *const bytes = text.constData();
     for (const qsizetype end = text.size(); units < wanted && place < end;) {
+        const qsizetype narrow =
+            asciiLength(text, place, place + std::min<qsizetype>(end - place, wanted - units));
+        if (narrow > 0) {
+            units += narrow;
+            place += narrow;
+            continue;
+        }
         units += unitsOf(bytes[place++]);
         while (place < end && isFurtherByte(bytes[place]))
             ++place;
@@ -128,7 +136,8 @@ qsizetype PlacedReader::startOfToken()
     const qsizetype from = std::min(lastEnd, end);
     const std::string_view unseen =
         viewOf(text).substr(static_cast<std::size_t>(from), static_cast<std::size_t>(end - from));
-    const auto found = unseen.rfind(opening(reader.tokenType()));
+    const std::string_view opened = opening(reader.tokenType());
+    const auto found = opened.size() == 1 ? unseen.rfind(opened.front()) : unseen.rfind(opened);
     lastEnd = end;
     if (found != std::string_view::npos) // else it stands in the entity that the token before it stands in
         lastStart = from + static_cast<qsizetype>(found);

@@ -3,6 +3,7 @@
 #include <inspection/QuotedText_p.h>
 #include <inspection/XmlPlaces_p.h>
 #include <objectbase/DocumentXml_p.h>
+#include <objectbase/QtCompat_p.h>
 
 #include <QHash>
 #include <QStringList>
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <limits>
 #include <new>
+#include <unordered_map>
 #include <utility>
 
 namespace KORMAK::Inspection {
@@ -18,43 +20,36 @@ namespace KORMAK::Inspection {
 class XmlTreeBuilder {
 public:
     XmlTreeBuilder(XmlTree &result, const QByteArray &document, int depthLimit)
-        : tree(result), text(document), mostDepth(depthLimit), placed(document), reader(placed.xml())
+        : tree(result), mostDepth(depthLimit), placed(document), reader(placed.xml())
     {
     }
 
     void build()
     {
-        if (!breaksBeforeRoot())
-            read();
-        for (; !open.empty(); open.pop_back())
-            setText(open.back().element, open.back().text);
+        read();
+        for (; !open.empty(); close())
+            setText(open.back().element, openText());
     }
 
 private:
     using Index = XmlTree::Index;
     using Attributes = std::vector<XmlTree::Attribute>;
 
-    /// An element that is not closed yet, the last of its children so far, and its text so far.
+    /// An element that is not closed yet, and the last of its children so far.
     struct Open {
         Index element;
         Index lastChild;
-        QString text;
+        TESSEL::TextSize textBegin; ///< of its text so far in that of all open elements
+    };
+
+    struct NameHash {
+        std::size_t operator()(QStringView name) const { return static_cast<std::size_t>(qHash(name)); }
     };
 
     static constexpr auto MostNodes = static_cast<std::size_t>(std::numeric_limits<Index>::max());
 
     XmlTree::Node &at(Index index) { return tree.nodes[static_cast<std::size_t>(index)]; }
     Index currentIndex() const { return open.empty() ? XmlTree::None : open.back().element; }
-
-    /// What the library refuses to read at all.
-    bool breaksBeforeRoot()
-    {
-        PlacedReader prolog(text);
-        if (TESSEL::readToRoot(prolog.xml()))
-            return false;
-        tree.breakOff = {oneLine(prolog.xml().errorString()), prolog.placeOfError(), XmlTree::None};
-        return true;
-    }
 
     void read()
     {
@@ -68,25 +63,29 @@ private:
                 break;
             case QXmlStreamReader::Characters:
                 if (!open.empty())
-                    open.back().text += reader.text();
+                    texts += reader.text();
                 break;
             default:
                 addAside();
+                TESSEL::refuseLongEntities(reader); // as the library does
                 break;
             }
         }
-        if (reader.hasError())
-            tree.breakOff = {oneLine(reader.errorString()), placed.placeOfError(), currentIndex()};
+        if (!reader.hasError())
+            return;
+        tree.breakOff = {oneLine(reader.errorString()), placed.placeOfError(), currentIndex()};
+        if (!tree.hasRoot()) // it is no document that something stands beside
+            tree.asides.clear();
     }
 
-    quint32 numberOf(const QString &name)
+    quint32 numberOf(QStringView name)
     {
-        const auto known = numbers.constFind(name); // documents repeat few names many times
-        if (known != numbers.constEnd())
-            return *known;
+        const auto known = numbers.find(name); // documents repeat few names many times
+        if (known != numbers.end())
+            return known->second;
         const auto number = static_cast<quint32>(tree.names.size());
-        tree.names.push_back(name);
-        numbers.insert(name, number);
+        tree.names.push_back(name.toString());
+        numbers.emplace(tree.names.back(), number); // whose characters stay where they are
         return number;
     }
 
@@ -95,17 +94,23 @@ private:
         if (tree.nodes.size() == MostNodes || tree.nodeAttributes.size() >= MostNodes)
             throw std::bad_alloc();
         const qsizetype start = placed.startOfToken();
-        const auto present = attributes();
+        const QXmlStreamNamespaceDeclarations declarations = reader.namespaceDeclarations();
+        const auto present = declarations.isEmpty() ? Attributes() : withDeclarations(declarations);
         if (tree.isBroken())
             return;
         XmlTree::Node node{};
-        node.name = numberOf(reader.qualifiedName().toString());
+        node.name = numberOf(reader.qualifiedName());
         node.offset = static_cast<qint32>(start);
         node.parent = currentIndex();
         node.nextSibling = XmlTree::None;
         node.firstAttribute = static_cast<quint32>(tree.nodeAttributes.size());
+        if (declarations.isEmpty()) {
+            const QXmlStreamAttributes plain = reader.attributes();
+            for (const auto &attribute : plain)
+                addAttribute(attribute.qualifiedName(), attribute.value());
+        }
         for (const XmlTree::Attribute &attribute : present)
-            tree.nodeAttributes.push_back({numberOf(attribute.name), tree.texts.put(attribute.value)});
+            addAttribute(attribute.name, attribute.value);
         const auto index = static_cast<Index>(tree.nodes.size());
         tree.nodes.push_back(node);
         if (tree.tooDeep == XmlTree::None && !open.empty() && static_cast<qint64>(open.size()) >= mostDepth)
@@ -115,15 +120,19 @@ private:
             if (before != XmlTree::None)
                 at(before).nextSibling = index;
         }
-        open.push_back({index, XmlTree::None, {}});
+        open.push_back({index, XmlTree::None, texts.size()});
     }
 
-    /// In the order in which they stand in the tag. Qt's reader does not mind that a namespace is declared
-    /// twice, but that is not well-formed.
-    Attributes attributes()
+    void addAttribute(QStringView name, QStringView value)
+    {
+        tree.nodeAttributes.push_back({numberOf(name), tree.texts.put(value)});
+    }
+
+    /// The attributes and \a declarations in the order in which they stand in the tag. Qt's reader does not
+    /// mind that a namespace is declared twice, but that is not well-formed.
+    Attributes withDeclarations(const QXmlStreamNamespaceDeclarations &declarations)
     {
         const QXmlStreamAttributes plain = reader.attributes();
-        const QXmlStreamNamespaceDeclarations declarations = reader.namespaceDeclarations();
         Attributes all;
         all.reserve(static_cast<std::size_t>(plain.size() + declarations.size()));
         for (const auto &declaration : declarations) {
@@ -131,13 +140,11 @@ private:
             all.push_back({prefix.isEmpty() ? QStringLiteral("xmlns") : QStringLiteral("xmlns:") + prefix,
                            declaration.namespaceUri().toString()});
         }
-        const bool hasDeclarations = !all.empty();
         if (declarations.size() > 1)
             refuseRepeated(all);
         for (const auto &attribute : plain)
             all.push_back({attribute.qualifiedName().toString(), attribute.value().toString()});
-        if (hasDeclarations)
-            sortAsInTag(all);
+        sortAsInTag(all);
         return all;
     }
 
@@ -174,11 +181,22 @@ private:
 
     void endElement()
     {
-        const auto &[element, lastChild, content] = open.back();
-        const bool hasLayout = lastChild != XmlTree::None || element == XmlTree::Root;
-        if (element == XmlTree::Root && lastChild == XmlTree::None)
-            tree.rootContent = content;
-        setText(element, hasLayout ? withoutLayout(content) : QStringView(content));
+        const Open &element = open.back();
+        const QStringView content = openText();
+        const bool isRoot = element.element == XmlTree::Root;
+        const bool hasLayout = element.lastChild != XmlTree::None || isRoot;
+        if (isRoot && element.lastChild == XmlTree::None)
+            tree.rootContent = content.toString();
+        setText(element.element, hasLayout ? withoutLayout(content) : content);
+        close();
+    }
+
+    /// Of the innermost element that is open.
+    QStringView openText() const { return QStringView(texts).mid(open.back().textBegin); }
+
+    void close()
+    {
+        texts.truncate(open.back().textBegin);
         open.pop_back();
     }
 
@@ -186,7 +204,7 @@ private:
 
     static QStringView withoutLayout(QStringView text)
     {
-        const auto isLayout = [](QChar c) { return QStringView(u" \t\r\n").contains(c); };
+        const auto isLayout = [](QChar c) { return c == u' ' || c == u'\n' || c == u'\t' || c == u'\r'; };
         const auto begin = std::find_if_not(text.begin(), text.end(), isLayout);
         const auto end = std::find_if_not(text.rbegin(), std::make_reverse_iterator(begin), isLayout).base();
         return text.mid(begin - text.begin(), end - begin);
@@ -212,12 +230,12 @@ private:
     }
 
     XmlTree &tree;
-    const QByteArray &text;
     const int mostDepth;
     PlacedReader placed;
     QXmlStreamReader &reader;
-    QHash<QString, quint32> numbers;
+    std::unordered_map<QStringView, quint32, NameHash> numbers;
     std::vector<Open> open;
+    QString texts; ///< of all open elements, one behind the other
 };
 
 XmlTree::XmlTree(const QByteArray &utf8, int mostDepth)

@@ -30,17 +30,9 @@ bool isWritten(const Row &row, const void *object)
 
 bool readToRoot(QXmlStreamReader &reader)
 {
-    constexpr int LongestEntity = 4096;
     while (!reader.atEnd() && !reader.isStartElement()) {
         reader.readNext();
-        if (!reader.isDTD())
-            continue;
-        const QXmlStreamEntityDeclarations entities = reader.entityDeclarations();
-        const bool isTooLong = std::any_of(entities.begin(), entities.end(), [](const auto &entity) {
-            return entity.value().size() > LongestEntity;
-        });
-        if (isTooLong)
-            reader.raiseError(QStringLiteral("An entity is longer than %1 characters.").arg(LongestEntity));
+        refuseLongEntities(reader);
     }
     return reader.isStartElement();
 }

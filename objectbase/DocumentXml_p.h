@@ -8,6 +8,7 @@
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
+#include <algorithm>
 #include <cstddef>
 #include <iterator>
 #include <utility>
@@ -23,8 +24,22 @@ class ITesselObject;
     return reader.readElementText(QXmlStreamReader::ErrorOnUnexpectedElement);
 }
 
-/// Reads to the root element and tells whether there is one. A document type with an entity that is longer
-/// than Qt lets nested ones become is an error of \a reader: a few references to it could fill the memory.
+/// A document type with an entity that is longer than Qt lets nested ones become is an error of \a reader: a
+/// few references to it could fill the memory.
+inline void refuseLongEntities(QXmlStreamReader &reader)
+{
+    constexpr int LongestEntity = 4096;
+    if (!reader.isDTD())
+        return;
+    const QXmlStreamEntityDeclarations entities = reader.entityDeclarations();
+    const bool isTooLong = std::any_of(entities.begin(), entities.end(), [](const auto &entity) {
+        return entity.value().size() > LongestEntity;
+    });
+    if (isTooLong)
+        reader.raiseError(QStringLiteral("An entity is longer than %1 characters.").arg(LongestEntity));
+}
+
+/// Reads to the root element and tells whether there is one. Long entities are refused.
 [[nodiscard]] OBJECTBASE_EXPORT bool readToRoot(QXmlStreamReader &reader);
 
 /// Reads the attributes of the current element.

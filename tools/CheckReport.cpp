@@ -71,9 +71,10 @@ QString stateOf(const FileCheck &file)
 Lines textOf(const FileCheck &check, Talk talk)
 {
     QString complaints;
+    AllowedNotes notes;
     for (const auto &[finding, position] : check.check.findings)
         complaints +=
-            complaintLine(check.path, position, nameOf(finding.severity), finding) + QLatin1Char('\n');
+            complaintLine(check.path, position, nameOf(finding.severity), finding, notes) + QLatin1Char('\n');
     Lines lines;
     lines.complaints = complaints.toUtf8();
     if (talk == Talk::OfAll ? isAccepted(check.verdict) : check.verdict == Verdict::NeverWritten)

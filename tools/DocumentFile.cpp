@@ -32,15 +32,18 @@ QString callThatLists(const FindingData &finding)
     return findDocumentKind(kind) ? QStringLiteral("kormak new %1 --list-fields").arg(kind) : QString();
 }
 
+QString textInPlaceOfName(const FindingData &finding)
+{
+    return finding.unknownName.isEmpty() ? finding.found.value_or(QString()) : finding.unknownName;
+}
+
 /// A few names, and where the others are, in parentheses behind a blank. Who is told what to write needs no
 /// names that are like it.
 QString noteOnAllowed(const FindingData &finding)
 {
     if (finding.allowed.isEmpty())
         return {};
-    const auto [names, more] =
-        excerptOf(finding.allowed,
-                  finding.unknownName.isEmpty() ? finding.found.value_or(QString()) : finding.unknownName);
+    const auto [names, more] = excerptOf(finding.allowed, textInPlaceOfName(finding));
     const QString call = callThatLists(finding);
     if (more > 0 && !finding.suggestion.isEmpty())
         return call.isEmpty() ? call : QStringLiteral(" (all names: %1)").arg(call);
@@ -98,15 +101,37 @@ void complainAbout(const QString &path, const FileDocument &document, QStringVie
     if (findings.empty())
         return;
     TextPositions positions(document.text);
+    AllowedNotes notes;
     for (const FindingData &finding : findings)
-        Console::complain(complaintLine(path, positions.at(finding.offset), severity, finding));
+        Console::complain(complaintLine(path, positions.at(finding.offset), severity, finding, notes));
+}
+
+QString AllowedNotes::of(const FindingData &finding)
+{
+    constexpr std::size_t Most = 256; // of a document that has more of them, few are alike
+    if (finding.vocabulary.isEmpty())
+        return noteOnAllowed(finding);
+    const Name name{finding.vocabulary.toString(), textInPlaceOfName(finding), !finding.suggestion.isEmpty()};
+    const auto known = ofNames.find(name);
+    if (known != ofNames.end())
+        return known->second;
+    if (ofNames.size() == Most)
+        ofNames.clear();
+    return ofNames.emplace(name, noteOnAllowed(finding)).first->second;
+}
+
+QString complaintLine(const QString &path, const std::optional<TextPosition> &position, QStringView severity,
+                      const FindingData &finding, AllowedNotes &notes)
+{
+    const QString place = finding.path.isEmpty() ? QString() : finding.path + QStringLiteral(": ");
+    return complaintLine(path, position, severity, place + finding.message) + notes.of(finding);
 }
 
 QString complaintLine(const QString &path, const std::optional<TextPosition> &position, QStringView severity,
                       const FindingData &finding)
 {
-    const QString place = finding.path.isEmpty() ? QString() : finding.path + QStringLiteral(": ");
-    return complaintLine(path, position, severity, place + finding.message) + noteOnAllowed(finding);
+    AllowedNotes notes;
+    return complaintLine(path, position, severity, finding, notes);
 }
 
 void complainAbout(const QString &path, const DocumentError &error)

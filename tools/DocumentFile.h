@@ -12,7 +12,9 @@
 #include <QStringView>
 
 #include <functional>
+#include <map>
 #include <optional>
+#include <tuple>
 
 struct FileDocument : KORMAK::Inspection::ParsedDocument {
     InputFile::State source = {}; ///< the file that it was read from, as it was then
@@ -58,7 +60,34 @@ void complainAbout(const QString &path, const FileDocument &document, QStringVie
 [[nodiscard]] QString complaintLine(const QString &path,
                                     const std::optional<KORMAK::Inspection::TextPosition> &position,
                                     QStringView severity, const QString &message);
+
+/// The notes behind findings on what is allowed: a few names, and where the others are. That on a name in a
+/// vocabulary is made once for all findings of it.
+class AllowedNotes {
+public:
+    /// In parentheses behind a blank; empty when there is nothing to tell.
+    [[nodiscard]] QString of(const KORMAK::Inspection::FindingData &finding);
+
+private:
+    struct Name {
+        QString vocabulary;
+        QString text; ///< in place of a name
+        bool isSuggested; ///< which one was meant
+        friend bool operator<(const Name &a, const Name &b)
+        {
+            return std::tie(a.vocabulary, a.text, a.isSuggested)
+                < std::tie(b.vocabulary, b.text, b.isSuggested);
+        }
+    };
+
+    std::map<Name, QString> ofNames;
+};
+
 /// The same for a finding, with a few of the names that are allowed.
+[[nodiscard]] QString complaintLine(const QString &path,
+                                    const std::optional<KORMAK::Inspection::TextPosition> &position,
+                                    QStringView severity, const KORMAK::Inspection::FindingData &finding,
+                                    AllowedNotes &notes);
 [[nodiscard]] QString complaintLine(const QString &path,
                                     const std::optional<KORMAK::Inspection::TextPosition> &position,
                                     QStringView severity, const KORMAK::Inspection::FindingData &finding);

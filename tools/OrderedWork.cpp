@@ -6,6 +6,14 @@
 #include <chrono>
 #include <new>
 
+namespace {
+
+/// To wake another thread takes about as long as to check a short document: who waits for results is woken
+/// for many of them, and for fewer looks by itself from time to time; so it is with room for more.
+constexpr std::size_t Many = OrderedThreads::Window / 2;
+
+} // namespace
+
 OrderedThreads::OrderedThreads(std::size_t count, int jobs, std::function<void(std::size_t)> work)
     : job(std::move(work)), isDone(std::min(count, Window)), end(count)
 {
@@ -24,7 +32,7 @@ OrderedThreads::~OrderedThreads()
         const std::lock_guard<std::mutex> lock(mutex);
         end = 0;
     }
-    change.notify_all();
+    room.notify_all();
     for (std::thread &thread : threads)
         thread.join();
 }
@@ -36,11 +44,11 @@ void OrderedThreads::await(std::size_t number, const std::function<void(int)> &i
     awaited = number;
     if (threads.empty())
         workOnNext(lock);
-    else
-        change.notify_all(); // there is room for more
+    else if (waiting > 0 && next <= awaited + Many)
+        room.notify_all();
     const std::size_t place = number % isDone.size();
     while (!isDone[place]) {
-        if (change.wait_for(lock, Tick) == std::cv_status::no_timeout)
+        if (results.wait_for(lock, Tick) == std::cv_status::no_timeout || isDone[place])
             continue;
         const int done = finished;
         lock.unlock();
@@ -60,10 +68,13 @@ void OrderedThreads::work() noexcept
     }
     std::unique_lock<std::mutex> lock(mutex);
     while (next < end) {
-        if (next < awaited + Window)
+        if (next < awaited + Window) {
             workOnNext(lock);
-        else
-            change.wait(lock);
+        } else {
+            ++waiting;
+            room.wait(lock);
+            --waiting;
+        }
     }
 }
 
@@ -75,5 +86,7 @@ void OrderedThreads::workOnNext(std::unique_lock<std::mutex> &lock)
     lock.lock();
     isDone[number % isDone.size()] = true;
     ++finished;
-    change.notify_all();
+    const bool areAll = static_cast<std::size_t>(finished) == end;
+    if (isDone[awaited % isDone.size()] && (areAll || next >= awaited + Many))
+        results.notify_one();
 }

@@ -37,12 +37,14 @@ private:
 
     const std::function<void(std::size_t)> job;
     std::mutex mutex; ///< of what follows
-    std::condition_variable change;
+    std::condition_variable results; ///< there are some
+    std::condition_variable room; ///< for more of them
     std::vector<bool> isDone; ///< by the remainder of the number
     std::size_t next = 0; ///< the first that nobody has begun
     std::size_t awaited = 0;
     std::size_t end; ///< of what is to be begun
     int finished = 0;
+    int waiting = 0; ///< threads, for room
     std::vector<std::thread> threads;
 };
 

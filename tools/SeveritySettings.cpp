@@ -96,6 +96,14 @@ fs::path settingsFileAbove(fs::path folder)
     }
 }
 
+/// What stands before the name of the file, on whatever system; paths that begin alike are in one folder.
+QString folderAsGiven(const QString &path)
+{
+    const auto isSeparator = [](QChar c) { return c == u'/' || c == u'\\' || c == u':'; };
+    const auto name = std::find_if(path.rbegin(), path.rend(), isSeparator).base();
+    return path.left(static_cast<int>(name - path.begin()));
+}
+
 } // namespace
 
 SeveritySettings::SeveritySettings(const QCommandLineParser &parser)
@@ -111,13 +119,23 @@ SeveritySettings::SeveritySettings(const QCommandLineParser &parser)
 
 std::shared_ptr<const SeveritySettings::SettingsFile> SeveritySettings::fileFor(const QString &path) const
 {
+    const QString given = folderAsGiven(path);
+    const std::lock_guard<std::mutex> lock(mutex);
+    auto known = asGiven.find(given);
+    if (known == asGiven.end())
+        known = asGiven.emplace(given, fileAbove(path)).first;
+    return known->second;
+}
+
+/// The mutex is locked.
+std::shared_ptr<const SeveritySettings::SettingsFile> SeveritySettings::fileAbove(const QString &path) const
+{
     std::error_code error;
     const fs::path document = fs::absolute(PathEncoding::toNative(path), error);
     if (error)
         return nullptr;
     const fs::path folder = document.lexically_normal().parent_path();
     const QString name = PathEncoding::fromNative(folder);
-    const std::lock_guard<std::mutex> lock(mutex);
     const auto known = files.find(name);
     if (known != files.end())
         return known->second;

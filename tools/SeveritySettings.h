@@ -44,9 +44,12 @@ public:
     [[nodiscard]] static QStringList optionValues();
 
 private:
+    [[nodiscard]] std::shared_ptr<const SettingsFile> fileAbove(const QString &path) const;
+
     Settings ofCall;
     mutable std::mutex mutex; ///< of what follows
     mutable std::map<QString, std::shared_ptr<const SettingsFile>> files; ///< by the folder of the document
+    mutable std::map<QString, std::shared_ptr<const SettingsFile>> asGiven; ///< by the folder as it is given
 };
 
 #endif

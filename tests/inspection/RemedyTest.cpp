@@ -25,6 +25,7 @@ private Q_SLOTS:
     void excerpts();
     void texts_data();
     void texts();
+    void manySuggestions();
     void questions();
 };
 
@@ -210,6 +211,32 @@ void RemedyTest::texts()
              suggestion.isEmpty() ? Finding::Correction::None : Finding::Correction::Text);
     QCOMPARE(finding.message,
              suggestion.isEmpty() ? QString("wrong") : "wrong; did you mean \"" + suggestion + "\"?");
+}
+
+/// Each as if it was the only one, however often and in whatever order the texts come.
+void RemedyTest::manySuggestions()
+{
+    TextType resource = ofType(Kind::Name);
+    resource.names = TESSEL::resourceTypes;
+    TextType job = ofType(Kind::Name);
+    job.names = jobTypes;
+    TextSuggestions suggestions;
+    for (int i = 0; i < 1000; ++i) {
+        for (const TextType &type : {resource, job, ofType(Kind::Double), ofType(Kind::Boolean)}) {
+            for (const QString &text : {QString("antenna"), QString("Search MC"), QString("1,5"),
+                                        QString("True"), QString::number(i)}) {
+                FindingData finding{0, "wrong"};
+                finding.found = text;
+                suggestions.add(finding, type);
+                const FindingData expected = suggested(type, text);
+                QCOMPARE(finding.message, expected.message);
+                QCOMPARE(finding.allowed, expected.allowed);
+                QCOMPARE(finding.vocabulary, expected.vocabulary);
+                QCOMPARE(finding.suggestion, expected.suggestion);
+                QVERIFY(finding.correction == expected.correction);
+            }
+        }
+    }
 }
 
 void RemedyTest::questions()
