@@ -77,6 +77,11 @@ const TESSEL::Area *areaOf(const TESSEL::ITesselObject &document)
     return workflow ? &workflow->GetArea() : nullptr;
 }
 
+QString noAreaIn(const QString &kind)
+{
+    return QStringLiteral("a document of the kind %1 has no area").arg(kind);
+}
+
 QString areaGeoJson(const TESSEL::Area &area, const QString &kind)
 {
     const AreaOutline outline(area.GetCoordinate());

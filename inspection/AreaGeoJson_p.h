@@ -14,6 +14,9 @@ namespace KORMAK::Inspection {
 /// The area in \a document; null when its kind has none.
 [[nodiscard]] const TESSEL::Area *areaOf(const TESSEL::ITesselObject &document);
 
+/// What is said of a document of the kind \a kind that has none.
+[[nodiscard]] QString noAreaIn(const QString &kind);
+
 /// A Feature in one object: longitude before latitude, rings closed and anticlockwise, cut at 180 degrees,
 /// numbers exact. A point or a line for an area of one or two coordinates, no geometry for one of none.
 /// \throws FieldError when a coordinate is nowhere on the earth

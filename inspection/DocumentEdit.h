@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 #include <memory>
@@ -75,6 +76,26 @@ public:
     /// document does not have
     [[nodiscard]] static QVector<Change> ReadChanges(const QByteArray &json, const QByteArray &text,
                                                      const TESSEL::ReadingLimits &limits = {});
+
+    /// What a GeoJSON text asks of a document.
+    ///
+    /// \snippet docs/InspectionSnippetsTest.cpp AreaChanges
+    struct AreaChanges {
+        QVector<Change> changes; ///< empty: the area has this outline already
+        /// Places of what no document says, as "features[0].properties.colour", and of a name when the area
+        /// has another one.
+        QStringList ignored;
+    };
+
+    /// The changes that give the area of the document that \a text is the outline that \a geoJson tells (RFC
+    /// 7946), and its name if it has none: a Polygon, a MultiPolygon or MultiLineString that was cut at 180
+    /// degrees, a line between two positions or a Point, alone, as a Feature or in a FeatureCollection. Where
+    /// an outline begins and which way it leads is left as the document has it; coordinates that stay are left
+    /// alone.
+    /// \throws TESSEL::TesselException when \a geoJson is not such a thing, with the place in it, and when the
+    /// document cannot be read or has no area
+    [[nodiscard]] static AreaChanges ReadArea(const QByteArray &geoJson, const QByteArray &text,
+                                              const TESSEL::ReadingLimits &limits = {});
 
     /// Whether all changes are done.
     [[nodiscard]] bool IsDone() const noexcept;

@@ -122,6 +122,11 @@ Finding FindingMaker::made(FindingData data, const std::optional<TextPosition> &
         std::make_shared<const Finding::Private>(Finding::Private{std::move(data), position, offset}));
 }
 
+Finding FindingMaker::notEdited(const QString &message, const QString &path)
+{
+    return made({0, message, oneLine(path), FindingId::NotEdited, Severity::Error}, std::nullopt, 0);
+}
+
 const FindingData &FindingMaker::contentOf(const Finding &finding)
 {
     return finding.data().content;

@@ -39,6 +39,8 @@ struct FindingMaker {
     /// \a position: nothing when it is not about a place. \a skipped bytes stood before the text.
     [[nodiscard]] static Finding made(FindingData data, const std::optional<TextPosition> &position,
                                       qsizetype skipped);
+    /// Why a change of the field at \a path, or of the whole document, cannot be made.
+    [[nodiscard]] static Finding notEdited(const QString &message, const QString &path = {});
     [[nodiscard]] static const FindingData &contentOf(const Finding &finding);
     [[nodiscard]] static const std::optional<TextPosition> &positionOf(const Finding &finding);
 };

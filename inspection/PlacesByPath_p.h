@@ -36,8 +36,8 @@ public:
     /// has the path "". Null when there is none.
     [[nodiscard]] const std::vector<FieldPlace> *find(const QString &path) const;
     [[nodiscard]] const std::map<QString, std::vector<FieldPlace>> &all() const noexcept { return places; }
-    /// Values in attributes that are only written, where an element is read, which may be there, and the types
-    /// of parameters that have a block, but do not say so.
+    /// Values in attributes that are only written, where an element is read, which may be there, and the
+    /// types of parameters that have a block, but do not say so.
     [[nodiscard]] const std::vector<Unread> &unread() const noexcept { return unreadValues; }
 
 private:

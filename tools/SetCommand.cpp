@@ -21,7 +21,9 @@ using Action = DocumentEdit::Change::Action;
 
 constexpr QStringView UnsetOption = u"unset";
 constexpr QStringView FromOption = u"from";
+constexpr QStringView AreaOption = u"area";
 constexpr QStringView FindingsOption = u"accept-findings";
+constexpr QStringView NotChanged = u"not changed";
 
 QList<QCommandLineOption> options()
 {
@@ -32,6 +34,9 @@ QList<QCommandLineOption> options()
         QCommandLineOption(listOf<QStringList>(FromOption.toString()),
                            QStringLiteral("Set what the JSON in FILE names; null unsets."),
                            FileName.toString()));
+    all += QCommandLineOption(listOf<QStringList>(AreaOption.toString()),
+                              QStringLiteral("Give the area the outline in FILE, GeoJSON (RFC 7946)."),
+                              FileName.toString());
     all += RewriteTarget::options(RewriteTarget::Mode::DryRun);
     all += QCommandLineOption(listOf<QStringList>(FindingsOption.toString()),
                               QStringLiteral("Change it even if 'check' finds new fault with it."));
@@ -72,10 +77,16 @@ DocumentEdit::Change changeOf(const QString &argument)
     return {Action::Set, argument.left(end), argument.mid(end + 1)};
 }
 
+/// A file that an option names, which tells more changes.
+struct ChangesFile {
+    QString path = {}; ///< empty: there is none
+    QByteArray text = {};
+};
+
 struct Request {
     QVector<DocumentEdit::Change> changes;
-    QByteArray json; ///< that tells more of them; empty: none
-    QString jsonPath;
+    ChangesFile json;
+    ChangesFile area;
     DocumentEdit::NewFindings newFindings;
     TESSEL::ReadingLimits limits;
 };
@@ -87,17 +98,48 @@ void complainAbout(const QString &source, QStringView severity, const QVector<Fi
                                         FindingMaker::contentOf(finding)));
 }
 
+/// What \a request asks of the document \a text.
+/// \throws TESSEL::TesselException, of \a file
+QVector<DocumentEdit::Change> changesOf(const Request &request, const QByteArray &text, QString &file)
+{
+    QVector<DocumentEdit::Change> changes;
+    if (!request.json.path.isEmpty()) {
+        file = request.json.path;
+        changes += DocumentEdit::ReadChanges(request.json.text, text, request.limits);
+    }
+    if (!request.area.path.isEmpty()) {
+        file = request.area.path;
+        const DocumentEdit::AreaChanges read =
+            DocumentEdit::ReadArea(request.area.text, text, request.limits);
+        changes += read.changes;
+        for (const QString &place : read.ignored)
+            Console::complain(
+                complaintLine(file, std::nullopt, u"warning", place + QStringLiteral(": is not taken over")));
+    }
+    return changes + request.changes;
+}
+
+/// Complains about \a source when it cannot be changed at all.
+bool canBeChanged(const QString &source, const QByteArray &text, const TESSEL::ReadingLimits &limits)
+{
+    const DocumentEdit nothing(text, {}, DocumentEdit::NewFindings::Accepted, limits);
+    complainAbout(source, u"error", nothing.GetFindings());
+    return nothing.IsDone();
+}
+
 ExitStatus change(const QString &source, const Request &request, RewriteTarget &target)
 {
     const SourceText original = readText(source);
-    QVector<DocumentEdit::Change> changes = request.changes;
-    if (!request.json.isEmpty()) {
-        try {
-            changes = DocumentEdit::ReadChanges(request.json, original.bytes, request.limits) + changes;
-        } catch (const TESSEL::TesselException &exception) {
-            complainAbout(request.jsonPath, DocumentError{exception.GetErrorMessage()});
-            return Failed;
-        }
+    QVector<DocumentEdit::Change> changes;
+    QString file;
+    try {
+        changes = changesOf(request, original.bytes, file);
+    } catch (const TESSEL::TesselException &exception) {
+        if (!canBeChanged(source, original.bytes, request.limits))
+            return Faulty;
+        complainAbout(file, DocumentError{exception.GetErrorMessage()});
+        Console::complain(complaintLine(source, std::nullopt, u"error", NotChanged.toString()));
+        return Failed;
     }
     const DocumentEdit edit(original.bytes, changes, request.newFindings, request.limits);
     complainAbout(source, edit.IsDone() ? QStringView(u"warning") : QStringView(u"error"),
@@ -108,11 +150,33 @@ ExitStatus change(const QString &source, const Request &request, RewriteTarget &
             return finding.GetId() == FindingId::NotEdited;
         });
         Console::complain(
-            complaintLine(source, std::nullopt, u"error", QStringLiteral("not changed"))
+            complaintLine(source, std::nullopt, u"error", NotChanged.toString())
             + (isForFindings ? QStringLiteral(" (--accept-findings changes it all the same)") : QString()));
         return Faulty;
     }
     return target.write(edit.GetText(), source, original);
+}
+
+/// The file that \a option names. \throws UsageError
+ChangesFile fileOf(const QCommandLineParser &parser, QStringView option)
+{
+    const QStringList paths = parser.values(option.toString());
+    if (paths.size() > 1)
+        throw UsageError{QStringLiteral("--%1 can be given only once").arg(option.toString())};
+    return paths.isEmpty() ? ChangesFile() : ChangesFile{paths.constFirst()};
+}
+
+/// False when it cannot be read, which is complained about.
+bool readInto(ChangesFile &file)
+{
+    try {
+        if (!file.path.isEmpty())
+            file.text = readText(file.path).text;
+        return true;
+    } catch (const DocumentError &error) {
+        ::complainAbout(file.path, error);
+        return false;
+    }
 }
 
 ExitStatus run(const QCommandLineParser &parser)
@@ -120,7 +184,11 @@ ExitStatus run(const QCommandLineParser &parser)
     const QStringList arguments = parser.positionalArguments();
     const auto firstChange = std::find_if(arguments.begin(), arguments.end(), isChange);
     const QStringList sources(arguments.begin(), firstChange);
-    Request request{{}, {}, {}, DocumentEdit::NewFindings::Refused, limitsOf(parser)};
+    Request request{{},
+                    fileOf(parser, FromOption),
+                    fileOf(parser, AreaOption),
+                    DocumentEdit::NewFindings::Refused,
+                    limitsOf(parser)};
     for (auto argument = firstChange; argument != arguments.end(); ++argument) {
         if (!isChange(*argument))
             throw UsageError{
@@ -130,27 +198,18 @@ ExitStatus run(const QCommandLineParser &parser)
     const QStringList unset = parser.values(UnsetOption.toString());
     for (const QString &path : unset)
         request.changes += {Action::Unset, path};
-    const QStringList from = parser.values(FromOption.toString());
-    if (from.size() > 1)
-        throw UsageError{QStringLiteral("--from can be given only once")};
     if (sources.isEmpty())
         throw UsageError{QStringLiteral("no FILE given")};
-    if (request.changes.isEmpty() && from.isEmpty())
-        throw UsageError{QStringLiteral("no FIELD=VALUE, --unset or --from given")};
-    if (sources.contains(StandardStream.toString()) && from.contains(StandardStream.toString()))
+    if (request.changes.isEmpty() && request.json.path.isEmpty() && request.area.path.isEmpty())
+        throw UsageError{QStringLiteral("no FIELD=VALUE, --unset, --from or --area given")};
+    const QStringList read = sources + QStringList{request.json.path, request.area.path};
+    if (read.count(StandardStream.toString()) > 1)
         throw UsageError{QStringLiteral("standard input can be read only once")};
     if (parser.isSet(FindingsOption.toString()))
         request.newFindings = DocumentEdit::NewFindings::Accepted;
     RewriteTarget target(parser, sources, RewriteTarget::Mode::DryRun);
-    if (!from.isEmpty()) {
-        request.jsonPath = from.constFirst();
-        try {
-            request.json = readText(request.jsonPath).text;
-        } catch (const DocumentError &error) {
-            ::complainAbout(request.jsonPath, error);
-            return Failed;
-        }
-    }
+    if (!readInto(request.json) || !readInto(request.area))
+        return Failed;
     ExitStatus worst = Good;
     for (const QString &source : sources) {
         const auto changeIt = [&] { return change(source, request, target); };
@@ -184,9 +243,10 @@ const Command setCommand{
     u"  Parameter[Gain].Integer.Maximum=60    of a parameter, added as needed\n"
     u"  Enum.EnumValue[Key=7].Name=B          of an entry, by its key\n"
     u"  --unset 'Parameter[Gain]'             removes it\n"
-    u"--from takes an object as 'kormak show --format json' prints it, or its fields alone. Files stand "
-    u"before "
-    u"the fields; one whose name looks like a field is given as ./NAME.",
+    u"--from takes an object as 'kormak show --format json' prints it, or its fields alone; "
+    u"--area takes what 'kormak show --format geojson' prints, or other GeoJSON with one polygon. Files "
+    u"stand "
+    u"before the fields; one whose name looks like a field is given as ./NAME.",
     {u"all documents are changed, or need not be", u"a document cannot be changed so",
      u"the call is wrong, or a file cannot be read or written"},
     u"kormak set --in-place jobs/*.xml JobHeader.Author=Keller",

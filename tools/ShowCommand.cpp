@@ -98,7 +98,7 @@ ExitStatus printGeoJson(const QString &path, const FileDocument &document)
         return Faulty;
     };
     if (!area)
-        return fail(QStringLiteral("a document of the kind %1 has no area").arg(kind));
+        return fail(noAreaIn(kind));
     try {
         Console::print(areaGeoJson(*area, kind));
         return Good;

@@ -43,9 +43,10 @@ OutlinePoint meeting(const OutlinePoint &a, const OutlinePoint &b, int line)
         return meeting(b, a, line);
     if (sideOf(a, line) == 0 || sideOf(b, line) == 0)
         return {DateLine, sideOf(a, line) == 0 ? a.latitude : b.latitude, line};
-    const double share = (DateLine + Turn * line - a.unwrapped()) / (b.unwrapped() - a.unwrapped());
-    const double latitude = a.latitude + std::clamp(share, 0.0, 1.0) * (b.latitude - a.latitude);
-    return {DateLine, latitude, line};
+    // Of the way to the line and on from there: the same wherever the outline begins to count turns.
+    const double before = DateLine - a.longitude + Turn * (line - a.turns);
+    const double behind = b.longitude + DateLine + Turn * (b.turns - line - 1);
+    return {DateLine, a.latitude + before / (before + behind) * (b.latitude - a.latitude), line};
 }
 
 enum class Side : qint8 { West = -1, East = 1 };
@@ -127,17 +128,6 @@ std::vector<OutlineRing> partsOn(Side side, const OutlineRing &ring, int line)
         }
     }
     return parts;
-}
-
-double doubleSignedArea(const OutlineRing &ring)
-{
-    double area = 0;
-    for (std::size_t i = 0; i < ring.size(); ++i) {
-        const OutlinePoint &a = ring[i];
-        const OutlinePoint &b = ring[(i + 1) % ring.size()];
-        area += (b.unwrapped() - a.unwrapped()) * (a.latitude + b.latitude);
-    }
-    return -area;
 }
 
 /// In turn \a turn, with longitudes from -180 to 180.
@@ -242,6 +232,22 @@ QString errorIn(const OutlinePoint &point, int index)
 }
 
 } // namespace
+
+double doubleSignedArea(const OutlineRing &ring)
+{
+    double area = 0;
+    for (std::size_t i = 0; i < ring.size(); ++i) {
+        const OutlinePoint &a = ring[i];
+        const OutlinePoint &b = ring[(i + 1) % ring.size()];
+        area += (b.unwrapped() - a.unwrapped()) * (a.latitude + b.latitude);
+    }
+    return -area;
+}
+
+double latitudeAtDateLine(const OutlinePoint &west, const OutlinePoint &east)
+{
+    return meeting({west.longitude, west.latitude}, {east.longitude, east.latitude, 1}, 0).latitude;
+}
 
 AreaOutline::AreaOutline(const QVector<TESSEL::Coordinate> &coordinates)
 {

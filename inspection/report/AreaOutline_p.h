@@ -32,6 +32,12 @@ struct OutlinePoint {
 
 using OutlineRing = std::vector<OutlinePoint>;
 
+/// In square degrees; above 0 when \a ring, which is not closed, is anticlockwise.
+[[nodiscard]] double doubleSignedArea(const OutlineRing &ring);
+
+/// Where the edge from \a west of 180 degrees to \a east of it, both not on it, meets it.
+[[nodiscard]] double latitudeAtDateLine(const OutlinePoint &west, const OutlinePoint &east);
+
 /// West to east, which may lead across 180, and south to north.
 struct Extent {
     double west;

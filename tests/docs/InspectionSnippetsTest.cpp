@@ -39,6 +39,7 @@ class InspectionSnippetsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void areaChanges();
     void change();
     void difference();
     void document();
@@ -52,6 +53,21 @@ private Q_SLOTS:
     void reportIndex();
     void vocabulary();
 };
+
+void InspectionSnippetsTest::areaChanges()
+{
+    const QByteArray geoJson =
+        R"({"type": "Polygon", "coordinates": [[[7, 53], [8, 54], [6, 55], [7, 53]]]})";
+    const QByteArray text =
+        "<AutomaticWorkflow><Mode>ManualMode</Mode><Area><Name>Bight</Name></Area></AutomaticWorkflow>";
+    //! [AreaChanges]
+    const KORMAK::DocumentEdit::AreaChanges area = KORMAK::DocumentEdit::ReadArea(geoJson, text);
+    const KORMAK::DocumentEdit edit(text, area.changes);
+    //! [AreaChanges]
+    QVERIFY(edit.IsDone());
+    QCOMPARE(edit.GetText().count("<Coordinate>"), 3);
+    QVERIFY(area.ignored.isEmpty());
+}
 
 void InspectionSnippetsTest::change()
 {

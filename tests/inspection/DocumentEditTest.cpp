@@ -29,6 +29,8 @@ private Q_SLOTS:
     void newFindings();
     void places();
     void nothing();
+    void manyElements();
+    void offsetsBehindAByteOrderMark();
     void everyFieldOfExamples_data();
     void everyFieldOfExamples();
     void everyFieldOfRandomDocuments_data();
@@ -209,6 +211,23 @@ void DocumentEditTest::changes_data()
         with(Receiver, "'A \"1\"'", "'A &apos;x&apos; \"y\"'"));
     add("element of a list", Workflow, {set("Area.Coordinate", "9,10")},
         with(Workflow, "<Latitude>7</Latitude><Longitude>8</Longitude></Coordinate>\n",
+             "<Latitude>7</Latitude><Longitude>8</Longitude></Coordinate>\n"
+             "\t\t<Coordinate>\n\t\t\t<Latitude>9</Latitude>\n\t\t\t<Longitude>10</Longitude>\n\t\t</"
+             "Coordinate>\n"));
+    add("more elements of a list than have one digit",
+        "<AutomaticWorkflow><Area>\n<Name>a</Name>\n</Area></AutomaticWorkflow>",
+        Changes(12, set("Area.Coordinate", "1,2")) + Changes{set("Area.Coordinate", "3,4")},
+        "<AutomaticWorkflow><Area>\n<Name>a</Name>\n"
+            + QByteArray(
+                  "<Coordinate>\n    <Latitude>1</Latitude>\n    <Longitude>2</Longitude>\n</Coordinate>\n")
+                  .repeated(12)
+            + "<Coordinate>\n    <Latitude>3</Latitude>\n    "
+              "<Longitude>4</Longitude>\n</Coordinate>\n</Area></"
+              "AutomaticWorkflow>");
+    add("element of a list, and another one changed", Workflow,
+        {set("Area.Coordinate", "9,10"), set("Area.Coordinate[1].Latitude", "3.5")},
+        with(with(Workflow, "<Latitude>3<", "<Latitude>3.5<"),
+             "<Latitude>7</Latitude><Longitude>8</Longitude></Coordinate>\n",
              "<Latitude>7</Latitude><Longitude>8</Longitude></Coordinate>\n"
              "\t\t<Coordinate>\n\t\t\t<Latitude>9</Latitude>\n\t\t\t<Longitude>10</Longitude>\n\t\t</"
              "Coordinate>\n"));
@@ -491,6 +510,47 @@ int setAndBack(const QByteArray &text)
 }
 
 } // namespace
+
+/// Thousands of elements of a list can be added, changed and removed at once.
+void DocumentEditTest::manyElements()
+{
+    constexpr int Count = 3000;
+    const QByteArray text =
+        "<AutomaticWorkflow><Mode>ManualMode</Mode><Area><Name>a</Name></Area></AutomaticWorkflow>";
+    QElapsedTimer timer;
+    timer.start();
+    Changes adding;
+    Changes removing;
+    for (int i = 0; i < Count; ++i) {
+        adding += set("Area.Coordinate", QString("1,%1").arg(i % 180));
+        removing += unset(QString("Area.Coordinate[%1]").arg(i));
+    }
+    const DocumentEdit added(text, adding);
+    QVERIFY(added.IsDone());
+    QCOMPARE(added.GetText().count("<Coordinate>"), Count);
+    const DocumentEdit removed(added.GetText(), removing, DocumentEdit::NewFindings::Accepted);
+    QVERIFY(removed.IsDone());
+    QCOMPARE(removed.GetText().count("<Coordinate>"), 0);
+    QVERIFY2(timer.elapsed() < 60'000, qPrintable(QString::number(timer.elapsed()))); // quadratic: minutes
+}
+
+/// Findings tell places in the bytes as they were given.
+void DocumentEditTest::offsetsBehindAByteOrderMark()
+{
+    const QByteArray mark = "\xEF\xBB\xBF";
+    const QByteArray text = "<Parameter UniqueName='a'>\n<Sort/></Parameter>";
+    const DocumentEdit plain(text, {});
+    const DocumentEdit marked(mark + text, {});
+    QCOMPARE(plain.GetFindings().size(), 1);
+    QCOMPARE(plain.GetFindings().first().GetOffset(), text.indexOf("<Sort/>"));
+    QCOMPARE(marked.GetFindings().first().GetOffset(), mark.size() + text.indexOf("<Sort/>"));
+
+    const QByteArray name = "<Job><JobHeader><JobType>antenna</JobType></JobHeader></Job>";
+    const DocumentEdit fix = DocumentEdit::Fix(mark + name);
+    QCOMPARE(fix.GetCorrected().size(), 1);
+    QCOMPARE(fix.GetCorrected().first().GetOffset(), mark.size() + name.indexOf("<JobType>"));
+    QCOMPARE(fix.GetFindings().first().GetOffset() >= mark.size(), true);
+}
 
 void DocumentEditTest::everyFieldOfExamples_data()
 {

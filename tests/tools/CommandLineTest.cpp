@@ -297,14 +297,16 @@ and standard error tells why.
   Enum.EnumValue[Key=7].Name=B          of an entry, by its key
   --unset 'Parameter[Gain]'             removes it
 --from takes an object as 'kormak show --format json' prints it, or its fields
-alone. Files stand before the fields; one whose name looks like a field is
-given as ./NAME.
+alone; --area takes what 'kormak show --format geojson' prints, or other
+GeoJSON with one polygon. Files stand before the fields; one whose name looks
+like a field is given as ./NAME.
 
 The FILE - is standard input.
 
 Options:
   --unset FIELD         Remove a field; can be given many times.
   --from FILE           Set what the JSON in FILE names; null unsets.
+  --area FILE           Give the area the outline in FILE, GeoJSON (RFC 7946).
   -o OUT                Write to the file OUT, not to standard output.
   --in-place            Write each document to the FILE that it comes from.
   --dry-run             Write nothing, but show what would change (diff).

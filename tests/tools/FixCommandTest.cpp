@@ -81,6 +81,13 @@ void FixCommandTest::uncertain_data()
                              << "3:5: error: Job/JobHeader/Author: missing" << 1;
     QTest::newRow("unknown element") << jobWith("<Author>", "<Priority/><Author>")
                                      << "5:9: error: Job/JobHeader/Priority: unknown element" << 1;
+    QTest::newRow("block whose correction would show an unknown element")
+        << QByteArray(
+               "<Parameter "
+               "UniqueName='a'><ValueType>ValueBoolean</ValueType><RepresentationName>r</RepresentationName>"
+               "<ParameterType>Boolean</ParameterType><Boolean>true</Boolean><DoubleList/><Colour/></"
+               "Parameter>")
+        << "1:12: warning: Parameter/DoubleList: a block" << 1;
     QTest::newRow("not well-formed") << QByteArray("<Job>") << "1:6: error: " << 1;
 }
 

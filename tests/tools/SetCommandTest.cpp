@@ -17,6 +17,9 @@ private Q_SLOTS:
     void fromJson();
     void fromShownJson_data();
     void fromShownJson();
+    void area();
+    void areaOfExamples();
+    void areaRefused();
     void refused_data();
     void refused();
     void newFindings();
@@ -208,6 +211,100 @@ void SetCommandTest::fromShownJson()
     QCOMPARE(run.status, 0);
 }
 
+namespace {
+
+const QByteArray Workflow =
+    "<AutomaticWorkflow Version='1.0'>\r\n<Mode>ManualMode</Mode>\r\n<Area Version='1.0'>\r\n"
+    "  <Name>Sea</Name> <!-- the sea -->\r\n"
+    "  <Coordinate><Latitude>0.0</Latitude><Longitude>9</Longitude></Coordinate>\r\n"
+    "  <Coordinate><Latitude>9</Latitude><Longitude>09</Longitude></Coordinate>\r\n"
+    "  <Coordinate><Latitude>9</Latitude><Longitude>0</Longitude></Coordinate>\r\n"
+    "</Area>\r\n</AutomaticWorkflow>\r\n";
+
+} // namespace
+
+/// Together with fields, from a file and from standard input.
+void SetCommandTest::area()
+{
+    Folder folder;
+    folder.write("in.xml", Workflow);
+    const QByteArray geoJson = folder.run({"show", "--format", "geojson", "in.xml"}).out.toUtf8();
+    const Run same = folder.run({"set", "in.xml", "--area", "-"}, geoJson);
+    QCOMPARE(same.err, QString());
+    QCOMPARE(same.out, QString(Workflow));
+    QCOMPARE(same.status, 0);
+
+    const QByteArray moved = QByteArray(geoJson).replace("[9, 9]", "[9, 8.25]");
+    QVERIFY(moved != geoJson);
+    folder.write("moved.geojson", moved);
+    const Run run = folder.run({"set", "--in-place", "in.xml", "--area", "moved.geojson", "Area.Name=Bay"});
+    QCOMPARE(run.err, QString());
+    QCOMPARE(run.out, QString("in.xml\n"));
+    QCOMPARE(run.status, 0);
+    QCOMPARE(folder.read("in.xml"),
+             QString(Workflow)
+                 .replace(">Sea<", ">Bay<")
+                 .replace("<Latitude>9</Latitude><Longitude>09", "<Latitude>8.25</Latitude><Longitude>09"));
+
+    const Run renamed = folder.run({"set", "--in-place", "in.xml", "--area", "moved.geojson"});
+    QCOMPARE(renamed.err, QString("moved.geojson: warning: properties.name: is not taken over\n"));
+    QCOMPARE(renamed.out, QString());
+    QCOMPARE(renamed.status, 0);
+
+    // An area that there is not yet gets the name, too.
+    folder.write("new.xml",
+                 "<AutomaticWorkflow Version='1.0'>\n    <Mode>ManualMode</Mode>\n</AutomaticWorkflow>\n");
+    const Run added = folder.run({"set", "--in-place", "new.xml", "--area", "moved.geojson"});
+    QCOMPARE(added.err, QString());
+    QCOMPARE(added.status, 0);
+    const QString shown = folder.run({"show", "--format", "geojson", "new.xml"}).out;
+    QCOMPARE(shown, QString(moved));
+}
+
+void SetCommandTest::areaOfExamples()
+{
+    const QDir settings(QString(EXAMPLES_DIR) + "/settings");
+    const QStringList names = settings.entryList({"automatic-workflow*.xml"});
+    QVERIFY(names.size() >= 4);
+    for (const QString &name : names) {
+        QFile example(settings.filePath(name));
+        QVERIFY(example.open(QIODevice::ReadOnly));
+        const QByteArray text = example.readAll();
+        Folder folder;
+        folder.write("in.xml", text);
+        const QByteArray geoJson = folder.run({"show", "--format", "geojson", "in.xml"}).out.toUtf8();
+        const Run run = folder.run({"set", "in.xml", "--area", "-"}, geoJson);
+        QCOMPARE(run.err, QString());
+        QCOMPARE(run.out, QString::fromUtf8(text));
+        QCOMPARE(run.status, 0);
+    }
+}
+
+void SetCommandTest::areaRefused()
+{
+    Folder folder;
+    folder.write("in.xml", Workflow);
+    folder.write("job.xml", completeJob());
+    folder.write("broken.xml", "<AutomaticWorkflow>\n<Sort/></AutomaticWorkflow>");
+    folder.write("high.geojson", R"({"type": "Point", "coordinates": [1, 2, 3]})");
+    folder.write("point.geojson", R"({"type": "Point", "coordinates": [1, 2]})");
+
+    const auto complaint = [&folder](const QStringList &arguments, int status) {
+        const Run run = folder.run(QStringList{"set", "--dry-run"} + arguments);
+        return run.status == status && run.out.isEmpty() ? run.err : "?" + run.out + run.err;
+    };
+    QCOMPARE(complaint({"in.xml", "--area", "high.geojson"}, 2),
+             QString("high.geojson: error: coordinates: has an altitude, which no area has\n"
+                     "in.xml: error: not changed\n"));
+    QCOMPARE(
+        complaint({"job.xml", "--area", "point.geojson"}, 2),
+        QString(
+            "point.geojson: error: a document of the kind Job has no area\njob.xml: error: not changed\n"));
+    QVERIFY(complaint({"broken.xml", "--area", "point.geojson"}, 1).startsWith("broken.xml:2:1: error: "));
+    QCOMPARE(complaint({"in.xml", "--area", "none.geojson"}, 2),
+             QString("none.geojson: error: cannot be read: No such file or directory\n"));
+}
+
 void SetCommandTest::refused_data()
 {
     QTest::addColumn<QByteArray>("document");
@@ -269,7 +366,7 @@ void SetCommandTest::wrongCalls_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("complaint");
 
-    QTest::newRow("no changes") << QStringList{"a.xml"} << "no FIELD=VALUE, --unset or --from given";
+    QTest::newRow("no changes") << QStringList{"a.xml"} << "no FIELD=VALUE, --unset, --from or --area given";
     QTest::newRow("no file") << QStringList{"Mode=x"} << "no FILE given";
     QTest::newRow("file behind a field") << QStringList{"a.xml", "Mode=x", "b.xml"}
                                          << "'b.xml' is not FIELD=VALUE; files stand before the fields";
@@ -281,6 +378,10 @@ void SetCommandTest::wrongCalls_data()
         << QStringList{"-", "Mode=x", "--in-place"} << "standard input cannot be written in place";
     QTest::newRow("standard input twice")
         << QStringList{"-", "--from", "-"} << "standard input can be read only once";
+    QTest::newRow("standard input for two options")
+        << QStringList{"a.xml", "--from", "-", "--area", "-"} << "standard input can be read only once";
+    QTest::newRow("two areas") << QStringList{"a.xml", "--area", "a", "--area", "b"}
+                               << "--area can be given only once";
     QTest::newRow("two sources") << QStringList{"a.xml", "--from", "a", "--from", "b"}
                                  << "--from can be given only once";
 }

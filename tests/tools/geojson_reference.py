@@ -1,6 +1,7 @@
 """Compares GeoJSON that the tool made with what Shapely makes of the same coordinates.
 
 Called with a folder; in it are NAME.json, a list of pairs [latitude, longitude], and NAME.geojson. Prints what is wrong.
+With --write behind the folder, it writes each NAME.geojson as Shapely cuts the area.
 """
 
 import json
@@ -8,7 +9,7 @@ import pathlib
 import sys
 
 from shapely import affinity
-from shapely.geometry import LineString, Point, Polygon, box, shape
+from shapely.geometry import LineString, Point, Polygon, box, mapping, shape
 from shapely.ops import unary_union
 from shapely.validation import explain_validity
 
@@ -77,7 +78,16 @@ def faults(name, coordinates, feature):
             yield "is not anticlockwise"
 
 
+def write(folder):
+    for path in folder.glob("*.json"):
+        geometry = mapping(reference(json.loads(path.read_text())))
+        path.with_suffix(".geojson").write_text(json.dumps(geometry))
+
+
 def main():
+    if sys.argv[2:] == ["--write"]:
+        write(pathlib.Path(sys.argv[1]))
+        return
     count = 0
     for path in sorted(pathlib.Path(sys.argv[1]).glob("*.geojson")):
         count += 1

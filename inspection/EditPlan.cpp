@@ -1,0 +1,381 @@
+#include "inspection/EditPlan_p.h"
+
+#include <inspection/DocumentTexts_p.h>
+#include <inspection/EditLayout_p.h>
+#include <inspection/FieldAssignment_p.h>
+#include <inspection/FieldText_p.h>
+#include <inspection/ReadableForm_p.h>
+#include <inspection/XmlEditor_p.h>
+#include <objectbase/ITesselObject.h>
+
+#include <QSet>
+
+#include <algorithm>
+
+namespace KORMAK::Inspection {
+
+using TESSEL::Part;
+using TESSEL::Row;
+using Index = XmlTree::Index;
+using Action = DocumentEdit::Change::Action;
+
+class EditPlan::Plan {
+public:
+    QVector<Finding> errors;
+
+    Plan(ParsedDocument &parsed, const QVector<DocumentEdit::Change> &wanted)
+        : kind(*parsed.kind), changes(wanted), layout(parsed.text, parsed.tree, kind, *parsed.object),
+          editor(layout.tree, layout.source), changed(kind.copy(*parsed.object)),
+          before(heldBy(kind, *parsed.object))
+    {
+        for (DocumentEdit::Change &change : changes)
+            change.path = withIndexes(change.path);
+    }
+
+    std::vector<TextPatch> patches()
+    {
+        if (!layout.source.isWhole())
+            fail(QStringLiteral("what stands in an entity cannot be changed"));
+        const std::vector<FieldAssignment> wanted =
+            errors.isEmpty() ? applied() : std::vector<FieldAssignment>();
+        after = heldBy(kind, *changed);
+        if (errors.isEmpty())
+            set(wanted);
+        for (const DocumentEdit::Change &change : changes) {
+            if (errors.isEmpty() && change.action == Action::Unset)
+                unset(change.path);
+        }
+        std::vector<TextPatch> result = editor.patches();
+        if (!arrange(result))
+            fail(QStringLiteral("two of the changes are of one place"));
+        return result;
+    }
+
+    /// What is to be read when it is done.
+    [[nodiscard]] ExpectedFields expected() const
+    {
+        ExpectedFields fields(after);
+        for (const DocumentEdit::Change &change : changes) {
+            if (change.action == Action::Unset)
+                isInList(change.path) ? fields.unsetElement(change.path) : fields.unset(change.path);
+        }
+        return fields;
+    }
+
+private:
+    void fail(const QString &message, const QString &path = {})
+    {
+        errors += FindingMaker::notEdited(message, path);
+    }
+
+    /// \a path with indexes in the place of keys: "EnumValue[1].Name" for "EnumValue[Key=7].Name". There are
+    /// parameters called "Key=7", too.
+    QString withIndexes(const QString &path)
+    {
+        const QString start = QStringLiteral("[Key=");
+        for (auto begin = path.indexOf(start); begin >= 0; begin = path.indexOf(start, begin + 1)) {
+            const auto keyBegin = begin + start.size();
+            const auto end = path.indexOf(QLatin1Char(']'), keyBegin);
+            const QString key = path.mid(keyBegin, end < 0 ? -1 : end - keyBegin);
+            for (int i = 0;; ++i) {
+                const QString element = path.left(begin) + QStringLiteral("[%1]").arg(i);
+                const auto held = before.find(element + QStringLiteral(".Key"));
+                if (held == before.end() && i > 0)
+                    fail(QStringLiteral("there is no element with this key"), path);
+                if (held == before.end())
+                    break;
+                if (settableText(held->second.row->type, held->second.value) == key)
+                    return element + path.mid(end + 1);
+            }
+        }
+        return path;
+    }
+
+    /// Makes the changes in the object that set something.
+    std::vector<FieldAssignment> applied()
+    {
+        QStringList texts;
+        for (const DocumentEdit::Change &change : changes) {
+            if (change.action != Action::Set)
+                continue;
+            const QString setting = change.path + QLatin1Char('=') + change.text;
+            try {
+                if (readAssignment(kind.fields(), setting).path != change.path) // an = in it ended it early
+                    fail(QStringLiteral("there is no such field"), change.path);
+            } catch (const FieldError &) {
+                // told below
+            }
+            texts += setting;
+        }
+        auto [wanted, messages] = assignAll(kind.fields(), texts, kind.variableAddress(*changed));
+        for (const QString &message : std::as_const(messages))
+            fail(message);
+        return wanted;
+    }
+
+    // Setting
+
+    void set(const std::vector<FieldAssignment> &wanted)
+    {
+        auto form = readableForm(kind, *changed);
+        if (!form) {
+            fail(QStringLiteral("holds a character that XML cannot carry"));
+            return;
+        }
+        formTree = XmlTree(*form);
+        formLayout = std::make_unique<EditLayout>(*form, formTree, kind, *changed);
+        for (const FieldAssignment &assignment : wanted) {
+            const FieldStep &last = assignment.steps.back();
+            if (last.row->parts)
+                setWhole(assignment);
+            else
+                setValue(pathOf(assignment), assignment.text);
+        }
+    }
+
+    /// As other paths are spelled, whatever is escaped in that of the assignment.
+    static QString pathOf(const FieldAssignment &assignment)
+    {
+        QStringList steps;
+        for (const FieldStep &step : assignment.steps) {
+            steps +=
+                step.row->key.toString() + (step.hasKey ? bracketed(*step.row->parts, step.key) : QString());
+        }
+        return steps.join(QLatin1Char('.'));
+    }
+
+    /// All values at once, of an element that is there, or of all those that are added to a list.
+    void setWhole(const FieldAssignment &assignment)
+    {
+        const QString path = pathOf(assignment);
+        const FieldStep &last = assignment.steps.back();
+        if (last.row->parts->kind != Part::Kind::List || last.hasKey) {
+            setObject(path);
+        } else if (!completedLists.contains(path)) {
+            completedLists.insert(path);
+            const auto at = [&path](int index) { return path + QStringLiteral("[%1]").arg(index); };
+            for (int i = 0; hasObject(after, at(i)); ++i) {
+                if (!hasObject(before, at(i)))
+                    setObject(at(i));
+            }
+        }
+    }
+
+    static bool hasObject(const HeldFields &fields, const QString &path)
+    {
+        const auto field = fields.lower_bound(path + QLatin1Char('.'));
+        return field != fields.end() && isBelow(field->first, path);
+    }
+
+    /// The fields of the object at \a path that are to hold something else.
+    void setObject(const QString &path)
+    {
+        for (auto field = after.lower_bound(path + QLatin1Char('.'));
+             field != after.end() && isBelow(field->first, path); ++field) {
+            const auto former = before.find(field->first);
+            const bool isSame = former != before.end() && areSame(former->second.value, field->second.value);
+            if (!isSame && parentOf(field->first) == path)
+                setValue(field->first, {});
+        }
+    }
+
+    void setValue(const QString &path, const QString &asked)
+    {
+        if (isInAdded(path))
+            return;
+        const auto held = after.find(path);
+        if (held == after.end()) {
+            fail(QStringLiteral("no document says it"), path);
+            return;
+        }
+        const QString said = textFor(path, held->second, asked);
+        const std::vector<FieldPlace> *const places = layout.places.find(path);
+        if (places)
+            replace(places->back(), path, held->second, said);
+        else
+            add(path, said);
+    }
+
+    /// The \a asked text where it says the same, since people have chosen its digits.
+    [[nodiscard]] QString textFor(const QString &path, const HeldField &held, const QString &asked) const
+    {
+        using Kind = TextType::Kind;
+        const TextType &type = held.row->type;
+        const bool isChosen =
+            !asked.isEmpty() && type.kind != Kind::Boolean && type.kind != Kind::Name && isValid(type, asked);
+        if (isChosen)
+            return asked;
+        if (const auto *const places = formLayout->places.find(path))
+            return valueIn(*formLayout, places->back());
+        return settableText(type, held.value);
+    }
+
+    [[nodiscard]] static QString valueIn(const EditLayout &where, const FieldPlace &place)
+    {
+        if (place.isAttribute)
+            return where.tree.attribute(place.element, place.row->name).value_or(QString());
+        return place.element == XmlTree::Root ? where.tree.rootText() : where.tree.text(place.element);
+    }
+
+    void replace(const FieldPlace &place, const QString &path, const HeldField &held, const QString &said)
+    {
+        const QString there = valueIn(layout, place);
+        const auto former = before.find(path);
+        const bool isThere = former != before.end() && areSame(former->second.value, held.value)
+            && isValid(held.row->type, there);
+        if (there == said || isThere)
+            return;
+        if (place.isAttribute)
+            editor.setAttribute(place.element, place.row->name.toString(), said);
+        else
+            editor.setText(place.element, said);
+    }
+
+    // Adding
+
+    [[nodiscard]] bool isInAdded(const QString &path) const
+    {
+        for (QString whole = path; !whole.isEmpty(); whole = parentOf(whole)) {
+            if (added.contains(whole))
+                return true;
+        }
+        return false;
+    }
+
+    /// With all objects that it stands in and that are not there.
+    void add(const QString &path, const QString &said)
+    {
+        const QString owner = ownerOf(path);
+        QString object = owner;
+        QString missing;
+        while (!layout.places.find(object)) {
+            missing = object;
+            object = parentOf(object);
+        }
+        const FieldPlace &parent = layout.places.find(object)->back();
+        if (missing.isEmpty())
+            addValue(path, owner, said, parent);
+        else
+            addObject(missing, parent);
+    }
+
+    /// The object whose element or attribute the field is: that around a block that is but a text.
+    [[nodiscard]] QString ownerOf(const QString &path) const
+    {
+        const QString parent = parentOf(path);
+        const bool isText = !formLayout->places.find(parent) && formLayout->places.find(path);
+        return isText ? parentOf(parent) : parent;
+    }
+
+    void addObject(const QString &path, const FieldPlace &parent)
+    {
+        added.insert(path);
+        const auto *const places = formLayout->places.find(path);
+        if (!places) {
+            fail(QStringLiteral("no document says it"), path);
+            return;
+        }
+        const FieldPlace &place = places->back();
+        const XmlEditor::NewElement element{&formLayout->source, &formLayout->tree, place.element};
+        editor.addElement(parent.element, previousSibling(parent, place), orderOf(*parent.table, *place.row),
+                          element);
+    }
+
+    void addValue(const QString &path, const QString &owner, const QString &said, const FieldPlace &parent)
+    {
+        added.insert(path);
+        const QString inOwner = owner.isEmpty() ? path : path.mid(owner.size() + 1);
+        const QString name = inOwner.section(QLatin1Char('.'), 0, 0);
+        const Row *const element = childRow(*parent.table, name);
+        const Row *const attribute = parent.table->attribute(name);
+        if (element && element->read) {
+            editor.addElement(parent.element, previousSibling(parent, {XmlTree::None, element, nullptr}),
+                              orderOf(*parent.table, *element),
+                              {nullptr, nullptr, XmlTree::None, name, said});
+        } else if (attribute && attribute->read) {
+            editor.addAttribute(parent.element, name, said, previousAttribute(parent, *attribute));
+        } else {
+            fail(QStringLiteral("no document says it"), path);
+        }
+    }
+
+    [[nodiscard]] QString previousAttribute(const FieldPlace &parent, const Row &row) const
+    {
+        QString previous;
+        for (const Row &other : parent.table->attributes) {
+            if (&other == &row)
+                break;
+            if (layout.tree.attribute(parent.element, other.name))
+                previous = other.name.toString();
+        }
+        return previous;
+    }
+
+    [[nodiscard]] Index previousSibling(const FieldPlace &parent, const FieldPlace &place) const
+    {
+        return siblingBefore(layout.tree, *parent.table, parent.element, *place.row,
+                             [&](Index child) { return isAhead(place, child); });
+    }
+
+    /// Whether a new element called by a name stands before \a child.
+    [[nodiscard]] bool isAhead(const FieldPlace &place, Index child) const
+    {
+        if (place.row->part == nullptr || place.row->part->kind != Part::Kind::Map)
+            return false;
+        return formLayout->tree.attribute(place.element, UniqueNameAttribute)
+            < layout.tree.attribute(child, UniqueNameAttribute);
+    }
+
+    // Removing
+
+    void unset(const QString &path)
+    {
+        const std::vector<FieldPlace> *const places = path.isEmpty() ? nullptr : layout.places.find(path);
+        if (!places) {
+            const bool isKnown = before.count(path) != 0
+                || std::any_of(before.begin(), before.end(),
+                               [&path](const auto &field) { return isBelow(field.first, path); });
+            if (!isKnown)
+                fail(QStringLiteral("there is no such field in the document"), path);
+            return;
+        }
+        for (const FieldPlace &place : *places) {
+            if (place.isAttribute)
+                editor.removeAttribute(place.element, place.row->name.toString());
+            else if (place.element == XmlTree::Root)
+                editor.setText(place.element, {});
+            else
+                editor.removeElement(place.element);
+        }
+    }
+
+    /// Of a parameter, the name may be a number, too.
+    [[nodiscard]] bool isInList(const QString &path) const
+    {
+        const auto *const places = layout.places.find(path);
+        return places && places->back().row && places->back().row->part
+            && places->back().row->part->kind == Part::Kind::List;
+    }
+
+    const DocumentKind &kind;
+    QVector<DocumentEdit::Change> changes;
+    EditLayout layout;
+    XmlEditor editor;
+    std::unique_ptr<TESSEL::ITesselObject> changed; ///< as it is to be read
+    HeldFields before;
+    HeldFields after;
+    XmlTree formTree;
+    std::unique_ptr<EditLayout> formLayout; ///< of the changed object, as it would be written
+    QSet<QString> added;
+    QSet<QString> completedLists; ///< to which all is added that is to be
+};
+
+EditPlan::EditPlan(ParsedDocument &document, const QVector<DocumentEdit::Change> &changes)
+{
+    Plan plan(document, changes);
+    allPatches = plan.patches();
+    allErrors = plan.errors;
+    wanted = plan.expected();
+}
+
+} // namespace KORMAK::Inspection
