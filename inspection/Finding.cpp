@@ -21,6 +21,11 @@ Finding::Finding() = default;
 
 Finding::Finding(std::shared_ptr<const Private> content) : d(std::move(content)) { }
 
+Finding Finding::NotEdited(const QString &path, const QString &message)
+{
+    return FindingMaker::made({0, message, path, FindingId::NotEdited, Severity::Error}, std::nullopt, 0);
+}
+
 const Finding::Private &Finding::data() const
 {
     static const TESSEL::NoDestructor<Private> none{

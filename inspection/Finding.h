@@ -119,6 +119,9 @@ public:
 
     /// A warning without an id or message.
     Finding();
+    /// An error that tells why the field called \a path was not changed, for programs that refuse a change
+    /// themselves: FindingId::NotEdited, with \a message, and without a place.
+    [[nodiscard]] static Finding NotEdited(const QString &path, const QString &message);
 
     /// Whether the library refuses the document for it.
     [[nodiscard]] Severity GetSeverity() const noexcept;
