@@ -408,7 +408,7 @@ void FieldModelTest::parametersComeAndGo()
     receiver.unset("Parameter[AGCAttack]");
     QCOMPARE(told.taken(), QStringList{"removed 0"});
     QCOMPARE(second.row(), 0);
-    receiver.change({{Open::Action::Set, "Parameter[A\\]b].ParameterType", "Integer"}});
+    receiver.change({{Open::Action::Set, "Parameter[0\\]b].ParameterType", "Integer"}});
     QCOMPARE(told.taken().filter("inserted"), QStringList{"inserted 0"});
     QCOMPARE(model.rowCount(model.GetIndex("Parameter")), count);
     QCOMPARE(second.row(), 1);

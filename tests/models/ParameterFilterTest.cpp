@@ -61,14 +61,14 @@ void ParameterFilterTest::searches_data()
                                  << "AGCAttack";
     QTest::newRow("display name") << "agc attack"
                                   << "AGCAttack";
-    QTest::newRow("tool tip") << "hang time"
+    QTest::newRow("tool tip") << "hang time in"
                               << "AGCMode";
     QTest::newRow("words in any order") << "  TIME   control "
                                         << "AGCMode";
     QTest::newRow("words of several texts") << "seconds AGCMode"
                                             << "AGCMode";
     QTest::newRow("several") << "agc"
-                             << "AGCAttack AGCDecay AGCMode";
+                             << "AGCAttack AGCDecay AGCMode ManualGain";
     QTest::newRow("one word is missing") << "agc engine"
                                          << "";
     QTest::newRow("representation name") << "rx.agc.attack"
