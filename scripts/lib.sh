@@ -95,6 +95,8 @@ cxx=${CXX:-c++}
 requirement compiler g++ "command -v $cxx" "a C++17 compiler ($cxx)"
 requirement sanitizers g++ "runs_under address,undefined $cxx 'int main() {}'" \
     "AddressSanitizer and UndefinedBehaviorSanitizer for $cxx"
+requirement clang-sanitizers libclang-rt-dev "runs_under address,undefined clang++ 'int main() {}'" \
+    "AddressSanitizer and UndefinedBehaviorSanitizer for clang++"
 requirement fuzzer libclang-rt-dev \
     "runs_under fuzzer,address,undefined clang++ 'extern \"C\" int LLVMFuzzerTestOneInput(const char *, unsigned long) { return 0; }'" \
     "libFuzzer and the sanitizers for clang++"
@@ -129,6 +131,10 @@ requirement_program tidy tidy "HTML Tidy"
 requirement jsonschema python3-jsonschema "python3 -c 'import jsonschema'" "Python's jsonschema"
 requirement_program xmllint libxml2-utils "libxml2's xmllint"
 requirement_program sqlite3 sqlite3 "the shell of SQLite"
+requirement_program git git "git"
+requirement_program pre-commit pre-commit "pre-commit"
+requirement_program zsh zsh "the Z shell"
+requirement_program shellcheck shellcheck "ShellCheck"
 requirement_program doxygen doxygen "Doxygen"
 requirement_program groff groff-base "groff"
 requirement gcovr gcovr "command -v gcovr && command -v g++" "gcovr, and g++, whose counts it reads"
