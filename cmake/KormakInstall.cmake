@@ -3,13 +3,23 @@
 #
 # Components: each library, by the name of its target, is what a program that uses it needs to run; Devel is what is
 # needed to build one, DevelCommon what of that is the same for every Qt, Tools what people run and edit with,
-# Documentation the API reference.
+# Documentation the API reference. A library that needs more of Qt than Core has what is needed to build with it in a
+# component of its own, widgetsDevel: who builds without it does not need that part of Qt.
 
 include(CMakePackageConfigHelpers)
 
 set(kormak_package "KormakQt${QT_VERSION_MAJOR}")
 set(kormak_package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/${kormak_package}")
 get_property(kormak_libraries GLOBAL PROPERTY KORMAK_LIBRARIES)
+
+# kormak_qt_modules(result target): the modules of Qt beside Core that the target is linked with itself.
+function(kormak_qt_modules result target)
+    get_target_property(modules ${target} INTERFACE_LINK_LIBRARIES)
+    list(FILTER modules INCLUDE REGEX "^Qt${QT_VERSION_MAJOR}::")
+    list(TRANSFORM modules REPLACE "^Qt${QT_VERSION_MAJOR}::" "")
+    list(REMOVE_ITEM modules Core)
+    set(${result} "${modules}" PARENT_SCOPE)
+endfunction()
 
 # kormak_install_library(target): public is the header beside a source, a header among the sources, and the generated
 # export header; what ends in _p.h is not.
@@ -26,14 +36,15 @@ function(kormak_install_library target)
         endif()
     endforeach()
     set_property(GLOBAL APPEND PROPERTY KORMAK_HEADERS ${headers})
-    install(FILES ${headers} DESTINATION "${KORMAK_INSTALL_INCLUDEDIR}/${target}" COMPONENT Devel)
+    install(FILES ${headers} DESTINATION "${KORMAK_INSTALL_INCLUDEDIR}/${target}" COMPONENT ${kormak_devel_of_${target}})
 
     kormak_find_libraries_beside(${target} "")
     install(TARGETS ${target}
-        EXPORT ${kormak_package}Targets
+        EXPORT ${kormak_targets_of_${target}}
         RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT ${target}
-        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT ${target} NAMELINK_COMPONENT Devel
-        ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT Devel
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT ${target}
+        NAMELINK_COMPONENT ${kormak_devel_of_${target}}
+        ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT ${kormak_devel_of_${target}}
     )
 endfunction()
 
@@ -112,12 +123,31 @@ function(kormak_install_pkgconfig target)
     endif()
     set(file "${PROJECT_BINARY_DIR}/${pc_library}.pc")
     configure_file("${PROJECT_SOURCE_DIR}/cmake/library.pc.in" "${file}" @ONLY)
-    install(FILES "${file}" DESTINATION "${pkgconfig_dir}" COMPONENT Devel)
+    install(FILES "${file}" DESTINATION "${pkgconfig_dir}" COMPONENT ${kormak_devel_of_${target}})
 endfunction()
 
 # A program needs at least the Qt that the libraries were built with.
 string(REGEX MATCH "^[0-9]+\\.[0-9]+" KORMAK_QT_VERSION "${Qt${QT_VERSION_MAJOR}_VERSION}")
 math(EXPR KORMAK_QT_OTHER_MAJOR "11 - ${QT_VERSION_MAJOR}")
+
+# The libraries of Qt Core are always there together; each other one is found when it is asked for.
+set(kormak_core_libraries "")
+set(kormak_further_libraries "")
+set(kormak_modules_of_further "")
+foreach(library IN LISTS kormak_libraries)
+    kormak_qt_modules(modules ${library})
+    if(modules)
+        list(APPEND kormak_further_libraries ${library})
+        set_property(GLOBAL APPEND PROPERTY KORMAK_FURTHER_LIBRARIES ${library})
+        string(APPEND kormak_modules_of_further "set(kormak_qt_modules_${library} ${modules})\n")
+        set(kormak_devel_of_${library} ${library}Devel)
+        set(kormak_targets_of_${library} ${kormak_package}-${library}-Targets)
+    else()
+        list(APPEND kormak_core_libraries ${library})
+        set(kormak_devel_of_${library} Devel)
+        set(kormak_targets_of_${library} ${kormak_package}Targets)
+    endif()
+endforeach()
 
 foreach(library IN LISTS kormak_libraries)
     kormak_install_library(${library})
@@ -144,6 +174,11 @@ install(DIRECTORY "${PROJECT_SOURCE_DIR}/schemas" DESTINATION "${CMAKE_INSTALL_D
 
 # The package of this build, and the package "Kormak" that chooses between the builds beside it.
 install(EXPORT ${kormak_package}Targets NAMESPACE Kormak:: DESTINATION "${kormak_package_dir}" COMPONENT Devel)
+foreach(library IN LISTS kormak_further_libraries)
+    install(EXPORT ${kormak_targets_of_${library}} NAMESPACE Kormak:: DESTINATION "${kormak_package_dir}"
+        COMPONENT ${kormak_devel_of_${library}}
+    )
+endforeach()
 configure_package_config_file(
     "${PROJECT_SOURCE_DIR}/cmake/KormakQtConfig.cmake.in"
     "${PROJECT_BINARY_DIR}/${kormak_package}Config.cmake"

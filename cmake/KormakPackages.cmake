@@ -1,5 +1,5 @@
-# cpack makes Debian packages of the installation: one of each library, what is needed to build with them, the API
-# reference, and the tool.
+# cpack makes Debian packages of the installation: one of each library, what is needed to build with them, beside it what
+# is needed to build with those that need more of Qt, the API reference, and the tool.
 # Configure with -DCMAKE_INSTALL_PREFIX=/usr to have the libraries in the folder of their architecture.
 
 set(package "kormak-qt${QT_VERSION_MAJOR}")
@@ -45,6 +45,9 @@ set(CPACK_PACKAGING_INSTALL_PREFIX "/usr")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_COMPONENTS_ALL ${packaged_libraries} Devel DevelCommon Tools)
+foreach(library IN LISTS kormak_further_libraries)
+    list(APPEND CPACK_COMPONENTS_ALL ${kormak_devel_of_${library}})
+endforeach()
 if(TARGET kormak-reference)
     list(APPEND CPACK_COMPONENTS_ALL Documentation)
 endif()
@@ -62,7 +65,9 @@ foreach(library IN LISTS packaged_libraries)
     list(APPEND CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${dir}")
 
     kormak_library_package(name ${library})
-    list(APPEND library_packages "${name} ${this_version}")
+    if(library IN_LIST kormak_core_libraries)
+        list(APPEND library_packages "${name} ${this_version}")
+    endif()
     kormak_linked_packages(linked ${library})
     get_target_property(description ${library} KORMAK_DESCRIPTION)
     string(TOUPPER ${library} component)
@@ -80,6 +85,22 @@ string(JOIN ", " CPACK_DEBIAN_DEVEL_PACKAGE_DEPENDS
     "${qt_package_${QT_VERSION_MAJOR}} (>= ${KORMAK_QT_VERSION})"
 )
 set(CPACK_DEBIAN_DEVEL_DESCRIPTION "What programs with Qt ${QT_VERSION_MAJOR} are built with.")
+foreach(library IN LISTS kormak_further_libraries)
+    get_target_property(name ${library} OUTPUT_NAME)
+    kormak_qt_modules(modules ${library})
+    list(JOIN modules " and Qt " modules)
+    string(TOUPPER ${kormak_devel_of_${library}} component)
+    set(CPACK_DEBIAN_${component}_PACKAGE_NAME "lib${name}-dev")
+    set(CPACK_DEBIAN_${component}_PACKAGE_SECTION libdevel)
+    set(CPACK_DEBIAN_${component}_PACKAGE_DEPENDS "lib${package}-dev ${this_version}")
+    if(library IN_LIST packaged_libraries)
+        kormak_library_package(name ${library})
+        string(APPEND CPACK_DEBIAN_${component}_PACKAGE_DEPENDS ", ${name} ${this_version}")
+    endif()
+    set(CPACK_DEBIAN_${component}_DESCRIPTION
+        "What programs with Qt ${modules} for Qt ${QT_VERSION_MAJOR} are built with."
+    )
+endforeach()
 
 # The same from every build, so that the development packages for Qt 6 and Qt 5 can be installed together.
 set(CPACK_DEBIAN_DEVELCOMMON_PACKAGE_NAME libkormak-common-dev)

@@ -1,5 +1,6 @@
 #include "inspection/Finding.h"
 
+#include <inspection/FieldText_p.h>
 #include <inspection/FindingData_p.h>
 #include <inspection/QuotedText_p.h>
 #include <objectbase/Debug_p.h>
@@ -20,6 +21,11 @@ struct Finding::Private {
 Finding::Finding() = default;
 
 Finding::Finding(std::shared_ptr<const Private> content) : d(std::move(content)) { }
+
+Finding Finding::NotEdited(const QString &path, const QString &message)
+{
+    return FindingMaker::made({0, message, path, FindingId::NotEdited, Severity::Error}, std::nullopt, 0);
+}
 
 const Finding::Private &Finding::data() const
 {
@@ -46,6 +52,12 @@ QString Finding::GetMessage() const
 QString Finding::GetPath() const
 {
     return data().content.path;
+}
+
+QString Finding::GetFieldPath() const
+{
+    const QString &path = data().content.path;
+    return data().content.id == FindingId::NotEdited ? path : fieldPathOf(path);
 }
 
 bool Finding::HasPlace() const noexcept

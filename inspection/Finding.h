@@ -119,6 +119,9 @@ public:
 
     /// A warning without an id or message.
     Finding();
+    /// An error that tells why the field called \a path was not changed, for programs that refuse a change
+    /// themselves: FindingId::NotEdited, with \a message, and without a place.
+    [[nodiscard]] static Finding NotEdited(const QString &path, const QString &message);
 
     /// Whether the library refuses the document for it.
     [[nodiscard]] Severity GetSeverity() const noexcept;
@@ -132,6 +135,9 @@ public:
     /// "GenericReceiver/Parameter[Gain]/@UniqueName". Empty when it is about the document as a whole. Where
     /// something is missing, the path that it would have.
     [[nodiscard]] QString GetPath() const;
+    /// The field or the object that it is about, as FieldNode::GetPathInFindings() calls it:
+    /// "JobHeader.Author" for the path "Job/JobHeader/Author".
+    [[nodiscard]] QString GetFieldPath() const;
 
     /// Whether it is about a place in a text.
     [[nodiscard]] bool HasPlace() const noexcept;

@@ -107,9 +107,17 @@ requirement_program ninja ninja-build "Ninja"
 requirement_program make make "GNU make"
 for qt in 6 5; do
     requirement "qt$qt" "$([ $qt = 6 ] && echo qt6-base-dev || echo qtbase5-dev)" \
-        "finds Qt$qt $(minimum qt$qt) REQUIRED COMPONENTS Core Test" \
-        "Qt $qt, $(minimum qt$qt) or newer, with Core, Test and their CMake packages"
+        "finds Qt$qt $(minimum qt$qt) REQUIRED COMPONENTS Core Test Widgets" \
+        "Qt $qt, $(minimum qt$qt) or newer, with Core, Test, Widgets and their CMake packages"
 done
+requirement qt6-quick qt6-declarative-dev "finds Qt6 $(minimum qt6) REQUIRED COMPONENTS Quick" "Qt Quick of Qt 6"
+requirement qt5-quick qtdeclarative5-dev "finds Qt5 $(minimum qt5) REQUIRED COMPONENTS Quick" "Qt Quick of Qt 5"
+requirement qt6-qml qml6-module-qtquick "compgen -G '/usr/lib/*/qt6/qml/QtQuick/qmldir'" \
+    "the QML module QtQuick of Qt 6"
+requirement qt6-worker qml6-module-qtqml-workerscript "compgen -G '/usr/lib/*/qt6/qml/QtQml/WorkerScript/qmldir'" \
+    "the QML module QtQml.WorkerScript of Qt 6"
+requirement qt5-qml qml-module-qtquick2 "compgen -G '/usr/lib/*/qt5/qml/QtQuick.2/qmldir'" \
+    "the QML module QtQuick of Qt 5"
 requirement qt6-xml qt6-base-dev "finds Qt6 $(minimum qt6) REQUIRED COMPONENTS Xml" "Qt Xml of Qt 6"
 requirement_program pkg-config pkg-config "pkg-config"
 requirement dpkg dpkg-dev "command -v dpkg-deb && command -v dpkg-shlibdeps" "dpkg's tools for making packages"
