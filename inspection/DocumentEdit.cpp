@@ -296,7 +296,10 @@ private:
             const QString part = parentOf(fieldPath);
             const bool isIn = isWhole ? part == path : listOf(part).first == path;
             const auto former = before.find(fieldPath);
-            if (isIn && (former == before.end() || !areSame(former->second.value, held.value)))
+            // Other changes may set what stands in the elements that a list has already.
+            const bool isOther =
+                former == before.end() || (isWhole && !areSame(former->second.value, held.value));
+            if (isIn && isOther)
                 setValue(fieldPath, {});
         }
     }

@@ -212,6 +212,13 @@ void DocumentEditTest::changes_data()
              "<Latitude>7</Latitude><Longitude>8</Longitude></Coordinate>\n"
              "\t\t<Coordinate>\n\t\t\t<Latitude>9</Latitude>\n\t\t\t<Longitude>10</Longitude>\n\t\t</"
              "Coordinate>\n"));
+    add("element of a list, and a value of another", Workflow,
+        {set("Area.Coordinate", "9,10"), set("Area.Coordinate[1].Latitude", "9.00")},
+        with(with(Workflow, "<Latitude>3<", "<Latitude>9.00<"),
+             "<Latitude>7</Latitude><Longitude>8</Longitude></Coordinate>\n",
+             "<Latitude>7</Latitude><Longitude>8</Longitude></Coordinate>\n"
+             "\t\t<Coordinate>\n\t\t\t<Latitude>9</Latitude>\n\t\t\t<Longitude>10</Longitude>\n\t\t</"
+             "Coordinate>\n"));
     add("element of a list, all its values", Workflow, {set("Area.Coordinate[1]", "9,4")},
         with(Workflow, "<Latitude>3<", "<Latitude>9<"));
     add("entry of an enumeration", Receiver, {set("Parameter[Mode].Enum.EnumValue", "3,C,,2")},
