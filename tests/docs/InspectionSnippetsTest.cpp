@@ -45,6 +45,7 @@ private Q_SLOTS:
     void documentEdit();
     void entry();
     void field();
+    void fieldNode();
     void finding();
     void findingId();
     void place();
@@ -149,6 +150,19 @@ void InspectionSnippetsTest::field()
     QCOMPARE(field.GetValue().toDouble(), 1.5e6); // exactly what it holds
     QCOMPARE(field.GetText(), QString("1500000")); // as SetField() takes it
     //! [Field]
+}
+
+void InspectionSnippetsTest::fieldNode()
+{
+    const KORMAK::Document document = job();
+    QStringList paths;
+    //! [FieldNode]
+    const QVector<KORMAK::FieldNode> nodes = document.GetNodes("AntennaData");
+    for (const KORMAK::FieldNode &node : nodes)
+        paths += node.GetPath(); // "AntennaData.Name" and so on
+    //! [FieldNode]
+    QCOMPARE(paths.value(0), QString("AntennaData.Name"));
+    QCOMPARE(nodes.value(0).GetKind(), KORMAK::FieldNode::Kind::Value);
 }
 
 void InspectionSnippetsTest::finding()
