@@ -2,9 +2,11 @@
 
 #include <inspection/Document.h>
 #include <inspection/DocumentEdit.h>
+#include <inspection/ParameterSummary.h>
 #include <inspection/Report.h>
 #include <inspection/ReportIndex.h>
 #include <kormak/Job.h>
+#include <kormak/Parameter.h>
 #include <objectbase/TesselException.h>
 
 #include <QTemporaryDir>
@@ -49,6 +51,7 @@ private Q_SLOTS:
     void finding();
     void findingId();
     void place();
+    void parameterSummary();
     void report();
     void reportIndex();
     void vocabulary();
@@ -159,9 +162,9 @@ void InspectionSnippetsTest::fieldNode()
     //! [FieldNode]
     const QVector<KORMAK::FieldNode> nodes = document.GetNodes("AntennaData");
     for (const KORMAK::FieldNode &node : nodes)
-        paths += node.GetPath(); // "AntennaData.Name" and so on
+        paths += node.GetPath(); // "AntennaData.Version" and so on
     //! [FieldNode]
-    QCOMPARE(paths.value(0), QString("AntennaData.Name"));
+    QCOMPARE(paths.value(0), QString("AntennaData.Version"));
     QCOMPARE(nodes.value(0).GetKind(), KORMAK::FieldNode::Kind::Value);
 }
 
@@ -192,6 +195,25 @@ void InspectionSnippetsTest::findingId()
         });
     //! [FindingId]
     QVERIFY(asksForMore);
+}
+
+void InspectionSnippetsTest::parameterSummary()
+{
+    //! [ParameterSummary]
+    KORMAK::Parameter parameter;
+    parameter.SetUniqueParameterName("Bandwidth");
+    parameter.SetRepresenationName("rx.bandwidth");
+    parameter.SetParameterType(KORMAK::ParameterType::Double);
+    parameter.SetDisplaySuffix("kHz");
+    parameter.SetMultiplier(1000); // shown in kHz, stored in Hz
+    parameter.GetDoubleHandler().SetDefault(9000);
+    parameter.GetDoubleHandler().SetValue(12500);
+    const KORMAK::ParameterSummary summary(parameter);
+    QCOMPARE(summary.group, QString("rx"));
+    QCOMPARE(summary.value, QString("12.5\u00a0kHz"));
+    QCOMPARE(summary.defaultValue, QString("9\u00a0kHz"));
+    //! [ParameterSummary]
+    QVERIFY(summary.range.isEmpty());
 }
 
 void InspectionSnippetsTest::report()
