@@ -13,9 +13,6 @@ namespace KORMAK::Inspection {
 /// A figure; where there is nothing to draw, a paragraph that says why.
 void writeAreaMap(Html &html, const TESSEL::Area &area);
 
-/// "54.5° N, 7.25° E", with at most four decimals.
-[[nodiscard]] QString placeText(double latitude, double longitude);
-
 } // namespace KORMAK::Inspection
 
 #endif

@@ -3,6 +3,7 @@
 #ifndef KORMAK_INSPECTION_REPORT_AREAOUTLINE_P_H
 #define KORMAK_INSPECTION_REPORT_AREAOUTLINE_P_H
 
+#include <inspection/inspection_export.h>
 #include <objectbase/Coordinate.h>
 
 #include <QString>
@@ -46,7 +47,7 @@ struct Extent {
     double north;
 };
 
-class AreaOutline {
+class INSPECTION_EXPORT AreaOutline {
 public:
     enum class Shape {
         None, ///< there is no coordinate

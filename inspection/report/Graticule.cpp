@@ -39,7 +39,7 @@ Range rangeOf(const MapProjection &projection, const MapFrame &frame)
     Range range;
     for (int i = 0; i <= Samples; ++i) {
         for (int j = 0; j <= Samples; ++j) {
-            const FramePoint point{MapFrame::Width * i / Samples, MapFrame::Height * j / Samples};
+            const FramePoint point{frame.width() * i / Samples, frame.height() * j / Samples};
             const auto place = projection.placeAt(frame.pointAt(point));
             if (!place)
                 continue;
@@ -51,7 +51,7 @@ Range rangeOf(const MapProjection &projection, const MapFrame &frame)
     }
     for (const double pole : {Pole, -Pole}) {
         const auto point = projection.project(pole, 0);
-        if (!point || !MapFrame::holds(frame.place(*point)))
+        if (!point || !frame.holds(frame.place(*point)))
             continue;
         (pole > 0 ? range.north : range.south) = pole;
         range.east = range.west + Turn;
@@ -75,7 +75,7 @@ std::vector<FrameLine> partsOf(const MapProjection &projection, const MapFrame &
     }
     std::vector<FrameLine> parts;
     for (const FrameLine &line : whole) {
-        std::vector<FrameLine> some = MapFrame::clippedLine(line);
+        std::vector<FrameLine> some = frame.clippedLine(line);
         std::move(some.begin(), some.end(), std::back_inserter(parts));
     }
     return parts;
@@ -96,7 +96,7 @@ QString degreesText(double degrees, QStringView positive, QStringView negative)
 std::vector<GraticuleLine> graticuleOf(const MapProjection &projection, const MapFrame &frame)
 {
     const Range range = rangeOf(projection, frame);
-    const double height = frame.kilometresPerUnit() * MapFrame::Height / EarthRadius * PerRadian;
+    const double height = frame.kilometresPerUnit() * frame.height() / EarthRadius * PerRadian;
     const double parallelStep = stepFor(std::min(height, range.north - range.south));
     const double widest = std::max(std::abs(range.south), std::abs(range.north));
     constexpr double LeastCosine = 0.05;

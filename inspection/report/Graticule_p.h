@@ -2,6 +2,7 @@
 #ifndef KORMAK_INSPECTION_REPORT_GRATICULE_P_H
 #define KORMAK_INSPECTION_REPORT_GRATICULE_P_H
 
+#include <inspection/inspection_export.h>
 #include <inspection/report/MapFrame_p.h>
 
 #include <QString>
@@ -19,12 +20,13 @@ struct GraticuleLine {
 };
 
 /// As many as a map can show without being crowded.
-[[nodiscard]] std::vector<GraticuleLine> graticuleOf(const MapProjection &projection, const MapFrame &frame);
+[[nodiscard]] INSPECTION_EXPORT std::vector<GraticuleLine> graticuleOf(const MapProjection &projection,
+                                                                       const MapFrame &frame);
 
 /// "54.5° N", "0°"
-[[nodiscard]] QString latitudeText(double degrees);
+[[nodiscard]] INSPECTION_EXPORT QString latitudeText(double degrees);
 /// "7.25° E", "180°"
-[[nodiscard]] QString longitudeText(double degrees);
+[[nodiscard]] INSPECTION_EXPORT QString longitudeText(double degrees);
 
 } // namespace KORMAK::Inspection
 

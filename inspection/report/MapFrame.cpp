@@ -1,6 +1,7 @@
 #include "inspection/report/MapFrame_p.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -30,12 +31,15 @@ struct Limit {
     }
 };
 
-constexpr Limit Limits[] = {
-    {&FramePoint::x, -Margin, false},
-    {&FramePoint::x, MapFrame::Width + Margin, true},
-    {&FramePoint::y, -Margin, false},
-    {&FramePoint::y, MapFrame::Height + Margin, true},
-};
+std::array<Limit, 4> limitsOf(const MapFrame &frame)
+{
+    return {{
+        {&FramePoint::x, -Margin, false},
+        {&FramePoint::x, frame.width() + Margin, true},
+        {&FramePoint::y, -Margin, false},
+        {&FramePoint::y, frame.height() + Margin, true},
+    }};
+}
 
 FrameLine clipped(const FrameLine &polygon, const Limit &limit)
 {
@@ -81,19 +85,19 @@ QString stepText(qint64 steps, double step)
 
 double MapFrame::reach() const noexcept
 {
-    const double halfWidth = Width / 2 / scale;
-    const double halfHeight = Height / 2 / scale;
+    const double halfWidth = frame.width / 2 / scale;
+    const double halfHeight = frame.height / 2 / scale;
     return std::hypot(std::abs(centre.x) + halfWidth, std::abs(centre.y) + halfHeight);
 }
 
-bool MapFrame::holds(const FramePoint &point) noexcept
+bool MapFrame::holds(const FramePoint &point) const noexcept
 {
-    return point.x >= 0 && point.x <= Width && point.y >= 0 && point.y <= Height;
+    return point.x >= 0 && point.x <= frame.width && point.y >= 0 && point.y <= frame.height;
 }
 
-FrameLine MapFrame::clippedPolygon(FrameLine polygon)
+FrameLine MapFrame::clippedPolygon(FrameLine polygon) const
 {
-    for (const Limit &limit : Limits) {
+    for (const Limit &limit : limitsOf(*this)) {
         if (!std::all_of(polygon.begin(), polygon.end(),
                          [&limit](const FramePoint &point) { return limit.holds(point); }))
             polygon = clipped(polygon, limit);
@@ -101,10 +105,10 @@ FrameLine MapFrame::clippedPolygon(FrameLine polygon)
     return polygon;
 }
 
-std::vector<FrameLine> MapFrame::clippedLine(const FrameLine &line)
+std::vector<FrameLine> MapFrame::clippedLine(const FrameLine &line) const
 {
     std::vector<FrameLine> parts{line};
-    for (const Limit &limit : Limits) {
+    for (const Limit &limit : limitsOf(*this)) {
         std::vector<FrameLine> left;
         for (const FrameLine &part : parts) {
             std::vector<FrameLine> some = clippedParts(part, limit);

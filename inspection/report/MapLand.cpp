@@ -29,7 +29,7 @@ FrameLine outlineIn(const LandView &view, const LandPiece &piece)
     return isWithin ? polygon : FrameLine();
 }
 
-void addPiece(LandPaths &paths, const LandView &view, const LandPiece &piece)
+void addPiece(LandShapes &shapes, const LandView &view, const LandPiece &piece)
 {
     FrameLine polygon = outlineIn(view, piece);
     std::vector<FrameLine> coasts(1);
@@ -43,25 +43,27 @@ void addPiece(LandPaths &paths, const LandView &view, const LandPiece &piece)
             coasts.emplace_back();
     }
     for (const FrameLine &coast : coasts) {
-        for (const FrameLine &part : MapFrame::clippedLine(coast))
-            paths.coasts += svgPath(part, PathEnd::Open, view.step);
+        for (FrameLine &part : view.frame.clippedLine(coast))
+            shapes.coasts.push_back(std::move(part));
     }
-    paths.land += svgPath(MapFrame::clippedPolygon(std::move(polygon)), PathEnd::Closed, view.step);
+    FrameLine land = view.frame.clippedPolygon(std::move(polygon));
+    if (!land.empty())
+        shapes.land.push_back(std::move(land));
 }
 
 } // namespace
 
-LandPaths landIn(const LandView &view)
+LandShapes landIn(const LandView &view)
 {
     constexpr double HalfDiagonal = LandCellSize * 0.75; // of a cell
     const double farthest =
         MapProjection::distanceAt(std::min(view.frame.reach(), view.farthest)) + HalfDiagonal;
-    LandPaths paths;
+    LandShapes shapes;
     for (const LandPiece &piece : landPieces()) {
         if (view.projection.distance(piece.centralLatitude(), piece.centralLongitude()) <= farthest)
-            addPiece(paths, view, piece);
+            addPiece(shapes, view, piece);
     }
-    return paths;
+    return shapes;
 }
 
 } // namespace KORMAK::Inspection

@@ -2,10 +2,11 @@
 #ifndef KORMAK_INSPECTION_REPORT_MAPLAND_P_H
 #define KORMAK_INSPECTION_REPORT_MAPLAND_P_H
 
+#include <inspection/inspection_export.h>
 #include <inspection/report/MapFrame_p.h>
 #include <inspection/report/MapProjection_p.h>
 
-#include <QString>
+#include <vector>
 
 namespace KORMAK::Inspection {
 
@@ -14,16 +15,15 @@ struct LandView {
     const MapProjection &projection;
     const MapFrame &frame;
     double farthest; ///< from the centre of the map, in radii; what is beyond is pulled to this edge
-    double step; ///< units between points
 };
 
-/// The paths of the land in the frame and of its coasts; empty where there is only sea.
-struct LandPaths {
-    QString land;
-    QString coasts;
+/// The land in the frame, and its coasts, which the outlines of the pieces of land are but in part.
+struct LandShapes {
+    std::vector<FrameLine> land;
+    std::vector<FrameLine> coasts;
 };
 
-[[nodiscard]] LandPaths landIn(const LandView &view);
+[[nodiscard]] INSPECTION_EXPORT LandShapes landIn(const LandView &view);
 
 } // namespace KORMAK::Inspection
 

@@ -3,6 +3,8 @@
 #ifndef KORMAK_INSPECTION_REPORT_MAPPROJECTION_P_H
 #define KORMAK_INSPECTION_REPORT_MAPPROJECTION_P_H
 
+#include <inspection/inspection_export.h>
+
 #include <optional>
 
 namespace KORMAK::Inspection {
@@ -21,7 +23,7 @@ struct Place {
     double longitude;
 };
 
-class MapProjection {
+class INSPECTION_EXPORT MapProjection {
 public:
     /// North of \a centre is up.
     explicit MapProjection(const Place &centre);

@@ -137,22 +137,24 @@ void AreaMapTest::projectionKeepsAreas()
 
 void AreaMapTest::linesAreCut()
 {
-    const auto parts = MapFrame::clippedLine({{-100, 300}, {400, 300}, {400, 900}, {500, 900}, {500, 100}});
+    const MapFrame frame({0, 0}, 1);
+    const auto parts = frame.clippedLine({{-100, 300}, {400, 300}, {400, 900}, {500, 900}, {500, 100}});
     QCOMPARE(int(parts.size()), 2);
     QCOMPARE(svgPath(parts[0], PathEnd::Open, 1), QString("M-8 300l408 0 0 308"));
     QCOMPARE(svgPath(parts[1], PathEnd::Open, 1), QString("M500 608l0 -508"));
-    QVERIFY(MapFrame::clippedLine({{-100, -100}, {-50, 700}}).empty());
+    QVERIFY(frame.clippedLine({{-100, -100}, {-50, 700}}).empty());
     QCOMPARE(svgPath({{1, 1}, {1.2, 1.1}}, PathEnd::Open, 1), QString());
     QCOMPARE(svgPath({{1, 1}, {1.6, 1.1}}, PathEnd::Open, 0.5), QString("M1 1l0.5 0"));
 }
 
 void AreaMapTest::polygonsAreCut()
 {
-    const FrameLine cut = MapFrame::clippedPolygon({{-100, -100}, {900, -100}, {900, 700}, {-100, 700}});
+    const MapFrame frame({0, 0}, 1);
+    const FrameLine cut = frame.clippedPolygon({{-100, -100}, {900, -100}, {900, 700}, {-100, 700}});
     QCOMPARE(svgPath(cut, PathEnd::Closed, 1), QString("M-8 608l0 -616 816 0 0 616z"));
     const FrameLine inside{{10, 10}, {20, 10}, {10, 20}};
-    QCOMPARE(svgPath(MapFrame::clippedPolygon(inside), PathEnd::Closed, 1), QString("M10 10l10 0 -10 10z"));
-    QVERIFY(MapFrame::clippedPolygon({{900, 10}, {920, 10}, {910, 20}}).empty());
+    QCOMPARE(svgPath(frame.clippedPolygon(inside), PathEnd::Closed, 1), QString("M10 10l10 0 -10 10z"));
+    QVERIFY(frame.clippedPolygon({{900, 10}, {920, 10}, {910, 20}}).empty());
 }
 
 void AreaMapTest::graticule_data()

@@ -1,0 +1,48 @@
+// What a map of an area shows, and what is said below it, whatever it is drawn with.
+#ifndef KORMAK_INSPECTION_REPORT_AREADRAWING_P_H
+#define KORMAK_INSPECTION_REPORT_AREADRAWING_P_H
+
+#include <inspection/inspection_export.h>
+#include <inspection/report/AreaOutline_p.h>
+#include <inspection/report/MapFrame_p.h>
+#include <inspection/report/MapProjection_p.h>
+
+#include <QString>
+
+#include <vector>
+
+namespace KORMAK::Inspection {
+
+/// In the middle of the points on the sphere; where they cancel out, the first of them.
+[[nodiscard]] INSPECTION_EXPORT Place centreOf(const OutlineRing &points);
+
+/// The outline with so many points between its own that its edges look as bent as they are.
+[[nodiscard]] INSPECTION_EXPORT OutlineRing densified(const AreaOutline &outline);
+
+struct Bounds {
+    MapPoint least;
+    MapPoint most;
+};
+
+/// There must be a point.
+[[nodiscard]] INSPECTION_EXPORT Bounds boundsOf(const std::vector<MapPoint> &points);
+
+/// With room around the area to see where it is.
+[[nodiscard]] INSPECTION_EXPORT MapFrame frameFor(const Bounds &bounds, AreaOutline::Shape shape,
+                                                  const FrameSize &size);
+
+/// The longest round distance of at most a third of the width, in km.
+[[nodiscard]] INSPECTION_EXPORT double roundDistance(double widthInKilometres);
+
+/// From where to where, and how large.
+[[nodiscard]] INSPECTION_EXPORT QString extentText(const AreaOutline &outline, const Bounds &bounds);
+
+/// What people should know of the outline; empty when there is nothing special about it.
+[[nodiscard]] INSPECTION_EXPORT QString remarkOn(const AreaOutline &outline);
+
+/// "54.5° N, 7.25° E", with at most four decimals.
+[[nodiscard]] INSPECTION_EXPORT QString placeText(double latitude, double longitude);
+
+} // namespace KORMAK::Inspection
+
+#endif

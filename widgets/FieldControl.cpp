@@ -1,0 +1,458 @@
+#include "widgets/FieldControl_p.h"
+
+#include <widgets/DateTimeLine_p.h>
+#include <widgets/FrequencyEdit.h>
+#include <widgets/NumberEdit.h>
+#include <widgets/ProseEdit_p.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QKeyEvent>
+#include <QWheelEvent>
+
+#include <limits>
+#include <utility>
+
+namespace KORMAK::Widgets {
+
+namespace {
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("KORMAK::DocumentForm", text);
+}
+
+/// What stands where nothing is set.
+QString textOfUnset(const FieldState &state)
+{
+    if (state.said && !state.said->isEmpty())
+        return *state.said; // what is not understood
+    const QString standard = state.field.GetShownText();
+    return standard.isEmpty() ? tr("not set") : tr("not set, counts as %1").arg(standard);
+}
+
+class NumberControl : public FieldControl, public QObject {
+public:
+    NumberControl(const Field &field, QWidget *parent, Setter fieldSetter)
+        : edit(field.GetUnit() == QLatin1String("Hz") ? new FrequencyEdit(parent) : new NumberEdit(parent)),
+          setter(std::move(fieldSetter))
+    {
+        using Type = Field::Type;
+        edit->SetUnit(field.GetUnit());
+        edit->SetType(field.GetType() == Type::Float        ? NumberEdit::Type::Float
+                          : field.GetType() == Type::Double ? NumberEdit::Type::Double
+                                                            : NumberEdit::Type::Whole64);
+        const bool isLimited = field.GetType() == Type::Integer
+            && (field.GetMinimum() != std::numeric_limits<qint64>::min()
+                || field.GetMaximum() != std::numeric_limits<qint64>::max());
+        if (isLimited)
+            edit->SetLimits(field.GetMinimum(), field.GetMaximum());
+        edit->installEventFilter(this);
+        QObject::connect(edit, &ValueEdit::Finished, this, [this] { hand(); });
+    }
+
+    [[nodiscard]] QWidget &widget() const override { return *edit; }
+
+    void show(const FieldState &newState) override
+    {
+        const bool wasOpen = isOpen();
+        const QString typed = edit->text();
+        const int cursor = edit->cursorPosition();
+        state = newState;
+        edit->setPlaceholderText(textOfUnset(state));
+        if (isRefused) // the value stays until it is another one or given up
+            return;
+        const QVariant value = state.isUnderstood() ? state.field.GetValue() : QVariant();
+        if (value != edit->GetValue() || value.userType() != edit->GetValue().userType() || !wasOpen)
+            edit->SetValue(value);
+        shown = edit->text();
+        if (wasOpen) {
+            edit->setText(typed);
+            edit->setCursorPosition(cursor);
+        }
+    }
+
+    void discard() override
+    {
+        isRefused = false;
+        edit->SetValue(state.isUnderstood() ? state.field.GetValue() : QVariant());
+        shown = edit->text();
+    }
+
+    [[nodiscard]] bool isOpen() const override { return isRefused || edit->text() != shown; }
+
+    QString take() override
+    {
+        if (!isOpen())
+            return {};
+        if (edit->text().trimmed().isEmpty()) {
+            unset();
+            return {};
+        }
+        if (isRefused && !edit->IsOpen()) {
+            hand();
+            return {};
+        }
+        if (edit->Take()) { // Finished() has handed it over, unless it is the same value
+            if (!isRefused)
+                shown = edit->text();
+            return {};
+        }
+        return edit->GetProblem();
+    }
+
+    void mark(const QString &problem) override { edit->SetNote(problem); }
+
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        // Who empties a line means that the field is not set.
+        if (event->type() == QEvent::FocusOut && edit->text().trimmed().isEmpty() && !shown.isEmpty())
+            unset();
+        const bool isKey = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+        if (isKey && isRefused && !edit->IsOpen()
+            && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
+            event->accept();
+            if (event->type() == QEvent::KeyPress)
+                discard();
+            return true;
+        }
+        return QObject::eventFilter(object, event);
+    }
+
+private:
+    void unset()
+    {
+        if (setter(std::nullopt))
+            discard();
+    }
+
+    void hand()
+    {
+        isRefused = false;
+        shown = edit->text();
+        isRefused = !setter(edit->GetValueText());
+    }
+
+    NumberEdit *const edit;
+    const Setter setter;
+    FieldState state = {};
+    QString shown = {}; ///< the text for the state
+    bool isRefused = false; ///< the value that stands there
+};
+
+class DateTimeControl : public FieldControl, public QObject {
+public:
+    DateTimeControl(QWidget *parent, Setter fieldSetter)
+        : edit(new DateTimeLine(parent)), setter(std::move(fieldSetter))
+    {
+        edit->installEventFilter(this);
+        QObject::connect(edit, &ValueEdit::Finished, this, [this] { hand(); });
+    }
+
+    [[nodiscard]] QWidget &widget() const override { return *edit; }
+
+    void show(const FieldState &newState) override
+    {
+        const bool wasOpen = isOpen();
+        const QString typed = edit->text();
+        state = newState;
+        edit->setPlaceholderText(textOfUnset(state));
+        edit->SetValue(state.isUnderstood() ? state.field.GetValue() : QVariant());
+        shown = edit->text();
+        if (wasOpen)
+            edit->setText(typed);
+    }
+
+    void discard() override
+    {
+        edit->SetValue(state.isUnderstood() ? state.field.GetValue() : QVariant());
+        shown = edit->text();
+    }
+
+    [[nodiscard]] bool isOpen() const override { return edit->text() != shown; }
+
+    QString take() override
+    {
+        if (!isOpen())
+            return {};
+        if (edit->text().trimmed().isEmpty()) {
+            unset();
+            return {};
+        }
+        if (!edit->Take())
+            return edit->GetProblem();
+        shown = edit->text();
+        return {};
+    }
+
+    void mark(const QString &problem) override { edit->SetNote(problem); }
+
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        if (event->type() == QEvent::FocusOut && edit->text().trimmed().isEmpty() && !shown.isEmpty())
+            unset();
+        return QObject::eventFilter(object, event);
+    }
+
+private:
+    void unset()
+    {
+        if (setter(std::nullopt))
+            discard();
+    }
+
+    void hand()
+    {
+        shown = edit->text();
+        setter(Field::TextOf(edit->GetValue()));
+    }
+
+    DateTimeLine *const edit;
+    const Setter setter;
+    FieldState state = {};
+    QString shown = {};
+};
+
+class TextControl : public FieldControl, public QObject {
+public:
+    TextControl(QWidget *parent, Setter fieldSetter)
+        : edit(new ProseEdit(parent)), setter(std::move(fieldSetter))
+    {
+        QObject::connect(edit, &ProseEdit::Finished, this, [this] { hand(); });
+        QObject::connect(edit, &ProseEdit::GivenUp, this, [this] { discard(); });
+    }
+
+    [[nodiscard]] QWidget &widget() const override { return *edit; }
+
+    void show(const FieldState &newState) override
+    {
+        const bool wasOpen = isOpen();
+        state = newState;
+        edit->setPlaceholderText(textOfUnset(state));
+        if (!wasOpen)
+            discard();
+    }
+
+    void discard() override
+    {
+        edit->SetText(state.field.GetText());
+        shown = edit->GetText();
+        edit->setReadOnly(shown != state.field.GetText());
+        edit->setToolTip(edit->isReadOnly() ? tr("This text holds characters that can only be shown here.")
+                                            : QString());
+    }
+
+    [[nodiscard]] bool isOpen() const override { return edit->GetText() != shown; }
+
+    QString take() override
+    {
+        hand();
+        return {};
+    }
+
+    void mark(const QString &problem) override { edit->SetMarked(!problem.isEmpty()); }
+
+private:
+    void hand()
+    {
+        const QString typed = edit->GetText();
+        if (typed == shown)
+            return;
+        const QString before = std::exchange(shown, typed);
+        const bool isTaken = setter(typed.isEmpty() ? std::nullopt : std::optional(typed));
+        if (!isTaken)
+            shown = before;
+    }
+
+    ProseEdit *const edit;
+    const Setter setter;
+    FieldState state = {};
+    QString shown = {};
+};
+
+class BooleanControl : public FieldControl, public QObject {
+public:
+    BooleanControl(QWidget *parent, Setter fieldSetter)
+        : box(new QCheckBox(parent)), setter(std::move(fieldSetter))
+    {
+        box->setTristate(true);
+        box->setFocusPolicy(Qt::StrongFocus);
+        QObject::connect(box, &QCheckBox::clicked, this, [this] { hand(); });
+        QObject::connect(box, &QCheckBox::stateChanged, this, [this] { tell(); });
+    }
+
+    [[nodiscard]] QWidget &widget() const override { return *box; }
+
+    void show(const FieldState &newState) override
+    {
+        state = newState;
+        discard();
+    }
+
+    void discard() override
+    {
+        box->setCheckState(!state.isUnderstood()                 ? Qt::PartiallyChecked
+                               : state.field.GetValue().toBool() ? Qt::Checked
+                                                                 : Qt::Unchecked);
+        tell();
+    }
+
+private:
+    void hand()
+    {
+        const Qt::CheckState wanted = box->checkState();
+        const bool isTaken =
+            setter(wanted == Qt::PartiallyChecked ? std::nullopt
+                                                  : std::optional(Field::TextOf(wanted == Qt::Checked)));
+        if (!isTaken)
+            discard();
+    }
+
+    void tell()
+    {
+        box->setText(box->checkState() == Qt::Checked         ? tr("yes")
+                         : box->checkState() == Qt::Unchecked ? tr("no")
+                                                              : textOfUnset(state));
+    }
+
+    QCheckBox *const box;
+    const Setter setter;
+    FieldState state = {};
+};
+
+/// Leaves the wheel to what scrolls, unless it has the focus.
+class NameBox : public QComboBox {
+public:
+    explicit NameBox(QWidget *parent) : QComboBox(parent)
+    {
+        setFocusPolicy(Qt::StrongFocus);
+        setSizeAdjustPolicy(QComboBox::AdjustToContents);
+        constexpr int Visible = 20;
+        setMaxVisibleItems(Visible);
+    }
+
+protected:
+    void wheelEvent(QWheelEvent *event) override
+    {
+        if (hasFocus())
+            QComboBox::wheelEvent(event);
+        else
+            event->ignore();
+    }
+};
+
+class NameControl : public FieldControl, public QObject {
+public:
+    NameControl(QWidget *parent, Setter fieldSetter)
+        : box(new NameBox(parent)), setter(std::move(fieldSetter))
+    {
+        QObject::connect(box, QOverload<int>::of(&QComboBox::activated), this,
+                         [this](int index) { hand(index); });
+    }
+
+    [[nodiscard]] QWidget &widget() const override { return *box; }
+
+    void show(const FieldState &newState) override
+    {
+        const bool isSame = state.said == newState.said && state.field == newState.field && box->count() > 0;
+        state = newState;
+        if (!isSame)
+            fill();
+    }
+
+    void discard() override { fill(); }
+
+private:
+    void fill()
+    {
+        const QStringList names = state.field.GetAllowed();
+        box->clear();
+        const bool isUnknown = state.said && !state.isUnderstood() && !state.said->isEmpty();
+        const FieldState unset{state.field, std::nullopt};
+        box->addItem(isUnknown ? tr("not set") : textOfUnset(unset));
+        box->addItems(names);
+        int current = 0;
+        if (isUnknown) {
+            // What the document says stays to be seen and is no name that could be chosen.
+            box->insertItem(1, QStringLiteral("\"%1\"").arg(*state.said));
+            current = 1;
+        } else if (state.isUnderstood()) {
+            current = box->findText(state.field.GetText(), Qt::MatchExactly | Qt::MatchCaseSensitive);
+        }
+        box->setCurrentIndex(current);
+    }
+
+    void hand(int index)
+    {
+        const bool isUnknown = state.said && !state.isUnderstood() && !state.said->isEmpty();
+        if (isUnknown && index == 1)
+            return;
+        const QString name = box->itemText(index);
+        const bool isTaken = setter(index == 0 ? std::nullopt : std::optional(name));
+        if (!isTaken)
+            fill();
+    }
+
+    NameBox *const box;
+    const Setter setter;
+    FieldState state = {};
+};
+
+} // namespace
+
+bool FieldState::isUnderstood() const
+{
+    if (!said || !field.IsSet())
+        return false;
+    const QString text = said->trimmed();
+    bool isNumber = false;
+    switch (field.GetType()) {
+    case Field::Type::Text:
+    case Field::Type::DateTime:
+        break;
+    case Field::Type::Boolean:
+        return !isBad;
+    case Field::Type::Name:
+        return field.GetText() == *said || field.GetAllowed().contains(*said);
+    case Field::Type::Integer:
+        return text.toLongLong(&isNumber) == field.GetValue().toLongLong() && isNumber;
+    case Field::Type::Float:
+        return text.toFloat(&isNumber) == field.GetValue().toFloat() && isNumber;
+    case Field::Type::Double:
+        return text.toDouble(&isNumber) == field.GetValue().toDouble() && isNumber;
+    }
+    return true;
+}
+
+std::unique_ptr<FieldControl> FieldControl::make(const Field &field, QWidget *parent, const Setter &setter)
+{
+    switch (field.GetType()) {
+    case Field::Type::Boolean:
+        return std::make_unique<BooleanControl>(parent, setter);
+    case Field::Type::Integer:
+    case Field::Type::Float:
+    case Field::Type::Double:
+        return std::make_unique<NumberControl>(field, parent, setter);
+    case Field::Type::DateTime:
+        return std::make_unique<DateTimeControl>(parent, setter);
+    case Field::Type::Name:
+        return std::make_unique<NameControl>(parent, setter);
+    case Field::Type::Text:
+        break;
+    }
+    return std::make_unique<TextControl>(parent, setter);
+}
+
+QString FieldControl::keyOf(const Field &field)
+{
+    return QStringLiteral("%1 %2 %3 %4 %5 %6")
+        .arg(field.GetPath())
+        .arg(static_cast<int>(field.GetType()))
+        .arg(field.GetUnit(), field.GetVocabulary().GetName())
+        .arg(field.GetMinimum())
+        .arg(field.GetMaximum());
+}
+
+} // namespace KORMAK::Widgets

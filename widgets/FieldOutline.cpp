@@ -1,0 +1,73 @@
+#include "widgets/FieldOutline_p.h"
+
+#include <inspection/Document.h>
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace KORMAK::Widgets {
+
+using Kind = FieldNode::Kind;
+
+FieldOutline::FieldOutline(const Document &ofDocument, const QHash<QString, int> &shownElements)
+    : document(ofDocument), shown(shownElements)
+{
+    addBelow({});
+}
+
+/// Values before the objects, so that each stands below its own heading.
+void FieldOutline::addBelow(const QString &path)
+{
+    const QVector<FieldNode> nodes = document.GetNodes(path);
+    for (const FieldNode &node : nodes) {
+        if (node.GetKind() == Kind::Value && node.GetField().IsSettable())
+            all.append({OutlineLine::Kind::Value, node, node.GetLabel()});
+    }
+    for (const FieldNode &node : nodes) {
+        if (node.GetKind() == Kind::Object)
+            addGroup(node);
+        else if (node.GetKind() != Kind::Value)
+            addList(node);
+    }
+}
+
+void FieldOutline::addGroup(const FieldNode &node)
+{
+    all.append({OutlineLine::Kind::Heading, node, node.GetLabel()});
+    const auto heading = all.size();
+    const QVector<FieldNode> below = document.GetNodes(node.GetPath());
+    const bool isArea = std::any_of(below.begin(), below.end(), [&node](const FieldNode &one) {
+        return one.GetKind() == Kind::List && one.GetPath() == node.GetPath() + QStringLiteral(".Coordinate");
+    });
+    if (isArea)
+        all.append({OutlineLine::Kind::Map, node});
+    addBelow(node.GetPath());
+    if (all.size() == heading)
+        all.removeLast();
+}
+
+void FieldOutline::addList(const FieldNode &node)
+{
+    const QVector<FieldNode> elements = document.GetNodes(node.GetPath());
+    const auto count = static_cast<int>(elements.size());
+    all.append({OutlineLine::Kind::Heading, node, node.GetLabel(), count});
+    const int most = std::max(shown.value(node.GetPath()), Few);
+    for (int i = 0; i < std::min(count, most); ++i) {
+        const FieldNode &element = elements.at(i);
+        // People count from 1.
+        const QString title = node.GetKind() == Kind::List
+            ? QStringLiteral("%1 %2").arg(node.GetLabel(), QString::number(i + 1))
+            : element.GetLabel();
+        if (element.GetKind() == Kind::Value) {
+            all.append({OutlineLine::Kind::Value, element, title});
+            continue;
+        }
+        all.append({OutlineLine::Kind::Element, element, title});
+        addBelow(element.GetPath());
+    }
+    if (count > most)
+        all.append({OutlineLine::Kind::More, node, {}, count - most});
+}
+
+} // namespace KORMAK::Widgets

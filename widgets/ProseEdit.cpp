@@ -1,0 +1,153 @@
+#include "widgets/ProseEdit_p.h"
+
+#include <widgets/ValueMark_p.h>
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPainter>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextLayout>
+
+#include <algorithm>
+
+namespace KORMAK::Widgets {
+
+namespace {
+
+constexpr int MarkWidth = 14;
+
+} // namespace
+
+ProseEdit::ProseEdit(QWidget *parent) : QPlainTextEdit(parent)
+{
+    setTabChangesFocus(true);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    connect(this, &QPlainTextEdit::textChanged, this, [this] { fit(); });
+    fit();
+}
+
+QString ProseEdit::GetText() const
+{
+    // toPlainText() would make ordinary blanks of those that do not break.
+    return document()->toRawText().replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
+}
+
+void ProseEdit::SetText(const QString &newText)
+{
+    text = newText;
+    if (GetText() != newText)
+        setPlainText(newText);
+}
+
+void ProseEdit::SetMarked(bool isMarked)
+{
+    marked = isMarked;
+    viewport()->update();
+}
+
+QSize ProseEdit::sizeHint() const
+{
+    constexpr int Most = 8;
+    int lines = 0;
+    for (QTextBlock block = document()->begin(); block.isValid() && lines < Most; block = block.next())
+        lines += std::max(1, block.layout()->lineCount());
+    constexpr int Characters = 40;
+    return {Characters * fontMetrics().averageCharWidth(), heightOf(std::clamp(lines, 1, Most))};
+}
+
+QSize ProseEdit::minimumSizeHint() const
+{
+    constexpr int Characters = 12;
+    return {Characters * fontMetrics().averageCharWidth(), heightOf(1)};
+}
+
+int ProseEdit::heightOf(int lines) const
+{
+    const int frame = 2 * frameWidth();
+    const int margin = static_cast<int>(2 * document()->documentMargin());
+    return lines * fontMetrics().lineSpacing() + frame + margin;
+}
+
+void ProseEdit::fit()
+{
+    const int height = sizeHint().height();
+    if (minimumHeight() != height || maximumHeight() != height)
+        setFixedHeight(height);
+}
+
+void ProseEdit::changeEvent(QEvent *event)
+{
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fit();
+}
+
+bool ProseEdit::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape
+        && GetText() != text) {
+        event->accept();
+        return true;
+    }
+    return QPlainTextEdit::event(event);
+}
+
+void ProseEdit::focusOutEvent(QFocusEvent *event)
+{
+    QPlainTextEdit::focusOutEvent(event);
+    if (event->reason() != Qt::PopupFocusReason)
+        Q_EMIT Finished();
+}
+
+void ProseEdit::insertFromMimeData(const QMimeData *source)
+{
+    insertPlainText(source->text()); // without formats
+}
+
+void ProseEdit::keyPressEvent(QKeyEvent *event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && (event->modifiers() & Qt::ShiftModifier)) {
+        if (!isReadOnly())
+            textCursor().insertBlock();
+        ensureCursorVisible();
+    } else if (isEnter) {
+        Q_EMIT Finished();
+    } else if (event->key() == Qt::Key_Escape && GetText() != text) {
+        Q_EMIT GivenUp();
+    } else {
+        QPlainTextEdit::keyPressEvent(event);
+    }
+}
+
+void ProseEdit::paintEvent(QPaintEvent *event)
+{
+    QPlainTextEdit::paintEvent(event);
+    if (!marked)
+        return;
+    QPainter painter(viewport());
+    const int width = viewport()->width();
+    const int top = (heightOf(1) - 2 * frameWidth() - MarkWidth) / 2;
+    paintMark(painter, {isRightToLeft() ? 2 : width - MarkWidth - 2, top, MarkWidth, MarkWidth},
+              ValueMark::Warning, palette());
+}
+
+void ProseEdit::resizeEvent(QResizeEvent *event)
+{
+    QPlainTextEdit::resizeEvent(event);
+    fit();
+}
+
+void ProseEdit::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus())
+        QPlainTextEdit::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+} // namespace KORMAK::Widgets
