@@ -17,14 +17,8 @@ using namespace TestSupport;
 
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
+#ifdef KORMAK_SANITIZED
 constexpr bool KeepsFreedMemory = true;
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-constexpr bool KeepsFreedMemory = true;
-#else
-constexpr bool KeepsFreedMemory = false;
-#endif
 #else
 constexpr bool KeepsFreedMemory = false;
 #endif
