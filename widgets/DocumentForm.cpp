@@ -34,6 +34,12 @@ namespace {
 using Action = DocumentEdit::Change::Action;
 using Requirement = Field::Requirement;
 
+/// Where lines begin, whatever the direction of their text.
+Qt::Alignment leading(const QWidget &widget)
+{
+    return Qt::AlignVCenter | Qt::AlignAbsolute | (widget.isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft);
+}
+
 /// What findings say, with a sign for how much it matters.
 class Notes : public QWidget {
 public:
@@ -53,6 +59,7 @@ public:
     void show(const QStringList &lines, ValueMark newMark)
     {
         mark = newMark;
+        label->setAlignment(leading(*this));
         label->setText(lines.join(QLatin1Char('\n')));
         paletteOf();
         setVisible(!lines.isEmpty());
@@ -130,6 +137,7 @@ struct DocumentForm::Private {
     QWidget *page = nullptr;
     QGridLayout *grid = nullptr;
     QLabel *heading = nullptr; ///< what the document is
+    QLabel *legend = nullptr; ///< what the asterisks mean
     QPointer<OpenDocument> document = {};
     std::map<QString, std::unique_ptr<Row>> rows = {}; ///< by their keys
     QVector<Row *> order = {};
@@ -214,6 +222,10 @@ struct DocumentForm::Private {
             row->control = FieldControl::make(
                 line.node.GetField(), page,
                 [this, self](const std::optional<QString> &text) { return set(*self, text); });
+            row->control->givenUp = [this, self] {
+                self->refusal.clear();
+                showNotes(*self);
+            };
             row->notes = new Notes(page);
             row->label->setBuddy(&row->control->widget());
             break;
@@ -261,22 +273,29 @@ struct DocumentForm::Private {
         const auto next = [&before](QWidget *widget) {
             if (!widget)
                 return;
+            widget->show(); // at once, so that it can take the focus
             if (before)
                 QWidget::setTabOrder(before, widget);
             before = widget;
         };
         grid->addWidget(heading, at++, 0, 1, 2);
+        int required = 0;
         for (Row *const row : std::as_const(order)) {
             if (row->control) {
+                row->label->setFixedHeight(
+                    std::max(row->control->lineHeight(), row->label->sizeHint().height()));
                 grid->addWidget(row->label, at, 0, Qt::AlignTop);
                 grid->addWidget(&row->control->widget(), at++, 1, alignmentOf(*row));
                 grid->addWidget(row->notes, at++, 1);
                 next(&row->control->widget());
+                if (row->line.node.GetField().GetRequirement() == Requirement::Always)
+                    ++required;
             } else if (row->map) {
                 grid->addWidget(row->map, at++, 0, 1, 2);
                 next(row->map);
             } else if (row->bar) {
                 grid->addWidget(row->bar, at++, 0, 1, 2);
+                row->bar->show();
                 grid->addWidget(row->notes, at++, 0, 1, 2);
                 next(row->button);
             } else {
@@ -284,6 +303,8 @@ struct DocumentForm::Private {
                 next(row->button);
             }
         }
+        grid->addWidget(legend, at++, 0, 1, 2);
+        legend->setVisible(required > 0);
     }
 
     /// Texts take the width that there is.
@@ -305,6 +326,7 @@ struct DocumentForm::Private {
         const QVector<Finding> all = now.GetFindings();
         for (const Finding &finding : all)
             findings.insert(finding.GetFieldPath(), finding);
+        legend->setAlignment(leading(form));
         showHeading(now);
         for (Row *const row : std::as_const(order))
             showRow(*row, said, findings);
@@ -341,6 +363,8 @@ struct DocumentForm::Private {
             row.hasError = row.hasError || finding.GetSeverity() == Finding::Severity::Error;
             state.isBad = state.isBad || finding.GetId() == FindingId::BadValue;
         }
+        if (row.label)
+            row.label->setAlignment(leading(form));
         if (row.control) {
             showLabel(row);
             row.control->show(state);
@@ -378,9 +402,9 @@ struct DocumentForm::Private {
         row.label->setText(row.line.title + (isRequired ? QStringLiteral(" *") : QString()));
         QStringList tips{field.GetPath(), field.GetAllowedInWords()};
         if (isRequired)
-            tips += DocumentForm::tr("No document is complete without it.");
+            tips += DocumentForm::tr("Required");
         else if (field.GetRequirement() == Requirement::Sometimes)
-            tips += DocumentForm::tr("Some documents are not complete without it.");
+            tips += DocumentForm::tr("Required in some documents");
         row.label->setToolTip(tips.join(QLatin1Char('\n')));
         QWidget &widget = row.control->widget();
         if (widget.toolTip().isEmpty())
@@ -556,6 +580,7 @@ DocumentForm::DocumentForm(QWidget *parent) : QWidget(parent), d(new Private{*th
     d->heading = new QLabel(d->page);
     d->heading->setWordWrap(true);
     d->heading->setTextFormat(Qt::PlainText);
+    d->legend = new QLabel(tr("* required"), d->page);
     d->area->setWidget(d->page);
     connect(qApp, &QApplication::focusChanged, this, [this] { d->tellCurrent(); });
     d->read(true);
@@ -645,7 +670,7 @@ void DocumentForm::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
     const QEvent::Type type = event->type();
-    if (type == QEvent::FontChange || type == QEvent::LocaleChange)
+    if (type == QEvent::FontChange || type == QEvent::LocaleChange || type == QEvent::LayoutDirectionChange)
         d->show();
 }
 

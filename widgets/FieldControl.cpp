@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -28,9 +29,27 @@ QString tr(const char *text)
 QString textOfUnset(const FieldState &state)
 {
     if (state.said && !state.said->isEmpty())
-        return *state.said; // what is not understood
+        return QStringLiteral("\"%1\"").arg(*state.said); // what is not understood
     const QString standard = state.field.GetShownText();
     return standard.isEmpty() ? tr("not set") : tr("not set, counts as %1").arg(standard);
+}
+
+/// By Enter, or because the focus goes.
+bool isLeft(const QEvent &event)
+{
+    if (event.type() == QEvent::FocusOut)
+        return static_cast<const QFocusEvent &>(event).reason() != Qt::PopupFocusReason;
+    if (event.type() != QEvent::KeyPress)
+        return false;
+    const int key = static_cast<const QKeyEvent &>(event).key();
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+/// So that lines end where those above and below them do.
+void setUsualWidth(QWidget &widget)
+{
+    constexpr int Characters = 38;
+    widget.setMinimumWidth(Characters * widget.fontMetrics().averageCharWidth());
 }
 
 class NumberControl : public FieldControl, public QObject {
@@ -40,6 +59,8 @@ public:
           setter(std::move(fieldSetter))
     {
         using Type = Field::Type;
+        setUsualWidth(*edit);
+        edit->setMaximumWidth(edit->minimumWidth());
         edit->SetUnit(field.GetUnit());
         edit->SetType(field.GetType() == Type::Float        ? NumberEdit::Type::Float
                           : field.GetType() == Type::Double ? NumberEdit::Type::Double
@@ -108,14 +129,17 @@ public:
     bool eventFilter(QObject *object, QEvent *event) override
     {
         // Who empties a line means that the field is not set.
-        if (event->type() == QEvent::FocusOut && edit->text().trimmed().isEmpty() && !shown.isEmpty())
+        if (isLeft(*event) && edit->text().trimmed().isEmpty() && !shown.isEmpty())
             unset();
         const bool isKey = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
         if (isKey && isRefused && !edit->IsOpen()
             && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
             event->accept();
-            if (event->type() == QEvent::KeyPress)
+            if (event->type() == QEvent::KeyPress) {
                 discard();
+                if (givenUp)
+                    givenUp();
+            }
             return true;
         }
         return QObject::eventFilter(object, event);
@@ -147,6 +171,8 @@ public:
     DateTimeControl(QWidget *parent, Setter fieldSetter)
         : edit(new DateTimeLine(parent)), setter(std::move(fieldSetter))
     {
+        setUsualWidth(*edit);
+        edit->setMaximumWidth(edit->minimumWidth());
         edit->installEventFilter(this);
         QObject::connect(edit, &ValueEdit::Finished, this, [this] { hand(); });
     }
@@ -191,7 +217,7 @@ public:
 
     bool eventFilter(QObject *object, QEvent *event) override
     {
-        if (event->type() == QEvent::FocusOut && edit->text().trimmed().isEmpty() && !shown.isEmpty())
+        if (isLeft(*event) && edit->text().trimmed().isEmpty() && !shown.isEmpty())
             unset();
         return QObject::eventFilter(object, event);
     }
@@ -221,7 +247,11 @@ public:
         : edit(new ProseEdit(parent)), setter(std::move(fieldSetter))
     {
         QObject::connect(edit, &ProseEdit::Finished, this, [this] { hand(); });
-        QObject::connect(edit, &ProseEdit::GivenUp, this, [this] { discard(); });
+        QObject::connect(edit, &ProseEdit::GivenUp, this, [this] {
+            discard();
+            if (givenUp)
+                givenUp();
+        });
     }
 
     [[nodiscard]] QWidget &widget() const override { return *edit; }
@@ -240,11 +270,13 @@ public:
         edit->SetText(state.field.GetText());
         shown = edit->GetText();
         edit->setReadOnly(shown != state.field.GetText());
-        edit->setToolTip(edit->isReadOnly() ? tr("This text holds characters that can only be shown here.")
-                                            : QString());
+        const QString reason = tr("This text holds characters that can only be shown here.");
+        if (edit->isReadOnly() || edit->toolTip() == reason)
+            edit->setToolTip(edit->isReadOnly() ? reason : QString());
     }
 
     [[nodiscard]] bool isOpen() const override { return edit->GetText() != shown; }
+    [[nodiscard]] int lineHeight() const override { return edit->minimumSizeHint().height(); }
 
     QString take() override
     {
@@ -277,6 +309,8 @@ public:
     BooleanControl(QWidget *parent, Setter fieldSetter)
         : box(new QCheckBox(parent)), setter(std::move(fieldSetter))
     {
+        constexpr int Room = 8;
+        box->setMinimumHeight(box->fontMetrics().height() + Room); // as other lines
         box->setTristate(true);
         box->setFocusPolicy(Qt::StrongFocus);
         QObject::connect(box, &QCheckBox::clicked, this, [this] { hand(); });
@@ -348,6 +382,7 @@ public:
     NameControl(QWidget *parent, Setter fieldSetter)
         : box(new NameBox(parent)), setter(std::move(fieldSetter))
     {
+        setUsualWidth(*box);
         QObject::connect(box, QOverload<int>::of(&QComboBox::activated), this,
                          [this](int index) { hand(index); });
     }
@@ -370,8 +405,7 @@ private:
         const QStringList names = state.field.GetAllowed();
         box->clear();
         const bool isUnknown = state.said && !state.isUnderstood() && !state.said->isEmpty();
-        const FieldState unset{state.field, std::nullopt};
-        box->addItem(isUnknown ? tr("not set") : textOfUnset(unset));
+        box->addItem(state.said ? tr("not set") : textOfUnset(state));
         box->addItems(names);
         int current = 0;
         if (isUnknown) {
@@ -443,6 +477,11 @@ std::unique_ptr<FieldControl> FieldControl::make(const Field &field, QWidget *pa
         break;
     }
     return std::make_unique<TextControl>(parent, setter);
+}
+
+int FieldControl::lineHeight() const
+{
+    return std::max(widget().sizeHint().height(), widget().minimumHeight());
 }
 
 QString FieldControl::keyOf(const Field &field)

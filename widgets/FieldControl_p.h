@@ -53,6 +53,10 @@ public:
     virtual QString take() { return {}; }
     /// \a problem is what is wrong with the field; empty for nothing.
     virtual void mark(const QString & /*problem*/) { }
+    /// How high its first line is, which its label stands beside.
+    [[nodiscard]] virtual int lineHeight() const;
+
+    std::function<void()> givenUp; ///< called when a value that was refused is given up; may be empty
 };
 
 } // namespace KORMAK::Widgets

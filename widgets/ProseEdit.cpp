@@ -17,13 +17,14 @@ namespace KORMAK::Widgets {
 namespace {
 
 constexpr int MarkWidth = 14;
+constexpr int MostLines = 8; ///< that are seen without scrolling
 
 } // namespace
 
 ProseEdit::ProseEdit(QWidget *parent) : QPlainTextEdit(parent)
 {
     setTabChangesFocus(true);
-    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     connect(this, &QPlainTextEdit::textChanged, this, [this] { fit(); });
@@ -49,14 +50,18 @@ void ProseEdit::SetMarked(bool isMarked)
     viewport()->update();
 }
 
+int ProseEdit::lines() const
+{
+    int count = 0;
+    for (QTextBlock block = document()->begin(); block.isValid() && count <= MostLines; block = block.next())
+        count += std::max(1, block.layout()->lineCount());
+    return std::max(1, count);
+}
+
 QSize ProseEdit::sizeHint() const
 {
-    constexpr int Most = 8;
-    int lines = 0;
-    for (QTextBlock block = document()->begin(); block.isValid() && lines < Most; block = block.next())
-        lines += std::max(1, block.layout()->lineCount());
     constexpr int Characters = 40;
-    return {Characters * fontMetrics().averageCharWidth(), heightOf(std::clamp(lines, 1, Most))};
+    return {Characters * fontMetrics().averageCharWidth(), heightOf(std::min(lines(), MostLines))};
 }
 
 QSize ProseEdit::minimumSizeHint() const
@@ -74,6 +79,7 @@ int ProseEdit::heightOf(int lines) const
 
 void ProseEdit::fit()
 {
+    setVerticalScrollBarPolicy(lines() > MostLines ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
     const int height = sizeHint().height();
     if (minimumHeight() != height || maximumHeight() != height)
         setFixedHeight(height);

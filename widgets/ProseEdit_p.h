@@ -40,6 +40,7 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
+    [[nodiscard]] int lines() const;
     [[nodiscard]] int heightOf(int lines) const;
     void fit();
 
