@@ -1,6 +1,8 @@
 // What the pages of the classes in widgets/ show: each snippet bears the name of its class.
 
+#include <kormak/Parameter.h>
 #include <widgets/FrequencyEdit.h>
+#include <widgets/ParameterEdit.h>
 
 #include <QtTest>
 
@@ -10,6 +12,7 @@ class WidgetsSnippetsTest : public QObject {
 private Q_SLOTS:
     void frequencyEdit();
     void numberEdit();
+    void parameterEdit();
     void valueEdit();
 };
 
@@ -39,6 +42,24 @@ void WidgetsSnippetsTest::numberEdit()
     //! [NumberEdit]
     QCOMPARE(gain.text(), QString("80"));
     QVERIFY(gain.GetProblem().startsWith("Above the maximum of 30"));
+}
+
+void WidgetsSnippetsTest::parameterEdit()
+{
+    KORMAK::Parameter gain;
+    gain.SetParameterType(KORMAK::ParameterType::Integer);
+    gain.SetDisplaySuffix("dB");
+    QVariant set;
+    //! [ParameterEdit]
+    KORMAK::ParameterEdit edit;
+    edit.SetParameter(gain);
+    QObject::connect(&edit, &KORMAK::ParameterEdit::Finished, [&edit, &set] {
+        set = edit.GetValue(); // a qint64: the parameter is an Integer
+    });
+    //! [ParameterEdit]
+    edit.setFocus();
+    QTest::keyClick(edit.focusProxy(), Qt::Key_Up);
+    QCOMPARE(set, QVariant(qint64(1)));
 }
 
 void WidgetsSnippetsTest::valueEdit()
