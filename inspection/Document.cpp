@@ -6,6 +6,7 @@
 #include <inspection/DocumentSays_p.h>
 #include <inspection/FieldAssignment_p.h>
 #include <inspection/FieldList_p.h>
+#include <inspection/FieldNodes_p.h>
 #include <inspection/ObjectFindings_p.h>
 #include <inspection/QuotedText_p.h>
 #include <inspection/Rewriting_p.h>
@@ -308,6 +309,11 @@ Field Document::GetField(const QString &path) const
             data().object ? fieldAt(data().kind->fields(), data().address(), path) : std::nullopt)
         return *field;
     throw TesselException(QStringLiteral("there is no field '%1'").arg(path));
+}
+
+QVector<FieldNode> Document::GetNodes(const QString &path) const
+{
+    return data().object ? nodesBelow(data().kind->fields(), data().address(), path) : QVector<FieldNode>();
 }
 
 void Document::SetField(const QString &path, const QString &text)

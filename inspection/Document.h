@@ -3,6 +3,7 @@
 
 #include <inspection/Difference.h>
 #include <inspection/Field.h>
+#include <inspection/FieldNode.h>
 #include <inspection/Finding.h>
 #include <inspection/inspection_export.h>
 #include <objectbase/ITesselObject.h>
@@ -113,6 +114,9 @@ public:
     /// The field called \a path, as GetFields() calls it.
     /// \throws TESSEL::TesselException when the document has no such field at the moment
     [[nodiscard]] Field GetField(const QString &path) const;
+    /// The tree of the fields, one level at a time: what is directly below \a path, in the order of
+    /// GetFields(); an empty \a path is the document itself. Empty where nothing is.
+    [[nodiscard]] QVector<FieldNode> GetNodes(const QString &path = {}) const;
     /// Sets the field called \a path to what \a text says, as Field::GetText() says it. Also adds what is not
     /// there yet: the parameter that is named between brackets, the element of a list behind its last one,
     /// and, without brackets, a whole element: "Area.Coordinate" to "52.1,13.4".

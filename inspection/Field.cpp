@@ -21,6 +21,7 @@ struct Field::Private {
     TextType type;
     FieldValue value;
     bool isSettable = false;
+    FieldRequirement requirement = FieldRequirement::None;
 };
 
 namespace {
@@ -109,6 +110,19 @@ bool Field::IsSettable() const noexcept
     return data().isSettable;
 }
 
+Field::Requirement Field::GetRequirement() const noexcept
+{
+    switch (data().requirement) {
+    case FieldRequirement::None:
+        break;
+    case FieldRequirement::Sometimes:
+        return Requirement::Sometimes;
+    case FieldRequirement::Always:
+        return Requirement::Always;
+    }
+    return Requirement::None;
+}
+
 bool Field::IsSet() const noexcept
 {
     return Inspection::isSet(data().value);
@@ -137,6 +151,20 @@ QString Field::GetText() const
     return settableText(data().type, data().value);
 }
 
+QString Field::TextOf(const QVariant &value)
+{
+    switch (value.userType()) {
+    case QMetaType::Float:
+        return settableText({TextType::Kind::Float}, value.toFloat());
+    case QMetaType::Double:
+        return settableText({TextType::Kind::Double}, value.toDouble());
+    case QMetaType::QDateTime:
+        return settableText({TextType::Kind::DateTime}, value.toDateTime());
+    default:
+        return value.toString();
+    }
+}
+
 QString Field::GetShownText() const
 {
     return shownText(data().type, data().value).value_or(QString());
@@ -154,7 +182,7 @@ Field FieldMaker::made(const QString &path, const FieldRow &row, FieldValue valu
 {
     Field field;
     field.d = std::make_shared<const Field::Private>(
-        Field::Private{path, row.label, row.type, std::move(value), isReached && row.set});
+        Field::Private{path, row.label, row.type, std::move(value), isReached && row.set, row.requirement});
     return field;
 }
 
@@ -166,6 +194,13 @@ constexpr TESSEL::VocabularyRow<Field::Type> TypeRows[] = {
     {Field::Type::Name, u"Name"},
 };
 constexpr TESSEL::Vocabulary Types{TypeRows};
+
+constexpr TESSEL::VocabularyRow<Field::Requirement> RequirementRows[] = {
+    {Field::Requirement::None, u"None"},
+    {Field::Requirement::Sometimes, u"Sometimes"},
+    {Field::Requirement::Always, u"Always"},
+};
+constexpr TESSEL::Vocabulary Requirements{RequirementRows};
 
 } // namespace
 
@@ -181,6 +216,11 @@ QString typeName(Field::Type type)
 QDebug operator<<(QDebug debug, Field::Type value)
 {
     return TESSEL::printName(debug, Types.table(), value);
+}
+
+QDebug operator<<(QDebug debug, Field::Requirement value)
+{
+    return TESSEL::printName(debug, Requirements.table(), value);
 }
 
 QDebug operator<<(QDebug debug, const Field &field)

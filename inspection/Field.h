@@ -37,6 +37,13 @@ public:
         Name, ///< of a vocabulary
     };
 
+    /// Whether a document is complete without it.
+    enum class Requirement : qint32 {
+        None, ///< it is
+        Sometimes, ///< it depends on other fields
+        Always, ///< it is not
+    };
+
     /// A field without a path, which holds nothing.
     Field();
 
@@ -64,6 +71,8 @@ public:
 
     /// Whether Document::SetField() can set it. Some values may be refused all the same.
     [[nodiscard]] bool IsSettable() const noexcept;
+    /// Whether it must be set for a document to be complete.
+    [[nodiscard]] Requirement GetRequirement() const noexcept;
     /// Whether it holds a value.
     [[nodiscard]] bool IsSet() const noexcept;
     /// Exactly what it holds, as QString (Text, Name), bool, qint64, float, double or QDateTime; invalid when
@@ -72,6 +81,8 @@ public:
     /// What it holds, as Document::SetField() takes it: numbers with as many digits as tell them apart from
     /// all others, dates as documents have them; empty when it is not set.
     [[nodiscard]] QString GetText() const;
+    /// What \a value says, as Document::SetField() takes it; texts stay as they are.
+    [[nodiscard]] static QString TextOf(const QVariant &value);
     /// What it holds, for people to read, with its unit; empty when it is not set.
     [[nodiscard]] QString GetShownText() const;
 
@@ -90,6 +101,9 @@ private:
 
 /// Writes the name of \a value, or its number when it has none.
 INSPECTION_EXPORT QDebug operator<<(QDebug debug, Field::Type value);
+
+/// Writes the name of \a value, or its number when it has none.
+INSPECTION_EXPORT QDebug operator<<(QDebug debug, Field::Requirement value);
 
 /// Writes the path and what the field holds, in a line.
 INSPECTION_EXPORT QDebug operator<<(QDebug debug, const Field &field);

@@ -1,5 +1,6 @@
 #include "inspection/Finding.h"
 
+#include <inspection/FieldText_p.h>
 #include <inspection/FindingData_p.h>
 #include <inspection/QuotedText_p.h>
 #include <objectbase/Debug_p.h>
@@ -51,6 +52,12 @@ QString Finding::GetMessage() const
 QString Finding::GetPath() const
 {
     return data().content.path;
+}
+
+QString Finding::GetFieldPath() const
+{
+    const QString &path = data().content.path;
+    return data().content.id == FindingId::NotEdited ? path : fieldPathOf(path);
 }
 
 bool Finding::HasPlace() const noexcept

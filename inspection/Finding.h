@@ -135,6 +135,9 @@ public:
     /// "GenericReceiver/Parameter[Gain]/@UniqueName". Empty when it is about the document as a whole. Where
     /// something is missing, the path that it would have.
     [[nodiscard]] QString GetPath() const;
+    /// The field or the object that it is about, as FieldNode::GetPathInFindings() calls it:
+    /// "JobHeader.Author" for the path "Job/JobHeader/Author".
+    [[nodiscard]] QString GetFieldPath() const;
 
     /// Whether it is about a place in a text.
     [[nodiscard]] bool HasPlace() const noexcept;

@@ -1,10 +1,10 @@
 #include <inspection/FieldText_p.h>
+#include <inspection/ParameterSummary.h>
 #include <inspection/QuotedText_p.h>
+#include <inspection/report/FrequencyRange_p.h>
 #include <inspection/report/Page_p.h>
-#include <inspection/report/ParameterSummary_p.h>
 #include <inspection/report/Svg_p.h>
 #include <kormak/GenericReceiver.h>
-#include <objectbase/QtCompat_p.h>
 
 #include <map>
 
@@ -14,28 +14,18 @@ namespace {
 
 using Parameters = std::vector<const Parameter *>;
 
-/// The first part of the representation name; empty where it has only one.
-QString groupOf(const Parameter &parameter)
-{
-    const QString &name = parameter.GetRepresenationName();
-    for (TESSEL::TextSize i = 0; i < name.size(); ++i) {
-        if (name.at(i) == QLatin1Char('.') || name.at(i) == QLatin1Char('/'))
-            return name.left(i);
-    }
-    return {};
-}
-
 QString nameOfType(const Parameter &parameter)
 {
     const QString name = ParameterTypeToName(parameter.GetParameterType());
     return name.isEmpty() ? QStringLiteral("no type") : name;
 }
 
-void writeName(const Page &page, const Parameter &parameter, const QString &path)
+void writeName(const Page &page, const Parameter &parameter, const ParameterSummary &summary,
+               const QString &path)
 {
     Html &html = page.html;
     html.open(u"th", {{u"scope", QStringLiteral("row")}});
-    html.text(displayNameOf(parameter));
+    html.text(summary.name);
     if (!parameter.IsEnabled())
         html.text(u" ").element(u"span", QStringLiteral("disabled"), {{u"class", QStringLiteral("badge")}});
     if (!parameter.GetToolTip().isEmpty()) {
@@ -93,12 +83,12 @@ void writeRange(Html &html, const ParameterSummary &summary)
 void writeRow(const Page &page, const Parameter &parameter, const QString &path)
 {
     Html &html = page.html;
-    const ParameterSummary summary = summaryOf(parameter);
+    const ParameterSummary summary(parameter);
     if (parameter.IsEnabled())
         html.open(u"tr");
     else
         html.open(u"tr", {{u"class", QStringLiteral("disabled")}});
-    writeName(page, parameter, path);
+    writeName(page, parameter, summary, path);
     html.open(u"td");
     if (summary.value.isEmpty())
         html.element(u"span", QStringLiteral("none"), {{u"class", QStringLiteral("muted")}});
@@ -168,7 +158,7 @@ void writeReceiver(const Page &page, const GenericReceiver &receiver)
 {
     std::map<QString, Parameters> groups;
     for (const Parameter &parameter : receiver.GetParameterList())
-        groups[groupOf(parameter)].push_back(&parameter);
+        groups[GroupOf(parameter)].push_back(&parameter);
     Html &html = page.html;
     html.element(
         u"p",

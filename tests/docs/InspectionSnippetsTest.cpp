@@ -2,9 +2,11 @@
 
 #include <inspection/Document.h>
 #include <inspection/DocumentEdit.h>
+#include <inspection/ParameterSummary.h>
 #include <inspection/Report.h>
 #include <inspection/ReportIndex.h>
 #include <kormak/Job.h>
+#include <kormak/Parameter.h>
 #include <objectbase/TesselException.h>
 
 #include <QTemporaryDir>
@@ -45,9 +47,11 @@ private Q_SLOTS:
     void documentEdit();
     void entry();
     void field();
+    void fieldNode();
     void finding();
     void findingId();
     void place();
+    void parameterSummary();
     void report();
     void reportIndex();
     void vocabulary();
@@ -151,6 +155,19 @@ void InspectionSnippetsTest::field()
     //! [Field]
 }
 
+void InspectionSnippetsTest::fieldNode()
+{
+    const KORMAK::Document document = job();
+    QStringList paths;
+    //! [FieldNode]
+    const QVector<KORMAK::FieldNode> nodes = document.GetNodes("AntennaData");
+    for (const KORMAK::FieldNode &node : nodes)
+        paths += node.GetPath(); // "AntennaData.Version" and so on
+    //! [FieldNode]
+    QCOMPARE(paths.value(0), QString("AntennaData.Version"));
+    QCOMPARE(nodes.value(0).GetKind(), KORMAK::FieldNode::Kind::Value);
+}
+
 void InspectionSnippetsTest::finding()
 {
     const KORMAK::Document document = jobWithoutAuthor();
@@ -178,6 +195,25 @@ void InspectionSnippetsTest::findingId()
         });
     //! [FindingId]
     QVERIFY(asksForMore);
+}
+
+void InspectionSnippetsTest::parameterSummary()
+{
+    //! [ParameterSummary]
+    KORMAK::Parameter parameter;
+    parameter.SetUniqueParameterName("Bandwidth");
+    parameter.SetRepresenationName("rx.bandwidth");
+    parameter.SetParameterType(KORMAK::ParameterType::Double);
+    parameter.SetDisplaySuffix("kHz");
+    parameter.SetMultiplier(1000); // shown in kHz, stored in Hz
+    parameter.GetDoubleHandler().SetDefault(9000);
+    parameter.GetDoubleHandler().SetValue(12500);
+    const KORMAK::ParameterSummary summary(parameter);
+    QCOMPARE(summary.group, QString("rx"));
+    QCOMPARE(summary.value, QString("12.5\u00a0kHz"));
+    QCOMPARE(summary.defaultValue, QString("9\u00a0kHz"));
+    //! [ParameterSummary]
+    QVERIFY(summary.range.isEmpty());
 }
 
 void InspectionSnippetsTest::report()

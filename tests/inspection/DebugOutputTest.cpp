@@ -127,6 +127,8 @@ void DebugOutputTest::otherEnumerations_data()
     };
     row("Level", shownNumber<Logger::Level>, {"INFO", "WARNING", "ERROR"});
     row("Severity", shownNumber<Finding::Severity>, {"Warning", "Error"});
+    row("Requirement", shownNumber<Field::Requirement>, {"None", "Sometimes", "Always"});
+    row("Kind", shownNumber<FieldNode::Kind>, {"Value", "Object", "List", "Map"});
     row("Limit", shownNumber<Finding::Limit>, {"None", "Attributes", "Depth", "Entities"});
     row("Correction", shownNumber<Finding::Correction>, {"None", "Text", "Name", "Element"});
     row("Type", shownNumber<Field::Type>,

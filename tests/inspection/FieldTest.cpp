@@ -13,6 +13,7 @@ using namespace KORMAK;
 using namespace DocumentSamples;
 
 Q_DECLARE_METATYPE(Field::Type)
+Q_DECLARE_METATYPE(Field::Requirement)
 
 class FieldTest : public QObject {
     Q_OBJECT
@@ -27,6 +28,10 @@ private Q_SLOTS:
     void textsSetWhatTheySay_data();
     void textsSetWhatTheySay();
     void comparison();
+    void requirements_data();
+    void requirements();
+    void textsOfValues_data();
+    void textsOfValues();
 };
 
 namespace {
@@ -228,6 +233,48 @@ void FieldTest::comparison()
     const Field nan = Document(receiver).GetField("Parameter[P].Double.Default");
     QVERIFY(nan == Document(receiver).GetField("Parameter[P].Double.Default"));
     QVERIFY(std::isnan(nan.GetValue().toDouble()));
+}
+
+void FieldTest::requirements_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<Field::Requirement>("requirement");
+
+    QTest::newRow("always") << "JobHeader.Author" << Field::Requirement::Always;
+    QTest::newRow("sometimes") << "AntennaData.Name" << Field::Requirement::Sometimes;
+    QTest::newRow("never") << "JobHeader.Description" << Field::Requirement::None;
+}
+
+void FieldTest::requirements()
+{
+    QFETCH(QString, path);
+    QFETCH(Field::Requirement, requirement);
+    QCOMPARE(example("jobs/antenna.xml").GetField(path).GetRequirement(), requirement);
+    QCOMPARE(Field().GetRequirement(), Field::Requirement::None);
+}
+
+void FieldTest::textsOfValues_data()
+{
+    QTest::addColumn<QVariant>("value");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("nothing") << QVariant() << "";
+    QTest::newRow("text") << QVariant("1,5 x") << "1,5 x";
+    QTest::newRow("boolean") << QVariant(true) << "true";
+    QTest::newRow("whole number") << QVariant(-7) << "-7";
+    QTest::newRow("64 bits") << QVariant(std::numeric_limits<qint64>::min()) << "-9223372036854775808";
+    QTest::newRow("single precision") << QVariant(0.1F) << "0.1";
+    QTest::newRow("double precision") << QVariant(0.1 + 0.2) << "0.30000000000000004";
+    QTest::newRow("large") << QVariant(1.5e6) << "1500000";
+    QTest::newRow("date") << QVariant(QDateTime({2026, 5, 1}, {14, 0, 0, 5}, QTimeZone(7200)))
+                          << "2026-05-01T12:00:00,005Z";
+}
+
+void FieldTest::textsOfValues()
+{
+    QFETCH(QVariant, value);
+    QFETCH(QString, text);
+    QCOMPARE(Field::TextOf(value), text);
 }
 
 QTEST_GUILESS_MAIN(FieldTest)

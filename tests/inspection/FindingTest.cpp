@@ -24,6 +24,9 @@ private Q_SLOTS:
     void corrections_data();
     void corrections();
     void comparison();
+    void fieldPaths_data();
+    void fieldPaths();
+    void ofPrograms();
     void idsOfExamples();
 };
 
@@ -263,6 +266,37 @@ void FindingTest::idsOfExamples()
     }
     ids.removeDuplicates();
     QVERIFY2(ids.size() >= 9, qPrintable(ids.join(' ')));
+}
+
+void FindingTest::fieldPaths_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("path");
+
+    QTest::newRow("element") << contentOf(QString(EXAMPLES_DIR) + "/faulty/missing-author.xml")
+                             << "JobHeader.Author";
+    QTest::newRow("attribute of a parameter") << QByteArray(
+        "<GenericReceiver Version=\"1.0\"><Parameter UniqueName=\"a/b\" Kind=\"\"/></GenericReceiver>")
+                                              << "Parameter[a/b].Kind";
+    QTest::newRow("document") << QByteArray("<Engine/>") << "";
+}
+
+void FindingTest::fieldPaths()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, path);
+    QCOMPARE(Document(text).GetFindings().value(0).GetFieldPath(), path);
+}
+
+void FindingTest::ofPrograms()
+{
+    const Finding finding = Finding::NotEdited("Area.Coordinate[0].Latitude", "is no angle");
+    QCOMPARE(finding.GetId(), FindingId::NotEdited.toString());
+    QCOMPARE(finding.GetSeverity(), Finding::Severity::Error);
+    QCOMPARE(finding.GetPath(), QString("Area.Coordinate[0].Latitude"));
+    QCOMPARE(finding.GetFieldPath(), finding.GetPath());
+    QCOMPARE(finding.GetMessage(), QString("is no angle"));
+    QVERIFY(!finding.HasPlace());
 }
 
 QTEST_GUILESS_MAIN(FindingTest)

@@ -10,6 +10,8 @@ using Change = KORMAK::DocumentEdit::Change;
 using Action = Change::Action;
 using NewFindings = KORMAK::DocumentEdit::NewFindings;
 
+Q_DECLARE_METATYPE(KORMAK::DocumentEdit::Change)
+
 namespace {
 
 QByteArray exampleText(const QString &name)

@@ -1,0 +1,58 @@
+#include "inspection/report/FrequencyRange_p.h"
+
+#include <inspection/NumberLimit_p.h>
+#include <inspection/ParameterSummary.h>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace KORMAK::Inspection {
+
+namespace {
+
+template <class Handler>
+FrequencyRange rangeOf(const Handler &handler, double hertz)
+{
+    const auto limit = [hertz](auto value) {
+        return isLimit(value) ? static_cast<double>(value) * hertz : std::copysign(HUGE_VAL, value);
+    };
+    return {{},
+            limit(handler.GetMinimum()),
+            limit(handler.GetMaximum()),
+            static_cast<double>(handler.GetDefault()) * hertz};
+}
+
+} // namespace
+
+std::optional<FrequencyRange> frequencyRangeOf(const Parameter &parameter)
+{
+    constexpr struct {
+        QStringView suffix;
+        double hertz;
+    } Units[] = {{u"Hz", 1}, {u"kHz", 1e3}, {u"MHz", 1e6}, {u"GHz", 1e9}};
+    const auto *const unit = std::find_if(std::begin(Units), std::end(Units), [&parameter](const auto &one) {
+        return one.suffix == parameter.GetDisplaySuffix();
+    });
+    if (unit == std::end(Units) || parameter.GetValueType() != Parameter::ValueFrequency)
+        return std::nullopt;
+    const double hertz = unit->hertz / DivisorOf(parameter);
+    const auto named = [&parameter](FrequencyRange range) {
+        range.name = ParameterSummary(parameter).name;
+        return range;
+    };
+    switch (parameter.GetParameterType()) {
+    case ParameterType::Long:
+        return named(rangeOf(parameter.GetLongHandler(), hertz));
+    case ParameterType::Integer:
+        return named(rangeOf(parameter.GetIntegerHandler(), hertz));
+    case ParameterType::Float:
+        return named(rangeOf(parameter.GetFloatHandler(), hertz));
+    case ParameterType::Double:
+        return named(rangeOf(parameter.GetDoubleHandler(), hertz));
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace KORMAK::Inspection
