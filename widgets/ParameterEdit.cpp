@@ -95,7 +95,7 @@ public:
     }
 
     [[nodiscard]] QWidget *widget() override { return box; }
-    void show(const Parameter & /*parameter*/) override { }
+    void show(const Parameter & /*edited*/) override { }
     void setValue(const QVariant &value) override
     {
         const QSignalBlocker blocker(box);
@@ -117,11 +117,11 @@ public:
     }
 
     [[nodiscard]] QWidget *widget() override { return box; }
-    void show(const Parameter &parameter) override
+    void show(const Parameter &edited) override
     {
         const QSignalBlocker blocker(box);
         box->clear();
-        for (const EnumHandler::EnumValue &entry : parameter.GetEnumHandler().GetEnumList()) {
+        for (const EnumHandler::EnumValue &entry : edited.GetEnumHandler().GetEnumList()) {
             box->addItem(entry.Name);
             QString details = QString::number(entry.Key);
             if (!entry.Identifier.isEmpty())
@@ -129,7 +129,7 @@ public:
             box->setItemData(box->count() - 1, details, Qt::ToolTipRole);
         }
         // An entry that is none of them stays to be seen.
-        box->setPlaceholderText(parameter.GetEnumHandler().GetDefaultValue().Name);
+        box->setPlaceholderText(edited.GetEnumHandler().GetDefaultValue().Name);
     }
     void setValue(const QVariant &value) override
     {
@@ -156,10 +156,10 @@ public:
 
     [[nodiscard]] QWidget *widget() override { return shown; }
     [[nodiscard]] ValueEdit *line() override { return shown; }
-    void show(const Parameter &parameter) override
+    void show(const Parameter &edited) override
     {
-        shown->SetUnit(Widgets::shownUnit(parameter));
-        const Widgets::NumberFormat format = Widgets::formatOf(parameter, shown->locale());
+        shown->SetUnit(Widgets::shownUnit(edited));
+        const Widgets::NumberFormat format = Widgets::formatOf(edited, shown->locale());
         if constexpr (std::is_base_of_v<NumberEdit, Line>) {
             shown->SetType(format.type);
             shown->SetMultiplier(format.multiplier);
@@ -168,7 +168,7 @@ public:
         } else if constexpr (std::is_same_v<Widgets::MomentEdit, Line>) {
             shown->SetFormat(format);
         } else if constexpr (std::is_same_v<Widgets::NumberListEdit, Line>) {
-            shown->SetFormat(format, parameter.GetDoubleHandler().GetMaxDoubleListLength());
+            shown->SetFormat(format, edited.GetDoubleHandler().GetMaxDoubleListLength());
         }
     }
     void setValue(const QVariant &value) override { shown->SetValue(value); }
@@ -212,7 +212,12 @@ ParameterEdit::ParameterEdit(QWidget *parent) : QWidget(parent), d(std::make_uni
     connect(this, &ParameterEdit::Finished, this, [this] { SetNote(d->note); });
 }
 
-ParameterEdit::~ParameterEdit() = default;
+ParameterEdit::~ParameterEdit()
+{
+    // Losing the focus, it would take what is typed, and there would be nobody to tell.
+    if (d->control)
+        disconnect(d->control->widget(), nullptr, this, nullptr);
+}
 
 const Parameter &ParameterEdit::GetParameter() const noexcept
 {

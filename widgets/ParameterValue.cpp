@@ -1,5 +1,6 @@
 #include "widgets/ParameterValue_p.h"
 
+#include <kormak/GenericReceiver.h>
 #include <widgets/MomentFormat_p.h>
 #include <widgets/NumberList_p.h>
 #include <widgets/ParameterControl.h>
@@ -14,8 +15,6 @@
 namespace KORMAK::Widgets {
 
 namespace {
-
-using Change = DocumentEdit::Change;
 
 QString translated(const char *text)
 {
@@ -71,23 +70,6 @@ qint64 entryOf(const EnumHandler &handler)
     return found == entries.end() ? -1 : found - entries.begin();
 }
 
-QVector<Change> changesToEntry(const EnumHandler &handler, const QString &path, qint64 chosen)
-{
-    const auto &entries = handler.GetEnumList();
-    if (chosen < 0 || chosen >= entries.size() || chosen == entryOf(handler))
-        return {};
-    QVector<Change> changes;
-    const QString marks = path + QStringLiteral("Enum.EnumValue[%1].Default");
-    for (qint64 i = 0; i < entries.size(); ++i) {
-        const bool isMarked = entries.at(static_cast<int>(i)).Default == QLatin1String("true");
-        if (i == chosen && !isMarked)
-            changes.push_back({Change::Action::Set, marks.arg(i), QStringLiteral("true")});
-        else if (i != chosen && isMarked)
-            changes.push_back({Change::Action::Unset, marks.arg(i)});
-    }
-    return changes;
-}
-
 MomentFormat momentOf(const Parameter &parameter, const QLocale &locale)
 {
     return {formatOf(parameter, locale)};
@@ -115,34 +97,6 @@ QVariant valueOf(const Parameter &parameter)
         return withNumbers<QVariant>(parameter,
                                      [](const auto &handler) { return variantOf(handler.GetDefault()); });
     }
-}
-
-QString valuePathOf(const Parameter &parameter, const QString &path)
-{
-    switch (parameter.GetParameterType()) {
-    case ParameterType::Boolean:
-        return path + QStringLiteral("Boolean.Value");
-    case ParameterType::Enum:
-    case ParameterType::DoubleList:
-    case ParameterType::Invalid:
-        return {};
-    default:
-        return path + ParameterTypeToName(parameter.GetParameterType()) + QStringLiteral(".Default");
-    }
-}
-
-bool isSettable(const Parameter &parameter)
-{
-    return parameter.GetParameterType() == ParameterType::Enum || !valuePathOf(parameter, {}).isEmpty();
-}
-
-QVector<Change> changesTo(const Parameter &parameter, const QString &path, const QVariant &value)
-{
-    if (parameter.GetParameterType() == ParameterType::Enum)
-        return changesToEntry(parameter.GetEnumHandler(), path, value.toLongLong());
-    const QString field = valuePathOf(parameter, path);
-    return field.isEmpty() ? QVector<Change>()
-                           : QVector<Change>{{Change::Action::Set, field, documentText(value)}};
 }
 
 NumberFormat formatOf(const Parameter &parameter, const QLocale &locale)
@@ -205,6 +159,27 @@ QString shownValue(const Parameter &parameter, const QVariant &value, const QLoc
     return value.toString();
 }
 
+NumberFormat::Reading readValue(const Parameter &parameter, const QString &text, const QLocale &locale)
+{
+    switch (ParameterControlOf(parameter)) {
+    case ParameterControl::Moment:
+        return momentOf(parameter, locale).read(text);
+    case ParameterControl::Number:
+    case ParameterControl::Frequency:
+        return formatOf(parameter, locale).read(text);
+    case ParameterControl::NumberList:
+    case ParameterControl::FrequencyList:
+        return readList(formatOf(parameter, locale), text);
+    case ParameterControl::Text:
+        return {text, {}};
+    case ParameterControl::CheckBox:
+    case ParameterControl::Choice:
+    case ParameterControl::None:
+        break;
+    }
+    return {};
+}
+
 QString shownUnit(const Parameter &parameter)
 {
     switch (ParameterControlOf(parameter)) {
@@ -241,27 +216,27 @@ QString problemOf(const Parameter &parameter, const QVariant &value, const QLoca
     }
 }
 
-QString describe(const Parameter &parameter, const QLocale &locale)
+QString rangeOf(const Parameter &parameter, const QLocale &locale)
 {
-    QStringList lines;
-    if (!parameter.GetToolTip().isEmpty())
-        lines += parameter.GetToolTip();
     const NumberFormat format = formatOf(parameter, locale);
     const bool isMoment = ParameterControlOf(parameter) == ParameterControl::Moment;
     const auto limit = [&format, isMoment](const QVariant &value) {
         return isMoment ? MomentFormat{format}.show(value) : format.showWithUnit(value);
     };
-    const QString least = limit(format.minimum);
-    const QString most = limit(format.maximum);
     if (format.minimum.isValid() && format.maximum.isValid())
-        lines += translated("%1 to %2").arg(least, most);
-    else if (format.minimum.isValid())
-        lines += translated("At least %1").arg(least);
-    else if (format.maximum.isValid())
-        lines += translated("At most %1").arg(most);
+        return translated("%1 to %2").arg(limit(format.minimum), limit(format.maximum));
+    if (format.minimum.isValid())
+        return translated("At least %1").arg(limit(format.minimum));
+    return format.maximum.isValid() ? translated("At most %1").arg(limit(format.maximum)) : QString();
+}
+
+QString describe(const Parameter &parameter, const QLocale &locale)
+{
+    QStringList lines{parameter.GetToolTip(), rangeOf(parameter, locale)};
     if (parameter.IsDoubleList() && parameter.GetDoubleHandler().GetMaxDoubleListLength() > 0)
         lines += translated("Up to %1 values, parted by semicolons")
                      .arg(parameter.GetDoubleHandler().GetMaxDoubleListLength());
+    lines.removeAll(QString());
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -271,15 +246,16 @@ QString nameOf(const Parameter &parameter)
                                                 : parameter.GetDisplayName();
 }
 
-QString pathOfParameter(const QString &name)
+const Parameter *findParameter(const Document &document, const QString &name)
 {
-    QString escaped;
-    for (const QChar character : name) {
-        if (character == QLatin1Char('\\') || character == QLatin1Char(']'))
-            escaped += QLatin1Char('\\');
-        escaped += character;
+    const auto *const receiver = dynamic_cast<const GenericReceiver *>(document.GetObject());
+    if (!receiver) {
+        const auto *const parameter = dynamic_cast<const Parameter *>(document.GetObject());
+        return parameter && parameter->GetUniqueParameterName() == name ? parameter : nullptr;
     }
-    return QStringLiteral("Parameter[%1]").arg(escaped);
+    const auto &parameters = receiver->GetParameterList();
+    const auto found = parameters.constFind(name);
+    return found == parameters.constEnd() ? nullptr : &*found;
 }
 
 } // namespace KORMAK::Widgets

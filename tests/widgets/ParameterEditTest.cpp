@@ -1,9 +1,11 @@
 #include <kormak/Parameter.h>
+#include <tests/support/Pictures.h>
 #include <widgets/FrequencyEdit.h>
 #include <widgets/ParameterEdit.h>
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFormLayout>
 #include <QLineEdit>
 #include <QtTest>
 #include <QVBoxLayout>
@@ -98,8 +100,10 @@ private Q_SLOTS:
     void momentSteps();
     void lists();
     void otherParameter();
+    void destroyedWhileOpen();
     void names();
     void locales();
+    void pictures();
 };
 
 void ParameterEditTest::controls_data()
@@ -456,6 +460,22 @@ void ParameterEditTest::otherParameter()
     QVERIFY(edit.Take());
 }
 
+void ParameterEditTest::destroyedWhileOpen()
+{
+    QWidget window;
+    auto *const edit = new ParameterEdit(&window);
+    edit->SetParameter(parameterOf(ParameterType::Integer));
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    edit->setFocus();
+    QTRY_VERIFY(lineOf(*edit).hasFocus());
+    QTest::keyClicks(&lineOf(*edit), "5");
+    QSignalSpy finished(edit, &ParameterEdit::Finished);
+    delete edit;
+    QCOMPARE(finished.count(), 0);
+}
+
 void ParameterEditTest::names()
 {
     Parameter parameter = parameterOf(ParameterType::Integer, "dB");
@@ -482,6 +502,44 @@ void ParameterEditTest::locales()
     edit.setLocale(QLocale("de_DE"));
     QCOMPARE(lineOf(edit).text(), QString("1,50"));
     QCOMPARE(edit.GetValue(), QVariant(1.5));
+}
+
+void ParameterEditTest::pictures()
+{
+    const auto make = []() -> std::unique_ptr<QWidget> {
+        auto window = std::make_unique<QWidget>();
+        auto *const layout = new QFormLayout(window.get());
+        const auto add = [layout](const QString &name, const Parameter &parameter, const QString &note = {}) {
+            auto *const edit = new ParameterEdit;
+            edit->setLocale(QLocale("en_GB"));
+            edit->SetParameter(parameter);
+            edit->SetNote(note);
+            layout->addRow(name, edit);
+            return edit;
+        };
+        Parameter frequency = parameterOf(ParameterType::Double, "Hz");
+        frequency.SetValueType(Parameter::ValueFrequency);
+        frequency.GetDoubleHandler().SetPrecision(0);
+        frequency.GetDoubleHandler().SetDefault(100e6);
+        add("Frequency", frequency);
+        frequency.GetDoubleHandler().SetMaximum(30e6);
+        add("Above the maximum", frequency);
+        lineOf(*add("Not a number", parameterOf(ParameterType::Integer, "dB"))).setText("loud");
+        Parameter level = parameterOf(ParameterType::Float, "dBm");
+        level.GetFloatHandler().SetDefault(-73.25F);
+        add("Level", level);
+        add("AGC", enumeration({"Off", "Fast", "Slow"}, 1));
+        add("With a note", enumeration({"Off", "Fast", "Slow"}, 1), "said twice");
+        add("Muted", parameterOf(ParameterType::Boolean));
+        add("Measure from", moment(1773469800000001));
+        add("Frequencies", list({7.1e6, 14.263e6, 145e6}, 4));
+        Parameter text = parameterOf(ParameterType::String);
+        text.GetStringHandler().SetDefault("Mast 2, bearing mark at 12.4 degrees");
+        add("Comment", text);
+        add("Disabled", frequency)->setEnabled(false);
+        return window;
+    };
+    QVERIFY(TestSupport::takePictures("parameter-edit", {420, 440}, make));
 }
 
 QTEST_MAIN(ParameterEditTest)
