@@ -111,11 +111,11 @@ void PanelDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
     row.rect = below(option.rect, index);
     const auto *const view = static_cast<QAbstractItemView *>(parent());
     painter->save();
+    painter->setLayoutDirection(Qt::LayoutDirectionAuto); // of texts, which may be in another language
     if (row.rect != option.rect) {
         // The name of the group stands above its first column, and may reach into the others.
         QRect heading = option.rect;
         heading.setHeight(headingHeight(*view));
-        painter->fillRect(heading, row.palette.color(QPalette::Base));
         if (index.column() == PanelRows::NameColumn) {
             QFont font = row.font;
             font.setBold(true);
@@ -129,8 +129,7 @@ void PanelDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                               group.isEmpty() ? tr("Others") : group);
         }
     }
-    const bool isCurrent = option.state & QStyle::State_Selected;
-    if (isCurrent) {
+    if (view->currentIndex().row() == index.row()) {
         QColor light = row.palette.color(groupOf(row), QPalette::Highlight);
         light.setAlphaF(0.16F);
         painter->fillRect(row.rect, light);
@@ -204,14 +203,18 @@ void PanelDelegate::paintValue(QPainter &painter, const QStyleOptionViewItem &op
         style.drawControl(QStyle::CE_CheckBox, &box, &painter, option.widget);
         return;
     }
-    QRect inner = place.adjusted(2 * Margin - 1, 0, -Margin, 0);
+    QRect inner = place.adjusted(Margin, 0, -Margin, 0); // where lines have their text
     if (control == ParameterControl::Choice && isEditable) {
         QStyleOptionComboBox box;
         box.QStyleOption::operator=(option);
         box.rect = place;
         box.state = option.state & (QStyle::State_Enabled | QStyle::State_Active);
-        box.currentText = shown;
         box.subControls = QStyle::SC_All;
+        const QRect field =
+            style.subControlRect(QStyle::CC_ComboBox, &box, QStyle::SC_ComboBoxEditField, option.widget);
+        box.currentText = fitting(option, shown, field.width() - Margin);
+        if (isMirrored) // its own direction, not that of the panel
+            box.currentText = QChar(0x2068) + box.currentText + QChar(0x2069);
         style.drawComplexControl(QStyle::CC_ComboBox, &box, &painter, option.widget);
         style.drawControl(QStyle::CE_ComboBoxLabel, &box, &painter, option.widget);
         return;

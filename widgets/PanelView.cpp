@@ -14,8 +14,8 @@ PanelView::PanelView(PanelRows &parameters, QWidget *parent) : QTableView(parent
     setShowGrid(false);
     setWordWrap(false);
     setTabKeyNavigation(false);
-    setSelectionBehavior(SelectRows);
-    setSelectionMode(SingleSelection);
+    setSelectionMode(
+        NoSelection); // the current row is painted by the delegate, lighter: controls stand in it
     setEditTriggers(EditKeyPressed | AnyKeyPressed);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollMode(ScrollPerPixel);
@@ -24,6 +24,7 @@ PanelView::PanelView(PanelRows &parameters, QWidget *parent) : QTableView(parent
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsMovable(false);
+    viewport()->setBackgroundRole(QPalette::Window); // as forms have it: what can be edited is told apart
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 

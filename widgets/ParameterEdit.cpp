@@ -12,6 +12,7 @@
 #include <QHBoxLayout>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QStyleOptionComboBox>
 #include <QToolTip>
 #include <QWheelEvent>
 
@@ -24,7 +25,31 @@ class ComboBox : public QComboBox {
 public:
     using QComboBox::QComboBox;
 
+    void setMarked(bool marked)
+    {
+        isMarked = marked;
+        update();
+    }
+
 protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        QComboBox::paintEvent(event);
+        if (!isMarked)
+            return;
+        constexpr int Width = 16;
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        QRect place =
+            style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+        if (isRightToLeft())
+            place.setRight(place.left() + Width);
+        else
+            place.setLeft(place.right() - Width);
+        QPainter painter(this);
+        Widgets::paintMark(painter, place, Widgets::ValueMark::Warning, palette());
+    }
+
     void wheelEvent(QWheelEvent *event) override
     {
         if (hasFocus())
@@ -32,9 +57,12 @@ protected:
         else
             event->ignore();
     }
+
+private:
+    bool isMarked = false;
 };
 
-/// The sign of a problem beside controls that cannot show one themselves.
+/// The sign of a problem beside a control that has no room for it.
 class MarkLabel : public QWidget {
 public:
     explicit MarkLabel(QWidget *parent) : QWidget(parent)
@@ -67,6 +95,10 @@ public:
     virtual void setValue(const QVariant &value) = 0;
     [[nodiscard]] virtual QVariant value() const = 0;
     [[nodiscard]] virtual ValueEdit *line() { return nullptr; }
+    /// \return false when there is no room for a mark in the control
+    virtual bool mark(bool /*isMarked*/) { return false; }
+    /// Whether it takes the room that there is.
+    [[nodiscard]] virtual bool isWide() const { return true; }
 };
 
 struct ParameterEdit::Private {
@@ -102,6 +134,7 @@ public:
         box->setChecked(value.toBool());
     }
     [[nodiscard]] QVariant value() const override { return box->isChecked(); }
+    [[nodiscard]] bool isWide() const override { return false; }
 
 private:
     QCheckBox *box;
@@ -139,6 +172,11 @@ public:
     [[nodiscard]] QVariant value() const override
     {
         return box->count() > 0 ? QVariant(static_cast<qint64>(box->currentIndex())) : QVariant();
+    }
+    bool mark(bool isMarked) override
+    {
+        box->setMarked(isMarked);
+        return true;
     }
 
 private:
@@ -209,6 +247,7 @@ ParameterEdit::ParameterEdit(QWidget *parent) : QWidget(parent), d(std::make_uni
     layout->setContentsMargins(0, 0, 0, 0);
     d->mark = new MarkLabel(this);
     layout->addWidget(d->mark);
+    layout->addStretch(0);
     connect(this, &ParameterEdit::Finished, this, [this] { SetNote(d->note); });
 }
 
@@ -256,7 +295,9 @@ void ParameterEdit::makeControl()
     if (!d->control)
         return;
     QWidget *const widget = d->control->widget();
-    static_cast<QHBoxLayout *>(layout())->insertWidget(0, widget, 1);
+    auto *const box = static_cast<QHBoxLayout *>(layout());
+    box->insertWidget(0, widget, d->control->isWide() ? 1 : 0);
+    box->setStretch(2, d->control->isWide() ? 0 : 1);
     setFocusProxy(widget);
     setFocusPolicy(widget->focusPolicy());
     if (isVisible())
@@ -306,7 +347,8 @@ void ParameterEdit::SetNote(const QString &note)
     }
     const QString problem = d->control ? Widgets::problemOf(d->parameter, GetValue(), locale()) : QString();
     d->problem = problem.isEmpty() ? note : problem;
-    d->mark->setVisible(!d->problem.isEmpty());
+    const bool isMarked = !d->problem.isEmpty();
+    d->mark->setVisible(!(d->control && d->control->mark(isMarked)) && isMarked);
     if (d->control)
         d->control->widget()->setAccessibleDescription(d->problem);
 }

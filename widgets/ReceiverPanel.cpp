@@ -97,7 +97,7 @@ void ReceiverPanel::Private::placeColumns()
 {
     constexpr int Looked = 200;
     constexpr int MostCharacters = 32;
-    constexpr int ValueCharacters = 26;
+    constexpr int ValueCharacters = 30;
     const int character = view->fontMetrics().averageCharWidth();
     QHeaderView &header = *view->horizontalHeader();
     for (const int column : {PanelRows::NameColumn, PanelRows::DefaultColumn}) {
@@ -205,6 +205,7 @@ ReceiverPanel::ReceiverPanel(OpenDocument &receiver, QWidget *parent)
     connect(d->view, &QWidget::customContextMenuRequested, this, &ReceiverPanel::showMenu);
     connect(d->view->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex &current) {
+                d->view->viewport()->update();
                 Q_EMIT CurrentParameterChanged(current.isValid() ? d->rows.uniqueName(current) : QString());
             });
     connect(&d->rows, &QAbstractItemModel::modelReset, this, &ReceiverPanel::updateRows);

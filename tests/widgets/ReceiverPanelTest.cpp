@@ -582,6 +582,10 @@ void ReceiverPanelTest::pictures()
         return panel;
     };
     QVERIFY(TestSupport::takePictures("receiver-panel", {820, 560}, make));
+    const auto goToChanged = [](QWidget &panel) {
+        static_cast<ReceiverPanel &>(panel).ShowParameter("Attenuation");
+    };
+    QVERIFY(TestSupport::takePictures("receiver-panel-changed", {820, 560}, make, goToChanged));
     const auto edit = [](QWidget &panel) {
         static_cast<ReceiverPanel &>(panel).ShowParameter("FrequencyStep");
         auto &view = *panel.findChild<QTableView *>();
