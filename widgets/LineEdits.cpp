@@ -16,7 +16,10 @@ QString TextEdit::Show(const QVariant &value) const
 
 MomentEdit::MomentEdit(QWidget *parent) : ValueEdit(parent)
 {
-    SetUnit(QStringLiteral("UTC"));
+    connect(this, &QLineEdit::textChanged, this, [this] {
+        if (GetUnit() != format.unitOf(text()))
+            SetUnit(format.unitOf(text()));
+    });
 }
 
 void MomentEdit::SetFormat(const NumberFormat &number)

@@ -132,6 +132,11 @@ QString MomentFormat::show(const QVariant &value) const
     return moment->fraction.IsZero() ? text : text + moment->fraction.ToText().mid(1);
 }
 
+QString MomentFormat::unitOf(const QString &shown) const
+{
+    return shown.endsWith(number.unit) ? QString() : QStringLiteral("UTC");
+}
+
 QString MomentFormat::problemOf(const QVariant &value) const
 {
     const auto moment = decimalOf(value);

@@ -19,6 +19,8 @@ struct MomentFormat {
 
     [[nodiscard]] NumberFormat::Reading read(const QString &text) const;
     [[nodiscard]] QString show(const QVariant &value) const;
+    /// What stands behind \a shown: a number has its unit already.
+    [[nodiscard]] QString unitOf(const QString &shown) const;
     [[nodiscard]] QString problemOf(const QVariant &value) const;
     /// \a value with the part of the date or time at \a position of \a shown moved by \a steps; invalid when
     /// there is none.

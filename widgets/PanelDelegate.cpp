@@ -234,7 +234,7 @@ void PanelDelegate::paintValue(QPainter &painter, const QStyleOptionViewItem &op
         painter.drawText(inner, alignment(option), none);
         return;
     }
-    const QString unit = rows.hasDraft(index) ? QString() : shownUnit(*parameter);
+    const QString unit = rows.hasDraft(index) ? QString() : shownUnit(*parameter, value, rows.locale());
     const int unitWidth = unit.isEmpty() ? 0 : option.fontMetrics.horizontalAdvance(unit) + Margin;
     const QString text = fitting(option, shown, inner.width() - unitWidth);
     painter.setPen(rows.hasDraft(index) ? colorOf(ValueMark::Error, option.palette) : color);

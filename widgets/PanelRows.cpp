@@ -19,9 +19,10 @@ QString translated(const char *text)
     return QCoreApplication::translate("KORMAK::ReceiverPanel", text);
 }
 
-QString withUnit(const Parameter &parameter, const QString &text)
+QString withUnit(const Parameter &parameter, const QVariant &value, const QLocale &locale)
 {
-    const QString unit = shownUnit(parameter);
+    const QString text = shownValue(parameter, value, locale);
+    const QString unit = shownUnit(parameter, value, locale);
     return text.isEmpty() || unit.isEmpty() ? text : text + QChar(0xA0) + unit;
 }
 
@@ -136,12 +137,12 @@ QString PanelRows::text(const QModelIndex &index) const
     case ValueColumn: {
         if (hasDraft(index))
             return draft(index).text;
-        return withUnit(*found, shownValue(*found, index.data(ParameterModel::ValueRole), language));
+        return withUnit(*found, index.data(ParameterModel::ValueRole), language);
     }
     case DefaultColumn: {
         const QVariant standard = index.data(ParameterModel::DefaultRole);
         const bool isShown = standard.isValid() && index.data(ParameterModel::ChangedRole).toBool();
-        return isShown ? withUnit(*found, shownValue(*found, standard, language)) : QString();
+        return isShown ? withUnit(*found, standard, language) : QString();
     }
     case LimitsColumn:
         return rangeOf(*found, language);

@@ -196,8 +196,9 @@ public:
     [[nodiscard]] ValueEdit *line() override { return shown; }
     void show(const Parameter &edited) override
     {
-        shown->SetUnit(Widgets::shownUnit(edited));
         const Widgets::NumberFormat format = Widgets::formatOf(edited, shown->locale());
+        if constexpr (!std::is_same_v<Widgets::MomentEdit, Line>)
+            shown->SetUnit(edited.GetDisplaySuffix());
         if constexpr (std::is_base_of_v<NumberEdit, Line>) {
             shown->SetType(format.type);
             shown->SetMultiplier(format.multiplier);

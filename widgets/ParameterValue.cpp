@@ -180,7 +180,7 @@ NumberFormat::Reading readValue(const Parameter &parameter, const QString &text,
     return {};
 }
 
-QString shownUnit(const Parameter &parameter)
+QString shownUnit(const Parameter &parameter, const QVariant &value, const QLocale &locale)
 {
     switch (ParameterControlOf(parameter)) {
     case ParameterControl::Number:
@@ -190,7 +190,7 @@ QString shownUnit(const Parameter &parameter)
     case ParameterControl::Text:
         return parameter.GetDisplaySuffix();
     case ParameterControl::Moment:
-        return QStringLiteral("UTC");
+        return momentOf(parameter, locale).unitOf(shownValue(parameter, value, locale));
     default:
         return {};
     }

@@ -26,8 +26,8 @@ namespace KORMAK::Widgets {
 [[nodiscard]] NumberFormat::Reading readValue(const Parameter &parameter, const QString &text,
                                               const QLocale &locale);
 
-/// The unit that stands behind shownValue().
-[[nodiscard]] QString shownUnit(const Parameter &parameter);
+/// The unit that stands behind shownValue() of \a value; empty where that has it already.
+[[nodiscard]] QString shownUnit(const Parameter &parameter, const QVariant &value, const QLocale &locale);
 
 /// What is wrong with \a value, one of \a parameter; empty when nothing is.
 [[nodiscard]] QString problemOf(const Parameter &parameter, const QVariant &value, const QLocale &locale);

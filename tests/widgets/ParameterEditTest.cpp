@@ -363,6 +363,8 @@ void ParameterEditTest::moments()
     edit.setLocale(QLocale("en_GB"));
     edit.SetParameter(moment(value, unit));
     QCOMPARE(lineOf(edit).text(), shown);
+    QCOMPARE(edit.findChild<KORMAK::ValueEdit *>()->GetUnit(),
+             shown.endsWith('s') ? QString() : QString("UTC"));
     QCOMPARE(edit.GetProblem(), QString());
     QVERIFY(take(edit, shown + ' '));
     QCOMPARE(edit.GetValue(), QVariant(value));

@@ -573,16 +573,18 @@ void ReceiverPanelTest::pictures()
 {
     OpenDocument document;
     document.SetText(OpenReceiver::example("vuhf-direction-finder.xml"));
-    change(document, "Parameter[DemodulationBandwidth].Long.Default", "30000000");
-    change(document, "Parameter[Attenuation].Integer.Default", "20");
-    change(document, "Parameter[FrequencyStep].Double.Default", "12500");
-    const auto make = [&document]() -> std::unique_ptr<QWidget> {
+    const QByteArray text = document.GetText();
+    const auto make = [&document, &text]() -> std::unique_ptr<QWidget> {
+        document.SetText(text);
         auto panel = std::make_unique<ReceiverPanel>(document);
         panel->setLocale(QLocale("en_GB"));
         return panel;
     };
     QVERIFY(TestSupport::takePictures("receiver-panel", {820, 560}, make));
-    const auto goToChanged = [](QWidget &panel) {
+    const auto goToChanged = [&document](QWidget &panel) {
+        change(document, "Parameter[DemodulationBandwidth].Long.Default", "30000000");
+        change(document, "Parameter[Attenuation].Integer.Default", "20");
+        change(document, "Parameter[GainControl].Enum.EnumValue[1].Default", "true");
         static_cast<ReceiverPanel &>(panel).ShowParameter("Attenuation");
     };
     QVERIFY(TestSupport::takePictures("receiver-panel-changed", {820, 560}, make, goToChanged));
