@@ -1,6 +1,7 @@
 #include "models/ParameterRows_p.h"
 
 #include <kormak/GenericReceiver.h>
+#include <objectbase/QtCompat_p.h>
 
 #include <algorithm>
 
@@ -21,10 +22,14 @@ QString escapedKey(QString key)
 QString keyIn(const QString &path)
 {
     QString key;
-    for (auto i = Map.size(); i < path.size() && path.at(i) != QLatin1Char(']'); ++i) {
-        if (path.at(i) == QLatin1Char('\\') && i + 1 < path.size())
-            ++i;
-        key += path.at(i);
+    bool isEscaped = false;
+    const QString rest = path.mid(static_cast<TESSEL::TextSize>(Map.size()));
+    for (const QChar c : rest) {
+        if (!isEscaped && c == QLatin1Char(']'))
+            break;
+        isEscaped = !isEscaped && c == QLatin1Char('\\');
+        if (!isEscaped)
+            key += c;
     }
     return key;
 }

@@ -95,6 +95,8 @@ cxx=${CXX:-c++}
 requirement compiler g++ "command -v $cxx" "a C++17 compiler ($cxx)"
 requirement sanitizers g++ "runs_under address,undefined $cxx 'int main() {}'" \
     "AddressSanitizer and UndefinedBehaviorSanitizer for $cxx"
+requirement clang-sanitizers libclang-rt-dev "runs_under address,undefined clang++ 'int main() {}'" \
+    "AddressSanitizer and UndefinedBehaviorSanitizer for clang++"
 requirement fuzzer libclang-rt-dev \
     "runs_under fuzzer,address,undefined clang++ 'extern \"C\" int LLVMFuzzerTestOneInput(const char *, unsigned long) { return 0; }'" \
     "libFuzzer and the sanitizers for clang++"
@@ -105,9 +107,17 @@ requirement_program ninja ninja-build "Ninja"
 requirement_program make make "GNU make"
 for qt in 6 5; do
     requirement "qt$qt" "$([ $qt = 6 ] && echo qt6-base-dev || echo qtbase5-dev)" \
-        "finds Qt$qt $(minimum qt$qt) REQUIRED COMPONENTS Core Test" \
-        "Qt $qt, $(minimum qt$qt) or newer, with Core, Test and their CMake packages"
+        "finds Qt$qt $(minimum qt$qt) REQUIRED COMPONENTS Core Test Widgets" \
+        "Qt $qt, $(minimum qt$qt) or newer, with Core, Test, Widgets and their CMake packages"
 done
+requirement qt6-quick qt6-declarative-dev "finds Qt6 $(minimum qt6) REQUIRED COMPONENTS Quick" "Qt Quick of Qt 6"
+requirement qt5-quick qtdeclarative5-dev "finds Qt5 $(minimum qt5) REQUIRED COMPONENTS Quick" "Qt Quick of Qt 5"
+requirement qt6-qml qml6-module-qtquick "compgen -G '/usr/lib/*/qt6/qml/QtQuick/qmldir'" \
+    "the QML module QtQuick of Qt 6"
+requirement qt6-worker qml6-module-qtqml-workerscript "compgen -G '/usr/lib/*/qt6/qml/QtQml/WorkerScript/qmldir'" \
+    "the QML module QtQml.WorkerScript of Qt 6"
+requirement qt5-qml qml-module-qtquick2 "compgen -G '/usr/lib/*/qt5/qml/QtQuick.2/qmldir'" \
+    "the QML module QtQuick of Qt 5"
 requirement qt6-xml qt6-base-dev "finds Qt6 $(minimum qt6) REQUIRED COMPONENTS Xml" "Qt Xml of Qt 6"
 requirement_program pkg-config pkg-config "pkg-config"
 requirement dpkg dpkg-dev "command -v dpkg-deb && command -v dpkg-shlibdeps" "dpkg's tools for making packages"
@@ -121,6 +131,10 @@ requirement_program tidy tidy "HTML Tidy"
 requirement jsonschema python3-jsonschema "python3 -c 'import jsonschema'" "Python's jsonschema"
 requirement_program xmllint libxml2-utils "libxml2's xmllint"
 requirement_program sqlite3 sqlite3 "the shell of SQLite"
+requirement_program git git "git"
+requirement_program pre-commit pre-commit "pre-commit"
+requirement_program zsh zsh "the Z shell"
+requirement_program shellcheck shellcheck "ShellCheck"
 requirement_program doxygen doxygen "Doxygen"
 requirement_program groff groff-base "groff"
 requirement gcovr gcovr "command -v gcovr && command -v g++" "gcovr, and g++, whose counts it reads"

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void openDocument();
     void parameterFilter();
     void parameterModel();
+    void save();
 };
 
 void ModelsSnippetsTest::fieldModel()
@@ -109,6 +110,21 @@ void ModelsSnippetsTest::parameterModel()
     QVERIFY(model.RestoreDefaults().isEmpty());
     QCOMPARE(mode.data().toString(), QString("Medium"));
     //! [ParameterModel]
+}
+
+void ModelsSnippetsTest::save()
+{
+    KORMAK::OpenDocument document;
+    document.SetText(textOfJob());
+    QObject::connect(&document, &KORMAK::OpenDocument::OpenEditsWanted,
+                     [&document] { document.Refuse("AntennaData.Azimuth", "is no angle"); });
+    QStringList messages;
+    //! [save]
+    const QVector<KORMAK::Finding> refused = document.TakeOpenEdits();
+    for (const KORMAK::Finding &finding : refused)
+        messages += finding.GetPath() + ": " + finding.GetMessage();
+    //! [save]
+    QCOMPARE(messages, QStringList{"AntennaData.Azimuth: is no angle"});
 }
 
 QTEST_GUILESS_MAIN(ModelsSnippetsTest)

@@ -138,7 +138,7 @@ void ToolFaultsTest::failingAllocations()
     int runs = 0;
     int crashes = 0;
     const int step =
-        arguments.first() == "check" || arguments.first() == "table" ? 13 : 3; // which allocate much more
+        arguments.first() == "check" || arguments.first() == "table" ? 37 : 7; // which allocate much more
     for (int number = 0;; number += step) {
         write();
         folder.environment.insert("FAULT_ALLOCATION", QString::number(number));
