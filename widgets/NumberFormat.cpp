@@ -334,7 +334,9 @@ QString NumberFormat::show(const QVariant &value) const
 
 QString NumberFormat::showWithUnit(const QVariant &value) const
 {
-    const QString number = show(value);
+    NumberFormat plain = *this;
+    plain.decimals = 0;
+    const QString number = plain.show(value);
     if (unit.isEmpty() || number.isEmpty())
         return number;
     return number + (unit == QString(QChar(0xB0)) ? QString() : QString(QChar(0xA0))) + unit;

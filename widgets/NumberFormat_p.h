@@ -34,6 +34,7 @@ struct NumberFormat {
     [[nodiscard]] Reading read(const QString &text) const;
     /// Without the unit.
     [[nodiscard]] QString show(const QVariant &value) const;
+    /// Without decimals that tell nothing.
     [[nodiscard]] QString showWithUnit(const QVariant &value) const;
     [[nodiscard]] QString problemOf(const QVariant &value) const;
 

@@ -308,7 +308,9 @@ void ValueEdit::paintEvent(QPaintEvent *event)
         Widgets::paintMark(painter, place, d->mark(), palette());
         inner.adjust(isMirrored ? MarkWidth + Gap : 0, 0, isMirrored ? 0 : -MarkWidth - Gap, 0);
     }
-    if (d->unit.isEmpty())
+    // Another unit that is being typed takes its place.
+    const QString typed = IsOpen() ? text().trimmed() : QString();
+    if (d->unit.isEmpty() || (!typed.isEmpty() && typed.at(typed.size() - 1).isLetter()))
         return;
     const QString &before = text().isEmpty() ? placeholderText() : text();
     const int unitWidth = fontMetrics().horizontalAdvance(d->unit);

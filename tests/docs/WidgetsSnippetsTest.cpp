@@ -1,17 +1,57 @@
 // What the pages of the classes in widgets/ show: each snippet bears the name of its class.
 
+#include <kormak/Parameter.h>
+#include <models/OpenDocument.h>
+#include <widgets/Binding.h>
 #include <widgets/FrequencyEdit.h>
+#include <widgets/ParameterEdit.h>
+#include <widgets/ReceiverPanel.h>
 
+#include <QSpinBox>
 #include <QtTest>
+#include <QVBoxLayout>
+
+namespace {
+
+QByteArray textOfReceiver()
+{
+    QFile file(QString(EXAMPLES_DIR) + "/receivers/vuhf-tuner.xml");
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
 
 class WidgetsSnippetsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void bind();
     void frequencyEdit();
     void numberEdit();
+    void parameterEdit();
+    void receiverPanel();
     void valueEdit();
 };
+
+void WidgetsSnippetsTest::bind()
+{
+    KORMAK::OpenDocument receiver;
+    receiver.SetText(textOfReceiver());
+    QWidget window;
+    auto *const layout = new QVBoxLayout(&window);
+    //! [Bind]
+    auto *const attenuation = new QSpinBox;
+    attenuation->setObjectName(QStringLiteral("kormak_Attenuation")); // in a form, the name of the control
+    layout->addWidget(attenuation);
+    const QStringList problems = KORMAK::Bind(window, receiver);
+    for (const QString &problem : problems)
+        qWarning() << problem; // kormak_Atenuation: there is no parameter Atenuation
+    attenuation->setValue(20); // changes the document
+    //! [Bind]
+    QCOMPARE(problems, QStringList());
+    QCOMPARE(receiver.GetDocument().GetField("Parameter[Attenuation].Integer.Default").GetText(),
+             QString("20"));
+}
 
 void WidgetsSnippetsTest::frequencyEdit()
 {
@@ -39,6 +79,42 @@ void WidgetsSnippetsTest::numberEdit()
     //! [NumberEdit]
     QCOMPARE(gain.text(), QString("80"));
     QVERIFY(gain.GetProblem().startsWith("Above the maximum of 30"));
+}
+
+void WidgetsSnippetsTest::parameterEdit()
+{
+    KORMAK::Parameter gain;
+    gain.SetParameterType(KORMAK::ParameterType::Integer);
+    gain.SetDisplaySuffix("dB");
+    QVariant set;
+    //! [ParameterEdit]
+    KORMAK::ParameterEdit edit;
+    edit.SetParameter(gain);
+    QObject::connect(&edit, &KORMAK::ParameterEdit::Finished, [&edit, &set] {
+        set = edit.GetValue(); // a qint64: the parameter is an Integer
+    });
+    //! [ParameterEdit]
+    edit.setFocus();
+    QTest::keyClick(edit.focusProxy(), Qt::Key_Up);
+    QCOMPARE(set, QVariant(qint64(1)));
+}
+
+void WidgetsSnippetsTest::receiverPanel()
+{
+    const QByteArray text = textOfReceiver();
+    QByteArray saved;
+    //! [ReceiverPanel]
+    KORMAK::OpenDocument receiver;
+    receiver.SetText(text);
+    KORMAK::ReceiverPanel panel(receiver);
+    panel.show();
+    const auto save = [&receiver, &saved] {
+        if (receiver.TakeOpenEdits().isEmpty()) // else something was typed that is no value
+            saved = receiver.GetText(); // as it was, but for what was changed
+    };
+    //! [ReceiverPanel]
+    save();
+    QCOMPARE(saved, text);
 }
 
 void WidgetsSnippetsTest::valueEdit()

@@ -1,0 +1,479 @@
+#include "OpenReceiver.h"
+
+#include <widgets/Binding.h>
+#include <widgets/FrequencyEdit.h>
+#include <widgets/ParameterEdit.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateTimeEdit>
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSlider>
+#include <QSpinBox>
+#include <QtTest>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+using namespace KORMAK;
+using OpenReceiver::said;
+
+namespace {
+
+using Action = DocumentEdit::Change::Action;
+
+void change(OpenDocument &document, const char *path, const char *text)
+{
+    QCOMPARE(document.Change({{Action::Set, path, text}}, DocumentEdit::NewFindings::Accepted).size(), 0);
+}
+
+template <class Control>
+Control &add(QWidget &window, const char *name)
+{
+    auto *const control = new Control(&window);
+    control->setObjectName(name);
+    control->setLocale(QLocale("en_GB"));
+    if (window.layout())
+        window.layout()->addWidget(control);
+    return *control;
+}
+
+void turnWheel(QWidget &widget, int angle)
+{
+    const QPointF middle = QRectF(widget.rect()).center();
+    QWheelEvent event(middle, widget.mapToGlobal(middle.toPoint()), {}, {0, angle}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+} // namespace
+
+class BindingTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void checkBox();
+    void comboBox();
+    void spinBox();
+    void spinBoxOutsideTheLimits();
+    void doubleSpinBox();
+    void slider();
+    void dateTimeEdit();
+    void momentThatIsFinerThanMilliseconds();
+    void lineEdit();
+    void frequencyEdit();
+    void parameterEdit();
+    void disabledParameter();
+    void messages_data();
+    void messages();
+    void nameWithOtherCharacters();
+    void openEdits();
+    void typingStays();
+    void valueThatNoDocumentHolds();
+    void otherDocument();
+    void boundAgain();
+    void endings();
+    void wheelWithoutFocus();
+    void otherBytesStay();
+
+private:
+    std::unique_ptr<OpenDocument> document;
+};
+
+void BindingTest::init()
+{
+    document = std::make_unique<OpenDocument>();
+    document->SetText(OpenReceiver::all());
+}
+
+void BindingTest::checkBox()
+{
+    QWidget window;
+    auto &box = add<QCheckBox>(window, "kormak_Muted");
+    QCOMPARE(Bind(window, *document), QStringList());
+    QVERIFY(!box.isChecked());
+    box.click();
+    QCOMPARE(said(*document, "Parameter[Muted].Boolean.Value"), QString("true"));
+    change(*document, "Parameter[Muted].Boolean.Value", "false");
+    QVERIFY(!box.isChecked());
+}
+
+void BindingTest::comboBox()
+{
+    QWidget window;
+    auto &box = add<QComboBox>(window, "kormak_AGC_Mode");
+    QCOMPARE(Bind(window, *document), QStringList());
+    QCOMPARE(box.count(), 3);
+    QCOMPARE(box.currentText(), QString("Fast"));
+    box.setCurrentIndex(2);
+    QCOMPARE(said(*document, "Parameter[AGC Mode].Enum.DefaultValue.Name"), QString("Slow"));
+    change(*document, "Parameter[AGC Mode].Enum.EnumValue[0].Name", "None");
+    QCOMPARE(box.itemText(0), QString("None"));
+    QCOMPARE(box.currentText(), QString("Slow"));
+}
+
+void BindingTest::spinBox()
+{
+    QWidget window;
+    auto &box = add<QSpinBox>(window, "kormak_Gain");
+    auto &kilohertz = add<QSpinBox>(window, "kormak_Other");
+    kilohertz.setObjectName("other");
+    QCOMPARE(Bind(window, *document), QStringList());
+    QCOMPARE(box.value(), 10);
+    QCOMPARE(box.minimum(), 0);
+    QCOMPARE(box.maximum(), 30);
+    QCOMPARE(box.suffix(), QString(QChar(0xA0)) + "dB");
+    box.setValue(12);
+    QCOMPARE(said(*document, "Parameter[Gain].Integer.Default"), QString("12"));
+    change(*document, "Parameter[Gain].Integer.Default", "-7");
+    QCOMPARE(box.value(), -7);
+}
+
+void BindingTest::spinBoxOutsideTheLimits()
+{
+    change(*document, "Parameter[Gain].Integer.Default", "80");
+    QWidget window;
+    auto &box = add<QSpinBox>(window, "kormak_Gain");
+    QCOMPARE(Bind(window, *document), QStringList());
+    QCOMPARE(box.value(), 80);
+    QCOMPARE(said(*document, "Parameter[Gain].Integer.Default"), QString("80"));
+}
+
+void BindingTest::doubleSpinBox()
+{
+    QWidget window;
+    auto &level = add<QDoubleSpinBox>(window, "kormak_Level");
+    auto &bandwidth = add<QDoubleSpinBox>(window, "kormak_Bandwidth");
+    level.setDecimals(1);
+    QCOMPARE(Bind(window, *document), QStringList());
+    QCOMPARE(level.value(), 0.25);
+    QCOMPARE(level.text(), QString("0.25")); // not cut off
+    QCOMPARE(bandwidth.value(), 15.0);
+    bandwidth.setValue(20);
+    QCOMPARE(said(*document, "Parameter[Bandwidth].Double.Default"), QString("20000"));
+    change(*document, "Parameter[Bandwidth].Double.Default", "12345.678");
+    QCOMPARE(bandwidth.value(), 12.345678);
+    QCOMPARE(bandwidth.decimals(), 6);
+    change(*document, "Parameter[Bandwidth].Double.Default", "1e-20");
+    QVERIFY(!bandwidth.isEnabled()); // more decimals than the control shows
+    QVERIFY(!bandwidth.toolTip().isEmpty());
+    QCOMPARE(said(*document, "Parameter[Bandwidth].Double.Default").toDouble(), 1e-20);
+    change(*document, "Parameter[Bandwidth].Double.Default", "1000");
+    QVERIFY(bandwidth.isEnabled());
+    QCOMPARE(bandwidth.value(), 1.0);
+}
+
+void BindingTest::slider()
+{
+    QWidget window;
+    auto &slider = add<QSlider>(window, "kormak_Gain");
+    QCOMPARE(Bind(window, *document), QStringList());
+    QCOMPARE(slider.maximum(), 30);
+    QCOMPARE(slider.value(), 10);
+    slider.setValue(11);
+    QCOMPARE(said(*document, "Parameter[Gain].Integer.Default"), QString("11"));
+    change(*document, "Parameter[Gain].Integer.Default", "80");
+    QCOMPARE(slider.value(), 80);
+}
+
+void BindingTest::dateTimeEdit()
+{
+    QWidget window;
+    auto &edit = add<QDateTimeEdit>(window, "kormak_From");
+    QCOMPARE(Bind(window, *document), QStringList());
+    QCOMPARE(edit.dateTime(), QDateTime({2026, 3, 14}, {6, 30, 0, 120}, Qt::UTC));
+    edit.setDateTime(QDateTime({2026, 3, 15}, {6, 30, 0, 1}, Qt::UTC));
+    QCOMPARE(said(*document, "Parameter[From].TimeStamp.Default"), QString("1773556200001000"));
+}
+
+void BindingTest::momentThatIsFinerThanMilliseconds()
+{
+    change(*document, "Parameter[From].TimeStamp.Default", "1773469800000001");
+    QWidget window;
+    auto &edit = add<QDateTimeEdit>(window, "kormak_From");
+    QCOMPARE(Bind(window, *document),
+             QStringList{"kormak_From: 2026-03-14 06:30:00.000001 cannot be shown here as it is"});
+    QVERIFY(!edit.isEnabled());
+    QCOMPARE(said(*document, "Parameter[From].TimeStamp.Default"), QString("1773469800000001"));
+}
+
+void BindingTest::lineEdit()
+{
+    QWidget window;
+    auto &comment = add<QLineEdit>(window, "kormak_Comment");
+    auto &bandwidth = add<QLineEdit>(window, "kormak_Bandwidth");
+    bandwidth.setLocale(QLocale("de_DE"));
+    QCOMPARE(Bind(window, *document), QStringList());
+    QCOMPARE(comment.text(), QString("Mast 2"));
+    comment.clear();
+    QTest::keyClicks(&comment, "Mast 3");
+    QTest::keyClick(&comment, Qt::Key_Return);
+    QCOMPARE(said(*document, "Parameter[Comment].String.Default"), QString("Mast 3"));
+    bandwidth.clear();
+    QTest::keyClicks(&bandwidth, "12,5");
+    QTest::keyClick(&bandwidth, Qt::Key_Return);
+    QCOMPARE(said(*document, "Parameter[Bandwidth].Double.Default"), QString("12500"));
+    QVERIFY(document->GetText().contains("<Default>12500</Default>")); // in the form of documents
+    bandwidth.clear();
+    QTest::keyClicks(&bandwidth, "wide");
+    QTest::keyClick(&bandwidth, Qt::Key_Return);
+    QCOMPARE(bandwidth.text(), QString("wide"));
+    QCOMPARE(bandwidth.toolTip(), QString("This is not a number"));
+    QCOMPARE(said(*document, "Parameter[Bandwidth].Double.Default"), QString("12500"));
+}
+
+void BindingTest::frequencyEdit()
+{
+    QWidget window;
+    auto &edit = add<FrequencyEdit>(window, "kormak_Bandwidth");
+    QCOMPARE(Bind(window, *document), QStringList());
+    QCOMPARE(edit.text(), QString("15"));
+    QCOMPARE(edit.GetUnit(), QString("kHz"));
+    QTest::keyClicks(&edit, "0 Hz");
+    QTest::keyClick(&edit, Qt::Key_Return);
+    QCOMPARE(said(*document, "Parameter[Bandwidth].Double.Default"), QString("150"));
+    QVERIFY(edit.GetProblem().startsWith("Below the minimum"));
+    change(*document, "Parameter[Bandwidth].Double.Default", "20000");
+    QCOMPARE(edit.text(), QString("20"));
+    QCOMPARE(edit.GetProblem(), QString());
+}
+
+void BindingTest::parameterEdit()
+{
+    QWidget window;
+    auto &mode = add<ParameterEdit>(window, "kormak_AGC_Mode");
+    auto &gain = add<ParameterEdit>(window, "kormak_Gain");
+    QCOMPARE(Bind(window, *document), QStringList());
+    QCOMPARE(mode.GetControl(), ParameterControl::Choice);
+    mode.findChild<QComboBox *>()->setCurrentIndex(0);
+    QCOMPARE(said(*document, "Parameter[AGC Mode].Enum.DefaultValue.Name"), QString("Off"));
+    auto *const line = gain.findChild<QLineEdit *>();
+    line->selectAll();
+    QTest::keyClicks(line, "31");
+    QTest::keyClick(line, Qt::Key_Return);
+    QCOMPARE(said(*document, "Parameter[Gain].Integer.Default"), QString("31"));
+    QVERIFY(gain.GetProblem().startsWith("Above the maximum of 30"));
+}
+
+void BindingTest::disabledParameter()
+{
+    QWidget window;
+    auto &box = add<QSpinBox>(window, "kormak_Disabled");
+    QCOMPARE(Bind(window, *document), QStringList());
+    QVERIFY(!box.isEnabled());
+    QCOMPARE(box.value(), 5);
+    document->Restore(document->GetText().replace("<Enable>false</Enable>", "<Enable>true</Enable>"));
+    QVERIFY(box.isEnabled());
+}
+
+void BindingTest::messages_data()
+{
+    QTest::addColumn<QString>("className");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("no such parameter") << "QSpinBox"
+                                       << "Gian"
+                                       << "there is no parameter Gian";
+    QTest::newRow("no control") << "QLabel"
+                                << "Gain"
+                                << "a QLabel cannot show a parameter";
+    QTest::newRow("other control") << "QCheckBox"
+                                   << "Gain"
+                                   << "a QCheckBox is nothing for a parameter of the type Integer";
+    QTest::newRow("moment in a spin box") << "QSpinBox"
+                                          << "From"
+                                          << "a QSpinBox is nothing for a parameter of the type TimeStamp";
+    QTest::newRow("list in a line") << "QLineEdit"
+                                    << "Sectors"
+                                    << "a QLineEdit is nothing for a parameter of the type DoubleList";
+}
+
+void BindingTest::messages()
+{
+    QFETCH(QString, className);
+    QFETCH(QString, name);
+    QFETCH(QString, message);
+    QWidget window;
+    const QByteArray objectName = "kormak_" + name.toLatin1();
+    QWidget *child = nullptr;
+    if (className == "QSpinBox")
+        child = &add<QSpinBox>(window, objectName);
+    else if (className == "QLabel")
+        child = &add<QLabel>(window, objectName);
+    else if (className == "QCheckBox")
+        child = &add<QCheckBox>(window, objectName);
+    else
+        child = &add<QLineEdit>(window, objectName);
+    const QByteArray before = document->GetText();
+    QCOMPARE(Bind(window, *document), QStringList{objectName + ": " + message});
+    if (className != "QLabel") {
+        QVERIFY(!child->isEnabled());
+        QCOMPARE(child->toolTip(), message);
+    }
+    QCOMPARE(document->GetText(), before);
+}
+
+void BindingTest::nameWithOtherCharacters()
+{
+    using OpenReceiver::limits;
+    using OpenReceiver::parameter;
+    document->SetText(OpenReceiver::receiver(parameter("a.b", "Integer", limits("0", "9", "1"))
+                                             + parameter("c d", "Integer", limits("0", "9", "2"))
+                                             + parameter("c-d", "Integer", limits("0", "9", "3"))
+                                             + parameter("x]y", "Integer", limits("0", "9", "4"))));
+    QWidget window;
+    auto &one = add<QSpinBox>(window, "kormak_a_b");
+    auto &two = add<QSpinBox>(window, "kormak_c_d");
+    auto &bracket = add<QSpinBox>(window, "kormak_x_y");
+    QCOMPARE(Bind(window, *document), QStringList{"kormak_c_d: there is no parameter c_d"}); // which of both?
+    QCOMPARE(one.value(), 1);
+    QVERIFY(!two.isEnabled());
+    bracket.setValue(7);
+    QCOMPARE(said(*document, "Parameter[x\\]y].Integer.Default"), QString("7"));
+}
+
+void BindingTest::openEdits()
+{
+    QWidget window;
+    auto &edit = add<ParameterEdit>(window, "kormak_Gain");
+    auto &comment = add<QLineEdit>(window, "kormak_Comment");
+    auto &bandwidth = add<FrequencyEdit>(window, "kormak_Bandwidth");
+    QCOMPARE(Bind(window, *document), QStringList());
+    edit.findChild<QLineEdit *>()->selectAll();
+    QTest::keyClicks(edit.findChild<QLineEdit *>(), "22");
+    QTest::keyClicks(&comment, " and 3");
+    bandwidth.selectAll();
+    QTest::keyClicks(&bandwidth, "wide");
+    const auto refused = document->TakeOpenEdits();
+    QCOMPARE(said(*document, "Parameter[Gain].Integer.Default"), QString("22"));
+    QCOMPARE(said(*document, "Parameter[Comment].String.Default"), QString("Mast 2 and 3"));
+    QCOMPARE(refused.size(), 1);
+    QCOMPARE(refused.at(0).GetMessage(), QString("This is not a number"));
+    QVERIFY(refused.at(0).GetPath().contains("Bandwidth"));
+    QCOMPARE(bandwidth.text(), QString("wide"));
+}
+
+void BindingTest::typingStays()
+{
+    QWidget window;
+    auto &edit = add<FrequencyEdit>(window, "kormak_Bandwidth");
+    auto &comment = add<QLineEdit>(window, "kormak_Comment");
+    auto &gain = add<QSpinBox>(window, "kormak_Gain");
+    QCOMPARE(Bind(window, *document), QStringList());
+    QTest::keyClicks(&edit, "000");
+    QTest::keyClicks(&comment, "!");
+    change(*document, "Parameter[Gain].Integer.Default", "3");
+    QCOMPARE(gain.value(), 3);
+    QCOMPARE(edit.text(), QString("15000"));
+    QCOMPARE(comment.text(), QString("Mast 2!"));
+    edit.Discard();
+    QCOMPARE(edit.text(), QString("15"));
+}
+
+void BindingTest::valueThatNoDocumentHolds()
+{
+    QWidget window;
+    auto &comment = add<QLineEdit>(window, "kormak_Comment");
+    QCOMPARE(Bind(window, *document), QStringList());
+    comment.setText(QString("a") + QChar(1)); // XML has no place for it
+    comment.setModified(true);
+    const auto refused = document->TakeOpenEdits();
+    QCOMPARE(refused.size(), 1);
+    QVERIFY(!comment.toolTip().isEmpty());
+    QCOMPARE(comment.text(), QString("a") + QChar(1));
+    QCOMPARE(said(*document, "Parameter[Comment].String.Default"), QString("Mast 2"));
+}
+
+void BindingTest::otherDocument()
+{
+    using OpenReceiver::limits;
+    using OpenReceiver::parameter;
+    QWidget window;
+    auto &gain = add<QSpinBox>(window, "kormak_Gain");
+    auto &muted = add<QCheckBox>(window, "kormak_Muted");
+    QCOMPARE(Bind(window, *document), QStringList());
+    document->SetText(OpenReceiver::receiver(parameter("Gain", "Long", limits("-5", "5", "4"))));
+    QCOMPARE(gain.value(), 4);
+    QCOMPARE(gain.minimum(), -5);
+    QVERIFY(!muted.isEnabled());
+    QCOMPARE(muted.toolTip(), QString("there is no parameter Muted"));
+    document->SetText(OpenReceiver::all());
+    QVERIFY(muted.isEnabled());
+    QCOMPARE(gain.value(), 10);
+}
+
+void BindingTest::boundAgain()
+{
+    OpenDocument other;
+    other.SetText(OpenReceiver::all());
+    QWidget window;
+    auto &gain = add<QSpinBox>(window, "kormak_Gain");
+    QCOMPARE(Bind(window, *document), QStringList());
+    QCOMPARE(Bind(window, other), QStringList());
+    gain.setValue(20);
+    QCOMPARE(said(other, "Parameter[Gain].Integer.Default"), QString("20"));
+    QCOMPARE(said(*document, "Parameter[Gain].Integer.Default"), QString("10"));
+}
+
+void BindingTest::endings()
+{
+    auto window = std::make_unique<QWidget>();
+    auto *const gain = &add<QSpinBox>(*window, "kormak_Gain");
+    auto *const comment = &add<QLineEdit>(*window, "kormak_Comment");
+    QCOMPARE(Bind(*window, *document), QStringList());
+    delete comment;
+    change(*document, "Parameter[Gain].Integer.Default", "3");
+    QVERIFY(document->TakeOpenEdits().isEmpty());
+    QCOMPARE(gain->value(), 3);
+    document.reset();
+    gain->setValue(4);
+    window.reset();
+}
+
+void BindingTest::wheelWithoutFocus()
+{
+    QWidget window;
+    new QVBoxLayout(&window);
+    auto &other = add<QLineEdit>(window, "other");
+    auto &gain = add<QSpinBox>(window, "kormak_Gain");
+    auto &level = add<QDoubleSpinBox>(window, "kormak_Level");
+    auto &mode = add<QComboBox>(window, "kormak_AGC_Mode");
+    auto &from = add<QDateTimeEdit>(window, "kormak_From");
+    auto &slider = add<QSlider>(window, "kormak_Disabled");
+    document->SetText(OpenReceiver::all().replace("<Enable>false</Enable>", "<Enable>true</Enable>"));
+    QCOMPARE(Bind(window, *document), QStringList());
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    other.setFocus();
+    const QByteArray before = document->GetText();
+    for (QWidget *const control : QList<QWidget *>{&gain, &level, &mode, &from, &slider}) {
+        turnWheel(*control, 120);
+        turnWheel(*control, -240);
+        QVERIFY(!control->hasFocus());
+    }
+    QCOMPARE(document->GetText(), before);
+    gain.setFocus();
+    QTRY_VERIFY(gain.hasFocus());
+    turnWheel(gain, 120);
+    QCOMPARE(gain.value(), 11);
+}
+
+void BindingTest::otherBytesStay()
+{
+    QWidget window;
+    auto &gain = add<QSpinBox>(window, "kormak_Gain");
+    QCOMPARE(Bind(window, *document), QStringList());
+    const QByteArray before = document->GetText();
+    gain.setValue(11);
+    QByteArray expected = before;
+    expected.replace("<Maximum>30</Maximum><Default>10</Default>",
+                     "<Maximum>30</Maximum><Default>11</Default>");
+    QCOMPARE(document->GetText(), expected);
+}
+
+QTEST_MAIN(BindingTest)
+#include "BindingTest.moc"
