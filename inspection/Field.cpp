@@ -22,6 +22,7 @@ struct Field::Private {
     FieldValue value;
     bool isSettable = false;
     FieldRequirement requirement = FieldRequirement::None;
+    bool isInDocuments = true;
 };
 
 namespace {
@@ -110,6 +111,11 @@ bool Field::IsSettable() const noexcept
     return data().isSettable;
 }
 
+bool Field::IsInDocuments() const noexcept
+{
+    return data().isInDocuments;
+}
+
 Field::Requirement Field::GetRequirement() const noexcept
 {
     switch (data().requirement) {
@@ -181,8 +187,9 @@ bool Field::operator==(const Field &other) const
 Field FieldMaker::made(const QString &path, const FieldRow &row, FieldValue value, bool isReached)
 {
     Field field;
-    field.d = std::make_shared<const Field::Private>(
-        Field::Private{path, row.label, row.type, std::move(value), isReached && row.set, row.requirement});
+    field.d = std::make_shared<const Field::Private>(Field::Private{path, row.label, row.type,
+                                                                    std::move(value), isReached && row.set,
+                                                                    row.requirement, row.isInDocuments});
     return field;
 }
 

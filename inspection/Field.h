@@ -71,6 +71,9 @@ public:
 
     /// Whether Document::SetField() can set it. Some values may be refused all the same.
     [[nodiscard]] bool IsSettable() const noexcept;
+    /// Whether the text of a document can hold it: what is set otherwise is not written, and DocumentEdit
+    /// refuses it.
+    [[nodiscard]] bool IsInDocuments() const noexcept;
     /// Whether it must be set for a document to be complete.
     [[nodiscard]] Requirement GetRequirement() const noexcept;
     /// Whether it holds a value.

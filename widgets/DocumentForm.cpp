@@ -45,9 +45,7 @@ class Notes : public QWidget {
 public:
     explicit Notes(QWidget *parent) : QWidget(parent), label(new QLabel(this))
     {
-        constexpr int Sign = 18;
         auto *const layout = new QVBoxLayout(this);
-        layout->setContentsMargins(Sign, 0, 0, 2);
         layout->addWidget(label);
         label->setWordWrap(true);
         label->setTextFormat(Qt::PlainText);
@@ -59,6 +57,8 @@ public:
     void show(const QStringList &lines, ValueMark newMark)
     {
         mark = newMark;
+        constexpr int Sign = 18;
+        layout()->setContentsMargins(isRightToLeft() ? 0 : Sign, 0, isRightToLeft() ? Sign : 0, 2);
         label->setAlignment(leading(*this));
         label->setText(lines.join(QLatin1Char('\n')));
         paletteOf();

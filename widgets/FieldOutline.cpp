@@ -21,7 +21,8 @@ void FieldOutline::addBelow(const QString &path)
 {
     const QVector<FieldNode> nodes = document.GetNodes(path);
     for (const FieldNode &node : nodes) {
-        if (node.GetKind() == Kind::Value && node.GetField().IsSettable())
+        const Field field = node.GetField();
+        if (node.GetKind() == Kind::Value && field.IsSettable() && field.IsInDocuments())
             all.append({OutlineLine::Kind::Value, node, node.GetLabel()});
     }
     for (const FieldNode &node : nodes) {

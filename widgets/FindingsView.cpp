@@ -43,8 +43,7 @@ public:
     {
         QSize size = QStyledItemDelegate::sizeHint(option, index);
         constexpr int Room = 8;
-        if (index.column() == Column::SeverityColumn)
-            size.rwidth() += Sign + Room;
+        size.rwidth() += index.column() == Column::SeverityColumn ? Sign + 2 * Room : Room;
         if (index.column() == Column::MessageColumn) {
             const int width = std::max(1, view->columnWidth(index.column()) - Room);
             size.setHeight(option.fontMetrics

@@ -100,6 +100,11 @@ void FieldTest::ofAJob()
     QVERIFY(frequency.GetAllowed().isEmpty());
 
     QVERIFY(!document.GetField("Version").IsSettable());
+    QVERIFY(document.GetField("JobHeader.Author").IsInDocuments());
+    const Document parameter(
+        QByteArray("<Parameter UniqueName='a'><ParameterType>Enum</ParameterType></Parameter>"));
+    QVERIFY(parameter.GetField("Enum.RepresentationName").IsSettable());
+    QVERIFY(!parameter.GetField("Enum.RepresentationName").IsInDocuments());
     QVERIFY(!document.GetField("JobHeader.ConnectableResource").IsSettable());
     QVERIFY(!document.GetField("JobHeader.ConnectableResource").IsSet());
 }
