@@ -1,6 +1,7 @@
 #include "fuzz/EditProperties.h"
 
 #include <fuzz/Properties.h>
+#include <inspection/AreaGeoJson_p.h>
 #include <inspection/Document.h>
 #include <inspection/DocumentEdit.h>
 #include <objectbase/TesselException.h>
@@ -121,6 +122,41 @@ void checkEdit(const QByteArray &text)
     for (int i = text.size() % step; i < fields.size(); i += step) {
         if (fields.at(i).IsSettable())
             checkSetting(text, document, fields.at(i));
+    }
+}
+
+void checkGeoJson(const QByteArray &geoJson)
+{
+    using namespace KORMAK::Inspection;
+    const QByteArray documents[] = {
+        "<AutomaticWorkflow><Mode>ManualMode</Mode></AutomaticWorkflow>",
+        "<AutomaticWorkflow><Mode>ManualMode</Mode><Area><Name>a</Name><Coordinate><Latitude>1</Latitude>"
+        "<Longitude>170</Longitude></Coordinate><Coordinate><Latitude>-5</Latitude><Longitude>-170</"
+        "Longitude>"
+        "</Coordinate><Coordinate><Latitude>9</Latitude></Coordinate></Area></AutomaticWorkflow>",
+    };
+    for (const QByteArray &document : documents) {
+        DocumentEdit::AreaChanges read;
+        try {
+            read = DocumentEdit::ReadArea(geoJson, document);
+        } catch (const TESSEL::TesselException &) {
+            return;
+        }
+        const DocumentEdit edit(document, read.changes, DocumentEdit::NewFindings::Accepted);
+        const bool isName = !read.changes.isEmpty() && read.changes.last().path == QLatin1String("Area.Name");
+        if (!edit.IsDone() && isName)
+            continue; // it may hold what XML cannot carry
+        demand(edit.IsDone(), "an area can be given any outline");
+        demand(DocumentEdit::ReadArea(geoJson, edit.GetText()).changes.isEmpty(), "it has it then");
+        const Document changed(edit.GetText());
+        const QString shown = areaGeoJson(*areaOf(*changed.GetObject()), changed.GetKind());
+        demand(DocumentEdit::ReadArea(shown.toUtf8(), edit.GetText()).changes.isEmpty(),
+               "what is shown of an area is what it has");
+        const QByteArray again =
+            DocumentEdit(documents[0], DocumentEdit::ReadArea(shown.toUtf8(), documents[0]).changes,
+                         DocumentEdit::NewFindings::Accepted)
+                .GetText();
+        demand(DocumentEdit::ReadArea(geoJson, again).changes.isEmpty(), "and can be given to others");
     }
 }
 

@@ -10,6 +10,9 @@ namespace Fuzz {
 /// Sets fields of the document that \a text is, if it is one, and puts right what is certain.
 void checkEdit(const QByteArray &text);
 
+/// Gives areas the outline that \a geoJson is, if it is one.
+void checkGeoJson(const QByteArray &geoJson);
+
 } // namespace Fuzz
 
 #endif

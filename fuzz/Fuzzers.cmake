@@ -14,7 +14,7 @@ target_sources(fuzz-Binary PRIVATE BinaryMutator.cpp)
 
 # All others that are fuzzed with documents.
 foreach(fuzz_target IN LISTS fuzz_targets)
-    if(NOT fuzz_target MATCHES "^(Binary|ToolNew)$")
+    if(NOT fuzz_target MATCHES "^(Binary|GeoJson|ToolNew)$")
         target_sources(fuzz-${fuzz_target} PRIVATE XmlMutator.cpp)
         target_link_libraries(fuzz-${fuzz_target} PRIVATE fuzz-mutations)
     endif()

@@ -64,6 +64,7 @@ constexpr struct {
     {"Document", checkDocument},
     {"Binary", checkAnyBinary},
     {"Edit", checkEdit},
+    {"GeoJson", checkGeoJson},
     {"Inspection", [](const QByteArray &input) { checkInspection(input); }},
 #ifdef KORMAK_FUZZES_TOOL
     {"ToolDocument", [](const QByteArray &input) { checkToolOnDocument(runTool, input); }},

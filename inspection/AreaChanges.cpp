@@ -27,10 +27,15 @@ struct Shared {
     Size last;
 
     Shared(const Coordinates &a, const Coordinates &b)
-        : first(std::distance(a.begin(), std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first)),
-          last(std::distance(a.rbegin(),
-                             std::mismatch(a.rbegin(), a.rend() - first, b.rbegin(), b.rend() - first).first))
+        : first(sizeOf(a.begin(), std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first)),
+          last(sizeOf(a.rbegin(),
+                      std::mismatch(a.rbegin(), a.rend() - first, b.rbegin(), b.rend() - first).first))
     {
+    }
+    template <class Iterator>
+    static Size sizeOf(Iterator begin, Iterator end)
+    {
+        return static_cast<Size>(std::distance(begin, end));
     }
     [[nodiscard]] Size count() const { return first + last; }
 };

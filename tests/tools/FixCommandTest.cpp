@@ -82,12 +82,8 @@ void FixCommandTest::uncertain_data()
     QTest::newRow("unknown element") << jobWith("<Author>", "<Priority/><Author>")
                                      << "5:9: error: Job/JobHeader/Priority: unknown element" << 1;
     QTest::newRow("block whose correction would show an unknown element")
-        << QByteArray(
-               "<Parameter "
-               "UniqueName='a'><ValueType>ValueBoolean</ValueType><RepresentationName>r</RepresentationName>"
-               "<ParameterType>Boolean</ParameterType><Boolean>true</Boolean><DoubleList/><Colour/></"
-               "Parameter>")
-        << "1:12: warning: Parameter/DoubleList: a block" << 1;
+        << completeParameter().replace("</Parameter>", "<DoubleList/><Colour/></Parameter>")
+        << "12:1: warning: Parameter[Gain]/DoubleList: a block" << 0;
     QTest::newRow("not well-formed") << QByteArray("<Job>") << "1:6: error: " << 1;
 }
 
