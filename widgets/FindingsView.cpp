@@ -64,6 +64,12 @@ protected:
             | (option->direction == Qt::RightToLeft ? Qt::AlignRight : Qt::AlignLeft);
         if (index.column() == Column::MessageColumn)
             option->features |= QStyleOptionViewItem::WrapText;
+        if (option->direction == Qt::RightToLeft && !option->text.isRightToLeft()) {
+            // The text runs as its own language does.
+            constexpr char16_t Isolate = 0x2066;
+            constexpr char16_t End = 0x2069;
+            option->text = QChar(Isolate) + option->text + QChar(End);
+        }
         if (index.column() != Column::SeverityColumn)
             return;
         const qreal ratio = view->devicePixelRatioF();
