@@ -152,7 +152,7 @@ void SnippetsTest::codeIsRun()
     const QString lists = Page::contentOf("tests/CMakeLists.txt");
     for (const QString &path : snippetSources()) {
         const QString test = QFileInfo(path).completeBaseName().section("Test", 0, 0);
-        QVERIFY2(lists.contains(QRegularExpression("kormak_add_tests\\(docs [^)]*\\b" + test + "\\b")),
+        QVERIFY2(lists.contains(QRegularExpression("kormak_add_(?:widget_)?tests\\(docs [^)]*\\b" + test + "\\b")),
                  qPrintable(path));
     }
 }
