@@ -34,7 +34,9 @@ public:
     [[nodiscard]] QString GetSearch() const;
     void SetSearch(const QString &words);
 
+    /// All at first.
     [[nodiscard]] Show GetShow() const noexcept;
+    /// See GetShow().
     void SetShow(Show show);
 
     /// The one group that is shown; nothing: all are.
