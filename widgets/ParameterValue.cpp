@@ -223,8 +223,12 @@ QString rangeOf(const Parameter &parameter, const QLocale &locale)
     const auto limit = [&format, isMoment](const QVariant &value) {
         return isMoment ? MomentFormat{format}.show(value) : format.showWithUnit(value);
     };
-    if (format.minimum.isValid() && format.maximum.isValid())
-        return translated("%1 to %2").arg(limit(format.minimum), limit(format.maximum));
+    if (format.minimum.isValid() && format.maximum.isValid()) {
+        NumberFormat plain = format;
+        plain.unit.clear();
+        const QString least = isMoment ? limit(format.minimum) : plain.showWithUnit(format.minimum);
+        return translated("%1 to %2").arg(least, limit(format.maximum));
+    }
     if (format.minimum.isValid())
         return translated("At least %1").arg(limit(format.minimum));
     return format.maximum.isValid() ? translated("At most %1").arg(limit(format.maximum)) : QString();

@@ -488,9 +488,8 @@ void ParameterEditTest::names()
     edit.setLocale(QLocale("en_GB"));
     edit.SetParameter(parameter);
     QCOMPARE(lineOf(edit).accessibleName(), QString("Display name"));
-    QCOMPARE(
-        lineOf(edit).toolTip(),
-        QString("How strong\n-10~dB to 20_000~dB").replace('~', QChar(0xA0)).replace('_', QChar(0x202F)));
+    QCOMPARE(lineOf(edit).toolTip(),
+             QString("How strong\n-10 to 20_000~dB").replace('~', QChar(0xA0)).replace('_', QChar(0x202F)));
 }
 
 void ParameterEditTest::locales()

@@ -151,7 +151,7 @@ void ReceiverPanelTest::shows()
     const Shown shown(OpenReceiver::all());
     QCOMPARE(shown.rows().rowCount(), 9);
     QCOMPARE(shown.text("Bandwidth"), QString("15 kHz"));
-    QCOMPARE(shown.text("Bandwidth", LimitsColumn), QString("1 kHz to 80 000 kHz"));
+    QCOMPARE(shown.text("Bandwidth", LimitsColumn), QString("1 to 80 000 kHz"));
     QCOMPARE(shown.text("Bandwidth", DefaultColumn), QString());
     QCOMPARE(shown.text("AGC Mode"), QString("Fast"));
     QCOMPARE(shown.text("From"), QString("2026-03-14 06:30:00.12 UTC"));
