@@ -53,10 +53,6 @@ QByteArray readAll(qint64 expected, ReadSome readSome)
                 return bytes;
             }
             size += some;
-            if (size == expected && size < room) { // it read to the end, which no second call need tell
-                bytes.resize(static_cast<decltype(bytes.size())>(size));
-                return bytes;
-            }
         }
         if (size > MostBytes)
             throw Error{
