@@ -26,7 +26,7 @@ struct FieldModel::Private {
     FindingIndex findings = FindingIndex(document.GetDocument().GetFindings());
     DocumentEdit::NewFindings newFindings = DocumentEdit::NewFindings::Accepted;
 
-    [[nodiscard]] std::vector<std::unique_ptr<Node>> &childrenOf(Node &node)
+    [[nodiscard]] std::vector<std::unique_ptr<Node>> &childrenOf(Node &node) const
     {
         if (!node.isFetched && (!node.parent || node.place.GetKind() != FieldNode::Kind::Value)) {
             const QVector<FieldNode> places = document.GetDocument().GetNodes(node.place.GetPath());
@@ -174,7 +174,7 @@ QString FieldModel::toolTip(const Node &node) const
     lines.prepend(node.place.GetPath());
     if (node.place.GetField().IsSettable())
         lines.insert(1, node.place.GetField().GetAllowedInWords());
-    return lines.join(QLatin1Char('\n'));
+    return toolTipOf(lines.join(QLatin1Char('\n')));
 }
 
 QVariant FieldModel::data(const QModelIndex &index, int role) const
@@ -316,9 +316,9 @@ void FieldModel::updateBelow(Node &node, const QStringList &paths)
             continue;
         }
         Node &child = **at;
-        const QString path = place.GetPath();
-        if (std::none_of(paths.begin(), paths.end(), [&path](const QString &changed) {
-                return isPathOrWithin(changed, path) || isPathOrWithin(path, changed);
+        const QString own = place.GetPath();
+        if (std::none_of(paths.begin(), paths.end(), [&own](const QString &changed) {
+                return isPathOrWithin(changed, own) || isPathOrWithin(own, changed);
             }))
             continue;
         if (std::exchange(child.place, place) != place)
@@ -330,9 +330,9 @@ void FieldModel::updateBelow(Node &node, const QStringList &paths)
 void FieldModel::tellFindings(const Node &node, const QStringList &paths)
 {
     for (const auto &child : node.children) {
-        const QString path = child->place.GetPathInFindings();
-        if (child->isInList || std::none_of(paths.begin(), paths.end(), [&path](const QString &told) {
-                return isPathOrWithin(told, path);
+        const QString own = child->place.GetPathInFindings();
+        if (child->isInList || std::none_of(paths.begin(), paths.end(), [&own](const QString &told) {
+                return isPathOrWithin(told, own);
             }))
             continue;
         tellRow(*child);

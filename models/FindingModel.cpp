@@ -119,7 +119,7 @@ QVariant FindingModel::data(const QModelIndex &index, int role) const
         return shown(finding, index.column());
     case Qt::ToolTipRole:
         return index.column() == MessageColumn || index.column() == PathColumn
-            ? shown(finding, index.column())
+            ? toolTipOf(shown(finding, index.column()).toString())
             : QVariant();
     case SeverityRole:
         return static_cast<qint32>(finding.GetSeverity());

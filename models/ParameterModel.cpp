@@ -126,6 +126,7 @@ QVariant ownData(const Parameter &parameter, int role)
     case ParameterModel::NameRole:
         return ParameterSummary(parameter).name;
     case Qt::ToolTipRole:
+        return toolTipOf(parameter.GetToolTip());
     case ParameterModel::ToolTipRole:
         return parameter.GetToolTip();
     case ParameterModel::EnabledRole:
@@ -365,9 +366,9 @@ void ParameterModel::update(const QStringList &paths)
     for (const QString &path : paths)
         changed.push_back(d->rows.rowOf(path));
     for (int row = 0; !told.isEmpty() && row < d->rows.size(); ++row) {
-        const QString path = d->pathInFindings(row);
+        const QString own = d->pathInFindings(row);
         if (std::any_of(told.begin(), told.end(),
-                        [&path](const QString &one) { return isPathOrWithin(one, path); }))
+                        [&own](const QString &one) { return isPathOrWithin(one, own); }))
             changed.push_back(row);
     }
     std::sort(changed.begin(), changed.end());

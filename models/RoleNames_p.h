@@ -1,11 +1,12 @@
-// What all models have in common: their roles are called for QML as their enumerators, and columns have
-// titles.
+// What all models have in common: their roles are called for QML as their enumerators, columns have titles,
+// and tool tips are texts.
 #ifndef KORMAK_MODELS_ROLENAMES_P_H
 #define KORMAK_MODELS_ROLENAMES_P_H
 
 #include <QByteArray>
 #include <QHash>
 #include <QMetaEnum>
+#include <QString>
 #include <QStringView>
 #include <QVariant>
 
@@ -13,7 +14,8 @@
 
 namespace KORMAK {
 
-/// Adds "path" for PathRole to \a names, and so on for each enumerator of \a Role, which has a Q_ENUM.
+/// Adds "path" for PathRole to \a names, and so on for each enumerator of \a Role, which has a Q_ENUM. A
+/// name is that of one role.
 template <class Role>
 [[nodiscard]] QHash<int, QByteArray> withRoleNames(QHash<int, QByteArray> names)
 {
@@ -22,6 +24,8 @@ template <class Role>
         QByteArray name = roles.key(i);
         name.chop(static_cast<int>(sizeof("Role")) - 1);
         name[0] = static_cast<char>(name.at(0) - 'A' + 'a');
+        if (const int former = names.key(name, -1); former >= 0)
+            names.remove(former);
         names.insert(roles.value(i), name);
     }
     return names;
@@ -34,6 +38,15 @@ template <std::size_t Count>
     return section >= 0 && section < static_cast<int>(Count)
         ? QVariant(titles[static_cast<std::size_t>(section)].toString())
         : QVariant();
+}
+
+/// Shows \a text as it stands, in lines that are not too long. Qt would take a text of a document that looks
+/// like HTML for HTML.
+[[nodiscard]] inline QString toolTipOf(const QString &text)
+{
+    return text.isEmpty()
+        ? text
+        : QStringLiteral("<p style=\"white-space: pre-wrap\">%1</p>").arg(text.toHtmlEscaped());
 }
 
 } // namespace KORMAK

@@ -49,8 +49,7 @@ void FindingModelTest::showsFindings()
             shown(model, row),
             (QStringList{severity, finding.GetMessage(), place, finding.GetPath(), finding.GetSuggestion()}));
     }
-    QCOMPARE(model.index(0, FindingModel::MessageColumn).data(Qt::ToolTipRole).toString(),
-             findings.at(0).GetMessage());
+    QCOMPARE(toolTip(model.index(0, FindingModel::MessageColumn)), findings.at(0).GetMessage());
     QVERIFY(!model.index(0, FindingModel::PlaceColumn).data(Qt::ToolTipRole).isValid());
     QVERIFY(!model.index(0, 0).data(Qt::DecorationRole).isValid());
     QCOMPARE(model.rowCount(model.index(0, 0)) + model.columnCount(model.index(0, 0)), 0);
@@ -92,6 +91,9 @@ void FindingModelTest::isCalledForQml()
 {
     Open job("faulty/missing-author.xml");
     const auto names = FindingModel(job).roleNames();
+    const QList<QByteArray> all = names.values();
+    for (const QByteArray &name : all)
+        QCOMPARE(all.count(name), 1);
     QCOMPARE(names.value(FindingModel::SeverityRole), QByteArray("severity"));
     QCOMPARE(names.value(FindingModel::FieldPathRole), QByteArray("fieldPath"));
     QCOMPARE(names.value(FindingModel::FindingRole), QByteArray("finding"));

@@ -30,6 +30,19 @@ struct Open : KORMAK::OpenDocument {
     }
 };
 
+/// The text of a tool tip, which is escaped.
+inline QString toolTip(const QModelIndex &index)
+{
+    QString text = index.data(Qt::ToolTipRole).toString();
+    const QString begin = "<p style=\"white-space: pre-wrap\">";
+    if (!text.startsWith(begin) || !text.endsWith("</p>"))
+        return "not escaped: " + text;
+    text = text.mid(begin.size()).chopped(4);
+    if (text.contains('<'))
+        return "not escaped: " + text;
+    return text.replace("&lt;", "<").replace("&gt;", ">").replace("&quot;", "\"").replace("&amp;", "&");
+}
+
 /// What a model tells of its rows, a line of each call: "inserted 3", "removed 0", "changed 2", "reset".
 class Told {
 public:

@@ -80,6 +80,7 @@ private Q_SLOTS:
     void hasARowOfEachParameter();
     void otherDocumentsHaveNone();
     void showsParameters();
+    void toolTipsAreNoHtml();
     void tellsWhatEditorsNeed();
     void hasTitles();
     void isCalledForQml();
@@ -153,7 +154,7 @@ void ParameterModelTest::showsParameters()
     QCOMPARE(texts,
              (QStringList{"AGCAttack", "rx.agc.attack", "AGC attack", "Float", "2\u00a0ms", "2\u00a0ms",
                           "0.1\u00a0ms", "100\u00a0ms", "ms", "yes"}));
-    QCOMPARE(dataAt(model, "AGCMode", Qt::ToolTipRole).toString(),
+    QCOMPARE(toolTip(model.index(model.GetRow("AGCMode"), 0)),
              QString("Automatic gain control; the value is the hang time in seconds"));
     QCOMPARE(shownAt(model, "AGCMode", ParameterModel::ValueColumn), QString("Medium"));
     QVERIFY(!dataAt(model, name, Qt::DecorationRole).isValid());
@@ -161,6 +162,17 @@ void ParameterModelTest::showsParameters()
     const Qt::ItemFlags flags = model.index(0, ParameterModel::ValueColumn).flags();
     QVERIFY(flags.testFlag(Qt::ItemIsEditable));
     QVERIFY(!model.index(0, ParameterModel::DefaultColumn).flags().testFlag(Qt::ItemIsEditable));
+}
+
+void ParameterModelTest::toolTipsAreNoHtml()
+{
+    Open receiver("receivers/hf-receiver.xml");
+    const QString text = "<b>loud</b> & \"long\"";
+    receiver.set("Parameter[AGCMode].ToolTip", text);
+    const ParameterModel model(receiver);
+    QCOMPARE(toolTip(model.index(model.GetRow("AGCMode"), 0)), text);
+    QCOMPARE(dataAt(model, "AGCMode", ParameterModel::ToolTipRole).toString(), text);
+    QCOMPARE(dataAt(model, "AGCAttack", Qt::ToolTipRole).toString(), QString());
 }
 
 void ParameterModelTest::tellsWhatEditorsNeed()
@@ -217,6 +229,10 @@ void ParameterModelTest::isCalledForQml()
 {
     OpenTypes receiver;
     const auto names = ParameterModel(receiver).roleNames();
+    const QList<QByteArray> all = names.values();
+    for (const QByteArray &name : all)
+        QCOMPARE(all.count(name), 1);
+    QCOMPARE(names.value(ParameterModel::ToolTipRole), QByteArray("toolTip"));
     QCOMPARE(names.value(ParameterModel::ShownValueRole), QByteArray("shownValue"));
     QCOMPARE(names.value(ParameterModel::NameRole), QByteArray("name"));
 }
