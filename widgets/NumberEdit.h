@@ -36,6 +36,7 @@ public:
     explicit NumberEdit(QWidget *parent = nullptr);
     ~NumberEdit() override;
 
+    /// What its numbers are held as. A value is to be set again when it changes.
     [[nodiscard]] Type GetType() const noexcept;
     void SetType(Type type);
 
@@ -66,6 +67,7 @@ protected:
         Frequencies, ///< those of frequencies
     };
 
+    /// As the other one, and \a units may be typed.
     NumberEdit(Units units, QWidget *parent);
 
     [[nodiscard]] Reading Read(const QString &text) const override;

@@ -63,8 +63,10 @@ Q_SIGNALS:
     void Finished();
 
 protected:
+    /// \cond
     void changeEvent(QEvent *event) override;
     bool event(QEvent *event) override;
+    /// \endcond
 
 private:
     class Control;

@@ -58,7 +58,9 @@ Q_SIGNALS:
     void CurrentParameterChanged(const QString &uniqueName);
 
 protected:
+    /// \cond
     void changeEvent(QEvent *event) override;
+    /// \endcond
 
 private:
     struct Private;

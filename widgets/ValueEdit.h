@@ -51,8 +51,10 @@ public:
     [[nodiscard]] QString GetNote() const;
     void SetNote(const QString &note);
 
+    /// \cond
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+    /// \endcond
 
 Q_SIGNALS:
     /// Something was typed.
@@ -67,6 +69,7 @@ protected:
         QString problem; ///< then why
     };
 
+    /// Without a value.
     explicit ValueEdit(QWidget *parent = nullptr);
 
     /// The value that \a text says, as people type it.
@@ -84,12 +87,14 @@ protected:
     /// Shows the value anew, when how it is shown has changed. What is being typed stays.
     void Refresh();
 
+    /// \cond
     void changeEvent(QEvent *event) override;
     bool event(QEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    /// \endcond
 
 private:
     struct Private;
