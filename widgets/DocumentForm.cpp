@@ -17,6 +17,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QTextDocument>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -219,6 +220,7 @@ struct DocumentForm::Private {
             break;
         case Kind::Value:
             row->label = new QLabel(page);
+            row->label->setTextFormat(Qt::PlainText);
             row->control = FieldControl::make(
                 line.node.GetField(), page,
                 [this, self](const std::optional<QString> &text) { return set(*self, text); });
@@ -250,6 +252,7 @@ struct DocumentForm::Private {
         const bool isElement = line.kind == Kind::Element;
         layout->setContentsMargins(0, isElement ? 6 : 14, 0, 2);
         row.label = new QLabel(row.bar);
+        row.label->setTextFormat(Qt::PlainText);
         layout->addWidget(row.label, 1);
         row.notes = new Notes(page);
         const bool isList = line.node.GetKind() == FieldNode::Kind::List;
@@ -405,7 +408,9 @@ struct DocumentForm::Private {
             tips += DocumentForm::tr("Required");
         else if (field.GetRequirement() == Requirement::Sometimes)
             tips += DocumentForm::tr("Required in some documents");
-        row.label->setToolTip(tips.join(QLatin1Char('\n')));
+        // Names that documents give may look like tags.
+        const QString tip = tips.join(QLatin1Char('\n'));
+        row.label->setToolTip(Qt::mightBeRichText(tip) ? Qt::convertFromPlainText(tip) : tip);
         QWidget &widget = row.control->widget();
         if (widget.toolTip().isEmpty())
             widget.setToolTip(row.label->toolTip());

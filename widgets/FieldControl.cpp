@@ -346,9 +346,10 @@ private:
 
     void tell()
     {
-        box->setText(box->checkState() == Qt::Checked         ? tr("yes")
-                         : box->checkState() == Qt::Unchecked ? tr("no")
-                                                              : textOfUnset(state));
+        box->setText(box->checkState() == Qt::Checked ? tr("yes")
+                         : box->checkState() == Qt::Unchecked
+                         ? tr("no")
+                         : textOfUnset(state).replace(QLatin1Char('&'), QLatin1String("&&")));
     }
 
     QCheckBox *const box;

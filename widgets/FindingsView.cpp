@@ -132,7 +132,7 @@ struct FindingsView::Private {
             header->setSectionResizeMode(Column::SeverityColumn, QHeaderView::ResizeToContents);
             header->setSectionResizeMode(Column::MessageColumn, QHeaderView::Stretch);
             header->setSectionResizeMode(Column::PlaceColumn, QHeaderView::ResizeToContents);
-            header->setSectionResizeMode(Column::PathColumn, QHeaderView::ResizeToContents);
+            header->setSectionResizeMode(Column::PathColumn, QHeaderView::Interactive);
         }
         tell();
     }
@@ -143,6 +143,19 @@ struct FindingsView::Private {
         empty->setText(text);
         layout->setCurrentWidget(text.isEmpty() ? static_cast<QWidget *>(view) : empty);
         view->setAccessibleDescription(text);
+        fitPaths();
+    }
+
+    /// Paths leave room for messages.
+    void fitPaths() const
+    {
+        constexpr int Share = 4; // of the width
+        if (!model)
+            return;
+        const QAbstractItemView &rows = *view;
+        const int wanted = rows.sizeHintForColumn(Column::PathColumn);
+        view->header()->resizeSection(Column::PathColumn,
+                                      std::min(wanted, view->viewport()->width() / Share));
     }
 
     void activate(const QModelIndex &index)
@@ -180,6 +193,7 @@ public:
 
     std::function<void(const QModelIndex &)> chosen;
     std::function<void()> copied;
+    std::function<void()> resized;
 
 protected:
     void keyPressEvent(QKeyEvent *event) override
@@ -194,6 +208,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override
     {
         QTreeView::resizeEvent(event);
+        resized();
         scheduleDelayedItemsLayout(); // messages take other heights
     }
 };
@@ -206,6 +221,7 @@ FindingsView::FindingsView(QWidget *parent) : QWidget(parent), d(new Private{*th
     d->view = view;
     view->chosen = [this](const QModelIndex &index) { d->activate(index); };
     view->copied = [this] { d->copy(); };
+    view->resized = [this] { d->fitPaths(); };
     view->setRootIsDecorated(false);
     view->setUniformRowHeights(false);
     view->setWordWrap(true);

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextDocument>
 #include <QtTest>
 #include <QWheelEvent>
 
@@ -149,6 +150,7 @@ private Q_SLOTS:
     void longLists();
     void entriesOfEnumerations();
     void fieldsThatComeAndGo();
+    void textsAreNoTags();
     void mapAndFieldsShowTheSame();
     void showField_data();
     void showField();
@@ -672,6 +674,22 @@ void DocumentFormTest::fieldsThatComeAndGo()
     QVERIFY(form.form.GetControl("Float.Minimum"));
     QVERIFY(!form.form.GetControl("Float.RepresentationName")); // which documents do not say
     QApplication::processEvents();
+}
+
+void DocumentFormTest::textsAreNoTags()
+{
+    const Form form(
+        QByteArray("<GenericReceiver Version=\"1.0\"><Parameter UniqueName=\"&lt;b&gt;x&lt;/b&gt;\"/>"
+                   "</GenericReceiver>"));
+    const auto labels = form.form.findChildren<QLabel *>();
+    QVERIFY(std::any_of(labels.begin(), labels.end(),
+                        [](const QLabel *label) { return label->text() == "<b>x</b>"; }));
+    for (const QLabel *const label : labels) {
+        QVERIFY(label->textFormat() == Qt::PlainText || !Qt::mightBeRichText(label->text()));
+        QVERIFY2(!label->toolTip().contains("<b>"), qPrintable(label->toolTip()));
+    }
+    const Form job(example(Antenna).replace("<ShowJDH>true<", "<ShowJDH>a &amp; b<"));
+    QCOMPARE(job.box("JobHeader.ShowJDH")->text(), "\"a && b\"");
 }
 
 void DocumentFormTest::mapAndFieldsShowTheSame()

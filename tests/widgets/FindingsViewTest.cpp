@@ -174,7 +174,7 @@ void FindingsViewTest::longMessagesWrap()
     const auto lines = [&view, &message] {
         return view.rows()->visualRect(message).height() / view.rows()->fontMetrics().lineSpacing();
     };
-    view.view.resize(1400, 300);
+    view.view.resize(3000, 300);
     QTRY_COMPARE(lines(), 1);
     view.view.resize(520, 300);
     QTRY_VERIFY(lines() > 1);
