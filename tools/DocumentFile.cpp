@@ -1,8 +1,7 @@
 #include "tools/DocumentFile.h"
 
-#include <inspection/QuotedText_p.h>
-#include <inspection/Remedy_p.h>
 #include <tools/Console.h>
+#include <tools/FindingText.h>
 #include <tools/LimitOptions.h>
 #include <tools/PathEncoding.h>
 #include <tools/Terminal.h>
@@ -21,33 +20,6 @@ InputFile::Content readBytes(const QString &path)
     } catch (const InputFile::Error &error) {
         throw DocumentError{QStringLiteral("cannot be read: ") + error.reason};
     }
-}
-
-/// The call that lists all the names that are allowed; empty when there is none.
-QString callThatLists(const FindingData &finding)
-{
-    if (!finding.vocabulary.isEmpty())
-        return QStringLiteral("kormak list ") + finding.vocabulary.toString();
-    const QString kind = finding.path.section(QLatin1Char('/'), 0, 0).section(QLatin1Char('['), 0, 0);
-    return findDocumentKind(kind) ? QStringLiteral("kormak new %1 --list-fields").arg(kind) : QString();
-}
-
-/// A few names, and where the others are, in parentheses behind a blank. Who is told what to write needs no
-/// names that are like it.
-QString noteOnAllowed(const FindingData &finding)
-{
-    if (finding.allowed.isEmpty())
-        return {};
-    const auto [names, more] =
-        excerptOf(finding.allowed,
-                  finding.unknownName.isEmpty() ? finding.found.value_or(QString()) : finding.unknownName);
-    const QString call = callThatLists(finding);
-    if (more > 0 && !finding.suggestion.isEmpty())
-        return call.isEmpty() ? call : QStringLiteral(" (all names: %1)").arg(call);
-    QString text = QStringLiteral(" (allowed: ") + oneLine(names.join(QStringLiteral(", ")));
-    if (more > 0)
-        text += QStringLiteral("; %1 more").arg(more) + (call.isEmpty() ? call : QStringLiteral(": ") + call);
-    return text + QLatin1Char(')');
 }
 
 } // namespace
@@ -106,7 +78,8 @@ QString complaintLine(const QString &path, const std::optional<TextPosition> &po
                       const FindingData &finding)
 {
     const QString place = finding.path.isEmpty() ? QString() : finding.path + QStringLiteral(": ");
-    return complaintLine(path, position, severity, place + finding.message) + noteOnAllowed(finding);
+    return complaintLine(path, position, severity, place + finding.message)
+        + FindingText::noteOnAllowed(finding);
 }
 
 void complainAbout(const QString &path, const DocumentError &error)
