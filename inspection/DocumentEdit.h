@@ -90,10 +90,9 @@ public:
     /// The changes that give the area of the document that \a text is the outline that \a geoJson tells (RFC
     /// 7946), and its name if it has none: a Polygon, a MultiPolygon or MultiLineString that was cut at 180
     /// degrees, a line between two positions or a Point, alone, as a Feature or in a FeatureCollection. Where
-    /// an outline begins and which way it leads is left as the document has it; coordinates that stay are left
-    /// alone.
-    /// \throws TESSEL::TesselException when \a geoJson is not such a thing, with the place in it, and when the
-    /// document cannot be read or has no area
+    /// an outline begins and which way it leads is left as the document has it; coordinates that stay are
+    /// left alone. \throws TESSEL::TesselException when \a geoJson is not such a thing, with the place in it,
+    /// and when the document cannot be read or has no area
     [[nodiscard]] static AreaChanges ReadArea(const QByteArray &geoJson, const QByteArray &text,
                                               const TESSEL::ReadingLimits &limits = {});
 
