@@ -17,6 +17,7 @@
 
 #include <QMap>
 
+#include <algorithm>
 #include <utility>
 
 namespace KORMAK {
@@ -110,7 +111,10 @@ DocumentEdit::DocumentEdit(const QByteArray &text, const QVector<Change> &change
     try {
         made->edit(checkedText(text), skipped, changes, newFindings, limits);
     } catch (const DocumentError &error) {
-        made->findings = {errorAbout(error, skipped)};
+        made->findings = {
+            errorAbout(error, skipped),
+            FindingMaker::notEdited(QStringLiteral("only a document that is read to its end can be "
+                                                   "changed; put that right first"))};
     }
     d = std::move(made);
 }
@@ -131,12 +135,18 @@ void DocumentEdit::Private::edit(const QByteArray &checked, qsizetype skipped, c
         newAmong(findingsOf(check, skipped), findingsOf(checkText(checked, limits), skipped));
     if (check.object)
         findings = plan.expected().differencesTo(heldBy(*document.kind, *check.object));
-    if (!check.object || (newFindings == NewFindings::Refused && findings.isEmpty()))
+    const bool isFaulty = std::any_of(added.begin(), added.end(), [](const Finding &finding) {
+        return !FindingMaker::contentOf(finding).isInherent;
+    });
+    if (!check.object || (newFindings == NewFindings::Refused && isFaulty && findings.isEmpty()))
         findings += added;
     isDone = check.object && findings.isEmpty();
     if (!isDone)
         return;
     findings = added;
+    TextPositions positions(checked);
+    for (const FindingData &loss : plan.losses())
+        findings += FindingMaker::made(loss, positions.at(loss.offset), skipped);
     places = placesOf(plan.patches(), checked, skipped);
     text = patched(text, shifted(plan.patches(), skipped));
 }

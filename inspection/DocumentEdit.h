@@ -90,10 +90,9 @@ public:
     /// The changes that give the area of the document that \a text is the outline that \a geoJson tells (RFC
     /// 7946), and its name if it has none: a Polygon, a MultiPolygon or MultiLineString that was cut at 180
     /// degrees, a line between two positions or a Point, alone, as a Feature or in a FeatureCollection. Where
-    /// an outline begins and which way it leads is left as the document has it; coordinates that stay are left
-    /// alone.
-    /// \throws TESSEL::TesselException when \a geoJson is not such a thing, with the place in it, and when the
-    /// document cannot be read or has no area
+    /// an outline begins and which way it leads is left as the document has it; coordinates that stay are
+    /// left alone. \throws TESSEL::TesselException when \a geoJson is not such a thing, with the place in it,
+    /// and when the document cannot be read or has no area
     [[nodiscard]] static AreaChanges ReadArea(const QByteArray &geoJson, const QByteArray &text,
                                               const TESSEL::ReadingLimits &limits = {});
 
@@ -105,7 +104,9 @@ public:
     [[nodiscard]] QVector<Place> GetPlaces() const;
     /// Why it is not done, as errors: what is no field, what a field does not take, what is wrong with the
     /// text, what would change beside what was asked, and findings that were not there before. When it is
-    /// done, the findings that are new.
+    /// done, the findings that are new, and the comments that stood in what was removed, with their places in
+    /// the original. What every document says so has, as the warning of boolean parameters that their type is
+    /// never written, refuses nothing.
     [[nodiscard]] QVector<Finding> GetFindings() const;
     /// The findings that Fix() has put right, with their places in the original or, where one was found only
     /// when others had been put right, in what that gave.

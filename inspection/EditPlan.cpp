@@ -4,6 +4,7 @@
 #include <inspection/EditLayout_p.h>
 #include <inspection/FieldAssignment_p.h>
 #include <inspection/FieldText_p.h>
+#include <inspection/QuotedText_p.h>
 #include <inspection/ReadableForm_p.h>
 #include <inspection/XmlEditor_p.h>
 #include <objectbase/ITesselObject.h>
@@ -22,6 +23,7 @@ using Action = DocumentEdit::Change::Action;
 class EditPlan::Plan {
 public:
     QVector<Finding> errors;
+    Findings losses; ///< of what is removed
 
     Plan(ParsedDocument &parsed, const QVector<DocumentEdit::Change> &wanted)
         : kind(*parsed.kind), changes(wanted), layout(parsed.text, parsed.tree, kind, *parsed.object),
@@ -77,16 +79,23 @@ private:
             const auto keyBegin = begin + start.size();
             const auto end = path.indexOf(QLatin1Char(']'), keyBegin);
             const QString key = path.mid(keyBegin, end < 0 ? -1 : end - keyBegin);
+            QString found;
             for (int i = 0;; ++i) {
                 const QString element = path.left(begin) + QStringLiteral("[%1]").arg(i);
                 const auto held = before.find(element + QStringLiteral(".Key"));
-                if (held == before.end() && i > 0)
+                if (held == before.end() && i > 0 && found.isEmpty())
                     fail(QStringLiteral("there is no element with this key"), path);
                 if (held == before.end())
                     break;
-                if (settableText(held->second.row->type, held->second.value) == key)
-                    return element + path.mid(end + 1);
+                if (settableText(held->second.row->type, held->second.value) != key)
+                    continue;
+                if (!found.isEmpty())
+                    fail(QStringLiteral("there are several elements with this key: call it by its index"),
+                         path);
+                found = element + path.mid(end + 1);
             }
+            if (!found.isEmpty())
+                return found;
         }
         return path;
     }
@@ -345,7 +354,27 @@ private:
             else if (place.element == XmlTree::Root)
                 editor.setText(place.element, {});
             else
-                editor.removeElement(place.element);
+                removeElement(place.element);
+        }
+    }
+
+    void removeElement(Index element)
+    {
+        using Aside = XmlTree::Aside;
+        const XmlTree &tree = layout.tree;
+        editor.removeElement(element);
+        for (const Aside &aside : tree.allAsides()) {
+            Index around = aside.parent;
+            while (around != XmlTree::None && around != element)
+                around = tree.parent(around);
+            if (around == XmlTree::None)
+                continue;
+            const bool isComment = aside.kind == Aside::Kind::Comment;
+            losses.push_back({aside.offset,
+                              QStringLiteral("the %1 %2 is removed with what it stands in")
+                                  .arg(isComment ? QStringLiteral("comment") : QStringLiteral("instruction"),
+                                       quoted(aside.text)),
+                              tree.path(aside.parent), isComment ? FindingId::LostComment : FindingId::Lost});
         }
     }
 
@@ -375,7 +404,8 @@ EditPlan::EditPlan(ParsedDocument &document, const QVector<DocumentEdit::Change>
     Plan plan(document, changes);
     allPatches = plan.patches();
     allErrors = plan.errors;
-    wanted = plan.expected();
+    allLosses = plan.losses;
+    expectedFields = plan.expected();
 }
 
 } // namespace KORMAK::Inspection

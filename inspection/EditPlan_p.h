@@ -21,14 +21,17 @@ public:
     [[nodiscard]] const QVector<Finding> &errors() const noexcept { return allErrors; }
     /// Arranged; of a plan without errors.
     [[nodiscard]] const std::vector<TextPatch> &patches() const noexcept { return allPatches; }
-    [[nodiscard]] const ExpectedFields &expected() const noexcept { return wanted; }
+    /// Comments and the like in what is removed.
+    [[nodiscard]] const Findings &losses() const noexcept { return allLosses; }
+    [[nodiscard]] const ExpectedFields &expected() const noexcept { return expectedFields; }
 
 private:
     class Plan;
 
     QVector<Finding> allErrors;
     std::vector<TextPatch> allPatches;
-    ExpectedFields wanted;
+    Findings allLosses;
+    ExpectedFields expectedFields;
 };
 
 } // namespace KORMAK::Inspection

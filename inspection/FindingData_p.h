@@ -31,6 +31,7 @@ struct FindingData {
     QString suggestion = {}; ///< what the correction puts there
     QStringView vocabulary = {}; ///< that the allowed names are; null: none
     QString unknownName = {}; ///< of the element or attribute, when it is not known
+    bool isInherent = false; ///< every document that says the same has it: it is told, but nobody's fault
 };
 
 using Findings = std::vector<FindingData>;

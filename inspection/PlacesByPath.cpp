@@ -3,6 +3,7 @@
 #include <inspection/FieldTable_p.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace KORMAK::Inspection {
 
@@ -90,17 +91,33 @@ void PlacesByPath::addChild(const ObjectTable &table, Index child, const QString
         const FieldTable &fields = fieldsOf(table);
         path += bracketed(*fields.find(row->name)->parts,
                           tree.attribute(child, UniqueNameAttribute).value_or(QString()));
-        // Of several with one name only the last one counts.
-        const auto begin = places.lower_bound(path + QLatin1Char('.'));
-        const auto end = std::find_if(begin, places.end(), [&path](const auto &place) {
-            return !place.first.startsWith(path + QLatin1Char('.'));
-        });
-        places.erase(begin, end);
-        for (auto count = counts.lower_bound(path); count != counts.end() && count->first.startsWith(path);)
-            count = counts.erase(count);
+        forget(path); // of several with one name only the last one counts
+    } else if (inner.begin) {
+        forgetLists(inner, path + QLatin1Char('.')); // it forgets what elements before it held
     }
     places[path].push_back({child, row, &inner});
     add(inner, child, path + QLatin1Char('.'));
+}
+
+/// Places in the object at \a path.
+void PlacesByPath::forget(const QString &path)
+{
+    const auto isWithin = [&path](const auto &entry) {
+        return entry.first.size() > path.size() && entry.first.startsWith(path)
+            && (entry.first[path.size()] == QLatin1Char('.') || entry.first[path.size()] == QLatin1Char('['));
+    };
+    for (auto place = places.upper_bound(path); place != places.end() && place->first.startsWith(path);)
+        place = isWithin(*place) ? places.erase(place) : std::next(place);
+    for (auto count = counts.lower_bound(path); count != counts.end() && count->first.startsWith(path);)
+        count = count->first == path || isWithin(*count) ? counts.erase(count) : std::next(count);
+}
+
+void PlacesByPath::forgetLists(const ObjectTable &table, const QString &prefix)
+{
+    for (const Row &row : table.elements) {
+        if (row.part && row.part->kind == Part::Kind::List)
+            forget(prefix + (row.end.isNull() ? row.name : row.end).toString());
+    }
 }
 
 void PlacesByPath::addUnread(const ObjectTable &table, Index element, const QString &prefix)

@@ -44,6 +44,8 @@ private:
     void add(const TESSEL::ObjectTable &table, XmlTree::Index element, const QString &prefix);
     void addAttributes(const TESSEL::ObjectTable &table, XmlTree::Index element, const QString &prefix);
     void addChild(const TESSEL::ObjectTable &table, XmlTree::Index child, const QString &prefix);
+    void forget(const QString &path);
+    void forgetLists(const TESSEL::ObjectTable &table, const QString &prefix);
     void addUnread(const TESSEL::ObjectTable &table, XmlTree::Index element, const QString &prefix);
 
     const XmlTree &tree;

@@ -204,10 +204,12 @@ Findings booleanType(const Element &element)
         element.parameter.GetParameterType() == ParameterType::Invalid && value != XmlTree::None;
     if (!element.parameter.IsBoolean() && !isWithoutType)
         return {};
-    return {
+    FindingData finding =
         element.finding(value == XmlTree::None ? element.index : value,
                         QStringLiteral("the type of a boolean parameter is never written, and a parameter "
-                                       "without a type keeps the whole document from being written"))};
+                                       "without a type keeps the whole document from being written"));
+    finding.isInherent = !isWithoutType;
+    return {finding};
 }
 
 /// A reader of receivers uses one parameter for all, and Reset() leaves some of its state alone.

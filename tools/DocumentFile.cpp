@@ -1,8 +1,7 @@
 #include "tools/DocumentFile.h"
 
-#include <inspection/QuotedText_p.h>
-#include <inspection/Remedy_p.h>
 #include <tools/Console.h>
+#include <tools/FindingText.h>
 #include <tools/LimitOptions.h>
 #include <tools/PathEncoding.h>
 #include <tools/Terminal.h>
@@ -21,36 +20,6 @@ InputFile::Content readBytes(const QString &path)
     } catch (const InputFile::Error &error) {
         throw DocumentError{QStringLiteral("cannot be read: ") + error.reason};
     }
-}
-
-/// The call that lists all the names that are allowed; empty when there is none.
-QString callThatLists(const FindingData &finding)
-{
-    if (!finding.vocabulary.isEmpty())
-        return QStringLiteral("kormak list ") + finding.vocabulary.toString();
-    const QString kind = finding.path.section(QLatin1Char('/'), 0, 0).section(QLatin1Char('['), 0, 0);
-    return findDocumentKind(kind) ? QStringLiteral("kormak new %1 --list-fields").arg(kind) : QString();
-}
-
-QString textInPlaceOfName(const FindingData &finding)
-{
-    return finding.unknownName.isEmpty() ? finding.found.value_or(QString()) : finding.unknownName;
-}
-
-/// A few names, and where the others are, in parentheses behind a blank. Who is told what to write needs no
-/// names that are like it.
-QString noteOnAllowed(const FindingData &finding)
-{
-    if (finding.allowed.isEmpty())
-        return {};
-    const auto [names, more] = excerptOf(finding.allowed, textInPlaceOfName(finding));
-    const QString call = callThatLists(finding);
-    if (more > 0 && !finding.suggestion.isEmpty())
-        return call.isEmpty() ? call : QStringLiteral(" (all names: %1)").arg(call);
-    QString text = QStringLiteral(" (allowed: ") + oneLine(names.join(QStringLiteral(", ")));
-    if (more > 0)
-        text += QStringLiteral("; %1 more").arg(more) + (call.isEmpty() ? call : QStringLiteral(": ") + call);
-    return text + QLatin1Char(')');
 }
 
 } // namespace
@@ -110,14 +79,14 @@ QString AllowedNotes::of(const FindingData &finding)
 {
     constexpr std::size_t Most = 256; // of a document that has more of them, few are alike
     if (finding.vocabulary.isEmpty())
-        return noteOnAllowed(finding);
-    const Name name{finding.vocabulary.toString(), textInPlaceOfName(finding), !finding.suggestion.isEmpty()};
+        return FindingText::noteOnAllowed(finding);
+    const Name name{finding.vocabulary.toString(), FindingText::textInPlaceOfName(finding), !finding.suggestion.isEmpty()};
     const auto known = ofNames.find(name);
     if (known != ofNames.end())
         return known->second;
     if (ofNames.size() == Most)
         ofNames.clear();
-    return ofNames.emplace(name, noteOnAllowed(finding)).first->second;
+    return ofNames.emplace(name, FindingText::noteOnAllowed(finding)).first->second;
 }
 
 QString complaintLine(const QString &path, const std::optional<TextPosition> &position, QStringView severity,

@@ -119,12 +119,24 @@ QVector<DocumentEdit::Change> changesOf(const Request &request, const QByteArray
     return changes + request.changes;
 }
 
-/// Complains about \a source when it cannot be changed at all.
-bool canBeChanged(const QString &source, const QByteArray &text, const TESSEL::ReadingLimits &limits)
+/// Tells why \a source is not changed as it was asked, and what can be done.
+ExitStatus refuse(const QString &source, const DocumentEdit &edit, const QByteArray &text,
+                  const TESSEL::ReadingLimits &limits)
 {
-    const DocumentEdit nothing(text, {}, DocumentEdit::NewFindings::Accepted, limits);
-    complainAbout(source, u"error", nothing.GetFindings());
-    return nothing.IsDone();
+    const QVector<Finding> findings = edit.GetFindings();
+    complainAbout(source, u"error", findings);
+    const bool isForFindings = std::none_of(findings.begin(), findings.end(), [](const Finding &finding) {
+        return finding.GetId() == FindingId::NotEdited;
+    });
+    const bool isRead =
+        isForFindings || DocumentEdit(text, {}, DocumentEdit::NewFindings::Accepted, limits).IsDone();
+    QString advice;
+    if (isForFindings)
+        advice = QStringLiteral(" (--accept-findings changes it all the same)");
+    else if (!isRead && DocumentEdit::Fix(text, limits).IsDone())
+        advice = QStringLiteral(" ('kormak fix' puts right what is certain)");
+    Console::complain(complaintLine(source, std::nullopt, u"error", NotChanged.toString()) + advice);
+    return Faulty;
 }
 
 ExitStatus change(const QString &source, const Request &request, RewriteTarget &target)
@@ -135,25 +147,17 @@ ExitStatus change(const QString &source, const Request &request, RewriteTarget &
     try {
         changes = changesOf(request, original.bytes, file);
     } catch (const TESSEL::TesselException &exception) {
-        if (!canBeChanged(source, original.bytes, request.limits))
-            return Faulty;
+        const DocumentEdit nothing(original.bytes, {}, request.newFindings, request.limits);
+        if (!nothing.IsDone())
+            return refuse(source, nothing, original.bytes, request.limits);
         complainAbout(file, DocumentError{exception.GetErrorMessage()});
         Console::complain(complaintLine(source, std::nullopt, u"error", NotChanged.toString()));
         return Failed;
     }
     const DocumentEdit edit(original.bytes, changes, request.newFindings, request.limits);
-    complainAbout(source, edit.IsDone() ? QStringView(u"warning") : QStringView(u"error"),
-                  edit.GetFindings());
-    if (!edit.IsDone()) {
-        const QVector<Finding> findings = edit.GetFindings();
-        const bool isForFindings = std::none_of(findings.begin(), findings.end(), [](const Finding &finding) {
-            return finding.GetId() == FindingId::NotEdited;
-        });
-        Console::complain(
-            complaintLine(source, std::nullopt, u"error", NotChanged.toString())
-            + (isForFindings ? QStringLiteral(" (--accept-findings changes it all the same)") : QString()));
-        return Faulty;
-    }
+    if (!edit.IsDone())
+        return refuse(source, edit, original.bytes, request.limits);
+    complainAbout(source, u"warning", edit.GetFindings());
     return target.write(edit.GetText(), source, original);
 }
 

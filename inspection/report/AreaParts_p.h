@@ -4,7 +4,6 @@
 #define KORMAK_INSPECTION_REPORT_AREAPARTS_P_H
 
 #include <inspection/report/AreaOutline_p.h>
-
 #include <objectbase/Coordinate.h>
 
 #include <QVector>

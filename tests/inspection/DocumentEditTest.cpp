@@ -27,6 +27,8 @@ private Q_SLOTS:
     void refused_data();
     void refused();
     void newFindings();
+    void inherentFindings();
+    void lostComments();
     void places();
     void nothing();
     void manyElements();
@@ -231,6 +233,13 @@ void DocumentEditTest::changes_data()
              "<Latitude>7</Latitude><Longitude>8</Longitude></Coordinate>\n"
              "\t\t<Coordinate>\n\t\t\t<Latitude>9</Latitude>\n\t\t\t<Longitude>10</Longitude>\n\t\t</"
              "Coordinate>\n"));
+    add("element of the list that counts",
+        "<AutomaticWorkflow><Area><Coordinate/><Coordinate/></Area><Area><Coordinate><Latitude>1</Latitude>"
+        "</Coordinate></Area></AutomaticWorkflow>",
+        {set("Area.Coordinate[0].Latitude", "2"), set("Area.Coordinate", "3,4")},
+        "<AutomaticWorkflow><Area><Coordinate/><Coordinate/></Area><Area><Coordinate><Latitude>2</Latitude>"
+        "</Coordinate><Coordinate><Latitude>3</Latitude><Longitude>4</Longitude></Coordinate></Area>"
+        "</AutomaticWorkflow>");
     add("element of a list, all its values", Workflow, {set("Area.Coordinate[1]", "9,4")},
         with(Workflow, "<Latitude>3<", "<Latitude>9<"));
     add("entry of an enumeration", Receiver, {set("Parameter[Mode].Enum.EnumValue", "3,C,,2")},
@@ -316,20 +325,23 @@ void DocumentEditTest::changes()
 
 void DocumentEditTest::refused_data()
 {
+    const QString first =
+        "\nnot-edited : only a document that is read to its end can be changed; put that right first";
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<Changes>("changes");
     QTest::addColumn<QString>("findings");
 
     const auto add = [](const char *name, const QByteArray &text, const Changes &wanted,
                         const QString &findings) { QTest::newRow(name) << text << wanted << findings; };
-    add("no document", "", {}, "not-well-formed : Premature end of document.");
+    add("no document", "", {}, "not-well-formed : Premature end of document." + first);
     add("not UTF-8", "<Job>\xff</Job>", {},
         "encoding : byte 0xff is not UTF-8; it may be ISO-8859-1: \"iconv -f ISO-8859-1 -t UTF-8 FILE > "
         "NEWFILE\" "
-        "converts it");
-    add("unknown kind", "<Root/>", {}, "unknown-kind : unknown kind of document 'Root'");
+        "converts it"
+            + first);
+    add("unknown kind", "<Root/>", {}, "unknown-kind : unknown kind of document 'Root'" + first);
     add("not read to its end", "<Job><Sort/></Job>", {set("ResourceType", "Antenna")},
-        "refused : Unknown Tag 'Sort' in 'Job'.");
+        "refused : Unknown Tag 'Sort' in 'Job'." + first);
     add("no field", Job1, {set("Author", "a"), set("JobHeader.Author", "b")},
         "not-edited : there is no field 'Author'. Allowed: JobHeader, ResourceType, AntennaData");
     add("several errors", Job1, {set("JobHeader.ShowJDH", "yes"), set("AntennaData.Azimuth", "north")},
@@ -339,6 +351,11 @@ void DocumentEditTest::refused_data()
         "not-edited JobHeader.Author=a: there is no such field");
     add("no such key", Receiver, {set("Parameter[Mode].Enum.EnumValue[Key=3].Name", "C")},
         "not-edited Parameter[Mode].Enum.EnumValue[Key=3].Name: there is no element with this key");
+    add("several with the key", with(Receiver, "Key=\"2\"", "Key=\"1\""),
+        {set("Parameter[Mode].Enum.EnumValue[Key=1].Name", "C")},
+        "not-edited Parameter[Mode].Enum.EnumValue[Key=1].Name: there are several elements with this key: "
+        "call it by "
+        "its index");
     add("nothing to unset", Job1, {unset("AntennaData.Colour")},
         "not-edited AntennaData.Colour: there is no such field in the document");
     add("the document", Job1, {unset("")}, "not-edited : there is no such field in the document");
@@ -393,6 +410,46 @@ void DocumentEditTest::newFindings()
     QVERIFY(accepted.IsDone());
     QCOMPARE(accepted.GetText(), with(Workflow, "\t<Mode>AutomaticMode</Mode>\n", ""));
     QCOMPARE(linesOf(accepted.GetFindings()), QString("missing-element AutomaticWorkflow/Mode: missing"));
+}
+
+/// What is told of every parameter of a type keeps nobody from adding one.
+void DocumentEditTest::inherentFindings()
+{
+    const DocumentEdit edit(
+        Receiver,
+        {set("Parameter[On].ParameterType", "Boolean"), set("Parameter[On].Boolean.Value", "true"),
+         set("Parameter[On].RepresentationName", "r"), set("Parameter[On].ValueType", "ValueBoolean")});
+    QVERIFY2(edit.IsDone(), qPrintable(linesOf(edit.GetFindings())));
+    QCOMPARE(edit.GetFindings().size(), 1);
+    QVERIFY(edit.GetFindings().first().GetMessage().startsWith(
+        "the type of a boolean parameter is never written"));
+
+    const DocumentEdit untyped(
+        Receiver,
+        {set("Parameter[On].ParameterType", "Boolean"), set("Parameter[On].RepresentationName", "r"),
+         set("Parameter[On].ValueType", "ValueBoolean"), unset("Parameter[On].ParameterType")});
+    QVERIFY(!untyped.IsDone());
+    const DocumentEdit other(Receiver, {set("Parameter[Gain].Integer.Minimum", "50")});
+    QVERIFY(!other.IsDone());
+}
+
+/// What goes with an element is named.
+void DocumentEditTest::lostComments()
+{
+    const QByteArray text = with(with(Receiver, "<Integer>", "<Integer><!-- why\n0 --><?note?>"),
+                                 "    <Script>", "    <!-- stays --><Script>");
+    const DocumentEdit edit(text, {unset("Parameter[Gain]")});
+    QVERIFY(edit.IsDone());
+    QVERIFY(edit.GetText().contains("<!-- stays -->"));
+    QCOMPARE(
+        linesOf(edit.GetFindings()),
+        QString(
+            "lost-comment GenericReceiver/Parameter[Gain]/Integer: the comment \" why\\n0 \" is removed with "
+            "what it stands in\n"
+            "lost GenericReceiver/Parameter[Gain]/Integer: the instruction \"note\" is removed with what it "
+            "stands in"));
+    QCOMPARE(edit.GetFindings().first().GetOffset(), text.indexOf("<!-- why"));
+    QCOMPARE(edit.GetFindings().first().GetSeverity(), Finding::Severity::Warning);
 }
 
 void DocumentEditTest::places()
@@ -541,7 +598,9 @@ void DocumentEditTest::offsetsBehindAByteOrderMark()
     const QByteArray text = "<Parameter UniqueName='a'>\n<Sort/></Parameter>";
     const DocumentEdit plain(text, {});
     const DocumentEdit marked(mark + text, {});
-    QCOMPARE(plain.GetFindings().size(), 1);
+    QCOMPARE(plain.GetFindings().size(), 2);
+    QCOMPARE(plain.GetFindings().last().GetMessage(),
+             QString("only a document that is read to its end can be changed; put that right first"));
     QCOMPARE(plain.GetFindings().first().GetOffset(), text.indexOf("<Sort/>"));
     QCOMPARE(marked.GetFindings().first().GetOffset(), mark.size() + text.indexOf("<Sort/>"));
 

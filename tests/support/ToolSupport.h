@@ -14,6 +14,7 @@
 #include <QtTest>
 
 #ifdef Q_OS_UNIX
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <sys/ioctl.h>
@@ -332,6 +333,25 @@ inline QByteArray completeGeneration()
            "    <RestartAttachmentsOnSessionClose>true</RestartAttachmentsOnSessionClose>\n"
            "</ActivityGeneration>\n";
 }
+
+#ifdef Q_OS_UNIX
+/// A run of the tool when nothing but a few bytes can be written to a file: a limit on the size of files,
+/// which it inherits, stands in for a full disk.
+inline Run runOnFullDisk(const Folder &folder, const QStringList &arguments)
+{
+    constexpr rlim_t FewBytes = 20;
+    rlimit former{};
+    getrlimit(RLIMIT_FSIZE, &former);
+    const auto formerHandler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit = former;
+    limit.rlim_cur = FewBytes;
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const Run run = folder.run(arguments);
+    setrlimit(RLIMIT_FSIZE, &former);
+    std::signal(SIGXFSZ, formerHandler);
+    return run;
+}
+#endif
 
 } // namespace ToolSupport
 

@@ -806,17 +806,7 @@ void FormatCommandTest::fullDisk()
     const QByteArray untidy = completeJob().replace("    ", "\t");
     Folder folder;
     folder.write("job.xml", untidy);
-    // A limit on the size of files, which the tool inherits, stands in for a full disk.
-    rlimit former{};
-    QCOMPARE(getrlimit(RLIMIT_FSIZE, &former), 0);
-    const auto formerHandler = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit limit = former;
-    limit.rlim_cur = 20;
-    setrlimit(RLIMIT_FSIZE, &limit);
-    const Run run = folder.run({"format", "--in-place", "job.xml"});
-    setrlimit(RLIMIT_FSIZE, &former);
-    std::signal(SIGXFSZ, formerHandler);
-
+    const Run run = runOnFullDisk(folder, {"format", "--in-place", "job.xml"});
     QVERIFY2(run.err.startsWith("job.xml: error: cannot be written: "), qPrintable(run.err));
     QCOMPARE(run.out, QString());
     QCOMPARE(run.status, 2);
