@@ -184,12 +184,13 @@ bool Field::operator==(const Field &other) const
             && areSame(data().value, other.data().value));
 }
 
-Field FieldMaker::made(const QString &path, const FieldRow &row, FieldValue value, bool isReached)
+Field FieldMaker::made(const QString &path, const FieldRow &row, FieldValue value,
+                       const FieldSurroundings &around)
 {
     Field field;
-    field.d = std::make_shared<const Field::Private>(Field::Private{path, row.label, row.type,
-                                                                    std::move(value), isReached && row.set,
-                                                                    row.requirement, row.isInDocuments});
+    field.d = std::make_shared<const Field::Private>(
+        Field::Private{path, row.label, row.type, std::move(value), around.isReached && row.set,
+                       std::min(around.requirement, row.requirement), row.isInDocuments});
     return field;
 }
 

@@ -14,8 +14,8 @@ public:
     FieldWalk() = default;
     explicit FieldWalk(QString path) : wanted(std::move(path)), isOneWanted(true) { }
 
-    /// \a isReached: a change of the object can be brought about.
-    void walk(const FieldTable &table, const void *object, const QString &prefix, bool isReached)
+    void walk(const FieldTable &table, const void *object, const QString &prefix,
+              const FieldSurroundings &around = {})
     {
         for (const FieldRow &row : table) {
             if (!row.existsIn(object))
@@ -24,22 +24,22 @@ public:
             if (isOneWanted && !wanted.startsWith(path))
                 continue;
             if (row.parts)
-                walkParts(*row.parts, object, path, isReached);
+                walkParts(*row.parts, object, path, around.within(row));
             else if (!isOneWanted || path == wanted)
-                found.push_back(FieldMaker::made(path, row, row.get(object), isReached));
+                found.push_back(FieldMaker::made(path, row, row.get(object), around));
         }
     }
 
 private:
-    void walkParts(const FieldParts &parts, const void *object, const QString &path, bool isOuterReached)
+    void walkParts(const FieldParts &parts, const void *object, const QString &path,
+                   const FieldSurroundings &around)
     {
-        const bool isReached = isOuterReached && parts.change;
         for (const FieldPart &part : parts.all(object)) {
             const QString prefix = path + bracketed(parts, part.key);
             if (isOneWanted && !wanted.startsWith(prefix))
                 continue;
             walk(parts.table, part.object, parts.table.isPlain() ? prefix : prefix + QLatin1Char('.'),
-                 isReached);
+                 around);
         }
     }
 
@@ -52,14 +52,14 @@ private:
 QVector<Field> fieldsOf(const FieldTable &table, const void *object)
 {
     FieldWalk all;
-    all.walk(table, object, QString(), true);
+    all.walk(table, object, QString());
     return std::move(all.found);
 }
 
 std::optional<Field> fieldAt(const FieldTable &table, const void *object, const QString &path)
 {
     FieldWalk one(path);
-    one.walk(table, object, QString(), true);
+    one.walk(table, object, QString());
     return one.found.isEmpty() ? std::nullopt : std::optional(one.found.constFirst());
 }
 

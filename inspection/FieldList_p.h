@@ -8,13 +8,29 @@
 #include <QString>
 #include <QVector>
 
+#include <algorithm>
 #include <optional>
 
 namespace KORMAK::Inspection {
 
+/// What is known of the object that a field is in.
+struct FieldSurroundings {
+    bool isReached = true; ///< a change of the object can be brought about
+    FieldRequirement requirement = FieldRequirement::Always; ///< of the object
+
+    /// Of the objects in the field that \a row describes. What stands in a list or is called by a name is
+    /// required of each.
+    [[nodiscard]] FieldSurroundings within(const FieldRow &row) const
+    {
+        return {isReached && row.parts->change,
+                row.parts->kind == FieldParts::Kind::One ? std::min(requirement, row.requirement)
+                                                         : FieldRequirement::Always};
+    }
+};
+
 struct FieldMaker {
     [[nodiscard]] static Field made(const QString &path, const FieldRow &row, FieldValue value,
-                                    bool isReached);
+                                    const FieldSurroundings &around);
 };
 
 [[nodiscard]] QString typeName(Field::Type type);

@@ -101,8 +101,9 @@ QString requirementName(FieldRequirement requirement)
 void write(JsonWriter &json, const SettableField &field)
 {
     const TextType *const type = field.row ? &field.row->type : nullptr;
-    const Field described =
-        field.row ? FieldMaker::made(field.path, *field.row, field.standard, true) : Field();
+    const Field described = field.row
+        ? FieldMaker::made(field.path, *field.row, field.standard, {true, field.requirement})
+        : Field();
     const bool isWhole = type && described.GetType() == Field::Type::Integer;
     json.beginObject();
     json.member(u"field", jsonText(field.path));

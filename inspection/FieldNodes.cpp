@@ -21,12 +21,12 @@ public:
     struct Place {
         QString path = {};
         QString inFindings = {};
-        bool isReached = true; ///< a change of what is here can be brought about
+        FieldSurroundings around = {};
 
         [[nodiscard]] Place below(QStringView key) const
         {
             const QString separator = path.isEmpty() ? QString() : QStringLiteral(".");
-            return {path + separator + key.toString(), inFindings + separator + key.toString(), isReached};
+            return {path + separator + key.toString(), inFindings + separator + key.toString(), around};
         }
     };
 
@@ -40,8 +40,7 @@ public:
             if (isWanted)
                 found.push_back(nodeOf(row, object, here));
             else if (row.parts && isOnTheWay(here))
-                walkParts(*row.parts, object,
-                          {here.path, here.inFindings, here.isReached && row.parts->change});
+                walkParts(*row.parts, object, {here.path, here.inFindings, here.around.within(row)});
         }
     }
 
@@ -79,12 +78,12 @@ private:
         FieldNodeData node{Kind::Value, place.path, place.inFindings,
                            (row.label.isEmpty() ? row.key : row.label).toString()};
         if (!row.parts) {
-            node.field = FieldMaker::made(place.path, row, row.get(object), place.isReached);
+            node.field = FieldMaker::made(place.path, row, row.get(object), place.around);
         } else {
             node.kind = row.parts->kind == FieldParts::Kind::One ? Kind::Object
                 : row.parts->kind == FieldParts::Kind::Map       ? Kind::Map
                                                                  : Kind::List;
-            node.isExtensible = node.kind != Kind::Object && place.isReached && row.parts->change;
+            node.isExtensible = node.kind != Kind::Object && place.around.within(row).isReached;
         }
         return FieldNodeMaker::made(std::move(node));
     }
@@ -96,7 +95,7 @@ private:
         if (parts.table.isPlain()) {
             const FieldRow &row = parts.table.rows.front();
             node.kind = Kind::Value;
-            node.field = FieldMaker::made(place.path, row, row.get(part.object), place.isReached);
+            node.field = FieldMaker::made(place.path, row, row.get(part.object), place.around);
         } else if (parts.table.inLine) {
             node.shownText = parts.table.inLine(part.object);
         }

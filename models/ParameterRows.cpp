@@ -4,6 +4,7 @@
 #include <objectbase/QtCompat_p.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace KORMAK {
 
@@ -36,7 +37,7 @@ QString keyIn(const QString &path)
 
 } // namespace
 
-ParameterRows::ParameterRows(const Document &ofDocument) : document(ofDocument)
+ParameterRows::ParameterRows(Document ofDocument) : document(std::move(ofDocument))
 {
     if (const auto *const receiver = dynamic_cast<const GenericReceiver *>(document.GetObject())) {
         isReceiver = true;

@@ -21,7 +21,7 @@ public:
 
     ParameterRows() = default;
     /// Of a receiver, or of a document that is one parameter.
-    explicit ParameterRows(const Document &document);
+    explicit ParameterRows(Document ofDocument);
 
     [[nodiscard]] int size() const noexcept { return static_cast<int>(rows.size()); }
     [[nodiscard]] const Row &at(int row) const { return rows[static_cast<std::size_t>(row)]; }

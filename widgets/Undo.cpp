@@ -64,8 +64,8 @@ public:
     /// Whether it may become a part of the command before it.
     enum class Merging { Allowed, Refused };
 
-    UndoCommand(OpenDocument &changed, const QStringList &changedPaths, const Step &made, Merging isMerged)
-        : document(&changed), paths(changedPaths), step(made), merging(isMerged)
+    UndoCommand(OpenDocument &changed, QStringList changedPaths, Step made, Merging isMerged)
+        : document(&changed), paths(std::move(changedPaths)), step(std::move(made)), merging(isMerged)
     {
         setText(paths.size() == 1 ? QStringLiteral("Change %1").arg(paths.constFirst())
                                   : QStringLiteral("Change %1 fields").arg(paths.size()));
