@@ -5,6 +5,7 @@
 #include <widgets/DocumentForm.h>
 #include <widgets/NumberEdit.h>
 
+#include <QAbstractScrollArea>
 #include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
@@ -246,6 +247,9 @@ void DocumentFormTest::limitsDoNotClamp()
     QVERIFY2(form.form.GetNotes("Classifiers").contains("23"), qPrintable(form.form.GetNotes("Classifiers")));
     QVERIFY(!form.document.TakeOpenEdits().isEmpty()); // not saved without a word
     QCOMPARE(form.document.GetText(), text);
+    form.enter("ClassificationTime", "26");
+    QCOMPARE(form.line("Classifiers")->text(), "77"); // nor lost by what is done elsewhere
+    QVERIFY(!form.form.GetNotes("Classifiers").isEmpty());
     form.enter("Classifiers", "7");
     QCOMPARE(form.text("Classifiers"), "7");
     QCOMPARE(form.form.GetNotes("Classifiers"), QString());
@@ -559,8 +563,8 @@ void DocumentFormTest::wheelNeedsTheFocus()
     QWidget *const control = form.form.GetControl(path);
     QVERIFY(control);
     control->clearFocus();
-    auto *const viewport = control->findChild<QWidget *>("qt_scrollarea_viewport");
-    QWidget *const target = viewport ? viewport : control;
+    const auto *const scrolling = qobject_cast<QAbstractScrollArea *>(control);
+    QWidget *const target = scrolling ? scrolling->viewport() : control;
     const QPointF at(5, 5);
     QWheelEvent event(at, QPointF(target->mapToGlobal(at.toPoint())), {}, {0, -120}, Qt::NoButton,
                       Qt::NoModifier, Qt::NoScrollPhase, false);
