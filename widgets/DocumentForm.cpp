@@ -335,7 +335,7 @@ struct DocumentForm::Private {
             showRow(*row, said, findings);
     }
 
-    void showHeading(const Document &now)
+    void showHeading(const Document &now) const
     {
         if (!document || document->GetText().isEmpty())
             heading->setText(DocumentForm::tr("No document is open."));

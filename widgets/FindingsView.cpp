@@ -137,7 +137,7 @@ struct FindingsView::Private {
         tell();
     }
 
-    void tell()
+    void tell() const
     {
         const QString text = widget.GetEmptyText();
         empty->setText(text);
