@@ -336,7 +336,7 @@ QString NumberFormat::showWithUnit(const QVariant &value) const
 {
     NumberFormat plain = *this;
     plain.decimals = 0;
-    const QString number = plain.show(value);
+    QString number = plain.show(value);
     if (unit.isEmpty() || number.isEmpty())
         return number;
     return number + (unit == QString(QChar(0xB0)) ? QString() : QString(QChar(0xA0))) + unit;

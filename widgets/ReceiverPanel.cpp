@@ -24,6 +24,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace KORMAK {
 
@@ -71,6 +72,7 @@ struct ReceiverPanel::Private {
     QPushButton *restore = nullptr;
     QLabel *counts = nullptr;
     bool areColumnsPlaced = false;
+    bool isUpdateWanted = false;
 
     [[nodiscard]] QModelIndex valueOf(const QModelIndex &index) const
     {
@@ -209,9 +211,9 @@ ReceiverPanel::ReceiverPanel(OpenDocument &receiver, QWidget *parent)
                 Q_EMIT CurrentParameterChanged(current.isValid() ? d->rows.uniqueName(current) : QString());
             });
     connect(&d->rows, &QAbstractItemModel::modelReset, this, &ReceiverPanel::updateRows);
-    connect(&d->rows, &QAbstractItemModel::layoutChanged, this, &ReceiverPanel::updateRows);
-    connect(&d->rows, &QAbstractItemModel::rowsInserted, this, &ReceiverPanel::updateRows);
-    connect(&d->rows, &QAbstractItemModel::rowsRemoved, this, &ReceiverPanel::updateRows);
+    connect(&d->rows, &QAbstractItemModel::layoutChanged, this, &ReceiverPanel::updateRowsLater);
+    connect(&d->rows, &QAbstractItemModel::rowsInserted, this, &ReceiverPanel::updateRowsLater);
+    connect(&d->rows, &QAbstractItemModel::rowsRemoved, this, &ReceiverPanel::updateRowsLater);
     connect(&d->rows, &QAbstractItemModel::dataChanged, this, &ReceiverPanel::updateCounts);
     connect(&d->model, &QAbstractItemModel::rowsInserted, this, &ReceiverPanel::updateCounts);
     connect(&d->model, &QAbstractItemModel::rowsRemoved, this, &ReceiverPanel::updateCounts);
@@ -292,6 +294,7 @@ void ReceiverPanel::updateRows()
 {
     if (!d->counts)
         return;
+    d->isUpdateWanted = false;
     d->fillGroups();
     QHeaderView &header = *d->view->verticalHeader();
     const int height = PanelDelegate::rowHeight(*d->view);
@@ -307,6 +310,15 @@ void ReceiverPanel::updateRows()
         d->areColumnsPlaced = true;
     }
     updateCounts();
+}
+
+void ReceiverPanel::updateRowsLater()
+{
+    // A search takes rows away here and there, and tells of each place.
+    if (std::exchange(d->isUpdateWanted, true))
+        return;
+    QMetaObject::invokeMethod(
+        this, [this] { updateRows(); }, Qt::QueuedConnection);
 }
 
 void ReceiverPanel::updateCounts()

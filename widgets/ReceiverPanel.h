@@ -66,6 +66,7 @@ private:
     struct Private;
 
     WIDGETS_NO_EXPORT void updateRows();
+    WIDGETS_NO_EXPORT void updateRowsLater();
     WIDGETS_NO_EXPORT void updateCounts();
     WIDGETS_NO_EXPORT void takeOpenEdits();
     WIDGETS_NO_EXPORT void clicked(const QModelIndex &index);
