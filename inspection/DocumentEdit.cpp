@@ -31,8 +31,9 @@ struct DocumentEdit::Private {
     QVector<Finding> corrected;
     bool isDone = false;
 
-    void edit(const QByteArray &checked, qsizetype skipped, const QVector<Change> &changes,
-              NewFindings newFindings, const TESSEL::ReadingLimits &limits);
+    INSPECTION_NO_EXPORT void edit(const QByteArray &checked, qsizetype skipped,
+                                   const QVector<Change> &changes, NewFindings newFindings,
+                                   const TESSEL::ReadingLimits &limits);
 };
 
 namespace {

@@ -111,12 +111,13 @@ struct ParameterEdit::Private {
 
     [[nodiscard]] ValueEdit *line() const { return control ? control->line() : nullptr; }
 
-    class CheckBoxControl;
-    class ChoiceControl;
+    class WIDGETS_NO_EXPORT CheckBoxControl;
+    class WIDGETS_NO_EXPORT ChoiceControl;
     template <class Line>
-    class LineControl;
+    class WIDGETS_NO_EXPORT LineControl;
 
-    [[nodiscard]] static std::unique_ptr<Control> make(ParameterControl kind, ParameterEdit &edit);
+    [[nodiscard]] WIDGETS_NO_EXPORT static std::unique_ptr<Control> make(ParameterControl kind,
+                                                                         ParameterEdit &edit);
 };
 
 class ParameterEdit::Private::CheckBoxControl : public Control {

@@ -91,8 +91,8 @@ struct ReceiverPanel::Private {
     }
 
     /// As wide as what is in the first rows, and not wider than is good for all.
-    void placeColumns();
-    void fillGroups();
+    WIDGETS_NO_EXPORT void placeColumns();
+    WIDGETS_NO_EXPORT void fillGroups();
 };
 
 void ReceiverPanel::Private::placeColumns()
