@@ -134,8 +134,12 @@ private:
         formTree = XmlTree(*form);
         formLayout = std::make_unique<EditLayout>(*form, formTree, kind, *changed);
         for (const FieldAssignment &assignment : wanted) {
+            const bool isSaid = std::all_of(assignment.steps.begin(), assignment.steps.end(),
+                                            [](const FieldStep &step) { return step.row->isInDocuments; });
             const FieldStep &last = assignment.steps.back();
-            if (last.row->parts)
+            if (!isSaid)
+                fail(QStringLiteral("no document says it"), pathOf(assignment));
+            else if (last.row->parts)
                 setWhole(assignment);
             else
                 setValue(pathOf(assignment), assignment.text);

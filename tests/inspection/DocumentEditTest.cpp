@@ -361,6 +361,13 @@ void DocumentEditTest::refused_data()
     add("the document", Job1, {unset("")}, "not-edited : there is no such field in the document");
     add("what no document says", Receiver, {set("Parameter[Gain].Integer.Value", "3")},
         "not-edited Parameter[Gain].Integer.Value: no document says it");
+    add("an object that no document says", Receiver,
+        {set("Parameter[Mode].Enum.DefaultValue", "1,A,,1,true")},
+        "not-edited Parameter[Mode].Enum.DefaultValue: no document says it");
+    add("a list that no document says",
+        with(Receiver, "<ParameterType>Integer<", "<ParameterType>DoubleList<"),
+        {set("Parameter[Gain].Double.DoubleList", "3")},
+        "not-edited Parameter[Gain].Double.DoubleList: no document says it");
     add("one place twice", Job1, {set("AntennaData.Name", "b"), unset("AntennaData.Name")},
         "not-edited : two of the changes are of one place");
     add("character", Job1, {set("AntennaData.Name", QString(QChar(1)))},
