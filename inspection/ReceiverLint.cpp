@@ -1,6 +1,7 @@
 #include "inspection/ReceiverLint_p.h"
 
 #include <inspection/FieldText_p.h>
+#include <inspection/ParameterNumbers_p.h>
 #include <inspection/QuotedText_p.h>
 #include <kormak/Parameter.h>
 
@@ -28,34 +29,9 @@ constexpr QStringView DoubleListTag = u"DoubleList";
 
 using Element = ParameterElement;
 
-/// The result of \a visit for the handler of numbers that \a parameter uses; nothing when it uses none.
-template <class Visitor>
-Findings withNumbers(const Parameter &parameter, Visitor visit)
-{
-    switch (parameter.GetParameterType()) {
-    case ParameterType::Long:
-        return visit(parameter.GetLongHandler());
-    case ParameterType::Integer:
-        return visit(parameter.GetIntegerHandler());
-    case ParameterType::Double:
-    case ParameterType::DoubleList:
-        return visit(parameter.GetDoubleHandler());
-    case ParameterType::Float:
-        return visit(parameter.GetFloatHandler());
-    case ParameterType::TimeStamp:
-        return visit(parameter.GetTimeStampHandler());
-    case ParameterType::Boolean:
-    case ParameterType::String:
-    case ParameterType::Enum:
-    case ParameterType::Invalid:
-        break;
-    }
-    return {};
-}
-
 Findings limitsThatExcludeAll(const Element &element)
 {
-    return withNumbers(element.parameter, [&element](const auto &handler) -> Findings {
+    return withNumbers<Findings>(element.parameter, [&element](const auto &handler) -> Findings {
         if (!(handler.GetMinimum() > handler.GetMaximum()))
             return {};
         const QStringView place = element.inBlocks(MinimumTag).empty() ? MaximumTag : MinimumTag;
@@ -73,7 +49,7 @@ Findings defaultOutsideLimits(const Element &element)
 {
     if (element.parameter.IsDoubleList())
         return {};
-    return withNumbers(element.parameter, [&element](const auto &handler) -> Findings {
+    return withNumbers<Findings>(element.parameter, [&element](const auto &handler) -> Findings {
         const auto value = handler.GetDefault();
         const bool isBelow = value < handler.GetMinimum();
         if (handler.GetMinimum() > handler.GetMaximum() || (!isBelow && !(value > handler.GetMaximum())))

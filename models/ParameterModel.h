@@ -18,8 +18,8 @@ namespace KORMAK {
 /// \snippet docs/ModelsSnippetsTest.cpp ParameterModel
 ///
 /// A document holds one value of a parameter, which it calls the default (\ref document_parameter_values). It
-/// is the value here; what it is compared with is the value in another receiver: the one that was opened, or
-/// the one that SetDefaults() gives. Values of lists of numbers no document holds.
+/// is the value here; what it is compared with is the value in another receiver: the one that was there at
+/// first, or the one that SetDefaults() gives. Values of lists of numbers no document holds.
 ///
 /// Values are set by setData() in ValueColumn, or with ValueRole anywhere in the row. What is refused,
 /// OpenDocument::Refused() tells. Rows come and go with parameters; indexes of all others stay valid.
@@ -82,8 +82,9 @@ public:
     explicit ParameterModel(OpenDocument &document, QObject *parent = nullptr);
     ~ParameterModel() override;
 
-    /// The receiver whose values are the defaults. At first, and again with every other document, it is the
-    /// document as it was opened. A parameter that it does not have, or has of another type, has no default.
+    /// The receiver whose values are the defaults. It is the document as it is when the model is made, and
+    /// each other document as it is opened. A parameter that it does not have, or has of another type, has no
+    /// default.
     [[nodiscard]] const Document &GetDefaults() const noexcept;
     void SetDefaults(const Document &receiver);
 

@@ -22,11 +22,11 @@ struct ParameterValue {
     [[nodiscard]] static std::optional<QVector<DocumentEdit::Change>>
     changesTo(const QVariant &wanted, const Parameter &parameter, const QString &prefix);
 
-    /// bool, qint64, float, double or QString; of an enumeration the place of its entry in the list, -1 when
-    /// there is none; of a list of numbers a QVariantList; invalid without a type.
     /// Whether documents can hold the value of \a parameter.
     [[nodiscard]] static bool isSettable(const Parameter &parameter);
 
+    /// bool, qint64, float, double or QString; of an enumeration the place of its entry in the list, -1 when
+    /// there is none; of a list of numbers a QVariantList; invalid without a type.
     QVariant value = {};
     QVariant minimum = {}; ///< invalid: none
     QVariant maximum = {};

@@ -1,16 +1,15 @@
 #include "widgets/FieldControl_p.h"
 
+#include <widgets/ComboBox_p.h>
 #include <widgets/DateTimeLine_p.h>
 #include <widgets/FrequencyEdit.h>
 #include <widgets/NumberEdit.h>
 #include <widgets/ProseEdit_p.h>
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QKeyEvent>
-#include <QWheelEvent>
 
 #include <algorithm>
 #include <limits>
@@ -357,24 +356,13 @@ private:
     FieldState state = {};
 };
 
-/// Leaves the wheel to what scrolls, unless it has the focus.
-class NameBox : public QComboBox {
+class NameBox : public ComboBox {
 public:
-    explicit NameBox(QWidget *parent) : QComboBox(parent)
+    explicit NameBox(QWidget *parent) : ComboBox(parent)
     {
-        setFocusPolicy(Qt::StrongFocus);
         setSizeAdjustPolicy(QComboBox::AdjustToContents);
         constexpr int Visible = 20;
         setMaxVisibleItems(Visible);
-    }
-
-protected:
-    void wheelEvent(QWheelEvent *event) override
-    {
-        if (hasFocus())
-            QComboBox::wheelEvent(event);
-        else
-            event->ignore();
     }
 };
 

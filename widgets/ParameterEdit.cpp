@@ -1,29 +1,27 @@
 #include "widgets/ParameterEdit.h"
 
 #include <kormak/Parameter.h>
+#include <widgets/ComboBox_p.h>
 #include <widgets/FrequencyEdit.h>
 #include <widgets/LineEdits_p.h>
 #include <widgets/ParameterValue_p.h>
 #include <widgets/ValueMark_p.h>
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyleOptionComboBox>
 #include <QToolTip>
-#include <QWheelEvent>
 
 namespace KORMAK {
 
 namespace {
 
-/// Chooses only what was meant: the wheel scrolls what is around, unless the control has the focus.
-class ComboBox : public QComboBox {
+class MarkedBox : public Widgets::ComboBox {
 public:
-    using QComboBox::QComboBox;
+    using ComboBox::ComboBox;
 
     void setMarked(bool marked)
     {
@@ -48,14 +46,6 @@ protected:
             place.setLeft(place.right() - Width);
         QPainter painter(this);
         Widgets::paintMark(painter, place, Widgets::ValueMark::Warning, palette());
-    }
-
-    void wheelEvent(QWheelEvent *event) override
-    {
-        if (hasFocus())
-            QComboBox::wheelEvent(event);
-        else
-            event->ignore();
     }
 
 private:
@@ -143,7 +133,7 @@ private:
 
 class ParameterEdit::Private::ChoiceControl : public Control {
 public:
-    explicit ChoiceControl(ParameterEdit &edit) : box(new ComboBox(&edit))
+    explicit ChoiceControl(ParameterEdit &edit) : box(new MarkedBox(&edit))
     {
         box->setFocusPolicy(Qt::StrongFocus);
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -181,7 +171,7 @@ public:
     }
 
 private:
-    ComboBox *box;
+    MarkedBox *box;
 };
 
 template <class Line>

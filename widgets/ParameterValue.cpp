@@ -1,5 +1,6 @@
 #include "widgets/ParameterValue_p.h"
 
+#include <inspection/ParameterNumbers_p.h>
 #include <kormak/GenericReceiver.h>
 #include <widgets/MomentFormat_p.h>
 #include <widgets/NumberList_p.h>
@@ -28,31 +29,6 @@ QVariant variantOf(Number value)
         return static_cast<qint64>(value);
     else
         return value;
-}
-
-/// What \a visit makes of the handler of numbers that \a parameter uses; nothing when it uses none.
-template <class Result, class Visitor>
-Result withNumbers(const Parameter &parameter, Visitor visit)
-{
-    switch (parameter.GetParameterType()) {
-    case ParameterType::Long:
-        return visit(parameter.GetLongHandler());
-    case ParameterType::Integer:
-        return visit(parameter.GetIntegerHandler());
-    case ParameterType::Double:
-    case ParameterType::DoubleList:
-        return visit(parameter.GetDoubleHandler());
-    case ParameterType::Float:
-        return visit(parameter.GetFloatHandler());
-    case ParameterType::TimeStamp:
-        return visit(parameter.GetTimeStampHandler());
-    case ParameterType::Boolean:
-    case ParameterType::String:
-    case ParameterType::Enum:
-    case ParameterType::Invalid:
-        break;
-    }
-    return {};
 }
 
 /// The limits of a type as a whole are none.
@@ -94,8 +70,8 @@ QVariant valueOf(const Parameter &parameter)
         return values;
     }
     default:
-        return withNumbers<QVariant>(parameter,
-                                     [](const auto &handler) { return variantOf(handler.GetDefault()); });
+        return Inspection::withNumbers<QVariant>(
+            parameter, [](const auto &handler) { return variantOf(handler.GetDefault()); });
     }
 }
 
@@ -125,10 +101,10 @@ NumberFormat formatOf(const Parameter &parameter, const QLocale &locale)
         break;
     }
     format.decimals = std::clamp(format.decimals, 0, NumberEdit::MostDecimals);
-    format.minimum =
-        withNumbers<QVariant>(parameter, [](const auto &handler) { return limitOf(handler.GetMinimum()); });
-    format.maximum =
-        withNumbers<QVariant>(parameter, [](const auto &handler) { return limitOf(handler.GetMaximum()); });
+    format.minimum = Inspection::withNumbers<QVariant>(
+        parameter, [](const auto &handler) { return limitOf(handler.GetMinimum()); });
+    format.maximum = Inspection::withNumbers<QVariant>(
+        parameter, [](const auto &handler) { return limitOf(handler.GetMaximum()); });
     return format;
 }
 

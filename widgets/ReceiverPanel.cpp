@@ -3,6 +3,7 @@
 #include <kormak/Parameter.h>
 #include <models/OpenDocument.h>
 #include <models/ParameterModel.h>
+#include <widgets/ComboBox_p.h>
 #include <widgets/PanelDelegate_p.h>
 #include <widgets/PanelRows_p.h>
 #include <widgets/PanelView_p.h>
@@ -11,7 +12,6 @@
 
 #include <QAction>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -21,7 +21,6 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
-#include <QWheelEvent>
 
 #include <algorithm>
 #include <utility>
@@ -31,29 +30,6 @@ namespace KORMAK {
 using Widgets::PanelDelegate;
 using Widgets::PanelRows;
 using Widgets::PanelView;
-
-namespace {
-
-/// The wheel scrolls what is around, unless the control has the focus.
-class GroupBox : public QComboBox {
-public:
-    explicit GroupBox(QWidget *parent) : QComboBox(parent)
-    {
-        setFocusPolicy(Qt::StrongFocus);
-        setSizeAdjustPolicy(AdjustToContents);
-    }
-
-protected:
-    void wheelEvent(QWheelEvent *event) override
-    {
-        if (hasFocus())
-            QComboBox::wheelEvent(event);
-        else
-            event->ignore();
-    }
-};
-
-} // namespace
 
 struct ReceiverPanel::Private {
     explicit Private(OpenDocument &receiver, ReceiverPanel &panel)
@@ -67,7 +43,7 @@ struct ReceiverPanel::Private {
     PanelRows rows;
     PanelView *view;
     QLineEdit *search = nullptr;
-    GroupBox *group = nullptr;
+    QComboBox *group = nullptr;
     QCheckBox *changed = nullptr;
     QPushButton *restore = nullptr;
     QLabel *counts = nullptr;
@@ -146,7 +122,8 @@ ReceiverPanel::ReceiverPanel(OpenDocument &receiver, QWidget *parent)
     d->search->setPlaceholderText(tr("Search"));
     d->search->setAccessibleName(tr("Search"));
     d->search->setClearButtonEnabled(true);
-    d->group = new GroupBox(this);
+    d->group = new Widgets::ComboBox(this);
+    d->group->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     d->group->setAccessibleName(tr("Group"));
     d->changed = new QCheckBox(tr("Changed only"), this);
     d->changed->setToolTip(tr("Shows the parameters that differ from their defaults"));
