@@ -540,7 +540,7 @@ void ParameterEditTest::pictures()
         add("Disabled", frequency)->setEnabled(false);
         return window;
     };
-    QVERIFY(TestSupport::takePictures("parameter-edit", {420, 440}, make));
+    QVERIFY(TestSupport::takePictures("parameter-edit", {420, 320}, make));
 }
 
 QTEST_MAIN(ParameterEditTest)
