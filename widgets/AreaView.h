@@ -61,14 +61,17 @@ public:
     /// should know of it.
     [[nodiscard]] QString GetCaption() const;
 
+    /// \cond
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
+    /// \endcond
 
 Q_SIGNALS:
     /// GetSelectedPoint() is now \a index.
     void SelectedPointChanged(int index);
 
 protected:
+    /// \cond
     void changeEvent(QEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     bool event(QEvent *event) override;
@@ -83,6 +86,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    /// \endcond
 
 private:
     struct Private;

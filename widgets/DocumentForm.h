@@ -52,14 +52,18 @@ public:
     /// line each, empty for nothing.
     [[nodiscard]] QString GetNotes(const QString &path) const;
 
+    /// \cond
     [[nodiscard]] QSize sizeHint() const override;
+    /// \endcond
 
 Q_SIGNALS:
     /// GetCurrentField() is now \a path.
     void CurrentFieldChanged(const QString &path);
 
 protected:
+    /// \cond
     void changeEvent(QEvent *event) override;
+    /// \endcond
 
 private:
     struct Private;

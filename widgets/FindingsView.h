@@ -23,6 +23,7 @@ class WIDGETS_EXPORT FindingsView : public QWidget {
     Q_OBJECT
 
 public:
+    /// Of no document yet.
     explicit FindingsView(QWidget *parent = nullptr);
     ~FindingsView() override;
 
@@ -36,7 +37,9 @@ public:
     /// What stands in the place of rows when there are none; empty when there are.
     [[nodiscard]] QString GetEmptyText() const;
 
+    /// \cond
     [[nodiscard]] QSize sizeHint() const override;
+    /// \endcond
 
 Q_SIGNALS:
     /// A finding was clicked, or chosen with Enter: \a path is that of the field or object that it is about,
@@ -44,7 +47,9 @@ Q_SIGNALS:
     void FieldActivated(const QString &path);
 
 protected:
+    /// \cond
     void changeEvent(QEvent *event) override;
+    /// \endcond
 
 private:
     struct Private;
