@@ -157,6 +157,10 @@ struct AreaView::Private {
         } else if (move && move->index >= points.count()) {
             move.reset();
         }
+        if (drag == Drag::Point && pressed >= points.count())
+            drag = Drag::None;
+        if (pressed >= points.count())
+            pressed = -1;
         select(isOther || selected >= points.count() ? -1 : selected);
         if (drag == Drag::None)
             fit();
@@ -629,7 +633,7 @@ void AreaView::focusInEvent(QFocusEvent *event)
 bool AreaView::focusNextPrevChild(bool next)
 {
     const int to = d->selected + (next ? 1 : -1);
-    if (!hasFocus() || to < 0 || to >= d->points.count() || (d->selected < 0 && !next))
+    if (!isVisible() || !hasFocus() || to < 0 || to >= d->points.count() || (d->selected < 0 && !next))
         return QWidget::focusNextPrevChild(next);
     SetSelectedPoint(to);
     d->keepSeen(d->points.at(to));

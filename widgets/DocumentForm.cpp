@@ -173,7 +173,8 @@ struct DocumentForm::Private {
         }
         for (auto &[key, row] : left)
             remove(std::move(row));
-        const bool isMoved = newOrder != order;
+        // Two empty lists are not compared: Qt would compare nothing at no address.
+        const bool isMoved = newOrder.size() != order.size() || (!order.isEmpty() && newOrder != order);
         order = newOrder;
         if (isMoved)
             arrange();
@@ -189,9 +190,13 @@ struct DocumentForm::Private {
         tellCurrent();
     }
 
-    /// What is sending a signal may be among it: it lives until that is over.
+    /// What is sending a signal may be among it: it lives until that is over. What has the focus loses it and
+    /// hands on what was typed, which is no longer of this document.
     void remove(std::unique_ptr<Row> row)
     {
+        row->isGone = true;
+        if (row->map)
+            row->map->SetDocument(nullptr);
         for (QWidget *const widget :
              {row->bar ? row->bar : row->label, static_cast<QWidget *>(row->notes),
               row->control ? &row->control->widget() : nullptr, static_cast<QWidget *>(row->map),
@@ -201,9 +206,6 @@ struct DocumentForm::Private {
             widget->hide();
             widget->deleteLater();
         }
-        if (row->map)
-            row->map->SetDocument(nullptr);
-        row->isGone = true;
         if (gone.empty())
             QTimer::singleShot(0, &form, [this] { gone.clear(); });
         gone.push_back(std::move(row));
@@ -457,6 +459,8 @@ struct DocumentForm::Private {
 
     bool set(Row &row, const std::optional<QString> &text)
     {
+        if (row.isGone)
+            return true;
         const QString path = row.line.node.GetPath();
         return change({text ? Action::Set : Action::Unset, path, text.value_or(QString())}, &row);
     }

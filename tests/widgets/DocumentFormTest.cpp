@@ -157,6 +157,7 @@ private Q_SLOTS:
     void showField();
     void currentField();
     void documentsThatCannotBeRead();
+    void openEditsAreNotOfAnotherDocument();
     void noDocument();
     void pictures();
 };
@@ -762,6 +763,25 @@ void DocumentFormTest::documentsThatCannotBeRead()
             && label->text() == form.document.GetDocument().GetState();
     }));
     form.document.Restore(example(Antenna));
+    QVERIFY(form.form.GetControl("JobHeader.Author"));
+}
+
+/// What is being typed is of the document that was there, not of the next one.
+void DocumentFormTest::openEditsAreNotOfAnotherDocument()
+{
+    Form form(Antenna);
+    QWidget *const author = form.form.GetControl("JobHeader.Author");
+    author->setFocus();
+    QTest::keyClicks(author, "typed");
+    ValueEdit *const azimuth = form.line("AntennaData.Azimuth");
+    azimuth->setFocus();
+    azimuth->selectAll();
+    QTest::keyClicks(azimuth, "17");
+    const QByteArray other = example("jobs/surveillance-mc-hf");
+    form.document.SetText(other);
+    QCOMPARE(form.document.GetText(), other);
+    QVERIFY(form.document.TakeOpenEdits().isEmpty());
+    QCOMPARE(form.document.GetText(), other);
     QVERIFY(form.form.GetControl("JobHeader.Author"));
 }
 
