@@ -101,14 +101,17 @@ public:
             reason = show(*found);
             isShowing = false;
         }
-        const bool isSettable = index().data(ParameterModel::SettableRole).toBool();
-        widget->setEnabled(found && reason.isEmpty() && found->IsEnabled() && isSettable);
+        const bool isEnabled = found && reason.isEmpty() && found->IsEnabled()
+            && index().data(ParameterModel::SettableRole).toBool();
         if (!reason.isEmpty())
             widget->setToolTip(reason);
         else if (ownToolTip.isEmpty())
             widget->setToolTip(Widgets::describe(*found, widget->locale()));
         else
             widget->setToolTip(ownToolTip);
+        // Last: what has the focus loses it and hands on what was typed, and the parameter is another one
+        // then.
+        widget->setEnabled(isEnabled);
         return reason;
     }
 
