@@ -75,7 +75,8 @@ public:
     void SetNewFindings(DocumentEdit::NewFindings newFindings) noexcept;
 
     /// Where \a path stands, as FieldNode::GetPath() calls it; an invalid index where there is no such place.
-    [[nodiscard]] QModelIndex GetIndex(const QString &path, Column column = NameColumn) const;
+    [[nodiscard]] Q_INVOKABLE QModelIndex GetIndex(const QString &path,
+                                                   KORMAK::FieldModel::Column column = NameColumn) const;
     /// The place that \a finding is about, or the nearest one around it; an invalid index for the document as
     /// a whole.
     [[nodiscard]] QModelIndex GetIndex(const Finding &finding, Column column = NameColumn) const;

@@ -13,7 +13,11 @@ struct OpenDocument::Private {
     QVector<Finding> *refusals = nullptr; ///< of a TakeOpenEdits() that is going on
 };
 
-OpenDocument::OpenDocument(QObject *parent) : QObject(parent), d(std::make_unique<Private>()) { }
+OpenDocument::OpenDocument(QObject *parent) : QObject(parent), d(std::make_unique<Private>())
+{
+    // QML and queued connections of Qt 5 look it up by this name.
+    qRegisterMetaType<QVector<Finding>>("QVector<KORMAK::Finding>");
+}
 
 OpenDocument::~OpenDocument() = default;
 

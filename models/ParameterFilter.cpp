@@ -28,9 +28,12 @@ QString ParameterFilter::GetSearch() const
 
 void ParameterFilter::SetSearch(const QString &words)
 {
+    if (d->search == words)
+        return;
     d->search = words;
     d->words = words.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
     invalidateFilter();
+    Q_EMIT SearchChanged();
 }
 
 ParameterFilter::Show ParameterFilter::GetShow() const noexcept
@@ -40,8 +43,11 @@ ParameterFilter::Show ParameterFilter::GetShow() const noexcept
 
 void ParameterFilter::SetShow(Show show)
 {
+    if (d->show == show)
+        return;
     d->show = show;
     invalidateFilter();
+    Q_EMIT ShowChanged();
 }
 
 std::optional<QString> ParameterFilter::GetGroup() const
@@ -51,8 +57,22 @@ std::optional<QString> ParameterFilter::GetGroup() const
 
 void ParameterFilter::SetGroup(const std::optional<QString> &group)
 {
+    if (d->group == group)
+        return;
     d->group = group;
     invalidateFilter();
+    Q_EMIT GroupChanged();
+}
+
+QVariant ParameterFilter::groupProperty() const
+{
+    return d->group ? QVariant(*d->group) : QVariant();
+}
+
+void ParameterFilter::setGroupProperty(const QVariant &group)
+{
+    const bool isText = group.isValid() && group.userType() != QMetaType::Nullptr;
+    SetGroup(isText ? std::optional(group.toString()) : std::nullopt);
 }
 
 QStringList ParameterFilter::GetGroups() const

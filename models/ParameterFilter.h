@@ -6,6 +6,7 @@
 #include <QSortFilterProxyModel>
 #include <QString>
 #include <QStringList>
+#include <QVariant>
 
 #include <memory>
 #include <optional>
@@ -17,6 +18,12 @@ namespace KORMAK {
 /// \snippet docs/ModelsSnippetsTest.cpp ParameterFilter
 class MODELS_EXPORT ParameterFilter : public QSortFilterProxyModel {
     Q_OBJECT
+    /// GetSearch()
+    Q_PROPERTY(QString search READ GetSearch WRITE SetSearch NOTIFY SearchChanged)
+    /// GetShow()
+    Q_PROPERTY(KORMAK::ParameterFilter::Show show READ GetShow WRITE SetShow NOTIFY ShowChanged)
+    /// GetGroup(): a text, or undefined for all
+    Q_PROPERTY(QVariant group READ groupProperty WRITE setGroupProperty NOTIFY GroupChanged)
 
 public:
     /// Which values are shown.
@@ -24,6 +31,7 @@ public:
         All,
         Changed, ///< those that differ from their defaults
     };
+    Q_ENUM(Show)
 
     /// Shows all. The model is set with setSourceModel().
     explicit ParameterFilter(QObject *parent = nullptr);
@@ -45,7 +53,15 @@ public:
 
     /// The groups of all parameters of the source, each once, sorted; the empty one, of those that have none,
     /// is the last.
-    [[nodiscard]] QStringList GetGroups() const;
+    [[nodiscard]] Q_INVOKABLE QStringList GetGroups() const;
+
+Q_SIGNALS:
+    /// GetSearch() is another one.
+    void SearchChanged();
+    /// GetShow() is another one.
+    void ShowChanged();
+    /// GetGroup() is another one.
+    void GroupChanged();
 
 protected:
     /// \cond
@@ -54,6 +70,9 @@ protected:
 
 private:
     struct Private;
+
+    [[nodiscard]] MODELS_NO_EXPORT QVariant groupProperty() const;
+    MODELS_NO_EXPORT void setGroupProperty(const QVariant &group);
 
     const std::unique_ptr<Private> d;
 };

@@ -13,6 +13,24 @@ namespace KORMAK {
 
 using Row = ParameterRows::Row;
 
+namespace {
+
+/// Where the list of \a handler has the entry at \a place of the list of \a other, which may have others or
+/// another order: at the same place, or the first that bears its key. -1: nowhere.
+int placeOfEntry(const EnumHandler &handler, const EnumHandler &other, int place)
+{
+    const auto &entries = handler.GetEnumList();
+    const auto isSame = [&other, place](const EnumHandler::EnumValue &entry) {
+        return entry.Key == other.GetEnumList().at(place).Key;
+    };
+    if (place < 0 || (place < entries.size() && isSame(entries.at(place))))
+        return place;
+    const auto found = std::find_if(entries.begin(), entries.end(), isSame);
+    return found == entries.end() ? -1 : static_cast<int>(found - entries.begin());
+}
+
+} // namespace
+
 struct ParameterModel::Private {
     OpenDocument &document;
     Document defaults = document.GetDocument();
@@ -46,20 +64,31 @@ struct ParameterModel::Private {
         return path.isEmpty() ? path : path + QLatin1Char('.');
     }
 
-    /// Null: it has none.
-    [[nodiscard]] const Parameter *defaultOf(const Row &row) const
+    /// Whose value is the default, and that value as one of the parameter itself.
+    struct Default {
+        const Parameter *parameter = nullptr; ///< null: there is none
+        QVariant value = {};
+    };
+
+    [[nodiscard]] Default defaultOf(const Row &row) const
     {
         const Parameter *const found = defaultRows.parameter(row.key);
-        return found && found->GetParameterType() == row.parameter->GetParameterType() ? found : nullptr;
+        if (!found || found->GetParameterType() != row.parameter->GetParameterType())
+            return {};
+        const QVariant value = ParameterValue(*found).value;
+        if (!row.parameter->IsEnum())
+            return {found, value};
+        const int place =
+            placeOfEntry(row.parameter->GetEnumHandler(), found->GetEnumHandler(), value.toInt());
+        return place < 0 ? Default() : Default{found, place};
     }
 
     [[nodiscard]] bool isChanged(const Row &row) const
     {
-        const Parameter *const other = defaultOf(row);
-        if (!other || other == row.parameter)
+        const QVariant standard = defaultOf(row).value;
+        if (!standard.isValid())
             return false;
         const QVariant value = ParameterValue(*row.parameter).value;
-        const QVariant standard = ParameterValue(*other).value;
         return value.userType() == QMetaType::QVariantList ? value != standard
                                                            : Field::TextOf(value) != Field::TextOf(standard);
     }
@@ -221,7 +250,7 @@ QVector<Finding> ParameterModel::RestoreDefaults()
         const Row &one = d->rows.at(row);
         if (!d->isChanged(one))
             continue;
-        const QVariant standard = ParameterValue(*d->defaultOf(one)).value;
+        const QVariant standard = d->defaultOf(one).value;
         if (const auto ofRow = ParameterValue::changesTo(standard, *one.parameter, d->prefix(row)))
             changes += *ofRow;
     }
@@ -250,14 +279,14 @@ QVariant ParameterModel::data(const QModelIndex &index, int role) const
     if (!index.isValid())
         return {};
     const Row &row = d->rows.at(index.row());
-    const Parameter *const standard = d->defaultOf(row);
+    const Private::Default standard = d->defaultOf(row);
     switch (role) {
     case Qt::EditRole:
         if (index.column() == ValueColumn)
             return ParameterValue(*row.parameter).value;
         [[fallthrough]];
     case Qt::DisplayRole:
-        return shown(*row.parameter, standard, index.column());
+        return shown(*row.parameter, standard.parameter, index.column());
     case PathRole:
         return d->rows.path(index.row());
     case ValuePathRole: {
@@ -269,9 +298,9 @@ QVariant ParameterModel::data(const QModelIndex &index, int role) const
         return given == d->groups.constEnd() ? GroupOf(*row.parameter) : *given;
     }
     case DefaultRole:
-        return standard ? ParameterValue(*standard).value : QVariant();
+        return standard.value;
     case ShownDefaultRole:
-        return standard ? ParameterSummary(*standard).value : QString();
+        return standard.parameter ? ParameterSummary(*standard.parameter).value : QString();
     case ChangedRole:
         return d->isChanged(row);
     case FindingsRole:

@@ -84,7 +84,7 @@ public:
 
     /// The receiver whose values are the defaults. It is the document as it is when the model is made, and
     /// each other document as it is opened. A parameter that it does not have, or has of another type, has no
-    /// default.
+    /// default, nor has an enumeration whose list has no entry with the key of the default.
     [[nodiscard]] const Document &GetDefaults() const noexcept;
     void SetDefaults(const Document &receiver);
 
@@ -97,10 +97,10 @@ public:
     void SetNewFindings(DocumentEdit::NewFindings newFindings) noexcept;
 
     /// The row of the parameter called \a uniqueName; -1: there is none.
-    [[nodiscard]] int GetRow(const QString &uniqueName) const;
-    /// Gives all values their defaults that differ from them, in one step.
+    [[nodiscard]] Q_INVOKABLE int GetRow(const QString &uniqueName) const;
+    /// Gives all values their defaults that differ from them, in one step; those of disabled parameters, too.
     /// \return empty when it is done; else why it is not
-    QVector<Finding> RestoreDefaults();
+    Q_INVOKABLE QVector<KORMAK::Finding> RestoreDefaults();
 
     /// \cond
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;

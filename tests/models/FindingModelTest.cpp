@@ -2,8 +2,6 @@
 
 #include <models/FindingModel.h>
 
-#include <QAbstractItemModelTester>
-
 using namespace KORMAK;
 using namespace OpenExample;
 
@@ -36,8 +34,7 @@ private Q_SLOTS:
 void FindingModelTest::showsFindings()
 {
     Open job("faulty/missing-author.xml");
-    FindingModel model(job);
-    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    Tested<FindingModel> model(job);
     const QVector<Finding> findings = job.GetDocument().GetFindings();
     QVERIFY(!findings.isEmpty());
     QCOMPARE(model.rowCount(), static_cast<int>(findings.size()));
@@ -58,7 +55,7 @@ void FindingModelTest::showsFindings()
 void FindingModelTest::tellsEverythingOfAFinding()
 {
     Open job("faulty/missing-author.xml");
-    const FindingModel model(job);
+    const Tested<FindingModel> model(job);
     const Finding finding = job.GetDocument().GetFindings().at(0);
     const QModelIndex index = model.index(0, FindingModel::RemedyColumn);
     QCOMPARE(index.data(FindingModel::SeverityRole).toInt(), static_cast<int>(finding.GetSeverity()));
@@ -76,7 +73,7 @@ void FindingModelTest::tellsEverythingOfAFinding()
 void FindingModelTest::hasTitles()
 {
     Open job("faulty/missing-author.xml");
-    const FindingModel model(job);
+    const Tested<FindingModel> model(job);
     QStringList titles;
     for (int column = 0; column < model.columnCount(); ++column)
         titles += model.headerData(column, Qt::Horizontal).toString();
@@ -103,8 +100,7 @@ void FindingModelTest::isCalledForQml()
 void FindingModelTest::followsChanges()
 {
     Open job("jobs/antenna.xml");
-    FindingModel model(job);
-    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    Tested<FindingModel> model(job);
     QCOMPARE(model.rowCount(), 0);
     Told told(model);
     job.unset("JobHeader.Author");
@@ -118,8 +114,7 @@ void FindingModelTest::keepsRowsThatStay()
 {
     Open job("jobs/antenna.xml");
     job.unset("AntennaData.Name");
-    FindingModel model(job);
-    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    Tested<FindingModel> model(job);
     const QPersistentModelIndex ofName(model.index(0, 0));
     const qint64 line = ofName.data(FindingModel::LineRole).toLongLong();
     Told told(model);
@@ -136,7 +131,7 @@ void FindingModelTest::keepsRowsThatStay()
 void FindingModelTest::isResetByAnotherDocument()
 {
     Open job("jobs/antenna.xml");
-    FindingModel model(job);
+    Tested<FindingModel> model(job);
     Told told(model);
     job.SetText("no document");
     QCOMPARE(told.taken(), QStringList{"reset"});

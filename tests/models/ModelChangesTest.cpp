@@ -8,8 +8,6 @@
 #include <models/ParameterModel.h>
 #include <tests/support/OtherText.h>
 
-#include <QAbstractItemModelTester>
-
 #include <random>
 
 using namespace KORMAK;
@@ -164,17 +162,13 @@ void ModelChangesTest::viewsShowWhatIsThere()
     QFETCH(QString, example);
 
     Open document(example);
-    FieldModel fields(document);
-    ParameterModel parameters(document);
-    FindingModel findings(document);
+    Tested<FieldModel> fields(document);
+    Tested<ParameterModel> parameters(document);
+    Tested<FindingModel> findings(document);
     const Document opened = document.GetDocument();
     const View ofFields(fields);
     const View ofParameters(parameters);
     const View ofFindings(findings);
-    constexpr auto Fatal = QAbstractItemModelTester::FailureReportingMode::Fatal;
-    const QAbstractItemModelTester fieldTester(&fields, Fatal);
-    const QAbstractItemModelTester parameterTester(&parameters, Fatal);
-    const QAbstractItemModelTester findingTester(&findings, Fatal);
     QList<QByteArray> states{document.GetText()};
     Changes changes(document, 20260501);
     const auto compare = [&] {

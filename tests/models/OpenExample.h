@@ -5,6 +5,7 @@
 #include <models/OpenDocument.h>
 #include <tests/support/Files.h>
 
+#include <QAbstractItemModelTester>
 #include <QStringList>
 #include <QtTest>
 
@@ -28,6 +29,14 @@ struct Open : KORMAK::OpenDocument {
         const auto refused = Change(changes, KORMAK::DocumentEdit::NewFindings::Accepted);
         QVERIFY2(refused.isEmpty(), qPrintable(refused.value(0).GetMessage()));
     }
+};
+
+/// A model that is watched for breaking the rules of models.
+template <class Model>
+struct Tested : Model {
+    using Model::Model;
+
+    QAbstractItemModelTester tester{this, QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
 /// The text of a tool tip, which is escaped.

@@ -3,8 +3,6 @@
 #include <models/ParameterFilter.h>
 #include <models/ParameterModel.h>
 
-#include <QAbstractItemModelTester>
-
 using namespace KORMAK;
 using namespace OpenExample;
 
@@ -23,9 +21,8 @@ struct Filtered {
     Filtered() { filter.setSourceModel(&model); }
 
     Open receiver{"receivers/hf-receiver.xml"};
-    ParameterModel model{receiver};
-    ParameterFilter filter;
-    QAbstractItemModelTester tester{&filter, QAbstractItemModelTester::FailureReportingMode::Fatal};
+    Tested<ParameterModel> model{receiver};
+    Tested<ParameterFilter> filter;
 };
 
 } // namespace
@@ -40,6 +37,7 @@ private Q_SLOTS:
     void showsWhatChanged();
     void showsAGroup();
     void listsGroups();
+    void hasProperties();
 };
 
 void ParameterFilterTest::showsAllAtFirst()
@@ -123,6 +121,37 @@ void ParameterFilterTest::listsGroups()
     QCOMPARE(groups.last(), QString());
     QCOMPARE(groups.count("Gain"), 1);
     QVERIFY(groups.contains("rx"));
+}
+
+void ParameterFilterTest::hasProperties()
+{
+    Filtered all;
+    all.model.SetGroups({{"AGCMode", "Gain"}});
+    QStringList told;
+    connect(&all.filter, &ParameterFilter::SearchChanged, [&told] { told += "search"; });
+    connect(&all.filter, &ParameterFilter::ShowChanged, [&told] { told += "show"; });
+    connect(&all.filter, &ParameterFilter::GroupChanged, [&told] { told += "group"; });
+
+    QVERIFY(!all.filter.property("group").isValid());
+    QVERIFY(all.filter.setProperty("group", "Gain"));
+    QCOMPARE(namesIn(all.filter), QStringList{"AGCMode"});
+    QVERIFY(all.filter.setProperty("group", "Gain"));
+    QCOMPARE(all.filter.property("group"), QVariant("Gain"));
+    QVERIFY(all.filter.setProperty("group", QVariant::fromValue(nullptr)));
+    QVERIFY(!all.filter.GetGroup());
+    QVERIFY(all.filter.setProperty("group", QString()));
+    QCOMPARE(all.filter.GetGroup(), std::optional(QString()));
+    QVERIFY(all.filter.setProperty("group", QVariant()));
+    QCOMPARE(std::exchange(told, {}), (QStringList{"group", "group", "group", "group"}));
+
+    QVERIFY(all.filter.setProperty("search", "agc"));
+    QVERIFY(all.filter.setProperty("search", "agc"));
+    QCOMPARE(all.filter.property("search"), QVariant("agc"));
+    QVERIFY(all.filter.setProperty("show", QVariant::fromValue(ParameterFilter::Show::Changed)));
+    QVERIFY(all.filter.setProperty("show", 1));
+    QCOMPARE(all.filter.property("show").toInt(), 1);
+    QCOMPARE(told, (QStringList{"search", "show"}));
+    QCOMPARE(all.filter.rowCount(), 0);
 }
 
 QTEST_GUILESS_MAIN(ParameterFilterTest)
