@@ -1,11 +1,9 @@
-// What views of a receiver of 10,000 parameters wait for, beside reading it for inspection. Medians of the
-// processor time and of the ratios of several rounds.
+// What views of a receiver of 10,000 parameters wait for, beside reading it for inspection.
 
+#include "BesideReading.h"
 #include "Documents.h"
 #include "Names.h"
-#include "Table.h"
 
-#include <inspection/Document.h>
 #include <models/FieldModel.h>
 #include <models/FindingModel.h>
 #include <models/OpenDocument.h>
@@ -13,8 +11,6 @@
 #include <models/ParameterModel.h>
 
 #include <algorithm>
-#include <ctime>
-#include <functional>
 #include <stdexcept>
 #include <vector>
 
@@ -22,21 +18,7 @@ namespace {
 
 using namespace KORMAK;
 
-constexpr int Rounds = 9;
 constexpr int VisibleRows = 50;
-
-double secondsOf(const std::function<void()> &operation)
-{
-    const std::clock_t begin = std::clock();
-    operation();
-    return static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
-}
-
-double median(std::vector<double> values)
-{
-    std::nth_element(values.begin(), values.begin() + values.size() / 2, values.end());
-    return values[values.size() / 2];
-}
 
 /// As a view does that shows its first rows.
 void show(const QAbstractItemModel &model, const QModelIndex &parent = {})
@@ -57,13 +39,6 @@ void expect(bool isTrue, const char *what)
         throw std::runtime_error(what);
 }
 
-struct Measured {
-    QString name;
-    std::function<void()> operation;
-    std::vector<double> seconds = {};
-    std::vector<double> ratios = {};
-};
-
 } // namespace
 
 int main()
@@ -78,7 +53,7 @@ int main()
     const QString path = model.index(Names::Large / 2, 0).data(ParameterModel::PathRole).toString();
 
     int edits = 0;
-    std::vector<Measured> all{
+    const std::vector<NamedOperation> all{
         {QStringLiteral("parameters, made and shown"),
          [&document] {
              const ParameterModel parameters(document);
@@ -114,17 +89,6 @@ int main()
     const FindingModel findings(document);
     show(fields, fields.GetIndex(QStringLiteral("Parameter")));
 
-    for (int round = 0; round < Rounds; ++round) {
-        const double reading = secondsOf([&text] { (void)Document(text); });
-        for (Measured &one : all) {
-            one.seconds.push_back(secondsOf(one.operation));
-            one.ratios.push_back(one.seconds.back() / reading);
-        }
-    }
-
-    Table table(QStringLiteral("Models of a receiver of 10,000 parameters, beside Document(text)"),
-                {QStringLiteral(""), QStringLiteral("ms"), QStringLiteral("of reading it")});
-    for (const Measured &one : all)
-        table.add({one.name, figure(median(one.seconds) * 1000, 1), figure(median(one.ratios), 3)});
-    table.print();
+    printBesideReading(QStringLiteral("Models of a receiver of 10,000 parameters, beside Document(text)"),
+                       text, all);
 }
