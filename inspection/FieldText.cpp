@@ -173,18 +173,26 @@ QDateTime dateOfText(const QString &text)
 
 } // namespace
 
-QString numberText(double value)
+namespace {
+
+bool isWhole(double value)
 {
     constexpr double MostWhole = 1e15;
-    const bool isWhole = std::abs(value) < MostWhole && value == std::floor(value);
-    return isWhole ? QString::number(value, 'f', 0)
-                   : QString::number(value, 'g', QLocale::FloatingPointShortest);
+    return std::abs(value) < MostWhole && value == std::floor(value);
+}
+
+} // namespace
+
+QString numberText(double value)
+{
+    return isWhole(value) ? QString::number(value, 'f', 0)
+                          : QString::number(value, 'g', QLocale::FloatingPointShortest);
 }
 
 QString numberText(float value)
 {
-    constexpr int Digits = 6;
-    return QString::number(static_cast<double>(value), 'g', Digits);
+    const auto same = static_cast<double>(value);
+    return isWhole(same) ? QString::number(same, 'f', 0) : TESSEL::shortestText(value);
 }
 
 std::optional<QString> shownText(const TextType &type, const FieldValue &value)

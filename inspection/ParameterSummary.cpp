@@ -56,8 +56,10 @@ QString shownNumber(const Parameter &parameter, Number value)
     const double divisor = DivisorOf(parameter);
     if (divisor == 1)
         return grouped(numberText(value));
-    constexpr int Digits = std::is_same_v<Number, float> ? 6 : 15;
     const double shown = static_cast<double>(value) / divisor;
+    if constexpr (std::is_same_v<Number, float>)
+        return grouped(numberText(static_cast<float>(shown)));
+    constexpr int Digits = 15;
     const QString text = QString::number(shown, 'g', Digits);
     return grouped(text.contains(QLatin1Char('e')) && std::abs(shown) < 1e15 && std::abs(shown) >= 1
                        ? QString::number(shown, 'f', 0)

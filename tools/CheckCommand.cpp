@@ -84,6 +84,9 @@ Known knownOf(const QCommandLineParser &parser)
             QStringLiteral("only one of --baseline and --write-baseline can be given, and only once")};
     if (given == 0)
         return Known::None;
+    if (parser.value(WriteBaselineOption.toString()) == StandardStream)
+        throw UsageError{
+            QStringLiteral("--write-baseline needs a file: standard output tells of the documents")};
     return parser.isSet(BaselineOption.toString()) ? Known::Read : Known::Recorded;
 }
 

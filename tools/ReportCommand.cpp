@@ -40,6 +40,13 @@ QList<QCommandLineOption> options()
         ReportOrder::option()));
 }
 
+/// Whether both are names of one file that there is.
+bool isSameFile(const QString &a, const QString &b)
+{
+    const QString canonical = QFileInfo(a).canonicalFilePath();
+    return !canonical.isEmpty() && canonical == QFileInfo(b).canonicalFilePath();
+}
+
 /// What a call asks for.
 struct Request {
     std::vector<ListedPath> paths;
@@ -65,13 +72,28 @@ Request requestOf(const QCommandLineParser &parser)
         throw UsageError{QStringLiteral("several documents need a folder to write to: -o OUT")};
     if (!isFolder && ReportOrder::isSet(parser))
         throw UsageError{QStringLiteral("--sort is for the index of a folder")};
+    if (!isFolder && isSameFile(arguments.constFirst(), output))
+        throw UsageError{QStringLiteral("the page would take the place of the document")};
     return {listedPaths(arguments, parser.isSet(RecursiveOption.toString())), output, isFolder,
             ReportOrder::of(parser), limitsOf(parser)};
 }
 
-/// Names for pages in one folder, each given once, whatever case matters there.
+/// Names for pages in one folder, each given once, whatever case matters there, and none that a document has.
 class PageNames {
 public:
+    PageNames(const QString &folder, const std::vector<ListedPath> &documents)
+    {
+        const QString place = QFileInfo(folder).canonicalFilePath();
+        for (const ListedPath &document : documents) {
+            const QFileInfo file(document.path);
+            if (document.kind == ListedPath::Kind::File && file.canonicalPath() == place)
+                taken.insert(file.fileName().toLower());
+        }
+    }
+
+    /// Whether a document has the name of the index.
+    [[nodiscard]] bool isIndexTaken() const { return taken.contains(IndexName.toString()); }
+
     QString nameFor(const QString &path)
     {
         QString stem =
@@ -80,14 +102,14 @@ public:
             stem = PathEncoding::shown(stem).replace(QLatin1Char('\\'), QLatin1Char('_'));
         QString name = stem + PageEnding.toString();
         int &number = numbers[stem.toLower()];
-        while (taken.contains(name.toLower()))
+        while (name.toLower() == IndexName || taken.contains(name.toLower()))
             name = QStringLiteral("%1-%2").arg(stem, QString::number(++number + 1)) + PageEnding.toString();
         taken.insert(name.toLower());
         return name;
     }
 
 private:
-    QSet<QString> taken{IndexName.toString()};
+    QSet<QString> taken;
     QHash<QString, int> numbers; ///< how many have been tried behind a name
 };
 
@@ -145,7 +167,12 @@ ExitStatus writeFolder(const Request &request)
         return Failed;
     }
     const QDir folder(request.output);
-    PageNames names;
+    PageNames names(request.output, request.paths);
+    if (names.isIndexTaken()) {
+        complainAbout(folder.filePath(IndexName.toString()),
+                      {QStringLiteral("is one of the documents, and the list of all would take its place")});
+        return Failed;
+    }
     ReportIndex index;
     ExitStatus worst = Good;
     for (const ListedPath &listed : request.paths) {

@@ -8,6 +8,7 @@
 #include <tools/Usage.h>
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QSettings>
 
 #include <algorithm>
@@ -64,6 +65,10 @@ SeveritySettings::SettingsFile settingsIn(const QString &path)
         complain(QStringLiteral("cannot be read: its name is not UTF-8"));
         return file;
     }
+    if (!QFileInfo::exists(path)) { // which QSettings takes for an empty one
+        complain(QStringLiteral("cannot be read: it is a link that leads nowhere"));
+        return file;
+    }
     const QSettings settings(path, QSettings::IniFormat);
     if (settings.status() != QSettings::NoError)
         complain(settings.status() == QSettings::AccessError
@@ -88,7 +93,7 @@ fs::path settingsFileAbove(fs::path folder)
 {
     for (std::error_code ignored;;) {
         fs::path file = folder / "kormak.ini";
-        if (fs::exists(file, ignored))
+        if (fs::exists(fs::symlink_status(file, ignored)))
             return file;
         if (folder == folder.parent_path())
             return {};

@@ -147,6 +147,7 @@ struct FileRows {
     std::vector<TableRow> rows = {};
     QByteArray complaints = {};
     ExitStatus status = Good;
+    const DocumentKind *kind = nullptr; ///< null: refused
     bool lacksParts = false; ///< there are none in documents of its kind
 };
 
@@ -200,6 +201,7 @@ private:
             return refused(file);
         const DocumentKind &kind = *file.check.kind;
         FileRows result{file.path};
+        result.kind = &kind;
         Subject subject{file.path, &kind, file.check.isComplete, kind.address(*file.check.object)};
         for (const auto &placed : file.check.findings) {
             if (request.concerns(placed.finding, subject))
@@ -250,6 +252,7 @@ public:
         Console::complainInBytes(file.complaints);
         worst = std::max(worst, file.status);
         filesWithoutParts += file.lacksParts ? 1 : 0;
+        emptyKind = emptyKind ? emptyKind : file.lacksParts ? nullptr : file.kind;
         if (!hasPlaceFor(file))
             return;
         if (request.sortField)
@@ -265,6 +268,8 @@ public:
         });
         for (const TableRow &row : rows)
             write(row);
+        if (!writtenKind && emptyKind && request.columns.empty() && request.format == OutputFormat::Csv)
+            writer.begin(request.columnsOf(*emptyKind)); // programs that read it need the names
         writer.end();
         if (filesWithoutParts > 0) {
             Console::complain(QStringLiteral("kormak table: %1: %2 of a kind that has no %3")
@@ -310,6 +315,8 @@ private:
     std::vector<TableRow> rows; ///< to be sorted
     const DocumentKind *firstKind = nullptr;
     const DocumentKind *writtenKind = nullptr; ///< of the last row
+    const DocumentKind *emptyKind =
+        nullptr; ///< of the first document, whose columns a table without rows has
     int filesWithoutParts = 0;
     ExitStatus worst = Good;
 };

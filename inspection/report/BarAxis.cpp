@@ -109,12 +109,12 @@ void writeBar(Html &html, const Bar &bar, const Axis &axis)
 void writeTicks(Html &html, const Axis &axis)
 {
     constexpr int Digits = 6;
+    constexpr std::size_t ManyLabels = 7; // on a small screen
+    const std::vector<double> &ticks = axis.ticks();
+    const std::size_t step = (ticks.size() + ManyLabels - 1) / ManyLabels;
     openDrawing(html, QStringLiteral("ticks"));
-    for (const double tick : axis.ticks()) {
-        const double share = axis.share(tick);
-        Svg::text(html, Svg::percent(share), QStringLiteral("12"), u"tick",
-                  QString::number(tick, 'g', Digits));
-    }
+    for (std::size_t i = 0; i < ticks.size(); i += step)
+        Svg::tickLabel(html, axis.share(ticks[i]), QString::number(ticks[i], 'g', Digits));
     html.close();
 }
 

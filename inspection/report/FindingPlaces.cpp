@@ -35,12 +35,28 @@ QString linkTo(const QString &id)
 
 } // namespace
 
+namespace {
+
+/// The path as pages know it: of a parameter whose name is empty they do not know whether it is given.
+QString knownPath(const QString &path)
+{
+    for (const QLatin1String parameter :
+         {QLatin1String("Parameter[]"), QLatin1String("GenericReceiver/Parameter[]")}) {
+        const auto end = parameter.size();
+        if (path.startsWith(parameter) && (path.size() == end || path.at(end) == QLatin1Char('/')))
+            return path.left(end - 2) + path.mid(end);
+    }
+    return path;
+}
+
+} // namespace
+
 FindingPlaces::FindingPlaces(const QVector<Finding> &findings)
     : all(findings), isNoted(static_cast<std::size_t>(findings.size()))
 {
     for (int i = 0; i < static_cast<int>(all.size()); ++i) {
         if (!all.at(i).GetPath().isEmpty())
-            open.emplace(all.at(i).GetPath(), i);
+            open.emplace(knownPath(all.at(i).GetPath()), i);
     }
 }
 
@@ -70,7 +86,7 @@ void FindingPlaces::writeNotes(Html &html, const QString &path)
         writeNote(html, index, QString());
     std::sort(found.begin(), found.end());
     for (const int index : found)
-        writeNote(html, index, all.at(index).GetPath().mid(path.size() + 1));
+        writeNote(html, index, knownPath(all.at(index).GetPath()).mid(path.size() + 1));
 }
 
 void FindingPlaces::writeNote(Html &html, int index, const QString &within)

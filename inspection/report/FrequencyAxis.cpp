@@ -59,22 +59,7 @@ void writeTicks(Html &html)
     double hertz = First;
     constexpr double Decade = 10;
     for (double border = 0; border <= BandCount; ++border) {
-        const double share = border / BandCount;
-        const bool isFirst = border == 0;
-        const bool isLast = border == BandCount;
-        html.element(u"text", frequencyText(hertz),
-                     {{u"x", Svg::percent(share)},
-                      {u"y", QStringLiteral("12")},
-                      {u"dx",
-                       isFirst      ? QStringLiteral("-8")
-                           : isLast ? QStringLiteral("8")
-                                    : QStringLiteral("0")},
-                      {u"class", QStringLiteral("tick")},
-                      {u"text-anchor",
-                       isFirst      ? QStringLiteral("start")
-                           : isLast ? QStringLiteral("end")
-                                    : QStringLiteral("middle")}});
-
+        Svg::tickLabel(html, border / BandCount, frequencyText(hertz));
         hertz *= Decade;
     }
     html.close();
@@ -85,7 +70,8 @@ void writeRange(Html &html, const FrequencyRange &range)
     const bool isRange = range.least <= range.most;
     QString text = QStringLiteral("%1 to %2").arg(frequencyText(range.least), frequencyText(range.most));
     if (!std::isnan(range.standard))
-        text += QStringLiteral(", default ") + frequencyText(range.standard);
+        text += QStringLiteral(", default ")
+            + (std::isfinite(range.standard) ? frequencyText(range.standard) : numberText(range.standard));
     html.open(u"p", {{u"class", QStringLiteral("bar-name")}})
         .element(u"strong", range.name)
         .text(u" ")
@@ -93,19 +79,23 @@ void writeRange(Html &html, const FrequencyRange &range)
         .close();
     openDrawing(html, u"track");
     writeGrid(html);
-    if (isRange) {
+    const bool isBelow = isRange && range.most < First;
+    const bool isAbove = isRange && range.least > Last;
+    if (isRange && !isBelow && !isAbove) {
         const double from = shareOf(range.least);
         const double to = shareOf(range.most);
         constexpr double LeastWidth = 0.004; // so that a narrow range can be seen
         Svg::rectangle(html, Svg::percent(std::min(from, 1 - LeastWidth)), QStringLiteral("3"),
                        Svg::percent(std::max(to - from, LeastWidth)), QStringLiteral("10"), u"range");
-        if (range.least < First)
-            Svg::text(html, QStringLiteral("0"), QStringLiteral("12"), u"beyond", QString(QChar(0x25C2)),
-                      u"start");
-        if (range.most > Last)
-            Svg::text(html, QStringLiteral("100%"), QStringLiteral("12"), u"beyond", QString(QChar(0x25B8)),
-                      u"end");
     }
+    const auto arrow = [&html](const QString &x, char16_t shape, QStringView anchor, bool isAlone) {
+        Svg::text(html, x, QStringLiteral("12"), isAlone ? u"beyond alone" : u"beyond", QString(QChar(shape)),
+                  anchor);
+    };
+    if (isRange && range.least < First)
+        arrow(QStringLiteral("0"), u'\u25C2', u"start", isBelow);
+    if (isRange && range.most > Last)
+        arrow(QStringLiteral("100%"), u'\u25B8', u"end", isAbove);
     if (range.standard >= First && range.standard <= Last) {
         const QString x = Svg::percent(shareOf(range.standard));
         Svg::line(html, x, QStringLiteral("0"), x, QStringLiteral("16"), u"marked");

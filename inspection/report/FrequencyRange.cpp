@@ -15,7 +15,8 @@ template <class Handler>
 FrequencyRange rangeOf(const Handler &handler, double hertz)
 {
     const auto limit = [hertz](auto value) {
-        return isLimit(value) ? static_cast<double>(value) * hertz : std::copysign(HUGE_VAL, value);
+        const auto number = static_cast<double>(value);
+        return isLimit(value) || std::isnan(number) ? number * hertz : std::copysign(HUGE_VAL, number);
     };
     return {{},
             limit(handler.GetMinimum()),

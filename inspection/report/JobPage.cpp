@@ -33,6 +33,7 @@ void writeOrder(Html &html, const Job &job)
     const QDateTime creation = header.GetCreation().toUTC();
     const auto resource = job.GetResourceType();
     const QLocale words = QLocale::c();
+    openSection(html, QStringLiteral("In short"));
     html.open(u"ul", {{u"class", QStringLiteral("tiles")}});
     writeTile(html, QStringLiteral("What"),
               JobType::IsValidJobType(type) ? JobType::JobTypeToName(type) : QString());
@@ -53,6 +54,7 @@ void writeOrder(Html &html, const Job &job)
         writeProse(html, header.GetDescription());
         html.close();
     }
+    html.close();
 }
 
 void writeAntenna(Html &html, const Job &job)

@@ -20,12 +20,18 @@ QString nameOfType(const Parameter &parameter)
     return name.isEmpty() ? QStringLiteral("no type") : name;
 }
 
+/// What it is called where it has no name.
+QString nameOf(const ParameterSummary &summary)
+{
+    return summary.name.isEmpty() ? QStringLiteral("Parameter without a name") : summary.name;
+}
+
 void writeName(const Page &page, const Parameter &parameter, const ParameterSummary &summary,
                const QString &path)
 {
     Html &html = page.html;
     html.open(u"th", {{u"scope", QStringLiteral("row")}});
-    html.text(summary.name);
+    html.element(u"span", nameOf(summary));
     if (!parameter.IsEnabled())
         html.text(u" ").element(u"span", QStringLiteral("disabled"), {{u"class", QStringLiteral("badge")}});
     if (!parameter.GetToolTip().isEmpty()) {
@@ -35,9 +41,9 @@ void writeName(const Page &page, const Parameter &parameter, const ParameterSumm
     }
     html.open(u"small");
     if (!parameter.GetDisplayName().isEmpty())
-        html.text(parameter.GetUniqueParameterName()).text(u" · ");
+        html.element(u"span", parameter.GetUniqueParameterName()).text(u" · ");
     if (!parameter.GetRepresenationName().isEmpty())
-        html.text(parameter.GetRepresenationName()).text(u" · ");
+        html.element(u"span", parameter.GetRepresenationName()).text(u" · ");
     html.text(nameOfType(parameter)).close();
     page.findings.writeNotes(html, path);
     html.close();
@@ -133,8 +139,10 @@ void writeFrequencies(Html &html, const GenericReceiver &receiver)
         if (!range)
             continue;
         ++count;
-        if (ranges.size() < Most)
+        if (ranges.size() < Most) {
             ranges.push_back(*range);
+            ranges.back().name = nameOf(ParameterSummary(parameter));
+        }
     }
     if (ranges.empty())
         return;
@@ -160,6 +168,7 @@ void writeReceiver(const Page &page, const GenericReceiver &receiver)
     for (const Parameter &parameter : receiver.GetParameterList())
         groups[GroupOf(parameter)].push_back(&parameter);
     Html &html = page.html;
+    openSection(html, QStringLiteral("In short"));
     html.element(
         u"p",
         counted(receiver.GetParameterList().size(), QStringLiteral("parameter")) + QStringLiteral(" in ")
@@ -178,6 +187,7 @@ void writeReceiver(const Page &page, const GenericReceiver &receiver)
         }
         html.close().close();
     }
+    html.close();
     writeFrequencies(html, receiver);
     int number = 0;
     for (const auto &[group, parameters] : groups) {

@@ -6,13 +6,17 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <utility>
 
 namespace KORMAK::Inspection {
 
 void writeSource(Html &html, const QByteArray &source, const std::vector<qint64> &marked)
 {
-    QStringList lines =
-        TESSEL::decodeUtf8(source.mid(static_cast<int>(byteOrderMarkSize(source)))).split(QLatin1Char('\n'));
+    // Lines are those of TextPositions: each of the three line ends ends one.
+    QStringList lines = TESSEL::decodeUtf8(source.mid(static_cast<int>(byteOrderMarkSize(source))))
+                            .replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
+                            .replace(QLatin1Char('\r'), QLatin1Char('\n'))
+                            .split(QLatin1Char('\n'));
     if (lines.constLast().isEmpty() && lines.size() > 1
         && (marked.empty() || marked.back() < lines.size())) // what ends the last line begins no other one
         lines.removeLast();
@@ -22,10 +26,8 @@ void writeSource(Html &html, const QByteArray &source, const std::vector<qint64>
         {{u"class", lines.size() < ManyLines ? QStringLiteral("source") : QStringLiteral("source long")}});
     auto next = marked.begin();
     qint64 number = 0;
-    for (QString &line : lines) {
+    for (const QString &line : std::as_const(lines)) {
         ++number;
-        if (line.endsWith(QLatin1Char('\r')))
-            line.chop(1);
         next = std::lower_bound(next, marked.end(), number);
         if (next != marked.end() && *next == number)
             html.single(u"li",

@@ -21,6 +21,7 @@ QStringView stylesheet()
 * { box-sizing: border-box; }
 html { background: var(--back); color: var(--text); font: 16px/1.5 system-ui, sans-serif; -webkit-text-size-adjust: 100%; }
 body { margin: 0 auto; max-width: 64rem; padding: 1.5rem 1rem 3rem; overflow-wrap: anywhere; }
+a, code, li, p, small, span, strong, td, th, h1, h2 { unicode-bidi: isolate; }
 a { color: var(--accent); }
 h1 { font-size: 1.75rem; line-height: 1.2; margin: 0.1em 0 0.35em; }
 h2 { font-size: 1.2rem; line-height: 1.3; margin: 0 0 0.6em; }
@@ -91,6 +92,7 @@ svg .band-name { font-size: 11px; font-weight: 600; }
 .range { fill: var(--accent); }
 .marked { stroke: var(--marked); stroke-width: 3; }
 svg .beyond { fill: var(--back); font-size: 13px; }
+svg .beyond.alone { fill: var(--accent); }
 svg .tick { fill: var(--muted); font-size: 11px; }
 .bar { width: 100%; max-width: 16rem; height: 12px; margin-top: 0.15rem; background: linear-gradient(var(--line), var(--line)) 0 5px / 100% 2px no-repeat; overflow: visible; }
 .bar .fill { fill: var(--accent); }
@@ -125,7 +127,9 @@ svg .place { font-size: 11px; }
 .source.long { padding-left: 6em; }
 .source li::marker { color: var(--muted); }
 .source .hit { background: color-mix(in srgb, var(--warning) 18%, transparent); }
-.index td { overflow-wrap: break-word; }
+.index { table-layout: fixed; }
+.index th:first-child { width: 24%; }
+.index th:nth-child(4) { width: 15%; }
 .index th small { display: block; }
 .badge.good { color: var(--good); }
 .badge.warning { color: var(--warning); }

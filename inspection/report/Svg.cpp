@@ -24,6 +24,28 @@ void text(Html &html, const QString &x, const QString &y, QStringView look, cons
                  {{u"x", x}, {u"y", y}, {u"class", look.toString()}, {u"text-anchor", anchor.toString()}});
 }
 
+void tickLabel(Html &html, double share, const QString &content)
+{
+    // What begins or ends the axis stands a little beyond it, as the page has room for; a digit has room
+    // anyway.
+    constexpr int FewCharacters = 2;
+    const bool isLong = content.size() > FewCharacters;
+    const bool isFirst = isLong && share <= 0;
+    const bool isLast = isLong && share >= 1;
+    html.element(u"text", content,
+                 {{u"x", percent(share)},
+                  {u"y", QStringLiteral("12")},
+                  {u"dx",
+                   isFirst      ? QStringLiteral("-8")
+                       : isLast ? QStringLiteral("8")
+                                : QStringLiteral("0")},
+                  {u"class", QStringLiteral("tick")},
+                  {u"text-anchor",
+                   isFirst      ? QStringLiteral("start")
+                       : isLast ? QStringLiteral("end")
+                                : QStringLiteral("middle")}});
+}
+
 void line(Html &html, const QString &x1, const QString &y1, const QString &x2, const QString &y2,
           QStringView look)
 {

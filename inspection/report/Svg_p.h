@@ -17,6 +17,8 @@ namespace KORMAK::Inspection::Svg {
 /// A text at \a x, which is a number or a share, in the class \a look.
 void text(Html &html, const QString &x, const QString &y, QStringView look, const QString &content,
           QStringView anchor = u"middle");
+/// The text of a tick at \a share of the width: inside the drawing at both of its ends.
+void tickLabel(Html &html, double share, const QString &content);
 void line(Html &html, const QString &x1, const QString &y1, const QString &x2, const QString &y2,
           QStringView look);
 void rectangle(Html &html, const QString &x, const QString &y, const QString &width, const QString &height,

@@ -72,7 +72,7 @@ void FieldTextTest::shown_data()
     QTest::newRow("not set") << ofType(Kind::Text) << FieldValue() << "(none)";
     QTest::newRow("bool") << ofType(Kind::Boolean) << FieldValue(true) << "yes";
     QTest::newRow("unit") << ofType(Kind::LongLong, u"dB") << FieldValue(qint64(3)) << "3 dB";
-    QTest::newRow("float") << ofType(Kind::Float) << FieldValue(0.1234567F) << "0.123457";
+    QTest::newRow("float") << ofType(Kind::Float) << FieldValue(0.1234567F) << "0.1234567";
     QTest::newRow("double") << ofType(Kind::Double) << FieldValue(0.1234567) << "0.1234567";
     QTest::newRow("frequency") << ofType(Kind::Double, u"Hz") << FieldValue(2.4e9)
                                << "2400000000 Hz (2.4 GHz)";

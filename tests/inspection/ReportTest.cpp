@@ -50,6 +50,15 @@ QByteArray parameter(const QByteArray &name, const QByteArray &representation, c
         + "</RepresentationName><ValueType>ValueNumericInt</ValueType>" + rest + "</Parameter>";
 }
 
+QByteArray frequency(const QByteArray &least, const QByteArray &most, const QByteArray &standard)
+{
+    return receiverWith("<Parameter Version='1.0' UniqueName='F'><RepresentationName>a.f</RepresentationName>"
+                        "<ValueType>ValueFrequency</ValueType><DisplaySuffix>Hz</DisplaySuffix>"
+                        "<ParameterType>Double</ParameterType><Double><Minimum>"
+                        + least + "</Minimum><Maximum>" + most + "</Maximum><Default>" + standard
+                        + "</Default></Double></Parameter>");
+}
+
 ReportIndex::Entry entry(const QString &name, const QString &kind, bool isAccepted, bool isComplete,
                          int errors, int warnings, const QString &author, const QDateTime &creation,
                          const QString &resource)
@@ -69,6 +78,12 @@ private Q_SLOTS:
     void seen();
     void shapes_data();
     void shapes();
+    void linesOfSource_data();
+    void linesOfSource();
+    void findingsOfNamelessParameters_data();
+    void findingsOfNamelessParameters();
+    void oddFrequencies();
+    void everythingHasItsHeading();
     void findingsAreLinked();
     void findingsWithoutPlaces();
     void everyFindingIsListed();
@@ -247,6 +262,13 @@ void ReportTest::shapes_data()
     QTest::newRow("an empty range") << QByteArray(job).replace("30000000", "30") << "class=\"range\"" << 0;
     QTest::newRow("a range beyond the axis")
         << QByteArray(job).replace("1500000", "0").replace("30000000", "1e12") << "class=\"beyond\"" << 2;
+    const QByteArray above = QByteArray(job).replace("1500000", "4e10").replace("30000000", "9e10");
+    QTest::newRow("a range above the axis") << above << "class=\"beyond alone\"" << 1;
+    QTest::newRow("none of it on the axis") << above << "class=\"range\"" << 0;
+    QTest::newRow("a range below the axis")
+        << QByteArray(job).replace("1500000", "1").replace("30000000", "20") << "class=\"beyond alone\"" << 1;
+    const QByteArray noLimits = frequency("nan", "nan", "inf");
+    QTest::newRow("limits that are no numbers") << noLimits << "class=\"range\"" << 0;
     QTest::newRow("map") << fileText(EXAMPLES_DIR "/settings/automatic-workflow-with-area.xml")
                          << "<path class=\"area\"" << 1;
     QTest::newRow("bars") << fileText(EXAMPLES_DIR "/settings/activity-generation.xml") << "class=\"range\""
@@ -263,6 +285,71 @@ void ReportTest::shapes()
     QFETCH(QString, shape);
     const QString page = pageOf(document);
     QTEST(int(page.mid(page.indexOf("<body>")).count(shape)), "count");
+}
+
+/// Where they are is told by their lines, whatever ends them.
+void ReportTest::linesOfSource_data()
+{
+    QTest::addColumn<QByteArray>("ends");
+
+    QTest::newRow("LF") << QByteArray("\n\n\n");
+    QTest::newRow("CR LF") << QByteArray("\r\n\r\n\r\n");
+    QTest::newRow("CR") << QByteArray("\r\r\r");
+    QTest::newRow("mixed") << QByteArray("\r\r\n\n");
+}
+
+void ReportTest::linesOfSource()
+{
+    QFETCH(QByteArray, ends);
+    const QByteArray text = "<Job Version='1.0'>" + ends + "<Oddity/></Job>";
+    const QString page = pageOf(text);
+    QVERIFY(page.contains("<a href=\"#L4\">line 4, column 1</a>"));
+    QVERIFY2(page.contains("<li id=\"L4\" class=\"hit\">&lt;Oddity/&gt;"), qPrintable(page.right(900)));
+    QCOMPARE(page.mid(page.indexOf("<ol class=\"source")).count("<li"), 4);
+}
+
+/// Also beside a parameter that has no name, whether it says so or not.
+void ReportTest::findingsOfNamelessParameters_data()
+{
+    QTest::addColumn<QByteArray>("document");
+
+    const QByteArray rest = "><ValueType>Odd</ValueType></Parameter>";
+    QTest::newRow("empty") << receiverWith("<Parameter Version='1.0' UniqueName=''" + rest);
+    QTest::newRow("missing") << receiverWith("<Parameter Version='1.0'" + rest);
+    QTest::newRow("alone, empty") << QByteArray("<Parameter Version='1.0' UniqueName=''" + rest);
+    QTest::newRow("alone, missing") << QByteArray("<Parameter Version='1.0'" + rest);
+}
+
+void ReportTest::findingsOfNamelessParameters()
+{
+    QFETCH(QByteArray, document);
+    const QString page = pageOf(document);
+    QVERIFY(page.count("<li id=\"finding-") >= 4);
+    QCOMPARE(page.count("class=\"note "), page.count("<li id=\"finding-"));
+    QVERIFY(page.contains("Parameter without a name"));
+    QVERIFY(page.contains("<code>ValueType</code>: &quot;Odd&quot;")
+            || page.contains(": &quot;Odd&quot; is not"));
+}
+
+/// A frequency that is no number, or beyond all, is not one that is not limited.
+void ReportTest::oddFrequencies()
+{
+    const QString page = pageOf(frequency("nan", "nan", "inf"));
+    QVERIFY2(page.contains("not set to not set, default inf"), qPrintable(seenOn(page)));
+    QVERIFY(pageOf(frequency("-inf", "1e6", "1e5")).contains("no limit to 1\u00A0MHz, default 100\u00A0kHz"));
+}
+
+/// What the headings of a page tell a screen reader: nothing stands under Findings that is none.
+void ReportTest::everythingHasItsHeading()
+{
+    for (const char *const name : {"jobs/surveillance-mc-hf.xml", "receivers/hf-receiver.xml"}) {
+        const QString page = pageOf(
+            fileText(QString(EXAMPLES_DIR "/") + name).replace(" Version=\"1.0\"", " Version=\"odd\""));
+        const auto findings = page.indexOf("<section id=\"findings\"");
+        QVERIFY(findings > 0);
+        const QString next = "</section><section><h2>In short</h2>";
+        QCOMPARE(page.mid(page.indexOf("</section>", findings), next.size()), next);
+    }
 }
 
 /// From the list to the place and back, and to the line of the source.

@@ -169,6 +169,10 @@ void BaselineTest::whatCannotBeRead()
     QCOMPARE(made.status, 2);
     QCOMPARE(folder.read("known.json"), QString("{\"version\": 1, \"findings\": [\n]}\n"));
     folder.write("a.xml", jobWithoutAuthor());
+    const Run mixed = folder.run({"check", "--write-baseline", "-", "a.xml"});
+    QCOMPARE(mixed.out, QString());
+    QVERIFY(mixed.err.contains("--write-baseline needs a file: standard output tells of the documents"));
+    QCOMPARE(mixed.status, 2);
     const Run unwritten = folder.run({"check", "--write-baseline", "no folder/known.json", "a.xml"});
     QVERIFY2(unwritten.err.startsWith("no folder/known.json: error: cannot be written: "),
              qPrintable(unwritten.err));

@@ -12,6 +12,7 @@ private Q_SLOTS:
     void faulty();
     void folder();
     void namesOfPages();
+    void documentsStay();
     void sorted_data();
     void sorted();
     void unreadable();
@@ -99,6 +100,38 @@ void ReportCommandTest::namesOfPages()
              (QStringList{"a b%.html", "index-2.html", "index-3.html", "index.html", "x-2.html", "x-3.html",
                           "X.html"}));
     QVERIFY(folder.read("pages/index.html").contains("<a href=\"a%20b%25.html\">"));
+}
+
+/// No page takes the place of a document, whatever that is called.
+void ReportCommandTest::documentsStay()
+{
+    const Folder folder;
+    QDir(folder.path(".")).mkpath("below");
+    for (const char *const name : {"a.HTML", "a.xml", "page.html", "index.html"})
+        folder.write(name, completeJob());
+    const Run one = folder.run({"report", "-o", "./page.html", "page.html"});
+    QCOMPARE(one.status, 2);
+    QCOMPARE(one.err.section('\n', 0, 0),
+             QString("kormak report: the page would take the place of the document"));
+    QVERIFY(QFile::link("page.html", folder.path("link.html")));
+    QCOMPARE(folder.run({"report", "-o", "link.html", "page.html"}).status, 2);
+
+    const QStringList all{"report", "-o", ".", "a.HTML", "a.xml", "below/../page.html"};
+    const Run withIndex = folder.run(all + QStringList{"index.html"});
+    QCOMPARE(
+        withIndex.err,
+        QString("./index.html: error: is one of the documents, and the list of all would take its place\n"));
+    QCOMPARE(withIndex.status, 2);
+    QCOMPARE(folder.names(),
+             (QStringList{"a.HTML", "a.xml", "below", "index.html", "link.html", "page.html"}));
+
+    QVERIFY(QFile::remove(folder.path("index.html")));
+    QCOMPARE(folder.run(all).status, 0);
+    for (const char *const name : {"a.HTML", "a.xml", "page.html"})
+        QCOMPARE(folder.read(name), QString(completeJob()));
+    QCOMPARE(folder.names(),
+             (QStringList{"a-2.html", "a-3.html", "a.HTML", "a.xml", "below", "index.html", "link.html",
+                          "page-2.html", "page.html"}));
 }
 
 void ReportCommandTest::sorted_data()

@@ -144,6 +144,17 @@ void ReportPagesTest::pages()
     report(folder, "nowhere", workflowWith({{95, 16.4}}), {{".missing", "There is no map of the area"}});
     report(folder, "generation", example("settings/activity-generation.xml"),
            {{"figcaption", "logarithmic"}, {".track .range", 12}, {"td", "On Energy Detection"}});
+    report(folder, "durations",
+           "<ActivityGeneration "
+           "Version='2.2'><Mode>AGED</Mode><LevelMinBurstDuration>1e-6</LevelMinBurstDuration>"
+           "<LevelMaxBreakDuration>1e9</LevelMaxBreakDuration><DDemMinBurstDuration>-1</DDemMinBurstDuration>"
+           "</ActivityGeneration>",
+           {{".ticks text", "-5e+08"}});
+    report(
+        folder, "great-durations",
+        "<ActivityGeneration Version='2.2'><Mode>AGED</Mode><LevelMinBurstDuration>1</LevelMinBurstDuration>"
+        "<LevelMaxBreakDuration>3e38</LevelMaxBreakDuration></ActivityGeneration>",
+        {{"figcaption", "logarithmic"}});
     report(folder, "receiver", example("receivers/hf-receiver.xml"),
            {{".lead", "61 parameters in 12 groups"},
             {"nav a", "scan"},
@@ -170,8 +181,14 @@ void ReportPagesTest::pages()
     folder.write("list.html", folder.read("list/index.html").toUtf8());
     folder.write("list.json",
                  R"([["th a", "settings/activity-generation.xml"], ["tbody tr", 60], ["td", "M. Keller"]])");
+    const QByteArray longAuthor(200, 'A');
+    QVERIFY(QDir(folder.path(".")).mkpath("others"));
+    folder.write("others/job.xml", example("jobs/surveillance-mc-hf.xml").replace("M. Keller", longAuthor));
+    QCOMPARE(folder.run({"report", "-o", "other-list", "others"}).status, 0);
+    folder.write("other-list.html", folder.read("other-list/index.html").toUtf8());
+    folder.write("other-list.json", R"([["td", "AAAAAAAA"], ["th", "Document"]])");
     const QString faults = faultsOf(folder);
-    QVERIFY2(faults == "17 pages\n", qPrintable(faults));
+    QVERIFY2(faults == "20 pages\n", qPrintable(faults));
 }
 
 void ReportPagesTest::faultsAreNoticed_data()

@@ -14,6 +14,7 @@ private Q_SLOTS:
     void nextFileAbove();
     void faultySettings_data();
     void faultySettings();
+    void settingsThatLeadNowhere();
     void wrongCalls_data();
     void wrongCalls();
 };
@@ -180,6 +181,18 @@ void SeveritySettingsTest::faultySettings()
     QCOMPARE(run.err.count("kormak.ini"), 1);
     QVERIFY(run.err.contains("a.xml:11:9: warning: "));
     QVERIFY(run.out.endsWith("3 files: 2 good, 1 with warnings\n"));
+    QCOMPARE(run.status, 2);
+}
+
+/// A link to what is not there is no file that is missing.
+void SeveritySettingsTest::settingsThatLeadNowhere()
+{
+    const Folder folder;
+    QVERIFY(QFile::link("team.ini", folder.path("kormak.ini")));
+    folder.write("a.xml", completeJob());
+    const Run run = folder.run({"check", "a.xml"});
+    QVERIFY2(run.err.contains("/kormak.ini: error: cannot be read: it is a link that leads nowhere"),
+             qPrintable(run.err));
     QCOMPARE(run.status, 2);
 }
 

@@ -220,7 +220,7 @@ void ShowCommandTest::documents_data()
            "Database: demodulator results:                not set (document says \"\")\n"
            "Database: classifier results:                 not set (document says \"\")\n"
            "Cut at locations:                             yes\n"
-           "Session close time:                           0.123457\n"
+           "Session close time:                           0.12345679\n"
            "Restart attachments on session close:         no\n";
     QTest::newRow("receiver")
         << completeReceiver()
@@ -364,7 +364,7 @@ void ShowCommandTest::parameterTypes_data()
                                     "Maximum length: 8\n";
     QTest::newRow("float") << QByteArray("<Float><Maximum>0.1234567</Maximum></Float>") << "Float"
                            << "Minimum: none\n"
-                              "Maximum: 0.123457\n"
+                              "Maximum: 0.1234567\n"
                               "Default: 0\n"
                               "Decimals: 2\n";
     QTest::newRow("enumeration without entries") << QByteArray("<Enum/>") << "Enum"
