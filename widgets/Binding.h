@@ -32,12 +32,18 @@ class OpenDocument;
 /// | QDateTimeEdit | time stamps in a unit of time, in UTC |
 /// | QLineEdit | everything but booleans, enumerations and lists |
 ///
-/// Values outside the limits are shown, and decimals are not cut off. A control that cannot show a value as
-/// it is, or whose parameter is disabled or gone, is disabled, and its tool tip says why. What is being typed
-/// stays when the document changes, and OpenDocument::TakeOpenEdits() takes it. The wheel changes nothing in
-/// a control that does not have the focus.
+/// Values outside the limits are shown and marked, and decimals are not cut off. A control that cannot show a
+/// value as it is, or whose parameter is disabled or gone, is disabled, and its tool tip says why. The wheel
+/// changes nothing in a control that does not have the focus. A control without an accessible name and
+/// without a label is called as its parameter is.
 ///
-/// Called again for \a parent, it connects anew. Both may be destroyed in any order.
+/// What is being typed stays when the document changes, and OpenDocument::TakeOpenEdits() takes it. What is
+/// no value, or is refused, stays too and is marked; but spin boxes and QDateTimeEdit put it back when they
+/// lose the focus, as they always do, and OpenDocument::Refused() tells. It also tells of what was typed for
+/// a parameter that can be set no longer. Another document drops it.
+///
+/// Called again for \a parent, it connects anew. Both may be destroyed in any order, and by what hears of a
+/// change.
 /// \return what is not connected, and why, for people: "kormak_Gian: there is no parameter Gian"; empty when
 /// everything is
 [[nodiscard]] WIDGETS_EXPORT QStringList Bind(QWidget &parent, OpenDocument &receiver);

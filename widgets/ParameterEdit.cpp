@@ -15,6 +15,8 @@
 #include <QStyleOptionComboBox>
 #include <QToolTip>
 
+#include <utility>
+
 namespace KORMAK {
 
 namespace {
@@ -97,7 +99,11 @@ struct ParameterEdit::Private {
     std::unique_ptr<Control> control;
     MarkLabel *mark = nullptr;
     QString note;
-    QString problem; // of a control that is no line
+    // Of a control that is no line:
+    QString problem;
+    QString refusal; // of what was chosen
+    QVariant known; // the value as it was set or told last
+    QVariant former; // the one before it
 
     [[nodiscard]] ValueEdit *line() const { return control ? control->line() : nullptr; }
 
@@ -240,7 +246,11 @@ ParameterEdit::ParameterEdit(QWidget *parent) : QWidget(parent), d(std::make_uni
     d->mark = new MarkLabel(this);
     layout->addWidget(d->mark);
     layout->addStretch(0);
-    connect(this, &ParameterEdit::Finished, this, [this] { SetNote(d->note); });
+    connect(this, &ParameterEdit::Finished, this, [this] {
+        d->former = std::exchange(d->known, GetValue());
+        d->refusal.clear();
+        tell();
+    });
 }
 
 ParameterEdit::~ParameterEdit()
@@ -280,8 +290,14 @@ void ParameterEdit::SetParameter(const Parameter &parameter)
 
 void ParameterEdit::makeControl()
 {
-    if (d->control)
-        delete d->control->widget();
+    if (d->control) {
+        // Later: it may be what has just told that its value is another one.
+        QWidget *const former = d->control->widget();
+        disconnect(former, nullptr, this, nullptr);
+        former->hide();
+        former->setParent(nullptr);
+        former->deleteLater();
+    }
     setFocusProxy(nullptr);
     d->control = Private::make(d->kind, *this);
     if (!d->control)
@@ -303,6 +319,8 @@ QVariant ParameterEdit::GetValue() const
 
 void ParameterEdit::SetValue(const QVariant &value)
 {
+    d->known = value;
+    d->refusal.clear();
     if (d->control)
         d->control->setValue(value);
     SetNote(d->note);
@@ -316,6 +334,17 @@ bool ParameterEdit::IsOpen() const
 bool ParameterEdit::Take()
 {
     return !d->line() || d->line()->Take();
+}
+
+void ParameterEdit::Refuse(const QString &reason)
+{
+    if (d->line()) {
+        d->line()->Refuse(reason);
+        return;
+    }
+    SetValue(d->former);
+    d->refusal = reason;
+    tell();
 }
 
 void ParameterEdit::Discard()
@@ -332,13 +361,21 @@ QString ParameterEdit::GetProblem() const
 void ParameterEdit::SetNote(const QString &note)
 {
     d->note = note;
+    tell();
+}
+
+void ParameterEdit::tell()
+{
     if (d->line()) {
-        d->line()->SetNote(note);
+        d->line()->SetNote(d->note);
         d->mark->hide();
         return;
     }
-    const QString problem = d->control ? Widgets::problemOf(d->parameter, GetValue(), locale()) : QString();
-    d->problem = problem.isEmpty() ? note : problem;
+    d->problem = d->refusal;
+    if (d->problem.isEmpty() && d->control)
+        d->problem = Widgets::problemOf(d->parameter, GetValue(), locale());
+    if (d->problem.isEmpty())
+        d->problem = d->note;
     const bool isMarked = !d->problem.isEmpty();
     d->mark->setVisible(!(d->control && d->control->mark(isMarked)) && isMarked);
     if (d->control)

@@ -46,8 +46,11 @@ public:
     /// Whether something was typed that is not taken yet.
     [[nodiscard]] bool IsOpen() const;
     /// Takes what was typed.
-    /// \return false when it is no value: it stays as it was typed
+    /// \return false when it is no value, or was refused: it stays as it was typed
     bool Take();
+    /// For who heard of Finished() and cannot use the value, as ValueEdit::Refuse(); of a check box or a
+    /// choice the value of before stands there again. \a reason tells why until the value is set again.
+    void Refuse(const QString &reason);
     /// Forgets what was typed: the value stands there again.
     void Discard();
 
@@ -73,6 +76,7 @@ private:
     struct Private;
 
     WIDGETS_NO_EXPORT void makeControl();
+    WIDGETS_NO_EXPORT void tell();
 
     std::unique_ptr<Private> d;
 };

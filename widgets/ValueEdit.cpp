@@ -6,6 +6,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <QToolTip>
@@ -31,13 +32,16 @@ struct ValueEdit::Private {
     QString shown; // the text of the value
     QString unit;
     QString note;
-    bool isUnreadable = false; // what was typed
+    bool isNotTaken = false; // what was typed: it is no value, or was refused
     QString problem; // that is told
+    QVariant former; // the value before the last one that was typed
+    QString typed; // as which it was typed
+    QString refusal; // of what was typed; empty: it was not refused
     int wheelAngle = 0;
 
     [[nodiscard]] ValueMark mark() const
     {
-        if (isUnreadable)
+        if (isNotTaken)
             return ValueMark::Error;
         return problem.isEmpty() ? ValueMark::None : ValueMark::Warning;
     }
@@ -60,6 +64,12 @@ QVariant ValueEdit::GetValue() const
 }
 
 void ValueEdit::SetValue(const QVariant &value)
+{
+    d->refusal.clear();
+    showValue(value);
+}
+
+void ValueEdit::showValue(const QVariant &value)
 {
     d->value = value;
     Discard();
@@ -89,11 +99,21 @@ bool ValueEdit::Take()
     const Reading reading = Read(text());
     if (!reading.value.isValid())
         return false;
-    const bool isOther = reading.value != d->value;
+    d->typed = text();
+    d->former = d->value;
     SetValue(reading.value);
-    if (isOther)
-        Q_EMIT Finished();
-    return true;
+    if (d->former == d->value)
+        return true;
+    const QPointer<ValueEdit> self(this);
+    Q_EMIT Finished();
+    return !self || !IsOpen();
+}
+
+void ValueEdit::Refuse(const QString &reason)
+{
+    d->refusal = reason;
+    showValue(d->former);
+    setText(d->typed);
 }
 
 void ValueEdit::Discard()
@@ -185,9 +205,11 @@ bool ValueEdit::event(QEvent *event)
 void ValueEdit::focusOutEvent(QFocusEvent *event)
 {
     // A context menu or a popup over the line takes the focus, but not the text.
+    const QPointer<ValueEdit> self(this);
     if (event->reason() != Qt::PopupFocusReason)
         Take();
-    QLineEdit::focusOutEvent(event);
+    if (self)
+        QLineEdit::focusOutEvent(event);
 }
 
 void ValueEdit::keyPressEvent(QKeyEvent *event)
@@ -227,9 +249,9 @@ void ValueEdit::wheelEvent(QWheelEvent *event)
     d->wheelAngle += event->angleDelta().y();
     const int steps = d->wheelAngle / QWheelEvent::DefaultDeltasPerStep;
     d->wheelAngle -= steps * QWheelEvent::DefaultDeltasPerStep;
+    event->accept();
     if (steps != 0)
         step(steps);
-    event->accept();
 }
 
 void ValueEdit::step(int steps)
@@ -241,7 +263,9 @@ void ValueEdit::step(int steps)
     const QVariant next = Step(steps);
     if (!next.isValid() || next == d->value)
         return;
+    d->former = d->value;
     SetValue(next);
+    d->typed = text();
     setCursorPosition(PlaceCursor(before, position));
     Q_EMIT Finished();
 }
@@ -251,15 +275,19 @@ void ValueEdit::tell()
     const ValueMark before = d->mark();
     QVariant value = d->value;
     QString problem;
-    d->isUnreadable = false;
+    d->isNotTaken = false;
     if (IsOpen()) {
         const Reading reading = Read(text());
         value = reading.value;
-        d->isUnreadable = !value.isValid();
+        d->isNotTaken = !value.isValid();
         problem = reading.problem;
     }
     if (value.isValid())
         problem = ProblemOf(value);
+    if (IsOpen() && !d->refusal.isEmpty() && text() == d->typed) {
+        d->isNotTaken = true;
+        problem = d->refusal;
+    }
     if (problem.isEmpty())
         problem = d->note;
     if (problem != d->problem) {

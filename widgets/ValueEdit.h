@@ -38,8 +38,11 @@ public:
     /// Whether something else was typed than the value, and is not taken yet.
     [[nodiscard]] bool IsOpen() const;
     /// Takes what was typed. Finished() tells of it when the value is another one then.
-    /// \return false when it is no value: it stays as it was typed
+    /// \return false when it is no value, or was refused: it stays as it was typed
     bool Take();
+    /// For who heard of Finished() and cannot use the value: what was typed stands there again and is not
+    /// taken, \a reason tells why until something else is typed, and the value is that of before.
+    void Refuse(const QString &reason);
     /// Forgets what was typed: the value stands there again.
     void Discard();
 
@@ -100,6 +103,7 @@ private:
     struct Private;
 
     WIDGETS_NO_EXPORT void step(int steps);
+    WIDGETS_NO_EXPORT void showValue(const QVariant &value);
     WIDGETS_NO_EXPORT void tell();
     WIDGETS_NO_EXPORT void placeMargins();
     [[nodiscard]] WIDGETS_NO_EXPORT QRect innerRect() const;

@@ -100,6 +100,8 @@ private Q_SLOTS:
     void momentSteps();
     void lists();
     void otherParameter();
+    void otherParameterBySignal();
+    void refusing();
     void destroyedWhileOpen();
     void names();
     void locales();
@@ -453,6 +455,8 @@ void ParameterEditTest::otherParameter()
     QVERIFY(edit.IsOpen());
     QPointer<QLineEdit> former = &lineOf(edit);
     edit.SetParameter(parameterOf(ParameterType::Boolean));
+    QVERIFY(!edit.findChild<QLineEdit *>());
+    QCoreApplication::sendPostedEvents(former, QEvent::DeferredDelete);
     QVERIFY(former.isNull());
     QVERIFY(!edit.IsOpen());
     QCOMPARE(edit.focusProxy(), edit.findChild<QCheckBox *>());
@@ -460,6 +464,40 @@ void ParameterEditTest::otherParameter()
     QCOMPARE(edit.GetControl(), ParameterControl::None);
     QVERIFY(!edit.GetValue().isValid());
     QVERIFY(edit.Take());
+}
+
+void ParameterEditTest::otherParameterBySignal()
+{
+    ParameterEdit edit;
+    edit.SetParameter(parameterOf(ParameterType::Boolean));
+    auto *const box = edit.findChild<QCheckBox *>();
+    connect(&edit, &ParameterEdit::Finished, &edit,
+            [&edit] { edit.SetParameter(parameterOf(ParameterType::Integer)); });
+    const QPointer<QCheckBox> former(box);
+    box->click(); // which still has to paint itself
+    QVERIFY(former);
+    QCOMPARE(edit.GetControl(), ParameterControl::Number);
+    QCoreApplication::sendPostedEvents(box, QEvent::DeferredDelete);
+    QVERIFY(!former);
+}
+
+void ParameterEditTest::refusing()
+{
+    ParameterEdit edit;
+    edit.SetParameter(parameterOf(ParameterType::Boolean));
+    edit.SetValue(false);
+    connect(&edit, &ParameterEdit::Finished, &edit, [&edit] { edit.Refuse("It is locked"); });
+    edit.findChild<QCheckBox *>()->click();
+    QCOMPARE(edit.GetValue(), QVariant(false));
+    QCOMPARE(edit.GetProblem(), QString("It is locked"));
+    QCOMPARE(edit.findChild<QCheckBox *>()->accessibleDescription(), QString("It is locked"));
+    edit.SetValue(true);
+    QCOMPARE(edit.GetProblem(), QString());
+    edit.SetParameter(parameterOf(ParameterType::Integer));
+    lineOf(edit).setText("12");
+    QVERIFY(!edit.Take());
+    QCOMPARE(lineOf(edit).text(), QString("12"));
+    QCOMPARE(edit.GetProblem(), QString("It is locked"));
 }
 
 void ParameterEditTest::destroyedWhileOpen()

@@ -55,6 +55,8 @@ private Q_SLOTS:
     void escapeEndsNoDialogue();
     void valuesFromElsewhere();
     void signalsOnce();
+    void refusing();
+    void refusedStep();
     void wheel();
     void notes();
     void roomForUnitAndMark_data();
@@ -156,6 +158,49 @@ void ValueEditTest::signalsOnce()
     QVERIFY(edit.Take());
     QCOMPARE(edit.text(), QString("123"));
     QCOMPARE(finished.count(), 1);
+}
+
+void ValueEditTest::refusing()
+{
+    Lines lines;
+    NumberEdit &line = *lines.first;
+    bool isLocked = true;
+    QSignalSpy finished(&line, &ValueEdit::Finished);
+    connect(&line, &ValueEdit::Finished, &line, [&] {
+        if (isLocked)
+            line.Refuse("It is locked");
+    });
+    line.selectAll();
+    QTest::keyClicks(&line, "12");
+    QVERIFY(!line.Take());
+    QCOMPARE(line.text(), QString("12"));
+    QCOMPARE(line.GetValue(), QVariant(qint64(5)));
+    QVERIFY(line.IsOpen());
+    QCOMPARE(line.GetProblem(), QString("It is locked"));
+    QCOMPARE(line.accessibleDescription(), QString("It is locked"));
+    QVERIFY(!line.Take()); // it is asked each time
+    QCOMPARE(finished.count(), 2);
+    QTest::keyClicks(&line, "3");
+    QCOMPARE(line.GetProblem(), QString()); // not of this
+    QTest::keyClick(&line, Qt::Key_Escape);
+    QCOMPARE(line.text(), QString("5"));
+    QCOMPARE(line.GetProblem(), QString());
+    isLocked = false;
+    line.setText("14");
+    QVERIFY(line.Take());
+    QCOMPARE(line.GetValue(), QVariant(qint64(14)));
+}
+
+void ValueEditTest::refusedStep()
+{
+    Lines lines;
+    NumberEdit &line = *lines.first;
+    connect(&line, &ValueEdit::Finished, &line, [&line] { line.Refuse("It is locked"); });
+    QTest::keyClick(&line, Qt::Key_Up);
+    QCOMPARE(line.text(), QString("6"));
+    QVERIFY(line.IsOpen());
+    QCOMPARE(line.GetValue(), QVariant(qint64(5)));
+    QCOMPARE(line.GetProblem(), QString("It is locked"));
 }
 
 void ValueEditTest::wheel()

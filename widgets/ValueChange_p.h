@@ -1,0 +1,28 @@
+// Not installed. How controls set values.
+#ifndef KORMAK_WIDGETS_VALUECHANGE_P_H
+#define KORMAK_WIDGETS_VALUECHANGE_P_H
+
+#include <QString>
+#include <QVariant>
+
+QT_BEGIN_NAMESPACE
+class QAbstractItemModel;
+class QModelIndex;
+QT_END_NAMESPACE
+
+namespace KORMAK {
+
+class OpenDocument;
+
+namespace Widgets {
+
+/// Sets the value of the parameter at \a index of \a model, whose document is \a document. Whoever hears of
+/// it may destroy any of them. \return why the document refuses it; empty when it has the value
+[[nodiscard]] QString setParameterValue(QAbstractItemModel &model, const QModelIndex &index,
+                                        const QVariant &wanted, OpenDocument &document);
+
+} // namespace Widgets
+
+} // namespace KORMAK
+
+#endif
