@@ -10,10 +10,12 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTextDocument>
 #include <QtTest>
+#include <QVBoxLayout>
 #include <QWheelEvent>
 
 #include <memory>
@@ -158,6 +160,7 @@ private Q_SLOTS:
     void currentField();
     void documentsThatCannotBeRead();
     void openEditsAreNotOfAnotherDocument();
+    void movesOnTheMapAreNotOfAnotherDocument();
     void noDocument();
     void pictures();
 };
@@ -783,6 +786,33 @@ void DocumentFormTest::openEditsAreNotOfAnotherDocument()
     QVERIFY(form.document.TakeOpenEdits().isEmpty());
     QCOMPARE(form.document.GetText(), other);
     QVERIFY(form.form.GetControl("JobHeader.Author"));
+}
+
+void DocumentFormTest::movesOnTheMapAreNotOfAnotherDocument()
+{
+    OpenDocument document;
+    document.SetText(example(Workflow));
+    QWidget window;
+    auto *const form = new DocumentForm;
+    auto *const line = new QLineEdit; // which the focus goes to
+    auto *const layout = new QVBoxLayout(&window);
+    layout->addWidget(form);
+    layout->addWidget(line);
+    form->SetDocument(&document);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    auto *const map = qobject_cast<KORMAK::AreaView *>(form->GetControl("Area"));
+    QVERIFY(map);
+    map->setFocus();
+    map->SetSelectedPoint(1);
+    QTest::keyClick(map, Qt::Key_Up);
+    QVERIFY(map->GetCaption().contains("(moving)"));
+    const QByteArray other = example(Workflow).replace("German Bight", "Bight");
+    document.SetText(other);
+    QVERIFY(line->hasFocus());
+    QCOMPARE(document.GetText(), other);
+    QVERIFY(document.TakeOpenEdits().isEmpty());
+    QCOMPARE(document.GetText(), other);
 }
 
 void DocumentFormTest::noDocument()
