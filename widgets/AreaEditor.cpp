@@ -1,7 +1,7 @@
 #include "widgets/AreaEditor_p.h"
 
 #include <inspection/Document.h>
-#include <inspection/SaidTexts_p.h>
+#include <inspection/SaidFields_p.h>
 
 #include <algorithm>
 #include <cmath>
@@ -148,7 +148,7 @@ bool AreaEditor::change(const AreaPoints::Changes &changes)
 
 QHash<QString, QString> AreaEditor::said() const
 {
-    return Inspection::saidTexts(opened->GetText());
+    return Inspection::SaidFields(opened->GetText()).texts();
 }
 
 } // namespace KORMAK::Widgets
