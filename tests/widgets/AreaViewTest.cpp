@@ -635,7 +635,7 @@ void AreaViewTest::contextMenu()
     window.choose("Add Point");
     QCOMPARE(window.view->GetSelectedPoint(), 2);
     QVERIFY((window.point(2) - free).manhattanLength() <= 2);
-    QApplication::processEvents();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(!window.menu());
 }
 
