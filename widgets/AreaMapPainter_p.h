@@ -3,65 +3,20 @@
 #define KORMAK_WIDGETS_AREAMAPPAINTER_P_H
 
 #include <inspection/report/AreaOutline_p.h>
-#include <inspection/report/MapFrame_p.h>
-#include <inspection/report/MapProjection_p.h>
 #include <objectbase/Coordinate.h>
+#include <widgets/MapView_p.h>
 
 #include <QFont>
 #include <QLocale>
 #include <QPalette>
-#include <QPixmap>
-#include <QPointF>
-#include <QSizeF>
 #include <QString>
 #include <QVector>
-
-#include <optional>
 
 QT_BEGIN_NAMESPACE
 class QPainter;
 QT_END_NAMESPACE
 
 namespace KORMAK::Widgets {
-
-/// Which part of the earth is seen.
-class MapView {
-public:
-    /// All of it.
-    explicit MapView(const QSizeF &sizeOfMap);
-    /// \a pixelsPerRadius: how many the radius of the earth takes.
-    MapView(const QSizeF &sizeOfMap, const Inspection::Place &centreOfMap, double pixelsPerRadius);
-    /// So that an area is seen; all of the earth for one without points.
-    MapView(const QSizeF &sizeOfMap, const Inspection::AreaOutline &outline);
-
-    [[nodiscard]] const Inspection::MapProjection &projection() const noexcept { return ofEarth; }
-    [[nodiscard]] const Inspection::MapFrame &frame() const noexcept { return inFrame; }
-    [[nodiscard]] double scale() const noexcept { return pixels; }
-    [[nodiscard]] QSizeF size() const noexcept { return sizeInPixels; }
-    [[nodiscard]] bool isSame(const MapView &other) const noexcept
-    {
-        return sizeInPixels == other.sizeInPixels && centre.latitude == other.centre.latitude
-            && centre.longitude == other.centre.longitude && pixels == other.pixels;
-    }
-    [[nodiscard]] double pixelsPerDegree() const noexcept;
-
-    [[nodiscard]] std::optional<QPointF> position(const TESSEL::Coordinate &place) const;
-    /// From -180 to 180 degrees east.
-    [[nodiscard]] std::optional<TESSEL::Coordinate> place(const QPointF &position) const;
-
-    [[nodiscard]] MapView resized(const QSizeF &newSize) const;
-    /// With what is seen moved by \a pixels; not beyond a pole.
-    [[nodiscard]] MapView moved(const QPointF &byPixels) const;
-    /// With what is at \a position staying there. Not nearer than a kilometre across, not farther than all.
-    [[nodiscard]] MapView zoomed(double factor, const QPointF &position) const;
-
-private:
-    QSizeF sizeInPixels;
-    Inspection::Place centre;
-    double pixels;
-    Inspection::MapProjection ofEarth;
-    Inspection::MapFrame inFrame;
-};
 
 struct MapColors {
     explicit MapColors(const QPalette &palette);

@@ -4,6 +4,9 @@
 
 #include <QLocale>
 
+#include <algorithm>
+#include <cmath>
+
 namespace KORMAK::Widgets {
 
 namespace {
@@ -61,6 +64,36 @@ bool AreaPoints::isClosed() const
 {
     constexpr int LeastCorners = 3;
     return all.size() > LeastCorners && all.first() == all.last();
+}
+
+std::optional<int> AreaPoints::indexOf(int index, const AreaPoints &former) const
+{
+    const int before = former.count();
+    const int now = count();
+    if (before == now)
+        return index;
+    const int fewer = std::min(before, now);
+    int first = 0;
+    while (first < fewer && all.at(first) == former.all.at(first))
+        ++first;
+    if (index < first)
+        return index;
+    int last = 0;
+    while (last < fewer && all.at(now - 1 - last) == former.all.at(before - 1 - last))
+        ++last;
+    if (index >= before - last)
+        return index + now - before;
+    return std::nullopt;
+}
+
+TESSEL::Coordinate AreaPoints::behind(int index) const
+{
+    constexpr double Turn = 360;
+    const TESSEL::Coordinate &from = all.at(index);
+    const TESSEL::Coordinate &to = all.at((index + 1) % count());
+    const double east = std::remainder(to.GetLongitude() - from.GetLongitude(), Turn);
+    return {(from.GetLatitude() + to.GetLatitude()) / 2,
+            std::remainder(from.GetLongitude() + east / 2, Turn)};
 }
 
 QVector<TESSEL::Coordinate> AreaPoints::moved(int index, const TESSEL::Coordinate &place) const

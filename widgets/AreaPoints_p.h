@@ -9,6 +9,8 @@
 #include <QString>
 #include <QVector>
 
+#include <optional>
+
 namespace KORMAK {
 
 class Document;
@@ -48,6 +50,12 @@ public:
     /// How many points there are to move.
     [[nodiscard]] int count() const { return static_cast<int>(all.size()) - (isClosed() ? 1 : 0); }
     [[nodiscard]] const TESSEL::Coordinate &at(int index) const { return all.at(index); }
+
+    /// Which of these points that one of \a former is; nothing when it is gone. Points that came or went in
+    /// one place tell how those behind them have moved.
+    [[nodiscard]] std::optional<int> indexOf(int index, const AreaPoints &former) const;
+    /// Half way from a point to the next one.
+    [[nodiscard]] TESSEL::Coordinate behind(int index) const;
 
     /// The coordinates with a point moved.
     [[nodiscard]] QVector<TESSEL::Coordinate> moved(int index, const TESSEL::Coordinate &place) const;

@@ -1,11 +1,9 @@
 #include "widgets/AreaView.h"
 
-#include <inspection/Document.h>
-#include <inspection/report/AreaDrawing_p.h>
-#include <inspection/SaidTexts_p.h>
 #include <models/OpenDocument.h>
+#include <widgets/AreaCaption_p.h>
+#include <widgets/AreaEditor_p.h>
 #include <widgets/AreaMapPainter_p.h>
-#include <widgets/AreaPoints_p.h>
 
 #include <QAccessible>
 #include <QContextMenuEvent>
@@ -13,23 +11,19 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPixmap>
 #include <QPointer>
 #include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace KORMAK {
 
 using namespace Widgets;
-using Inspection::AreaOutline;
 
 namespace {
 
-constexpr double Pole = 90;
-constexpr double Turn = 360;
-constexpr double Base = 10;
 constexpr double Reach = 10; ///< pixels from a point within which the mouse takes hold of it
 constexpr double ZoomOfKey = 1.5;
 
@@ -40,34 +34,6 @@ QPointF positionOf(const QMouseEvent &event)
 #else
     return event.position();
 #endif
-}
-
-/// Of latitude and longitude while a point is moved by the mouse: finer than what can be seen.
-int decimalsFor(const MapView &view)
-{
-    constexpr double PartOfPixel = 0.25;
-    constexpr int Most = 9;
-    return std::clamp(static_cast<int>(std::ceil(-std::log10(PartOfPixel / view.pixelsPerDegree()))), 0,
-                      Most);
-}
-
-/// Round, and some pixels long.
-double stepFor(const MapView &view)
-{
-    constexpr double Pixels = 12;
-    const double most = Pixels / view.pixelsPerDegree();
-    const double power = std::pow(Base, std::floor(std::log10(most)));
-    const double factor = most / power;
-    constexpr double Two = 2;
-    constexpr double Five = 5;
-    return power * (factor >= Five ? Five : factor >= Two ? Two : 1);
-}
-
-/// \a degrees and \a step more, without the noise of adding in binary.
-QString steppedText(double degrees, double step)
-{
-    const int decimals = std::max(decimalsOf(degrees), decimalsOf(std::abs(step)));
-    return degreesText(degrees + step, decimals);
 }
 
 double distance(const QPointF &a, const QPointF &b)
@@ -84,28 +50,25 @@ double distanceToLine(const QPointF &point, const QPointF &from, const QPointF &
     return distance(point, from + share * along);
 }
 
+bool isArrow(int key)
+{
+    return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
+}
+
 } // namespace
 
 struct AreaView::Private {
-    /// A move that the document has not yet.
-    struct Move {
-        int index;
-        PlaceText place;
-    };
     enum class Drag : qint32 { None, Pressed, Point, Map };
 
     AreaView &widget;
-    QPointer<OpenDocument> document = {};
-    QString path = QStringLiteral("Area");
-    AreaPoints points = {};
+    AreaEditor editor = {};
     MapView view = MapView(QSizeF());
     bool isWhole = true; ///< the view follows the area
-    int selected = -1;
-    std::optional<Move> move = std::nullopt;
+    bool isDone = false; ///< Escape has let go of the point: Tab leaves the map
     Drag drag = Drag::None;
-    int pressed = -1; ///< the point that the mouse was pressed on
     QPointF pressedAt = {};
     QPointF grip = {}; ///< from the mouse to the point that is dragged
+    QPointer<QMenu> menu = {};
     QPixmap earth = {};
     std::optional<MapView> earthView = std::nullopt;
 
@@ -125,18 +88,14 @@ struct AreaView::Private {
         return {static_cast<double>(widget.width()),
                 static_cast<double>(std::max(1, widget.height() - captionHeight()))};
     }
-    [[nodiscard]] bool isEditable() const { return document && points.isKnown(); }
+    [[nodiscard]] const AreaPoints &points() const { return editor.points(); }
 
-    /// The coordinates as they are drawn: with the move that is going on.
-    [[nodiscard]] QVector<TESSEL::Coordinate> coordinates() const
-    {
-        return move ? points.moved(move->index, move->place.coordinate()) : points.coordinates();
-    }
+    // Seeing
 
     void fit()
     {
         if (isWhole)
-            view = MapView(mapSize(), outlineOnEarth(points.coordinates()));
+            view = MapView(mapSize(), outlineOnEarth(points().coordinates()));
         widget.update();
     }
 
@@ -145,181 +104,6 @@ struct AreaView::Private {
         view = newView;
         isWhole = false;
         widget.update();
-    }
-
-    void read(bool isOther)
-    {
-        points = document ? AreaPoints(document->GetDocument(), path) : AreaPoints();
-        if (isOther) {
-            move.reset();
-            drag = Drag::None;
-            isWhole = true;
-        } else if (move && move->index >= points.count()) {
-            move.reset();
-        }
-        if (drag == Drag::Point && pressed >= points.count())
-            drag = Drag::None;
-        if (pressed >= points.count())
-            pressed = -1;
-        select(isOther || selected >= points.count() ? -1 : selected);
-        if (drag == Drag::None)
-            fit();
-        tell();
-    }
-
-    void select(int index)
-    {
-        if (std::exchange(selected, index) != index)
-            Q_EMIT widget.SelectedPointChanged(index);
-        tell();
-        widget.update();
-    }
-
-    /// Changes of what assistive technology reads.
-    void tell()
-    {
-        const QString caption = widget.GetCaption();
-        if (widget.accessibleDescription() != caption)
-            widget.setAccessibleDescription(caption);
-    }
-
-    void change(const AreaPoints::Changes &changes)
-    {
-        isWhole = false; // who works at a place wants to stay there
-        if (document && !changes.isEmpty())
-            document->Change(changes, DocumentEdit::NewFindings::Accepted);
-    }
-
-    void takeMove()
-    {
-        if (!move)
-            return;
-        const Move taken = *std::exchange(move, std::nullopt);
-        change(points.move(taken.index, taken.place));
-        widget.update();
-    }
-
-    void cancelMove()
-    {
-        move.reset();
-        drag = Drag::None;
-        tell();
-        widget.update();
-    }
-
-    void setMove(int index, const PlaceText &place)
-    {
-        move = Move{index, place};
-        tell();
-        widget.update();
-    }
-
-    [[nodiscard]] QHash<QString, QString> said() const { return Inspection::saidTexts(document->GetText()); }
-
-    void insert(int index, const TESSEL::Coordinate &place)
-    {
-        const int decimals = decimalsFor(view);
-        change(points.insert(
-            index, {degreesText(place.GetLatitude(), decimals), degreesText(place.GetLongitude(), decimals)},
-            said()));
-        if (index < points.count())
-            select(index);
-    }
-
-    void remove(int index)
-    {
-        takeMove();
-        if (index < 0 || index >= points.count())
-            return;
-        const int next = std::min(index, points.count() - 2);
-        change(points.remove(index, said()));
-        select(next < points.count() ? next : -1);
-    }
-
-    /// Behind the point that is selected, half way to the next one.
-    void insertBehindSelected()
-    {
-        takeMove();
-        const int count = points.count();
-        if (selected < 0 || count < 2) {
-            const auto middle = view.place({view.size().width() / 2, view.size().height() / 2});
-            if (count == 1) {
-                constexpr double Side = 60;
-                const auto at = view.position(points.at(0));
-                const auto beside = at ? view.place(*at + QPointF(Side, 0)) : std::nullopt;
-                insert(1, beside.value_or(middle.value_or(points.at(0))));
-            } else if (middle) {
-                insert(count, *middle);
-            }
-            return;
-        }
-        const TESSEL::Coordinate from = points.at(selected);
-        const TESSEL::Coordinate to = points.at((selected + 1) % count);
-        const double east = std::remainder(to.GetLongitude() - from.GetLongitude(), Turn);
-        insert(selected + 1,
-               {(from.GetLatitude() + to.GetLatitude()) / 2,
-                std::remainder(from.GetLongitude() + east / 2, Turn)});
-    }
-
-    /// On the edge that is nearest to \a position.
-    void insertAt(const QPointF &position)
-    {
-        takeMove();
-        const auto place = view.place(position);
-        if (!place)
-            return;
-        const int count = points.count();
-        int index = count;
-        double least = HUGE_VAL;
-        for (int i = 0; count > 2 && i < count; ++i) {
-            const auto from = view.position(points.at(i));
-            const auto to = view.position(points.at((i + 1) % count));
-            const double far = from && to ? distanceToLine(position, *from, *to) : HUGE_VAL;
-            if (far < least) {
-                least = far;
-                index = i + 1;
-            }
-        }
-        insert(index, *place);
-    }
-
-    /// -1 when there is none.
-    [[nodiscard]] int pointAt(const QPointF &position) const
-    {
-        int found = -1;
-        double least = Reach;
-        const QVector<TESSEL::Coordinate> all = coordinates();
-        for (int i = 0; i < points.count(); ++i) {
-            const auto at = isOnEarth(all.at(i)) ? view.position(all.at(i)) : std::nullopt;
-            const double far = at ? distance(*at, position) : HUGE_VAL;
-            if (far < least || (far == least && i == selected)) {
-                least = far;
-                found = i;
-            }
-        }
-        return found;
-    }
-
-    void step(Qt::Key key, double share)
-    {
-        const TESSEL::Coordinate from = coordinates().at(selected);
-        const double step = stepFor(view) * share;
-        PlaceText to = move ? move->place
-                            : PlaceText{degreesText(from.GetLatitude(), decimalsOf(from.GetLatitude())),
-                                        degreesText(from.GetLongitude(), decimalsOf(from.GetLongitude()))};
-        if (key == Qt::Key_Up || key == Qt::Key_Down) {
-            const QString latitude = steppedText(from.GetLatitude(), key == Qt::Key_Up ? step : -step);
-            if (std::abs(latitude.toDouble()) > std::max(Pole, std::abs(from.GetLatitude())))
-                return;
-            to.latitude = latitude;
-        } else {
-            const QString longitude = steppedText(from.GetLongitude(), key == Qt::Key_Right ? step : -step);
-            const bool isOver = std::abs(longitude.toDouble()) > Turn / 2;
-            to.longitude = isOver ? steppedText(longitude.toDouble(), longitude.toDouble() > 0 ? -Turn : Turn)
-                                  : longitude;
-        }
-        setMove(selected, to);
-        keepSeen(to.coordinate());
     }
 
     /// Moves the map when \a place is at its edge.
@@ -343,25 +127,135 @@ struct AreaView::Private {
                                                       : QPointF(0, -y)));
     }
 
-    [[nodiscard]] static bool isArrow(int key)
+    /// What is to be seen or heard has changed.
+    void tell()
     {
-        return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
+        const QString caption = widget.GetCaption();
+        if (widget.accessibleDescription() != caption)
+            widget.setAccessibleDescription(caption);
+        widget.update();
     }
 
-    /// Whether a press of the key does something.
-    [[nodiscard]] bool takes(int key) const
+    // Changing. Who works at a place wants to stay there.
+
+    void read(bool isOther)
     {
+        // Its entries are about what was there.
+        if (menu)
+            menu->close();
+        bool isThere = false;
+        if (isOther) {
+            isWhole = true;
+            editor.reset();
+        } else {
+            isThere = editor.update();
+        }
+        if (!isThere)
+            drag = Drag::None;
+        if (drag == Drag::None)
+            fit();
+    }
+
+    void takeMove()
+    {
+        isWhole = isWhole && !editor.isMoving();
+        editor.takeMove();
+    }
+
+    void giveUpMove()
+    {
+        drag = Drag::None;
+        editor.giveUpMove();
+    }
+
+    void insert(int index, const TESSEL::Coordinate &place)
+    {
+        isWhole = false;
+        editor.insert(index, place, view.decimals());
+    }
+
+    void remove(int index)
+    {
+        isWhole = false;
+        editor.remove(index);
+    }
+
+    /// Behind the point that is selected, half way to the next one.
+    void insertBehindSelected()
+    {
+        takeMove();
+        const int count = points().count();
+        const auto middle = view.place({view.size().width() / 2, view.size().height() / 2});
+        if (editor.selected() >= 0 && count > 1) {
+            insert(editor.selected() + 1, points().behind(editor.selected()));
+        } else if (count == 1) {
+            constexpr double Side = 60;
+            const auto at = view.position(points().at(0));
+            const auto beside = at ? view.place(*at + QPointF(Side, 0)) : std::nullopt;
+            insert(1, beside.value_or(middle.value_or(points().at(0))));
+        } else if (middle) {
+            insert(count, *middle);
+        }
+    }
+
+    /// On the edge that is nearest to \a position.
+    void insertAt(const QPointF &position)
+    {
+        takeMove();
+        const auto place = view.place(position);
+        if (!place)
+            return;
+        const int count = points().count();
+        int index = count;
+        double least = HUGE_VAL;
+        for (int i = 0; count > 2 && i < count; ++i) {
+            const auto from = view.position(points().at(i));
+            const auto to = view.position(points().at((i + 1) % count));
+            const double far = from && to ? distanceToLine(position, *from, *to) : HUGE_VAL;
+            if (far < least) {
+                least = far;
+                index = i + 1;
+            }
+        }
+        insert(index, *place);
+    }
+
+    /// -1 when there is none.
+    [[nodiscard]] int pointAt(const QPointF &position) const
+    {
+        int found = -1;
+        double least = Reach;
+        const QVector<TESSEL::Coordinate> all = editor.coordinates();
+        for (int i = 0; i < points().count(); ++i) {
+            const auto at = isOnEarth(all.at(i)) ? view.position(all.at(i)) : std::nullopt;
+            const double far = at ? distance(*at, position) : HUGE_VAL;
+            if (far < least || (far == least && i == editor.selected())) {
+                least = far;
+                found = i;
+            }
+        }
+        return found;
+    }
+
+    // Keys
+
+    /// Whether a press of the key does something.
+    [[nodiscard]] bool takes(int key, Qt::KeyboardModifiers modifiers) const
+    {
+        if (modifiers & (Qt::AltModifier | Qt::MetaModifier))
+            return false;
+        const bool isPlain = !(modifiers & Qt::ControlModifier);
         switch (key) {
         case Qt::Key_Delete:
         case Qt::Key_Backspace:
-            return isEditable() && selected >= 0;
+            return isPlain && editor.isEditable() && editor.selected() >= 0;
         case Qt::Key_Insert:
-            return isEditable();
+            return isPlain && editor.isEditable();
         case Qt::Key_Escape:
-            return move || drag == Drag::Point || selected >= 0;
+            return isPlain && (editor.isMoving() || drag == Drag::Point || editor.selected() >= 0);
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            return move.has_value();
+            return isPlain && editor.isMoving();
         case Qt::Key_Plus:
         case Qt::Key_Equal:
         case Qt::Key_Minus:
@@ -374,20 +268,22 @@ struct AreaView::Private {
 
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers)
     {
-        constexpr double Tenth = 0.1;
         switch (key) {
         case Qt::Key_Delete:
         case Qt::Key_Backspace:
-            remove(selected);
+            takeMove();
+            remove(editor.selected());
             break;
         case Qt::Key_Insert:
             insertBehindSelected();
             break;
         case Qt::Key_Escape:
-            if (move || drag == Drag::Point)
-                cancelMove();
-            else
-                select(-1);
+            if (editor.isMoving() || drag == Drag::Point) {
+                giveUpMove();
+            } else {
+                editor.select(-1);
+                isDone = true;
+            }
             break;
         case Qt::Key_Return:
         case Qt::Key_Enter:
@@ -404,18 +300,30 @@ struct AreaView::Private {
             widget.ShowWholeArea();
             break;
         default:
-            if ((modifiers & Qt::ControlModifier) || selected < 0 || !isEditable())
+            if ((modifiers & Qt::ControlModifier) || editor.selected() < 0 || !editor.isEditable())
                 pan(key);
             else if (drag == Drag::None)
-                step(key, modifiers & Qt::ShiftModifier ? Tenth : 1);
+                step(key, modifiers);
         }
     }
+
+    void step(Qt::Key key, Qt::KeyboardModifiers modifiers)
+    {
+        constexpr double Tenth = 0.1;
+        const double step = view.step() * (modifiers & Qt::ShiftModifier ? Tenth : 1);
+        const double north = key == Qt::Key_Up ? step : key == Qt::Key_Down ? -step : 0;
+        const double east = key == Qt::Key_Right ? step : key == Qt::Key_Left ? -step : 0;
+        editor.moveBy(north, east);
+        keepSeen(editor.coordinates().at(editor.selected()));
+    }
+
+    // Mouse
 
     void dragTo(const QPointF &position)
     {
         constexpr double Start = 4;
         if (drag == Drag::Pressed && distance(position, pressedAt) >= Start)
-            drag = pressed >= 0 && isEditable() ? Drag::Point : Drag::Map;
+            drag = editor.selected() >= 0 && editor.isEditable() ? Drag::Point : Drag::Map;
         if (drag == Drag::Map) {
             setView(view.moved(position - pressedAt));
             pressedAt = position;
@@ -424,12 +332,37 @@ struct AreaView::Private {
             const QPointF inside(std::clamp(position.x(), 0.0, size.width()),
                                  std::clamp(position.y(), 0.0, size.height()));
             if (const auto place = view.place(inside + grip)) {
-                const int decimals = decimalsFor(view);
-                setMove(pressed,
-                        {degreesText(place->GetLatitude(), decimals),
-                         degreesText(place->GetLongitude(), decimals)});
+                const int decimals = view.decimals();
+                editor.moveTo({degreesText(place->GetLatitude(), decimals),
+                               degreesText(place->GetLongitude(), decimals)});
             }
         }
+    }
+
+    /// It is open beside what goes on: the document may change meanwhile, and the map be destroyed.
+    void openMenu(const QPoint &globalPosition, const std::optional<QPointF> &mouse)
+    {
+        const int index = mouse ? pointAt(*mouse) : editor.selected();
+        delete menu;
+        menu = new QMenu(&widget);
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        const auto add = [this](const QString &text, auto what) {
+            QAction *const action = menu->addAction(text);
+            connect(action, &QAction::triggered, &widget, what);
+            return action;
+        };
+        add(AreaView::tr("&Add Point"), [this, mouse] {
+            mouse ? insertAt(*mouse) : insertBehindSelected();
+        })->setEnabled(editor.isEditable());
+        add(AreaView::tr("&Remove Point"), [this, index] {
+            takeMove();
+            remove(index);
+        })->setEnabled(editor.isEditable() && index >= 0);
+        menu->addSeparator();
+        add(AreaView::tr("Zoom &In"), [this] { widget.Zoom(ZoomOfKey); });
+        add(AreaView::tr("Zoom &Out"), [this] { widget.Zoom(1 / ZoomOfKey); });
+        add(AreaView::tr("&Whole Area"), [this] { widget.ShowWholeArea(); });
+        menu->popup(globalPosition);
     }
 };
 
@@ -438,6 +371,11 @@ AreaView::AreaView(QWidget *parent) : QWidget(parent), d(new Private{*this})
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAccessibleName(tr("Map of the area"));
+    d->editor.selectionChanged = [this](int index) {
+        d->isDone = false;
+        Q_EMIT SelectedPointChanged(index);
+    };
+    d->editor.changed = [this] { d->tell(); };
     d->fit();
     d->tell();
 }
@@ -446,15 +384,14 @@ AreaView::~AreaView() = default;
 
 void AreaView::SetDocument(OpenDocument *document, const QString &path)
 {
-    if (d->document)
-        d->document->disconnect(this);
-    d->document = document;
-    d->path = path;
+    if (d->editor.document())
+        d->editor.document()->disconnect(this);
+    d->editor.setArea(document, path);
     if (document) {
         connect(document, &OpenDocument::Replaced, this, [this] { d->read(true); });
         connect(document, &OpenDocument::Changed, this, [this](const QStringList &paths) {
             const bool isMine = std::any_of(paths.begin(), paths.end(), [this](const QString &changed) {
-                return changed.startsWith(d->path);
+                return changed.startsWith(d->editor.path());
             });
             if (isMine)
                 d->read(false);
@@ -464,7 +401,7 @@ void AreaView::SetDocument(OpenDocument *document, const QString &path)
             d->takeMove();
         });
         connect(document, &QObject::destroyed, this, [this] {
-            d->document = nullptr;
+            d->editor.setArea(nullptr, d->editor.path());
             d->read(true);
         });
     }
@@ -473,20 +410,22 @@ void AreaView::SetDocument(OpenDocument *document, const QString &path)
 
 OpenDocument *AreaView::GetDocument() const
 {
-    return d->document;
+    return d->editor.document();
 }
 
 int AreaView::GetSelectedPoint() const noexcept
 {
-    return d->selected;
+    return d->editor.selected();
 }
 
 void AreaView::SetSelectedPoint(int index)
 {
-    const int wanted = index >= 0 && index < d->points.count() ? index : -1;
-    if (wanted != d->selected)
+    if (index != d->editor.selected()) {
         d->takeMove();
-    d->select(wanted < d->points.count() ? wanted : -1);
+        if (d->drag == Private::Drag::Point)
+            d->drag = Private::Drag::None;
+    }
+    d->editor.select(index);
 }
 
 void AreaView::ShowWholeArea()
@@ -497,10 +436,10 @@ void AreaView::ShowWholeArea()
 
 void AreaView::Zoom(double factor)
 {
-    const auto selected =
-        d->selected >= 0 ? d->view.position(d->coordinates().at(d->selected)) : std::nullopt;
-    const QPointF middle(d->view.size().width() / 2, d->view.size().height() / 2);
-    d->setView(d->view.zoomed(factor, selected.value_or(middle)));
+    const int selected = d->editor.selected();
+    const QRectF map(QPointF(), d->view.size());
+    const auto at = selected >= 0 ? d->view.position(d->editor.coordinates().at(selected)) : std::nullopt;
+    d->setView(d->view.zoomed(factor, at && map.contains(*at) ? *at : map.center()));
 }
 
 std::optional<QPointF> AreaView::GetPosition(const TESSEL::Coordinate &place) const
@@ -515,41 +454,7 @@ std::optional<TESSEL::Coordinate> AreaView::GetPlace(const QPointF &position) co
 
 QString AreaView::GetCaption() const
 {
-    if (!d->document || !d->points.isKnown())
-        return d->document ? tr("The document has no area.") : QString();
-    const QVector<TESSEL::Coordinate> coordinates = d->coordinates();
-    if (d->points.count() == 0)
-        return tr("The area has no points yet.") + QLatin1Char('\n')
-            + tr("A double click or Insert adds one.");
-    const AreaOutline outline(coordinates);
-    QString first;
-    if (d->selected >= 0) {
-        const TESSEL::Coordinate &place = coordinates.at(d->selected);
-        const auto number = [](double value) {
-            return QString::number(value, 'g', QLocale::FloatingPointShortest);
-        };
-        const QChar degree(0xB0);
-        first = tr("Point %1 of %2: latitude %3, longitude %4")
-                    .arg(QString::number(d->selected + 1), QString::number(d->points.count()),
-                         number(place.GetLatitude()) + degree, number(place.GetLongitude()) + degree);
-        if (d->move)
-            first += tr(" (moving)");
-    } else if (outline.error().isEmpty()) {
-        const Inspection::OutlineRing ring = densified(outline);
-        const Inspection::MapProjection projection(centreOf(ring));
-        std::vector<Inspection::MapPoint> places;
-        for (const Inspection::OutlinePoint &point : ring) {
-            if (const auto one = projection.project(point.latitude, point.longitude))
-                places.push_back(*one);
-        }
-        first = extentText(outline, boundsOf(places)) + QLatin1Char('.');
-    }
-    const QString second = outline.error().isEmpty() ? remarkOn(outline) : outline.error() + QLatin1Char('.');
-    const QStringList lines{first, second};
-    QStringList told;
-    std::copy_if(lines.begin(), lines.end(), std::back_inserter(told),
-                 [](const QString &line) { return !line.isEmpty(); });
-    return localised(told.join(QLatin1Char('\n')), locale());
+    return areaCaption(d->editor, locale());
 }
 
 QSize AreaView::sizeHint() const
@@ -581,31 +486,13 @@ void AreaView::changeEvent(QEvent *event)
 
 void AreaView::contextMenuEvent(QContextMenuEvent *event)
 {
-    const bool isByMouse = event->reason() == QContextMenuEvent::Mouse;
-    const QPointF position(event->pos());
-    const int index = isByMouse ? d->pointAt(position) : d->selected;
-    QMenu menu(this);
-    QAction *const add = menu.addAction(tr("&Add Point"));
-    add->setEnabled(d->isEditable());
-    QAction *const remove = menu.addAction(tr("&Remove Point"));
-    remove->setEnabled(d->isEditable() && index >= 0);
-    menu.addSeparator();
-    QAction *const zoomIn = menu.addAction(tr("Zoom &In"));
-    QAction *const zoomOut = menu.addAction(tr("Zoom &Out"));
-    QAction *const whole = menu.addAction(tr("&Whole Area"));
-    const QAction *const chosen = menu.exec(event->globalPos());
-    if (chosen == nullptr)
+    if (event->reason() == QContextMenuEvent::Mouse) {
+        d->openMenu(event->globalPos(), QPointF(event->pos()));
         return;
-    if (chosen == add)
-        isByMouse ? d->insertAt(position) : d->insertBehindSelected();
-    else if (chosen == remove)
-        d->remove(index);
-    else if (chosen == zoomIn)
-        Zoom(ZoomOfKey);
-    else if (chosen == zoomOut)
-        Zoom(1 / ZoomOfKey);
-    else if (chosen == whole)
-        ShowWholeArea();
+    }
+    const int selected = d->editor.selected();
+    const auto at = selected >= 0 ? d->view.position(d->editor.coordinates().at(selected)) : std::nullopt;
+    d->openMenu(mapToGlobal(at ? at->toPoint() : rect().center()), std::nullopt);
 }
 
 bool AreaView::event(QEvent *event)
@@ -613,8 +500,7 @@ bool AreaView::event(QEvent *event)
     if (event->type() == QEvent::ShortcutOverride) {
         // What a key does here comes before the shortcuts of the window.
         const auto *const key = static_cast<QKeyEvent *>(event);
-        const bool isPlain = !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
-        if (isPlain && d->takes(key->key()))
+        if (!(key->modifiers() & Qt::ControlModifier) && d->takes(key->key(), key->modifiers()))
             event->accept();
     }
     return QWidget::event(event);
@@ -623,20 +509,25 @@ bool AreaView::event(QEvent *event)
 void AreaView::focusInEvent(QFocusEvent *event)
 {
     QWidget::focusInEvent(event);
-    if (event->reason() == Qt::TabFocusReason && d->points.count() > 0)
-        d->select(0);
-    else if (event->reason() == Qt::BacktabFocusReason && d->points.count() > 0)
-        d->select(d->points.count() - 1);
+    const int count = d->points().count();
+    d->isDone = false;
+    if (event->reason() == Qt::TabFocusReason && count > 0)
+        d->editor.select(0);
+    else if (event->reason() == Qt::BacktabFocusReason && count > 0)
+        d->editor.select(count - 1);
     update();
 }
 
 bool AreaView::focusNextPrevChild(bool next)
 {
-    const int to = d->selected + (next ? 1 : -1);
-    if (!isVisible() || !hasFocus() || to < 0 || to >= d->points.count() || (d->selected < 0 && !next))
+    const int selected = d->editor.selected();
+    const int to = selected + (next ? 1 : -1);
+    const bool isLeft =
+        selected < 0 ? !next || d->isDone : to < 0; // Escape, then Tab: nobody goes through a thousand points
+    if (!isVisible() || !hasFocus() || isLeft || to >= d->points().count())
         return QWidget::focusNextPrevChild(next);
     SetSelectedPoint(to);
-    d->keepSeen(d->points.at(to));
+    d->keepSeen(d->points().at(to));
     return true;
 }
 
@@ -650,8 +541,7 @@ void AreaView::focusOutEvent(QFocusEvent *event)
 
 void AreaView::keyPressEvent(QKeyEvent *event)
 {
-    const bool isForMap = !(event->modifiers() & (Qt::AltModifier | Qt::MetaModifier));
-    if (isForMap && d->takes(event->key()))
+    if (d->takes(event->key(), event->modifiers()))
         d->press(static_cast<Qt::Key>(event->key()), event->modifiers());
     else
         QWidget::keyPressEvent(event);
@@ -661,7 +551,7 @@ void AreaView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     const QPointF position = positionOf(*event);
     d->drag = Private::Drag::None;
-    if (event->button() == Qt::LeftButton && d->isEditable() && d->pointAt(position) < 0
+    if (event->button() == Qt::LeftButton && d->editor.isEditable() && d->pointAt(position) < 0
         && QRectF(QPointF(), d->view.size()).contains(position))
         d->insertAt(position);
 }
@@ -672,7 +562,8 @@ void AreaView::mouseMoveEvent(QMouseEvent *event)
     if (event->buttons() & Qt::LeftButton)
         d->dragTo(position);
     else
-        setCursor(d->isEditable() && d->pointAt(position) >= 0 ? Qt::PointingHandCursor : Qt::ArrowCursor);
+        setCursor(d->editor.isEditable() && d->pointAt(position) >= 0 ? Qt::PointingHandCursor
+                                                                      : Qt::ArrowCursor);
 }
 
 void AreaView::mousePressEvent(QMouseEvent *event)
@@ -685,9 +576,8 @@ void AreaView::mousePressEvent(QMouseEvent *event)
     const int index = d->pointAt(position);
     SetSelectedPoint(index);
     d->drag = Private::Drag::Pressed;
-    d->pressed = index;
     d->pressedAt = position;
-    const auto at = index >= 0 ? d->view.position(d->coordinates().at(index)) : std::nullopt;
+    const auto at = index >= 0 ? d->view.position(d->editor.coordinates().at(index)) : std::nullopt;
     d->grip = at ? *at - position : QPointF();
 }
 
@@ -721,8 +611,8 @@ void AreaView::paintEvent(QPaintEvent * /*event*/)
     const QRectF map(QPointF(), d->view.size());
     painter.drawPixmap(QPointF(), d->earth);
     painter.setClipRect(map);
-    const QVector<TESSEL::Coordinate> coordinates = d->coordinates();
-    paintArea(painter, d->view, look, coordinates, {d->points.count(), d->selected, hasFocus()});
+    const QVector<TESSEL::Coordinate> coordinates = d->editor.coordinates();
+    paintArea(painter, d->view, look, coordinates, {d->points().count(), d->editor.selected(), hasFocus()});
     painter.setClipping(false);
 
     painter.setRenderHint(QPainter::Antialiasing, false);

@@ -1,23 +1,19 @@
 #include "widgets/DocumentForm.h"
 
 #include <inspection/Document.h>
-#include <inspection/SaidTexts_p.h>
+#include <inspection/SaidFields_p.h>
 #include <models/OpenDocument.h>
-#include <widgets/AreaView.h>
-#include <widgets/FieldControl_p.h>
-#include <widgets/FieldOutline_p.h>
-#include <widgets/ValueMark_p.h>
+#include <widgets/FieldNotes_p.h>
+#include <widgets/FormRow_p.h>
+#include <widgets/TextSize_p.h>
 
 #include <QApplication>
 #include <QEvent>
 #include <QGridLayout>
 #include <QHash>
 #include <QLabel>
-#include <QPainter>
 #include <QPointer>
-#include <QPushButton>
 #include <QScrollArea>
-#include <QTextDocument>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -33,106 +29,40 @@ using namespace Widgets;
 namespace {
 
 using Action = DocumentEdit::Change::Action;
-using Requirement = Field::Requirement;
+using Kind = OutlineLine::Kind;
 
-/// Where lines begin, whatever the direction of their text.
-Qt::Alignment leading(const QWidget &widget)
-{
-    return Qt::AlignVCenter | Qt::AlignAbsolute | (widget.isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft);
-}
-
-/// What findings say, with a sign for how much it matters.
-class Notes : public QWidget {
-public:
-    explicit Notes(QWidget *parent) : QWidget(parent), label(new QLabel(this))
-    {
-        auto *const layout = new QVBoxLayout(this);
-        layout->addWidget(label);
-        label->setWordWrap(true);
-        label->setTextFormat(Qt::PlainText);
-        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        label->setFocusPolicy(Qt::NoFocus);
-        hide();
-    }
-
-    void show(const QStringList &lines, ValueMark newMark)
-    {
-        mark = newMark;
-        constexpr int Sign = 18;
-        layout()->setContentsMargins(isRightToLeft() ? 0 : Sign, 0, isRightToLeft() ? Sign : 0, 2);
-        label->setAlignment(leading(*this));
-        label->setText(lines.join(QLatin1Char('\n')));
-        paletteOf();
-        setVisible(!lines.isEmpty());
-        update();
-    }
-    [[nodiscard]] QString text() const { return label->text(); }
-
-protected:
-    void changeEvent(QEvent *event) override
-    {
-        QWidget::changeEvent(event);
-        if (event->type() == QEvent::PaletteChange && !isColoring)
-            paletteOf();
-    }
-    void paintEvent(QPaintEvent * /*event*/) override
-    {
-        QPainter painter(this);
-        constexpr int Size = 14;
-        const int top = (fontMetrics().lineSpacing() - Size) / 2;
-        paintMark(painter, {isRightToLeft() ? width() - Size : 0, std::max(0, top), Size, Size}, mark,
-                  palette());
-    }
-
-private:
-    void paletteOf()
-    {
-        isColoring = true;
-        QPalette colors = QApplication::palette(label);
-        colors.setColor(QPalette::WindowText, colorOf(mark, palette()));
-        label->setPalette(colors);
-        isColoring = false;
-    }
-
-    QLabel *const label;
-    ValueMark mark = ValueMark::None;
-    bool isColoring = false;
-};
-
-/// What stands in the grid for a line of the outline.
-struct Row {
-    OutlineLine line;
-    QLabel *label = nullptr; ///< or the heading
-    QPushButton *button = nullptr; ///< to add, to remove, to show more
-    QWidget *bar = nullptr; ///< around a heading and its button
-    std::unique_ptr<FieldControl> control;
-    AreaView *map = nullptr;
-    Notes *notes = nullptr;
-    QString refusal = {}; ///< why what was typed is not taken
-    QStringList messages = {}; ///< of findings
-    bool hasError = false; ///< among them
-    bool isGone = false;
-};
-
-QString keyOf(const OutlineLine &line)
-{
-    const QString kind = QString::number(static_cast<int>(line.kind)) + QLatin1Char(' ');
-    return kind
-        + (line.kind == OutlineLine::Kind::Value ? FieldControl::keyOf(line.node.GetField())
-                                                 : line.node.GetPath());
-}
-
+/// What \a path is in; empty for nothing.
 QString parentOf(const QString &path)
 {
     const auto end = std::max(path.lastIndexOf(QLatin1Char('.')), path.lastIndexOf(QLatin1Char('[')));
     return end < 0 ? QString() : path.left(end);
 }
 
+/// What a new element of \a list begins with: what the last one has, but for a number that tells elements
+/// apart.
+QString textOfNewElement(const Document &document, const QString &list)
+{
+    const QVector<FieldNode> elements = document.GetNodes(list);
+    if (elements.isEmpty())
+        return QStringLiteral("0");
+    const QVector<FieldNode> values = document.GetNodes(elements.last().GetPath());
+    if (!values.isEmpty() && values.first().GetField().GetType() == Field::Type::Integer) {
+        qint64 most = -1;
+        for (const FieldNode &element : elements) {
+            const QVector<FieldNode> ofElement = document.GetNodes(element.GetPath());
+            most = std::max(most, ofElement.first().GetField().GetValue().toLongLong());
+        }
+        return QString::number(most + 1);
+    }
+    QStringList texts;
+    for (const FieldNode &value : values)
+        texts += value.GetField().GetText();
+    return texts.join(QLatin1Char(','));
+}
+
 } // namespace
 
 struct DocumentForm::Private {
-    using Kind = OutlineLine::Kind;
-
     DocumentForm &form;
     QScrollArea *area = nullptr;
     QWidget *page = nullptr;
@@ -140,11 +70,15 @@ struct DocumentForm::Private {
     QLabel *heading = nullptr; ///< what the document is
     QLabel *legend = nullptr; ///< what the asterisks mean
     QPointer<OpenDocument> document = {};
-    std::map<QString, std::unique_ptr<Row>> rows = {}; ///< by their keys
-    QVector<Row *> order = {};
-    QHash<QString, int> shownElements = {};
+    std::map<QString, std::unique_ptr<FormRow>> rows = {}; ///< by their keys
+    QVector<FormRow *> order = {};
+    ShownElements shown = {};
     QString current = {};
-    std::vector<std::unique_ptr<Row>> gone = {};
+    std::vector<std::unique_ptr<FormRow>> gone = {}; ///< until what they send is over
+
+    const Document none = {};
+
+    [[nodiscard]] const Document &now() const { return document ? document->GetDocument() : none; }
 
     // Building
 
@@ -152,22 +86,20 @@ struct DocumentForm::Private {
     {
         if (isOther) {
             clear();
-            shownElements.clear();
+            shown.clear();
             area->ensureVisible(0, 0);
         }
-        const Document none;
-        const Document &now = document ? document->GetDocument() : none;
-        const FieldOutline outline(now, shownElements);
-        QVector<Row *> newOrder;
-        std::map<QString, std::unique_ptr<Row>> left;
+        const FieldOutline outline(now(), shown);
+        QVector<FormRow *> newOrder;
+        std::map<QString, std::unique_ptr<FormRow>> left;
         std::swap(left, rows);
         for (const OutlineLine &line : outline.lines()) {
-            const QString key = keyOf(line);
+            const QString key = FormRow::keyOf(line);
             const auto former = left.find(key);
-            std::unique_ptr<Row> row = former == left.end() ? made(line) : std::move(former->second);
+            std::unique_ptr<FormRow> row = former == left.end() ? made(line) : std::move(former->second);
             if (former != left.end())
                 left.erase(former);
-            row->line = line;
+            row->setLine(line);
             newOrder.append(row.get());
             rows[key] = std::move(row);
         }
@@ -190,279 +122,135 @@ struct DocumentForm::Private {
         tellCurrent();
     }
 
-    /// What is sending a signal may be among it: it lives until that is over. What has the focus loses it and
-    /// hands on what was typed, which is no longer of this document.
-    void remove(std::unique_ptr<Row> row)
+    void remove(std::unique_ptr<FormRow> row)
     {
-        row->isGone = true;
-        if (row->map)
-            row->map->SetDocument(nullptr);
-        for (QWidget *const widget :
-             {row->bar ? row->bar : row->label, static_cast<QWidget *>(row->notes),
-              row->control ? &row->control->widget() : nullptr, static_cast<QWidget *>(row->map),
-              row->bar ? nullptr : static_cast<QWidget *>(row->button)}) {
-            if (!widget)
-                continue;
-            widget->hide();
-            widget->deleteLater();
-        }
+        row->retire();
         if (gone.empty())
             QTimer::singleShot(0, &form, [this] { gone.clear(); });
         gone.push_back(std::move(row));
     }
 
-    std::unique_ptr<Row> made(const OutlineLine &line)
+    std::unique_ptr<FormRow> made(const OutlineLine &line)
     {
-        auto row = std::make_unique<Row>();
-        Row *const self = row.get();
-        switch (line.kind) {
-        case Kind::Heading:
-        case Kind::Element:
-            makeHeading(*row, line);
-            break;
-        case Kind::Value:
-            row->label = new QLabel(page);
-            row->label->setTextFormat(Qt::PlainText);
-            row->control = FieldControl::make(
-                line.node.GetField(), page,
-                [this, self](const std::optional<QString> &text) { return set(*self, text); });
-            row->control->givenUp = [this, self] {
-                self->refusal.clear();
-                showNotes(*self);
-            };
-            row->notes = new Notes(page);
-            row->label->setBuddy(&row->control->widget());
-            break;
-        case Kind::Map:
-            row->map = new AreaView(page);
-            row->map->SetDocument(document, line.node.GetPath());
-            break;
-        case Kind::More:
-            row->button = new QPushButton(page);
-            connect(row->button, &QPushButton::clicked, &form,
-                    [this, self] { showMore(self->line.node.GetPath()); });
-            break;
-        }
+        // The row is there when they are called.
+        const auto self = std::make_shared<FormRow *>(nullptr);
+        auto row = std::make_unique<FormRow>(
+            line, page, document,
+            FormRow::Actions{[this, self](const std::optional<QString> &text) { return set(**self, text); },
+                             [this, self] { press(**self); }});
+        *self = row.get();
         return row;
-    }
-
-    void makeHeading(Row &row, const OutlineLine &line)
-    {
-        Row *const self = &row;
-        row.bar = new QWidget(page);
-        auto *const layout = new QHBoxLayout(row.bar);
-        const bool isElement = line.kind == Kind::Element;
-        layout->setContentsMargins(0, isElement ? 6 : 14, 0, 2);
-        row.label = new QLabel(row.bar);
-        row.label->setTextFormat(Qt::PlainText);
-        layout->addWidget(row.label, 1);
-        row.notes = new Notes(page);
-        const bool isList = line.node.GetKind() == FieldNode::Kind::List;
-        if (!isElement && !(isList && line.node.IsExtensible()))
-            return;
-        row.button =
-            new QPushButton(isElement ? DocumentForm::tr("Remove") : DocumentForm::tr("Add"), row.bar);
-        row.button->setAutoDefault(false);
-        layout->addWidget(row.button);
-        connect(row.button, &QPushButton::clicked, &form, [this, self, isElement] {
-            isElement ? removeElement(self->line.node.GetPath()) : addElement(*self);
-        });
     }
 
     void arrange()
     {
+        constexpr int Both = 2; // columns
         while (QLayoutItem *const item = grid->takeAt(0))
             delete item;
         int at = 0;
+        grid->addWidget(heading, at++, 0, 1, Both);
         QWidget *before = nullptr;
-        const auto next = [&before](QWidget *widget) {
-            if (!widget)
-                return;
-            widget->show(); // at once, so that it can take the focus
-            if (before)
-                QWidget::setTabOrder(before, widget);
-            before = widget;
-        };
-        grid->addWidget(heading, at++, 0, 1, 2);
-        int required = 0;
-        for (Row *const row : std::as_const(order)) {
-            if (row->control) {
-                row->label->setFixedHeight(
-                    std::max(row->control->lineHeight(), row->label->sizeHint().height()));
-                grid->addWidget(row->label, at, 0, Qt::AlignTop);
-                grid->addWidget(&row->control->widget(), at++, 1, alignmentOf(*row));
-                grid->addWidget(row->notes, at++, 1);
-                next(&row->control->widget());
-                if (row->line.node.GetField().GetRequirement() == Requirement::Always)
-                    ++required;
-            } else if (row->map) {
-                grid->addWidget(row->map, at++, 0, 1, 2);
-                next(row->map);
-            } else if (row->bar) {
-                grid->addWidget(row->bar, at++, 0, 1, 2);
-                row->bar->show();
-                grid->addWidget(row->notes, at++, 0, 1, 2);
-                next(row->button);
-            } else {
-                grid->addWidget(row->button, at++, 1, Qt::AlignLeading);
-                next(row->button);
-            }
+        bool isRequired = false;
+        for (const FormRow *const row : std::as_const(order)) {
+            row->arrange(*grid, at);
+            QWidget *const target = row->focusTarget();
+            if (before && target)
+                QWidget::setTabOrder(before, target);
+            before = target ? target : before;
+            isRequired = isRequired
+                || (row->control()
+                    && row->line().node.GetField().GetRequirement() == Field::Requirement::Always);
         }
-        grid->addWidget(legend, at++, 0, 1, 2);
-        legend->setVisible(required > 0);
-    }
-
-    /// Texts take the width that there is.
-    [[nodiscard]] static Qt::Alignment alignmentOf(const Row &row)
-    {
-        return row.line.node.GetField().GetType() == Field::Type::Text ? Qt::Alignment()
-                                                                       : Qt::Alignment(Qt::AlignLeading);
+        grid->addWidget(legend, at++, 0, 1, Both);
+        legend->setVisible(isRequired);
     }
 
     // Showing
 
     void show()
     {
-        const Document none;
-        const Document &now = document ? document->GetDocument() : none;
-        const QHash<QString, QString> said =
-            document ? Inspection::saidTexts(document->GetText()) : QHash<QString, QString>();
-        QMultiHash<QString, Finding> findings;
-        const QVector<Finding> all = now.GetFindings();
-        for (const Finding &finding : all)
-            findings.insert(finding.GetFieldPath(), finding);
-        legend->setAlignment(leading(form));
-        showHeading(now);
-        for (Row *const row : std::as_const(order))
-            showRow(*row, said, findings);
+        const Inspection::SaidFields said(document ? document->GetText() : QByteArray());
+        const QHash<const FormRow *, QVector<FormRow::Note>> notes = notesOf(said);
+        legend->setAlignment(leadingSide(form));
+        showHeading();
+        for (FormRow *const row : std::as_const(order)) {
+            const auto text = said.texts().constFind(row->path());
+            row->show(text == said.texts().constEnd() ? std::nullopt : std::optional(*text),
+                      notes.value(row));
+        }
     }
 
-    void showHeading(const Document &now) const
+    /// What findings say, each at the row of its field or, where there is none, of what that is in.
+    [[nodiscard]] QHash<const FormRow *, QVector<FormRow::Note>>
+    notesOf(const Inspection::SaidFields &said) const
+    {
+        QHash<QString, const FormRow *> places;
+        for (const FormRow *const row : order) {
+            if (row->isPlace())
+                places.insert(row->path(), row);
+        }
+        QHash<const FormRow *, QVector<FormRow::Note>> notes;
+        const QVector<Finding> findings = now().GetFindings();
+        for (const Finding &finding : findings) {
+            const QString path = said.pathOf(finding);
+            QString around = path;
+            while (!around.isEmpty() && !places.contains(around))
+                around = parentOf(around);
+            if (around.isEmpty())
+                continue;
+            QString within = path.mid(around.size());
+            if (within.startsWith(QLatin1Char('.')))
+                within.remove(0, 1);
+            notes[places.value(around)].append({finding, within});
+        }
+        return notes;
+    }
+
+    void showHeading() const
     {
         if (!document || document->GetText().isEmpty())
             heading->setText(DocumentForm::tr("No document is open."));
         else if (order.isEmpty())
-            heading->setText(now.GetState());
+            heading->setText(now().GetState());
         else
             heading->setText(QString());
         heading->setVisible(!heading->text().isEmpty());
     }
 
-    void showRow(Row &row, const QHash<QString, QString> &said, const QMultiHash<QString, Finding> &findings)
-    {
-        const FieldNode &node = row.line.node;
-        row.messages.clear();
-        row.hasError = false;
-        FieldState state{node.GetField()};
-        const auto text = said.constFind(node.GetPath());
-        if (text != said.constEnd())
-            state.said = *text;
-        QList<Finding> mine = findings.values(node.GetPathInFindings());
-        std::reverse(mine.begin(), mine.end()); // values() has the last one first
-        const bool isElement = row.line.kind == Kind::Element;
-        for (const Finding &finding : std::as_const(mine)) {
-            // Findings do not tell which element of a list they are about: the text that they found does.
-            if (isElement || (isInList(node) && finding.HasFound() && finding.GetFound() != state.said))
-                continue;
-            row.messages += finding.GetMessage();
-            row.hasError = row.hasError || finding.GetSeverity() == Finding::Severity::Error;
-            state.isBad = state.isBad || finding.GetId() == FindingId::BadValue;
-        }
-        if (row.label)
-            row.label->setAlignment(leading(form));
-        if (row.control) {
-            showLabel(row);
-            row.control->show(state);
-            if (!row.control->isOpen())
-                row.refusal.clear();
-        } else if (row.bar) {
-            const bool isList =
-                node.GetKind() == FieldNode::Kind::List || node.GetKind() == FieldNode::Kind::Map;
-            row.label->setText(isElement ? row.line.title
-                                   : isList
-                                   ? DocumentForm::tr("%1 (%2)").arg(row.line.title).arg(row.line.count)
-                                   : row.line.title);
-            QFont font = form.font();
-            font.setBold(true);
-            row.label->setFont(font);
-            if (row.button)
-                row.button->setAccessibleName(row.button->text() + QLatin1Char(' ') + row.line.title);
-        } else if (row.button) {
-            row.button->setText(
-                DocumentForm::tr("Show %1 more")
-                    .arg(form.locale().toString(std::min(row.line.count, FieldOutline::Few))));
-        }
-        showNotes(row);
-    }
-
-    [[nodiscard]] static bool isInList(const FieldNode &node)
-    {
-        return node.GetPath() != node.GetPathInFindings();
-    }
-
-    void showLabel(Row &row)
-    {
-        const Field field = row.line.node.GetField();
-        const bool isRequired = field.GetRequirement() == Requirement::Always;
-        row.label->setText(row.line.title + (isRequired ? QStringLiteral(" *") : QString()));
-        QStringList tips{field.GetPath(), field.GetAllowedInWords()};
-        if (isRequired)
-            tips += DocumentForm::tr("Required");
-        else if (field.GetRequirement() == Requirement::Sometimes)
-            tips += DocumentForm::tr("Required in some documents");
-        // Names that documents give may look like tags.
-        const QString tip = tips.join(QLatin1Char('\n'));
-        row.label->setToolTip(Qt::mightBeRichText(tip) ? Qt::convertFromPlainText(tip) : tip);
-        QWidget &widget = row.control->widget();
-        if (widget.toolTip().isEmpty())
-            widget.setToolTip(row.label->toolTip());
-        QString name = row.line.title;
-        if (!field.GetUnit().isEmpty())
-            name = DocumentForm::tr("%1 in %2").arg(name, field.GetUnit());
-        widget.setAccessibleName(isRequired ? DocumentForm::tr("%1, required").arg(name) : name);
-    }
-
-    void showNotes(Row &row)
-    {
-        if (!row.notes)
-            return;
-        QStringList lines = row.messages;
-        if (!row.refusal.isEmpty())
-            lines.prepend(row.refusal);
-        const ValueMark mark = lines.isEmpty()       ? ValueMark::None
-            : row.hasError || !row.refusal.isEmpty() ? ValueMark::Error
-                                                     : ValueMark::Warning;
-        row.notes->show(lines, mark);
-        if (row.control) {
-            row.control->mark(lines.join(QLatin1Char('\n')));
-            row.control->widget().setAccessibleDescription(lines.join(QLatin1Char('\n')));
-        }
-    }
-
     // Changing
 
-    bool change(const DocumentEdit::Change &change, Row *row)
+    /// \return why it is not done; empty when it is
+    QString change(const DocumentEdit::Change &change)
     {
         if (!document)
-            return false;
+            return {};
+        QStringList reasons;
         const QVector<Finding> refused = document->Change({change}, DocumentEdit::NewFindings::Accepted);
-        if (row) {
-            row->refusal.clear();
-            for (const Finding &finding : refused)
-                row->refusal +=
-                    (row->refusal.isEmpty() ? QString() : QStringLiteral("\n")) + finding.GetMessage();
-            if (!row->isGone)
-                showNotes(*row);
-        }
-        return refused.isEmpty();
+        for (const Finding &finding : refused)
+            reasons += finding.GetMessage();
+        return reasons.join(QLatin1Char('\n'));
     }
 
-    bool set(Row &row, const std::optional<QString> &text)
+    QString set(const FormRow &row, const std::optional<QString> &text)
     {
-        if (row.isGone)
-            return true;
-        const QString path = row.line.node.GetPath();
-        return change({text ? Action::Set : Action::Unset, path, text.value_or(QString())}, &row);
+        if (row.isRetired())
+            return {};
+        return change({text ? Action::Set : Action::Unset, row.path(), text.value_or(QString())});
+    }
+
+    void press(FormRow &row)
+    {
+        switch (row.line().kind) {
+        case Kind::Element:
+            takeOpenEdits();
+            row.setRefusal(change({Action::Unset, row.path()}));
+            break;
+        case Kind::More:
+            showMore(row.line());
+            break;
+        default:
+            addElement(row);
+        }
     }
 
     void takeOpenEdits()
@@ -470,72 +258,41 @@ struct DocumentForm::Private {
         // Each change may move lines.
         QStringList keys;
         for (const auto &[key, row] : rows) {
-            if (row->control && row->control->isOpen())
+            if (row->control() && row->control()->isOpen())
                 keys += key;
         }
         for (const QString &key : std::as_const(keys)) {
             const auto row = rows.find(key);
             if (row == rows.end())
                 continue;
-            const QString problem = row->second->control->take();
+            const QString problem = row->second->control()->take();
             if (!problem.isEmpty())
-                document->Refuse(row->second->line.node.GetPath(), problem);
+                document->Refuse(row->second->path(), problem);
         }
     }
 
-    void removeElement(const QString &path)
+    void addElement(FormRow &row)
     {
         takeOpenEdits();
-        change({Action::Unset, path}, nullptr);
+        const QString list = row.path();
+        const auto index = static_cast<int>(now().GetNodes(list).size());
+        row.setRefusal(change({Action::Set, list, textOfNewElement(now(), list)}));
+        form.ShowField(QStringLiteral("%1[%2]").arg(list).arg(index));
     }
 
-    /// As the last element is, but for a number that tells elements apart.
-    void addElement(Row &row)
+    void showMore(const OutlineLine &line)
     {
-        takeOpenEdits();
-        const QString list = row.line.node.GetPath();
-        const QVector<FieldNode> elements = document->GetDocument().GetNodes(list);
-        QStringList texts{QStringLiteral("0")};
-        if (!elements.isEmpty()) {
-            const QVector<FieldNode> values = document->GetDocument().GetNodes(elements.last().GetPath());
-            if (!values.isEmpty() && values.first().GetField().GetType() == Field::Type::Integer) {
-                qint64 most = -1;
-                for (const FieldNode &element : elements) {
-                    const QVector<FieldNode> ofElement = document->GetDocument().GetNodes(element.GetPath());
-                    most = std::max(most, ofElement.first().GetField().GetValue().toLongLong());
-                }
-                texts = QStringList{QString::number(most + 1)};
-            } else {
-                texts.clear();
-                for (const FieldNode &value : values)
-                    texts += value.GetField().GetText();
-            }
-        }
-        if (elements.size() >= std::max(shownElements.value(list), FieldOutline::Few))
-            shownElements[list] = static_cast<int>(elements.size()) + 1;
-        change({Action::Set, list, texts.join(QLatin1Char(','))}, &row);
-        form.ShowField(QStringLiteral("%1[%2]").arg(list).arg(elements.size()));
-    }
-
-    void showMore(const QString &list)
-    {
-        const int before = std::max(shownElements.value(list), FieldOutline::Few);
-        shownElements[list] = before + FieldOutline::Few;
-        read(false);
-        form.ShowField(QStringLiteral("%1[%2]").arg(list).arg(before));
+        const FieldNode first = now().GetNodes(line.node.GetPath()).value(line.first);
+        form.ShowField(first.GetPath());
     }
 
     // Finding
 
-    [[nodiscard]] Row *find(const QString &path) const
+    [[nodiscard]] FormRow *find(const QString &path) const
     {
-        const auto is = [&path](const Row *row) {
-            return row->line.node.GetPath() == path && row->line.kind != Kind::More
-                && row->line.kind != Kind::Map;
-        };
-        const auto isCalled = [&path](const Row *row) {
-            return row->line.node.GetPathInFindings() == path && row->line.kind != Kind::More
-                && row->line.kind != Kind::Map;
+        const auto is = [&path](const FormRow *row) { return row->isPlace() && row->path() == path; };
+        const auto isCalled = [&path](const FormRow *row) {
+            return row->isPlace() && row->line().node.GetPathInFindings() == path;
         };
         auto row = std::find_if(order.begin(), order.end(), is);
         if (row == order.end())
@@ -544,25 +301,33 @@ struct DocumentForm::Private {
     }
 
     /// The first control below the row, itself included.
-    [[nodiscard]] QWidget *controlBelow(Row *row) const
+    [[nodiscard]] QWidget *controlBelow(FormRow *row) const
     {
         for (auto i = order.indexOf(row); i >= 0 && i < order.size(); ++i) {
-            if (order.at(i)->control)
-                return &order.at(i)->control->widget();
-            if (order.at(i)->button && order.at(i)->line.kind == Kind::Heading)
-                return order.at(i)->button;
+            if (order.at(i)->control())
+                return order.at(i)->editor();
+            if (order.at(i)->line().kind == Kind::Heading && order.at(i)->focusTarget())
+                return order.at(i)->focusTarget();
         }
         return nullptr;
+    }
+
+    /// At once, so that what has come can be scrolled to.
+    void layOut() const
+    {
+        page->layout()->activate();
+        QEvent request(QEvent::LayoutRequest);
+        QApplication::sendEvent(page, &request);
     }
 
     void tellCurrent()
     {
         const QWidget *const focused = QApplication::focusWidget();
         QString path;
-        for (const Row *const row : std::as_const(order)) {
-            const QWidget *const widget = row->control ? &row->control->widget() : row->map;
+        for (const FormRow *const row : std::as_const(order)) {
+            const QWidget *const widget = row->editor();
             if (widget && focused && (widget == focused || widget->isAncestorOf(focused)))
-                path = row->line.node.GetPath();
+                path = row->path();
         }
         if (std::exchange(current, path) != path)
             Q_EMIT form.CurrentFieldChanged(path);
@@ -627,20 +392,19 @@ OpenDocument *DocumentForm::GetDocument() const
 
 bool DocumentForm::ShowField(const QString &path)
 {
+    if (d->shown.addAround(d->now(), path))
+        d->read(false);
     for (QString at = path; !at.isEmpty(); at = parentOf(at)) {
-        Row *const row = d->find(at);
+        FormRow *const row = d->find(at);
         if (!row)
             continue;
-        d->page->layout()->activate();
-        QWidget *const place = row->control ? &row->control->widget() : row->bar ? row->bar : nullptr;
-        QWidget *const control = d->controlBelow(row);
         constexpr int Margin = 60;
-        if (control) {
+        d->layOut();
+        if (QWidget *const control = d->controlBelow(row)) {
             d->area->ensureWidgetVisible(control, 0, Margin);
             control->setFocus(Qt::OtherFocusReason);
         }
-        if (place)
-            d->area->ensureWidgetVisible(place, 0, Margin);
+        d->area->ensureWidgetVisible(row->place(), 0, Margin);
         return true;
     }
     return false;
@@ -653,26 +417,23 @@ QString DocumentForm::GetCurrentField() const
 
 QWidget *DocumentForm::GetControl(const QString &path) const
 {
-    for (const Row *const row : std::as_const(d->order)) {
-        if (row->line.node.GetPath() == path && row->control)
-            return &row->control->widget();
-        if (row->line.node.GetPath() == path && row->map)
-            return row->map;
-    }
-    return nullptr;
+    const auto row = std::find_if(d->order.begin(), d->order.end(), [&path](const FormRow *one) {
+        return one->path() == path && one->editor();
+    });
+    return row == d->order.end() ? nullptr : (*row)->editor();
 }
 
 QString DocumentForm::GetNotes(const QString &path) const
 {
-    const Row *const row = d->find(path);
-    return row && row->notes ? row->notes->text() : QString();
+    const FormRow *const row = d->find(path);
+    return row ? row->notesText() : QString();
 }
 
 QSize DocumentForm::sizeHint() const
 {
-    constexpr int Width = 620;
-    constexpr int Height = 640;
-    return {Width, Height};
+    constexpr int Characters = 90;
+    constexpr int Lines = 38;
+    return sizeOfText(*this, Characters, Lines);
 }
 
 void DocumentForm::changeEvent(QEvent *event)

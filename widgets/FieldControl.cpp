@@ -5,6 +5,7 @@
 #include <widgets/FrequencyEdit.h>
 #include <widgets/NumberEdit.h>
 #include <widgets/ProseEdit_p.h>
+#include <widgets/TextSize_p.h>
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -48,27 +49,20 @@ bool isLeft(const QEvent &event)
 void setUsualWidth(QWidget &widget)
 {
     constexpr int Characters = 38;
-    widget.setMinimumWidth(Characters * widget.fontMetrics().averageCharWidth());
+    widget.setMinimumWidth(sizeOfText(widget, Characters, 1).width());
 }
 
-class NumberControl : public FieldControl, public QObject {
+/// A line whose text is a value. What is no value, or is refused, stays until it is another one or given up.
+class LineControl : public FieldControl, public QObject {
 public:
-    NumberControl(const Field &field, QWidget *parent, Setter fieldSetter)
-        : edit(field.GetUnit() == QLatin1String("Hz") ? new FrequencyEdit(parent) : new NumberEdit(parent)),
-          setter(std::move(fieldSetter))
+    /// How the text of the value of a line is written into documents.
+    using Writer = std::function<QString()>;
+
+    LineControl(ValueEdit *line, Writer valueWriter, Setter fieldSetter)
+        : FieldControl(std::move(fieldSetter)), edit(line), writer(std::move(valueWriter))
     {
-        using Type = Field::Type;
         setUsualWidth(*edit);
         edit->setMaximumWidth(edit->minimumWidth());
-        edit->SetUnit(field.GetUnit());
-        edit->SetType(field.GetType() == Type::Float        ? NumberEdit::Type::Float
-                          : field.GetType() == Type::Double ? NumberEdit::Type::Double
-                                                            : NumberEdit::Type::Whole64);
-        const bool isLimited = field.GetType() == Type::Integer
-            && (field.GetMinimum() != std::numeric_limits<qint64>::min()
-                || field.GetMaximum() != std::numeric_limits<qint64>::max());
-        if (isLimited)
-            edit->SetLimits(field.GetMinimum(), field.GetMaximum());
         edit->installEventFilter(this);
         QObject::connect(edit, &ValueEdit::Finished, this, [this] { hand(); });
     }
@@ -82,9 +76,9 @@ public:
         const int cursor = edit->cursorPosition();
         state = newState;
         edit->setPlaceholderText(textOfUnset(state));
-        if (isRefused) // the value stays until it is another one or given up
+        if (isRefusedValue())
             return;
-        const QVariant value = state.isUnderstood() ? state.field.GetValue() : QVariant();
+        const QVariant value = stateValue();
         if (value != edit->GetValue() || value.userType() != edit->GetValue().userType() || !wasOpen)
             edit->SetValue(value);
         shown = edit->text();
@@ -94,14 +88,7 @@ public:
         }
     }
 
-    void discard() override
-    {
-        isRefused = false;
-        edit->SetValue(state.isUnderstood() ? state.field.GetValue() : QVariant());
-        shown = edit->text();
-    }
-
-    [[nodiscard]] bool isOpen() const override { return isRefused || edit->text() != shown; }
+    [[nodiscard]] bool isOpen() const override { return !refusal().isEmpty() || edit->text() != shown; }
 
     QString take() override
     {
@@ -109,106 +96,11 @@ public:
             return {};
         if (edit->text().trimmed().isEmpty()) {
             unset();
-            return {};
+        } else if (isRefusedValue()) {
+            hand(); // once more
+        } else {
+            return takeTyped();
         }
-        if (isRefused && !edit->IsOpen()) {
-            hand();
-            return {};
-        }
-        if (edit->Take()) { // Finished() has handed it over, unless it is the same value
-            if (!isRefused)
-                shown = edit->text();
-            return {};
-        }
-        return edit->GetProblem();
-    }
-
-    void mark(const QString &problem) override { edit->SetNote(problem); }
-
-    bool eventFilter(QObject *object, QEvent *event) override
-    {
-        // Who empties a line means that the field is not set.
-        if (isLeft(*event) && edit->text().trimmed().isEmpty() && !shown.isEmpty())
-            unset();
-        const bool isKey = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
-        if (isKey && isRefused && !edit->IsOpen()
-            && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
-            event->accept();
-            if (event->type() == QEvent::KeyPress) {
-                discard();
-                if (givenUp)
-                    givenUp();
-            }
-            return true;
-        }
-        return QObject::eventFilter(object, event);
-    }
-
-private:
-    void unset()
-    {
-        if (setter(std::nullopt))
-            discard();
-    }
-
-    void hand()
-    {
-        isRefused = false;
-        shown = edit->text();
-        isRefused = !setter(edit->GetValueText());
-    }
-
-    NumberEdit *const edit;
-    const Setter setter;
-    FieldState state = {};
-    QString shown = {}; ///< the text for the state
-    bool isRefused = false; ///< the value that stands there
-};
-
-class DateTimeControl : public FieldControl, public QObject {
-public:
-    DateTimeControl(QWidget *parent, Setter fieldSetter)
-        : edit(new DateTimeLine(parent)), setter(std::move(fieldSetter))
-    {
-        setUsualWidth(*edit);
-        edit->setMaximumWidth(edit->minimumWidth());
-        edit->installEventFilter(this);
-        QObject::connect(edit, &ValueEdit::Finished, this, [this] { hand(); });
-    }
-
-    [[nodiscard]] QWidget &widget() const override { return *edit; }
-
-    void show(const FieldState &newState) override
-    {
-        const bool wasOpen = isOpen();
-        const QString typed = edit->text();
-        state = newState;
-        edit->setPlaceholderText(textOfUnset(state));
-        edit->SetValue(state.isUnderstood() ? state.field.GetValue() : QVariant());
-        shown = edit->text();
-        if (wasOpen)
-            edit->setText(typed);
-    }
-
-    void discard() override
-    {
-        edit->SetValue(state.isUnderstood() ? state.field.GetValue() : QVariant());
-        shown = edit->text();
-    }
-
-    [[nodiscard]] bool isOpen() const override { return edit->text() != shown; }
-
-    QString take() override
-    {
-        if (!isOpen())
-            return {};
-        if (edit->text().trimmed().isEmpty()) {
-            unset();
-            return {};
-        }
-        if (!edit->Take())
-            return edit->GetProblem();
-        shown = edit->text();
         return {};
     }
 
@@ -216,41 +108,104 @@ public:
 
     bool eventFilter(QObject *object, QEvent *event) override
     {
-        if (isLeft(*event) && edit->text().trimmed().isEmpty() && !shown.isEmpty())
-            unset();
+        // Who empties a line means that the field is not set.
+        if (isLeft(*event) && !isRefusedValue())
+            (void)take(); // which says at the field why not
+        const bool isKey = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+        if (isKey && isOpen() && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
+            event->accept();
+            if (event->type() == QEvent::KeyPress) {
+                discard();
+                edit->selectAll();
+            }
+            return true;
+        }
         return QObject::eventFilter(object, event);
     }
 
 private:
+    /// Whether what stands there is a value, but none for the document.
+    [[nodiscard]] bool isRefusedValue() const
+    {
+        return !refusal().isEmpty() && !edit->IsOpen() && edit->GetValue() != stateValue();
+    }
+
+    [[nodiscard]] QVariant stateValue() const
+    {
+        return state.isUnderstood() ? state.field.GetValue() : QVariant();
+    }
+
+    void discard()
+    {
+        edit->SetValue(stateValue());
+        shown = edit->text();
+        setRefusal({});
+    }
+
+    QString takeTyped()
+    {
+        const QVariant before = edit->GetValue();
+        if (!edit->Take()) {
+            setRefusal(edit->GetProblem());
+            return refusal();
+        }
+        // Of the same value in other words, nothing is told.
+        if (edit->GetValue() == before)
+            before == stateValue() ? discard() : hand();
+        return {};
+    }
+
     void unset()
     {
-        if (setter(std::nullopt))
+        if (set(std::nullopt))
             discard();
     }
 
     void hand()
     {
         shown = edit->text();
-        setter(Field::TextOf(edit->GetValue()));
+        (void)set(writer());
     }
 
-    DateTimeLine *const edit;
-    const Setter setter;
+    ValueEdit *const edit;
+    const Writer writer;
     FieldState state = {};
-    QString shown = {};
+    QString shown = {}; ///< the text for the state
 };
+
+std::unique_ptr<FieldControl> makeNumberControl(const Field &field, QWidget *parent,
+                                                const FieldControl::Setter &setter)
+{
+    using Type = Field::Type;
+    auto *const edit =
+        field.GetUnit() == QLatin1String("Hz") ? new FrequencyEdit(parent) : new NumberEdit(parent);
+    edit->SetUnit(field.GetUnit());
+    edit->SetType(field.GetType() == Type::Float        ? NumberEdit::Type::Float
+                      : field.GetType() == Type::Double ? NumberEdit::Type::Double
+                                                        : NumberEdit::Type::Whole64);
+    const bool isLimited = field.GetType() == Type::Integer
+        && (field.GetMinimum() != std::numeric_limits<qint64>::min()
+            || field.GetMaximum() != std::numeric_limits<qint64>::max());
+    if (isLimited)
+        edit->SetLimits(field.GetMinimum(), field.GetMaximum());
+    return std::make_unique<LineControl>(
+        edit, [edit] { return edit->GetValueText(); }, setter);
+}
+
+std::unique_ptr<FieldControl> makeDateTimeControl(QWidget *parent, const FieldControl::Setter &setter)
+{
+    auto *const edit = new DateTimeLine(parent);
+    return std::make_unique<LineControl>(
+        edit, [edit] { return Field::TextOf(edit->GetValue()); }, setter);
+}
 
 class TextControl : public FieldControl, public QObject {
 public:
     TextControl(QWidget *parent, Setter fieldSetter)
-        : edit(new ProseEdit(parent)), setter(std::move(fieldSetter))
+        : FieldControl(std::move(fieldSetter)), edit(new ProseEdit(parent))
     {
-        QObject::connect(edit, &ProseEdit::Finished, this, [this] { hand(); });
-        QObject::connect(edit, &ProseEdit::GivenUp, this, [this] {
-            discard();
-            if (givenUp)
-                givenUp();
-        });
+        QObject::connect(edit, &ProseEdit::Finished, this, [this] { (void)take(); });
+        QObject::connect(edit, &ProseEdit::GivenUp, this, [this] { discard(); });
     }
 
     [[nodiscard]] QWidget &widget() const override { return *edit; }
@@ -264,7 +219,24 @@ public:
             discard();
     }
 
-    void discard() override
+    [[nodiscard]] bool isOpen() const override { return edit->GetText() != shown; }
+    [[nodiscard]] int lineHeight() const override { return edit->minimumSizeHint().height(); }
+
+    QString take() override
+    {
+        const QString typed = edit->GetText();
+        if (typed == shown)
+            return {};
+        const QString before = std::exchange(shown, typed);
+        if (!set(typed.isEmpty() ? std::nullopt : std::optional(typed)))
+            shown = before;
+        return {};
+    }
+
+    void mark(const QString &problem) override { edit->SetMarked(!problem.isEmpty()); }
+
+private:
+    void discard()
     {
         edit->SetText(state.field.GetText());
         shown = edit->GetText();
@@ -272,33 +244,10 @@ public:
         const QString reason = tr("This text holds characters that can only be shown here.");
         if (edit->isReadOnly() || edit->toolTip() == reason)
             edit->setToolTip(edit->isReadOnly() ? reason : QString());
-    }
-
-    [[nodiscard]] bool isOpen() const override { return edit->GetText() != shown; }
-    [[nodiscard]] int lineHeight() const override { return edit->minimumSizeHint().height(); }
-
-    QString take() override
-    {
-        hand();
-        return {};
-    }
-
-    void mark(const QString &problem) override { edit->SetMarked(!problem.isEmpty()); }
-
-private:
-    void hand()
-    {
-        const QString typed = edit->GetText();
-        if (typed == shown)
-            return;
-        const QString before = std::exchange(shown, typed);
-        const bool isTaken = setter(typed.isEmpty() ? std::nullopt : std::optional(typed));
-        if (!isTaken)
-            shown = before;
+        setRefusal({});
     }
 
     ProseEdit *const edit;
-    const Setter setter;
     FieldState state = {};
     QString shown = {};
 };
@@ -306,7 +255,7 @@ private:
 class BooleanControl : public FieldControl, public QObject {
 public:
     BooleanControl(QWidget *parent, Setter fieldSetter)
-        : box(new QCheckBox(parent)), setter(std::move(fieldSetter))
+        : FieldControl(std::move(fieldSetter)), box(new QCheckBox(parent))
     {
         constexpr int Room = 8;
         box->setMinimumHeight(box->fontMetrics().height() + Room); // as other lines
@@ -321,10 +270,12 @@ public:
     void show(const FieldState &newState) override
     {
         state = newState;
-        discard();
+        setRefusal({});
+        showState();
     }
 
-    void discard() override
+private:
+    void showState()
     {
         box->setCheckState(!state.isUnderstood()                 ? Qt::PartiallyChecked
                                : state.field.GetValue().toBool() ? Qt::Checked
@@ -332,15 +283,14 @@ public:
         tell();
     }
 
-private:
     void hand()
     {
         const Qt::CheckState wanted = box->checkState();
         const bool isTaken =
-            setter(wanted == Qt::PartiallyChecked ? std::nullopt
-                                                  : std::optional(Field::TextOf(wanted == Qt::Checked)));
+            set(wanted == Qt::PartiallyChecked ? std::nullopt
+                                               : std::optional(Field::TextOf(wanted == Qt::Checked)));
         if (!isTaken)
-            discard();
+            showState();
     }
 
     void tell()
@@ -352,7 +302,6 @@ private:
     }
 
     QCheckBox *const box;
-    const Setter setter;
     FieldState state = {};
 };
 
@@ -369,7 +318,7 @@ public:
 class NameControl : public FieldControl, public QObject {
 public:
     NameControl(QWidget *parent, Setter fieldSetter)
-        : box(new NameBox(parent)), setter(std::move(fieldSetter))
+        : FieldControl(std::move(fieldSetter)), box(new NameBox(parent))
     {
         setUsualWidth(*box);
         QObject::connect(box, QOverload<int>::of(&QComboBox::activated), this,
@@ -382,22 +331,26 @@ public:
     {
         const bool isSame = state.said == newState.said && state.field == newState.field && box->count() > 0;
         state = newState;
+        setRefusal({});
         if (!isSame)
             fill();
     }
 
-    void discard() override { fill(); }
-
 private:
+    /// Something that is no name.
+    [[nodiscard]] bool isUnknown() const
+    {
+        return state.said && !state.isUnderstood() && !state.said->isEmpty();
+    }
+
     void fill()
     {
         const QStringList names = state.field.GetAllowed();
         box->clear();
-        const bool isUnknown = state.said && !state.isUnderstood() && !state.said->isEmpty();
         box->addItem(state.said ? tr("not set") : textOfUnset(state));
         box->addItems(names);
         int current = 0;
-        if (isUnknown) {
+        if (isUnknown()) {
             // What the document says stays to be seen and is no name that could be chosen.
             box->insertItem(1, QStringLiteral("\"%1\"").arg(*state.said));
             current = 1;
@@ -409,17 +362,14 @@ private:
 
     void hand(int index)
     {
-        const bool isUnknown = state.said && !state.isUnderstood() && !state.said->isEmpty();
-        if (isUnknown && index == 1)
+        if (isUnknown() && index == 1)
             return;
         const QString name = box->itemText(index);
-        const bool isTaken = setter(index == 0 ? std::nullopt : std::optional(name));
-        if (!isTaken)
+        if (!set(index == 0 ? std::nullopt : std::optional(name)))
             fill();
     }
 
     NameBox *const box;
-    const Setter setter;
     FieldState state = {};
 };
 
@@ -457,15 +407,28 @@ std::unique_ptr<FieldControl> FieldControl::make(const Field &field, QWidget *pa
     case Field::Type::Integer:
     case Field::Type::Float:
     case Field::Type::Double:
-        return std::make_unique<NumberControl>(field, parent, setter);
+        return makeNumberControl(field, parent, setter);
     case Field::Type::DateTime:
-        return std::make_unique<DateTimeControl>(parent, setter);
+        return makeDateTimeControl(parent, setter);
     case Field::Type::Name:
         return std::make_unique<NameControl>(parent, setter);
     case Field::Type::Text:
         break;
     }
     return std::make_unique<TextControl>(parent, setter);
+}
+
+bool FieldControl::set(const std::optional<QString> &text)
+{
+    setRefusal({}); // what is shown meanwhile is not that of before
+    setRefusal(setter(text));
+    return refused.isEmpty();
+}
+
+void FieldControl::setRefusal(const QString &reason)
+{
+    if (std::exchange(refused, reason) != reason && refusalChanged)
+        refusalChanged();
 }
 
 int FieldControl::lineHeight() const

@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
 QT_BEGIN_NAMESPACE
 class QWidget;
@@ -28,8 +29,9 @@ struct FieldState {
 
 class FieldControl {
 public:
-    /// Takes what people have set the field to; nothing: it is not set. \return it is taken
-    using Setter = std::function<bool(const std::optional<QString> &text)>;
+    /// Takes what people have set the field to; nothing: it is not set. \return why it is not taken; empty
+    /// when it is
+    using Setter = std::function<QString(const std::optional<QString> &text)>;
 
     /// The control for the type of \a field. Its widget belongs to \a parent.
     [[nodiscard]] static std::unique_ptr<FieldControl> make(const Field &field, QWidget *parent,
@@ -37,7 +39,7 @@ public:
     /// Fields of equal keys can share a control, one after the other.
     [[nodiscard]] static QString keyOf(const Field &field);
 
-    FieldControl() = default;
+    explicit FieldControl(Setter fieldSetter) : setter(std::move(fieldSetter)) { }
     FieldControl(const FieldControl &) = delete;
     FieldControl &operator=(const FieldControl &) = delete;
     virtual ~FieldControl() = default;
@@ -45,18 +47,28 @@ public:
     [[nodiscard]] virtual QWidget &widget() const = 0;
     /// Shows \a state; what is being typed stays.
     virtual void show(const FieldState &state) = 0;
-    /// Shows the state that was given last in the place of what was typed.
-    virtual void discard() = 0;
     /// Whether something was typed that the document does not have.
     [[nodiscard]] virtual bool isOpen() const { return false; }
-    /// Hands over what was typed. \return why it cannot; empty when it can, whether or not it is taken then
+    /// Hands over what was typed. \return why it is no value that could be; empty when it is, whether or not
+    /// it is taken then
     virtual QString take() { return {}; }
+    /// Why what people did last is not taken; empty when it is.
+    [[nodiscard]] const QString &refusal() const noexcept { return refused; }
     /// \a problem is what is wrong with the field; empty for nothing.
     virtual void mark(const QString & /*problem*/) { }
     /// How high its first line is, which its label stands beside.
     [[nodiscard]] virtual int lineHeight() const;
 
-    std::function<void()> givenUp; ///< called when a value that was refused is given up; may be empty
+    std::function<void()> refusalChanged; ///< called after refusal() has changed; may be empty
+
+protected:
+    /// \return it is taken
+    bool set(const std::optional<QString> &text);
+    void setRefusal(const QString &reason);
+
+private:
+    const Setter setter;
+    QString refused;
 };
 
 } // namespace KORMAK::Widgets

@@ -10,7 +10,44 @@ namespace KORMAK::Widgets {
 
 using Kind = FieldNode::Kind;
 
-FieldOutline::FieldOutline(const Document &ofDocument, const QHash<QString, int> &shownElements)
+bool isWithin(const QString &path, const QString &whole)
+{
+    return path.startsWith(whole)
+        && (path.size() == whole.size() || path.at(whole.size()) == QLatin1Char('.')
+            || path.at(whole.size()) == QLatin1Char('['));
+}
+
+bool ShownElements::contains(const QString &list, int index) const
+{
+    return index < PageSize || pages.value(list).contains(index / PageSize);
+}
+
+bool ShownElements::add(const QString &list, int index)
+{
+    if (contains(list, index))
+        return false;
+    pages[list].insert(index / PageSize);
+    return true;
+}
+
+bool ShownElements::addAround(const Document &document, const QString &path)
+{
+    bool isMore = false;
+    QString around;
+    for (;;) {
+        const QVector<FieldNode> nodes = document.GetNodes(around);
+        const auto next = std::find_if(nodes.begin(), nodes.end(), [&path](const FieldNode &node) {
+            return isWithin(path, node.GetPath());
+        });
+        if (next == nodes.end())
+            return isMore;
+        if (next->IsElement() && add(around, static_cast<int>(next - nodes.begin())))
+            isMore = true;
+        around = next->GetPath();
+    }
+}
+
+FieldOutline::FieldOutline(const Document &ofDocument, const ShownElements &shownElements)
     : document(ofDocument), shown(shownElements)
 {
     addBelow({});
@@ -53,9 +90,15 @@ void FieldOutline::addList(const FieldNode &node)
     const QVector<FieldNode> elements = document.GetNodes(node.GetPath());
     const auto count = static_cast<int>(elements.size());
     all.append({OutlineLine::Kind::Heading, node, node.GetLabel(), count});
-    const int most = std::max(shown.value(node.GetPath()), Few);
-    for (int i = 0; i < std::min(count, most); ++i) {
+    for (int i = 0; i < count; ++i) {
         const FieldNode &element = elements.at(i);
+        if (!shown.contains(node.GetPath(), i)) {
+            const bool isFirst = shown.contains(node.GetPath(), i - 1);
+            if (isFirst)
+                all.append({OutlineLine::Kind::More, node, {}, 0, i});
+            ++all.last().count;
+            continue;
+        }
         // People count from 1.
         const QString title = node.GetKind() == Kind::List
             ? QStringLiteral("%1 %2").arg(node.GetLabel(), QString::number(i + 1))
@@ -67,8 +110,6 @@ void FieldOutline::addList(const FieldNode &node)
         all.append({OutlineLine::Kind::Element, element, title});
         addBelow(element.GetPath());
     }
-    if (count > most)
-        all.append({OutlineLine::Kind::More, node, {}, count - most});
 }
 
 } // namespace KORMAK::Widgets

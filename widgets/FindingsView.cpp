@@ -1,13 +1,14 @@
 #include "widgets/FindingsView.h"
 
 #include <inspection/Document.h>
+#include <inspection/SaidFields_p.h>
 #include <models/FindingModel.h>
 #include <models/OpenDocument.h>
+#include <widgets/TextSize_p.h>
 #include <widgets/ValueMark_p.h>
 
 #include <QApplication>
 #include <QClipboard>
-#include <QEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -158,10 +159,12 @@ struct FindingsView::Private {
                                       std::min(wanted, view->viewport()->width() / Share));
     }
 
-    void activate(const QModelIndex &index)
+    void activate(const QModelIndex &index) const
     {
-        if (index.isValid())
-            Q_EMIT widget.FieldActivated(index.data(FindingModel::FieldPathRole).toString());
+        if (!document || !index.isValid())
+            return;
+        const auto finding = index.data(FindingModel::FindingRole).value<Finding>();
+        Q_EMIT widget.FieldActivated(Inspection::SaidFields(document->GetText()).pathOf(finding));
     }
 
     void copy() const
@@ -285,16 +288,9 @@ QString FindingsView::GetEmptyText() const
 
 QSize FindingsView::sizeHint() const
 {
-    constexpr int Width = 620;
-    constexpr int Height = 160;
-    return {Width, Height};
-}
-
-void FindingsView::changeEvent(QEvent *event)
-{
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange && d->view)
-        d->view->doItemsLayout();
+    constexpr int Characters = 90;
+    constexpr int Lines = 9;
+    return sizeOfText(*this, Characters, Lines);
 }
 
 } // namespace KORMAK

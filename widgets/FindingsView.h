@@ -42,14 +42,10 @@ public:
     /// \endcond
 
 Q_SIGNALS:
-    /// A finding was clicked, or chosen with Enter: \a path is that of the field or object that it is about,
-    /// as DocumentForm::ShowField() takes it; empty when it is about the document as a whole.
+    /// A finding was clicked, or chosen with Enter: \a path is that of the very field or object that it is
+    /// about, places in lists included, as DocumentForm::ShowField() takes it; empty when it is about the
+    /// document as a whole.
     void FieldActivated(const QString &path);
-
-protected:
-    /// \cond
-    void changeEvent(QEvent *event) override;
-    /// \endcond
 
 private:
     struct Private;

@@ -1,5 +1,6 @@
 #include "widgets/ProseEdit_p.h"
 
+#include <widgets/TextSize_p.h>
 #include <widgets/ValueMark_p.h>
 
 #include <QKeyEvent>
@@ -61,20 +62,20 @@ int ProseEdit::lines() const
 QSize ProseEdit::sizeHint() const
 {
     constexpr int Characters = 40;
-    return {Characters * fontMetrics().averageCharWidth(), heightOf(std::min(lines(), MostLines))};
+    return {sizeOfText(*this, Characters, 1).width(), heightOf(std::min(lines(), MostLines))};
 }
 
 QSize ProseEdit::minimumSizeHint() const
 {
     constexpr int Characters = 12;
-    return {Characters * fontMetrics().averageCharWidth(), heightOf(1)};
+    return {sizeOfText(*this, Characters, 1).width(), heightOf(1)};
 }
 
 int ProseEdit::heightOf(int lines) const
 {
     const int frame = 2 * frameWidth();
     const int margin = static_cast<int>(2 * document()->documentMargin());
-    return lines * fontMetrics().lineSpacing() + frame + margin;
+    return sizeOfText(*this, 1, lines).height() + frame + margin;
 }
 
 void ProseEdit::fit()

@@ -5,7 +5,10 @@
 #include <widgets/Undo.h>
 
 #include <QAccessible>
+#include <QContextMenuEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QPointer>
 #include <QtTest>
 #include <QUndoStack>
 #include <QVBoxLayout>
@@ -95,6 +98,27 @@ struct Window {
         for (const Qt::Key key : all)
             QTest::keyClick(view, key);
     }
+    void openMenu(const QPoint &at) const
+    {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, at, view->mapToGlobal(at));
+        QApplication::sendEvent(view, &event);
+    }
+    [[nodiscard]] QMenu *menu() const { return view->findChild<QMenu *>(); }
+    [[nodiscard]] QAction *entry(const QString &text) const
+    {
+        const auto actions = menu()->actions();
+        for (QAction *const action : actions) {
+            if (action->text().remove('&') == text)
+                return action;
+        }
+        return nullptr;
+    }
+    void choose(const QString &text) const
+    {
+        menu()->setActiveAction(entry(text));
+        QTest::keyClick(menu(), Qt::Key_Return);
+        QApplication::processEvents();
+    }
     /// \return it was taken
     bool wheel(int notches) const
     {
@@ -157,6 +181,13 @@ private Q_SLOTS:
     void wheelNeedsTheFocus();
     void mapIsDraggedAndShownWhole();
     void changesFromElsewhere();
+    void pointsThatGoWhileOneIsDragged_data();
+    void pointsThatGoWhileOneIsDragged();
+    void pointsThatGoLeaveTheSelection();
+    void contextMenu();
+    void changesBelowAnOpenMenu();
+    void menuKey();
+    void escapeLeadsOutOfTheMap();
     void anotherDocument();
     void noDocument();
     void noAreaInTheDocument();
@@ -527,6 +558,129 @@ void AreaViewTest::changesFromElsewhere()
                 .isEmpty());
     QCOMPARE(window.view->GetSelectedPoint(), 0);
     QVERIFY(window.view->GetCaption().contains("of 2"));
+}
+
+void AreaViewTest::pointsThatGoWhileOneIsDragged_data()
+{
+    QTest::addColumn<int>("removed");
+    QTest::addColumn<bool>("isMoved"); // before the point goes
+    for (const bool isMoved : {true, false}) {
+        QTest::addRow("the one that is dragged, %d", isMoved) << 2 << isMoved;
+        QTest::addRow("one before it, %d", isMoved) << 0 << isMoved;
+    }
+}
+
+/// The mouse does not take hold of the point that has taken the place of the one that is gone.
+void AreaViewTest::pointsThatGoWhileOneIsDragged()
+{
+    QFETCH(const int, removed);
+    QFETCH(const bool, isMoved);
+    Window window(Triangle);
+    const QPoint from = window.point(2);
+    QTest::mousePress(window.view, Qt::LeftButton, {}, from);
+    if (isMoved)
+        window.moveMouse(from + QPoint(20, 20));
+    const QString element = QString("Area.Coordinate[%1]").arg(removed);
+    QVERIFY(window.document
+                .Change({{DocumentEdit::Change::Action::Unset, element}}, DocumentEdit::NewFindings::Accepted)
+                .isEmpty());
+    window.moveMouse(from + QPoint(30, 30));
+    window.moveMouse(from + QPoint(40, 40));
+    QTest::mouseRelease(window.view, Qt::LeftButton, {}, from + QPoint(40, 40));
+    QVERIFY(window.view->GetCaption().contains("of 2"));
+    if (removed == 2) {
+        QCOMPARE(window.document.GetText(), workflow({Triangle[0], Triangle[1]}));
+        return;
+    }
+    QCOMPARE(window.text(0, "Latitude"), "55.0625");
+    QVERIFY(window.text(1, "Latitude") != "54.9");
+    QCOMPARE(window.view->GetSelectedPoint(), 1);
+    QVERIFY((window.point(1) - from - QPoint(40, 40)).manhattanLength() <= 2);
+}
+
+void AreaViewTest::pointsThatGoLeaveTheSelection()
+{
+    Window window(Triangle);
+    window.view->SetSelectedPoint(2);
+    window.keys({Qt::Key_Up});
+    QVERIFY(window.document
+                .Change({{DocumentEdit::Change::Action::Unset, "Area.Coordinate[0]"}},
+                        DocumentEdit::NewFindings::Accepted)
+                .isEmpty());
+    QCOMPARE(window.view->GetSelectedPoint(), 1);
+    window.keys({Qt::Key_Return});
+    QCOMPARE(window.text(0, "Latitude"), "55.0625");
+    QVERIFY(window.text(1, "Latitude").toDouble() > 54.9);
+}
+
+void AreaViewTest::contextMenu()
+{
+    const Window window(Triangle);
+    window.openMenu(window.point(1));
+    QVERIFY(window.menu());
+    window.choose("Remove Point");
+    QCOMPARE(window.document.GetText(), workflow({Triangle[0], Triangle[2]}));
+    const QPoint free(4, 4);
+    window.openMenu(free);
+    QVERIFY(!window.entry("Remove Point")->isEnabled());
+    window.choose("Whole Area");
+    const QPoint before = window.point(0);
+    window.openMenu(free);
+    window.choose("Zoom In");
+    QVERIFY(window.point(0) != before);
+    window.openMenu(free);
+    window.choose("Whole Area");
+    QCOMPARE(window.point(0), before);
+    window.openMenu(free);
+    window.choose("Add Point");
+    QCOMPARE(window.view->GetSelectedPoint(), 2);
+    QVERIFY((window.point(2) - free).manhattanLength() <= 2);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!window.menu());
+}
+
+/// What the menu of a point was about may be gone before something is chosen in it.
+void AreaViewTest::changesBelowAnOpenMenu()
+{
+    Window window(Triangle);
+    window.openMenu(window.point(1));
+    QVERIFY(window.menu()->isVisible());
+    QVERIFY(window.document
+                .Change({{DocumentEdit::Change::Action::Unset, "Area.Coordinate[0]"}},
+                        DocumentEdit::NewFindings::Accepted)
+                .isEmpty());
+    QVERIFY(!window.menu() || !window.menu()->isVisible());
+    window.openMenu(window.point(1));
+    const QPointer<QMenu> menu = window.menu();
+    QVERIFY(menu);
+    delete window.view;
+    QVERIFY(!menu);
+    QCOMPARE(window.document.GetText(), workflow({Triangle[1], Triangle[2]}));
+}
+
+void AreaViewTest::menuKey()
+{
+    const Window window(Triangle);
+    window.view->SetSelectedPoint(1);
+    const QPoint center = window.view->rect().center();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, center, window.view->mapToGlobal(center));
+    QApplication::sendEvent(window.view, &event);
+    QVERIFY(window.menu());
+    QVERIFY((window.menu()->pos() - window.view->mapToGlobal(window.point(1))).manhattanLength() < 10);
+    window.choose("Remove Point");
+    QCOMPARE(window.document.GetText(), workflow({Triangle[0], Triangle[2]}));
+}
+
+void AreaViewTest::escapeLeadsOutOfTheMap()
+{
+    const Window window(Triangle);
+    window.view->SetSelectedPoint(0);
+    window.keys({Qt::Key_Escape, Qt::Key_Tab});
+    QVERIFY(window.other->hasFocus());
+    window.view->setFocus();
+    window.keys({Qt::Key_Tab});
+    QVERIFY(window.view->hasFocus());
+    QCOMPARE(window.view->GetSelectedPoint(), 0);
 }
 
 void AreaViewTest::anotherDocument()

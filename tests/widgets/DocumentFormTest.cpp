@@ -1,6 +1,6 @@
 #include <models/OpenDocument.h>
-#include <tests/support/Files.h>
 #include <tests/support/Pictures.h>
+#include <tests/support/ShownDocument.h>
 #include <widgets/AreaView.h>
 #include <widgets/DocumentForm.h>
 #include <widgets/NumberEdit.h>
@@ -10,10 +10,12 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTextDocument>
 #include <QtTest>
+#include <QVBoxLayout>
 #include <QWheelEvent>
 
 #include <memory>
@@ -22,41 +24,18 @@ using KORMAK::DocumentEdit;
 using KORMAK::DocumentForm;
 using KORMAK::OpenDocument;
 using KORMAK::ValueEdit;
+using TestSupport::example;
+using TestSupport::faultyJob;
+using TestSupport::workflowWithPoints;
 
 namespace {
-
-QByteArray example(const QString &name)
-{
-    return TestSupport::bytesOf(QString(EXAMPLES_DIR) + "/" + name + ".xml");
-}
 
 const QString Antenna = "jobs/surveillance-mc-hf";
 const QString Workflow = "settings/automatic-workflow-with-area";
 const QString Generation = "settings/activity-generation";
 
-/// A job with much that is wrong with it.
-QByteArray faultyJob()
-{
-    QByteArray text = example(Antenna);
-    text.replace("Surveillance MC HF", "Surveillance MC SHF");
-    text.replace("        <Author>M. Keller</Author>\n", "");
-    text.replace(">1500000<", ">1,5 MHz<");
-    text.replace("<Azimuth>0<", "<Azimuth>400<");
-    text.replace("<ShowJDH>true<", "<ShowJDH>perhaps<");
-    text.replace("2026-03-15T22:00:00,000Z", "yesterday");
-    return text;
-}
-
-struct Form {
-    explicit Form(const QByteArray &text)
-    {
-        document.SetText(text);
-        form.SetDocument(&document);
-        form.resize(620, 700);
-        form.show();
-        QApplication::setActiveWindow(&form);
-        QVERIFY2(QTest::qWaitForWindowExposed(&form), "no window");
-    }
+struct Form : TestSupport::Shown<DocumentForm> {
+    explicit Form(const QByteArray &text) : Shown(text, {620, 700}) { }
     explicit Form(const QString &name) : Form(example(name)) { }
 
     template <class Control>
@@ -79,13 +58,13 @@ struct Form {
     }
     void type(const QString &path, const QString &text) const
     {
-        QWidget *const widget = form.GetControl(path);
-        widget->setFocus();
-        QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
+        QWidget *const control = form.GetControl(path);
+        control->setFocus();
+        QTest::keyClick(control, Qt::Key_A, Qt::ControlModifier);
         if (text.isEmpty())
-            QTest::keyClick(widget, Qt::Key_Delete);
+            QTest::keyClick(control, Qt::Key_Delete);
         else
-            QTest::keyClicks(widget, text);
+            QTest::keyClicks(control, text);
     }
     void enter(const QString &path, const QString &text) const
     {
@@ -104,8 +83,7 @@ struct Form {
         return document.GetDocument().GetField(path).GetText();
     }
 
-    OpenDocument document;
-    DocumentForm form;
+    DocumentForm &form = widget;
 };
 
 } // namespace
@@ -142,6 +120,11 @@ private Q_SLOTS:
     void changesFromElsewhereLeaveTyping();
     void escapeBringsTheValueBack();
     void refusedValueIsGivenUp();
+    void refusedStays_data();
+    void refusedStays();
+    void unreadableIsToldBelow_data();
+    void unreadableIsToldBelow();
+    void sameValueInOtherWords();
     void wheelNeedsTheFocus_data();
     void wheelNeedsTheFocus();
     void tabOrder();
@@ -149,6 +132,10 @@ private Q_SLOTS:
     void decimalComma();
     void listsGrowAndShrink();
     void longLists();
+    void elementsFarDown();
+    void findingsOfElements();
+    void findingsWithoutAField();
+    void firstElement();
     void entriesOfEnumerations();
     void fieldsThatComeAndGo();
     void textsAreNoTags();
@@ -158,6 +145,7 @@ private Q_SLOTS:
     void currentField();
     void documentsThatCannotBeRead();
     void openEditsAreNotOfAnotherDocument();
+    void movesOnTheMapAreNotOfAnotherDocument();
     void noDocument();
     void pictures();
 };
@@ -544,6 +532,95 @@ void DocumentFormTest::refusedValueIsGivenUp()
     QCOMPARE(form.form.GetNotes("Classifiers"), QString());
 }
 
+void DocumentFormTest::refusedStays_data()
+{
+    QTest::addColumn<QByteArray>("former");
+    QTest::addColumn<QByteArray>("entity");
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("typed");
+    const QByteArray creation = "<Creation>2026-03-15T22:00:00,000Z</Creation>";
+    const QByteArray azimuth = "<Azimuth>0</Azimuth>";
+    const QByteArray description = "<Description>former</Description>";
+    QTest::newRow("date") << creation << creation << "JobHeader.Creation"
+                          << "2026-04-01 07:30:00";
+    QTest::newRow("emptied date") << creation << creation << "JobHeader.Creation" << QString();
+    QTest::newRow("number") << azimuth << azimuth << "AntennaData.Azimuth"
+                            << "77";
+    QTest::newRow("emptied number") << azimuth << azimuth << "AntennaData.Azimuth" << QString();
+    QTest::newRow("text") << creation << creation + description << "JobHeader.Description"
+                          << "other";
+}
+
+/// What cannot be changed in the text, such as what an entity holds, counts as open until it is given up.
+void DocumentFormTest::refusedStays()
+{
+    QFETCH(const QByteArray, former);
+    QFETCH(const QByteArray, entity);
+    QFETCH(const QString, path);
+    QFETCH(const QString, typed);
+    QByteArray text = example(Antenna).replace(former, "&e;");
+    text.replace("<Job ", "<!DOCTYPE Job [<!ENTITY e \"" + entity + "\">]>\n<Job ");
+    Form form(text);
+    QWidget *const control = form.form.GetControl(path);
+    QVERIFY2(control, qPrintable(form.document.GetDocument().GetState()));
+    const auto shown = [control] {
+        const auto *const prose = qobject_cast<QPlainTextEdit *>(control);
+        return prose ? prose->toPlainText() : qobject_cast<QLineEdit *>(control)->text();
+    };
+    const QString before = shown();
+    QVERIFY(!before.isEmpty());
+    form.enter(path, typed);
+    QCOMPARE(form.document.GetText(), text);
+    QCOMPARE(shown(), typed);
+    QVERIFY(!form.form.GetNotes(path).isEmpty());
+    form.document.Restore(text.replace("M. Keller", "Mara"));
+    QCOMPARE(form.prose("JobHeader.Author")->toPlainText(), "Mara");
+    QCOMPARE(shown(), typed);
+    QVERIFY(!form.form.GetNotes(path).isEmpty());
+    QVERIFY(!form.document.TakeOpenEdits().isEmpty()); // not saved without a word
+    QCOMPARE(shown(), typed);
+    control->setFocus();
+    QTest::keyClick(control, Qt::Key_Escape);
+    QCOMPARE(shown(), before);
+    QCOMPARE(form.form.GetNotes(path), QString());
+    QVERIFY(form.document.TakeOpenEdits().isEmpty());
+}
+
+void DocumentFormTest::unreadableIsToldBelow_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::newRow("number") << "AntennaData.Azimuth";
+    QTest::newRow("date") << "JobHeader.Creation";
+}
+
+void DocumentFormTest::unreadableIsToldBelow()
+{
+    QFETCH(const QString, path);
+    const Form form(Antenna);
+    const QString before = form.line(path)->text();
+    form.type(path, "soon");
+    QCOMPARE(form.form.GetNotes(path), QString()); // not while it is being typed
+    form.form.GetControl("AntennaData.Name")->setFocus();
+    QVERIFY(!form.form.GetNotes(path).isEmpty());
+    QCOMPARE(form.line(path)->text(), "soon");
+    form.enter(path, before);
+    QCOMPARE(form.form.GetNotes(path), QString());
+    QCOMPARE(form.document.GetText(), example(Antenna));
+    form.enter(path, "soon");
+    QVERIFY(!form.form.GetNotes(path).isEmpty());
+    QTest::keyClick(form.line(path), Qt::Key_Escape);
+    QCOMPARE(form.form.GetNotes(path), QString());
+    QCOMPARE(form.line(path)->text(), before);
+}
+
+void DocumentFormTest::sameValueInOtherWords()
+{
+    const Form form(Antenna);
+    form.enter("AntennaData.MaximumFrequency", "30e6");
+    QCOMPARE(form.document.GetText(), example(Antenna));
+    QVERIFY(!form.line("AntennaData.MaximumFrequency")->text().contains('e'));
+}
+
 void DocumentFormTest::wheelNeedsTheFocus_data()
 {
     QTest::addColumn<QString>("name");
@@ -637,14 +714,7 @@ void DocumentFormTest::listsGrowAndShrink()
 
 void DocumentFormTest::longLists()
 {
-    QByteArray coordinates;
-    for (int i = 0; i < 120; ++i) {
-        coordinates += "<Coordinate><Latitude>" + QByteArray::number(i / 10.0) + "</Latitude><Longitude>"
-            + QByteArray::number(i % 7) + "</Longitude></Coordinate>";
-    }
-    const Form form(
-        "<AutomaticWorkflow Version='1.0'><Mode>ManualMode</Mode><Area Version='1.0'><Name>n</Name>"
-        + coordinates + "</Area></AutomaticWorkflow>");
+    const Form form(workflowWithPoints(120));
     QVERIFY(form.form.GetControl("Area.Coordinate[49].Latitude"));
     QVERIFY(!form.form.GetControl("Area.Coordinate[50].Latitude"));
     const auto buttons = form.form.findChildren<QPushButton *>();
@@ -655,6 +725,79 @@ void DocumentFormTest::longLists()
     QVERIFY(form.form.GetControl("Area.Coordinate[99].Latitude"));
     QVERIFY(!form.form.GetControl("Area.Coordinate[100].Latitude"));
     QCOMPARE(form.form.GetCurrentField(), "Area.Coordinate[50].Latitude");
+}
+
+/// What is far down a long list is shown with those around it, and what is between stays away.
+void DocumentFormTest::elementsFarDown()
+{
+    const QString path = "Area.Coordinate[1234].Longitude";
+    Form form(workflowWithPoints(2000));
+    QVERIFY(form.form.ShowField(path));
+    QVERIFY(form.form.GetControl(path)->hasFocus());
+    QCOMPARE(form.form.GetControl(path)->visibleRegion().boundingRect().height(),
+             form.form.GetControl(path)->height());
+    QVERIFY(form.form.GetControl("Area.Coordinate[1200].Latitude"));
+    QVERIFY(!form.form.GetControl("Area.Coordinate[1199].Latitude"));
+    QVERIFY(!form.form.GetControl("Area.Coordinate[1250].Latitude"));
+    form.enter(path, "5.5");
+    QCOMPARE(form.text(path), "5.5");
+    // Those around it can be shown, too.
+    const auto more = [&form] {
+        QList<QPushButton *> found;
+        const auto buttons = form.form.findChildren<QPushButton *>();
+        for (QPushButton *const one : buttons) {
+            if (one->isVisible() && one->text() == "Show 50 more")
+                found += one;
+        }
+        return found;
+    };
+    QCOMPARE(more().size(), 2);
+    more().last()->click();
+    QApplication::processEvents();
+    QVERIFY(form.form.GetControl("Area.Coordinate[99].Latitude")
+            || form.form.GetControl("Area.Coordinate[1299].Latitude"));
+    QCOMPARE(more().size(), 2);
+}
+
+void DocumentFormTest::findingsOfElements()
+{
+    QByteArray text = workflowWithPoints(120);
+    text.replace("<Latitude>0.7<", "<Latitude>97<");
+    text.replace("<Latitude>0.9<", "<Latitude>97<");
+    text.replace("<Latitude>11.8<", "<Latitude>98<");
+    Form form(text);
+    for (int i = 0; i < 50; ++i) {
+        const QString notes = form.form.GetNotes(QString("Area.Coordinate[%1].Latitude").arg(i));
+        QCOMPARE(notes.isEmpty(), i != 7 && i != 9);
+    }
+    // Of what is not shown, the list tells.
+    QVERIFY2(form.form.GetNotes("Area.Coordinate").startsWith("[118].Latitude: "),
+             qPrintable(form.form.GetNotes("Area.Coordinate")));
+    QVERIFY(form.form.ShowField("Area.Coordinate[118]"));
+    QCOMPARE(form.form.GetNotes("Area.Coordinate"), QString());
+    QVERIFY(!form.form.GetNotes("Area.Coordinate[118].Latitude").isEmpty());
+    form.enter("Area.Coordinate[9].Latitude", "0.9");
+    QCOMPARE(form.form.GetNotes("Area.Coordinate[9].Latitude"), QString());
+    QVERIFY(!form.form.GetNotes("Area.Coordinate[7].Latitude").isEmpty());
+}
+
+void DocumentFormTest::findingsWithoutAField()
+{
+    QByteArray text = workflowWithPoints(9);
+    text.replace("<Coordinate><Latitude>0.3<", "<Coordinate Unit='degrees'>near<Latitude>0.3<");
+    const Form form(text);
+    const QStringList notes = form.form.GetNotes("Area.Coordinate[3]").split('\n');
+    QVERIFY2(notes.size() == 2 && notes[0].startsWith("Unit: "), qPrintable(notes.join('|')));
+    QCOMPARE(form.form.GetNotes("Area.Coordinate[2]"), QString());
+}
+
+void DocumentFormTest::firstElement()
+{
+    const Form form(workflowWithPoints(0));
+    form.button("Add Coordinate")->click();
+    QCOMPARE(form.form.GetNotes("Area.Coordinate"), QString());
+    QVERIFY(form.form.GetControl("Area.Coordinate[0].Latitude"));
+    QVERIFY(form.form.GetControl("Area.Coordinate[0].Latitude")->hasFocus());
 }
 
 void DocumentFormTest::entriesOfEnumerations()
@@ -783,6 +926,33 @@ void DocumentFormTest::openEditsAreNotOfAnotherDocument()
     QVERIFY(form.document.TakeOpenEdits().isEmpty());
     QCOMPARE(form.document.GetText(), other);
     QVERIFY(form.form.GetControl("JobHeader.Author"));
+}
+
+void DocumentFormTest::movesOnTheMapAreNotOfAnotherDocument()
+{
+    OpenDocument document;
+    document.SetText(example(Workflow));
+    QWidget window;
+    auto *const form = new DocumentForm;
+    auto *const line = new QLineEdit; // which the focus goes to
+    auto *const layout = new QVBoxLayout(&window);
+    layout->addWidget(form);
+    layout->addWidget(line);
+    form->SetDocument(&document);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    auto *const map = qobject_cast<KORMAK::AreaView *>(form->GetControl("Area"));
+    QVERIFY(map);
+    map->setFocus();
+    map->SetSelectedPoint(1);
+    QTest::keyClick(map, Qt::Key_Up);
+    QVERIFY(map->GetCaption().contains("(moving)"));
+    const QByteArray other = example(Workflow).replace("German Bight", "Bight");
+    document.SetText(other);
+    QVERIFY(line->hasFocus());
+    QCOMPARE(document.GetText(), other);
+    QVERIFY(document.TakeOpenEdits().isEmpty());
+    QCOMPARE(document.GetText(), other);
 }
 
 void DocumentFormTest::noDocument()

@@ -1,6 +1,6 @@
 #include <models/OpenDocument.h>
-#include <tests/support/Files.h>
 #include <tests/support/Pictures.h>
+#include <tests/support/ShownDocument.h>
 #include <widgets/DocumentForm.h>
 #include <widgets/FindingsView.h>
 
@@ -16,33 +16,14 @@ using KORMAK::DocumentEdit;
 using KORMAK::DocumentForm;
 using KORMAK::FindingsView;
 using KORMAK::OpenDocument;
+using TestSupport::example;
+using TestSupport::faultyJob;
+using TestSupport::workflowWithPoints;
 
 namespace {
 
-QByteArray example(const QString &name)
-{
-    return TestSupport::bytesOf(QString(EXAMPLES_DIR) + "/" + name + ".xml");
-}
-
-QByteArray faultyJob()
-{
-    QByteArray text = example("jobs/surveillance-mc-hf");
-    text.replace("Surveillance MC HF", "Surveillance MC SHF");
-    text.replace("        <Author>M. Keller</Author>\n", "");
-    text.replace("<Azimuth>0<", "<Azimuth>400<");
-    return text;
-}
-
-struct View {
-    explicit View(const QByteArray &text)
-    {
-        document.SetText(text);
-        view.SetDocument(&document);
-        view.resize(700, 200);
-        view.show();
-        QApplication::setActiveWindow(&view);
-        QVERIFY2(QTest::qWaitForWindowExposed(&view), "no window");
-    }
+struct View : TestSupport::Shown<FindingsView> {
+    explicit View(const QByteArray &text) : Shown(text, {700, 200}) { }
 
     [[nodiscard]] QAbstractItemView *rows() const { return view.findChild<QAbstractItemView *>(); }
     [[nodiscard]] QModelIndex cell(int row, int column) const { return rows()->model()->index(row, column); }
@@ -55,8 +36,7 @@ struct View {
         return -1;
     }
 
-    OpenDocument document;
-    FindingsView view;
+    FindingsView &view = widget;
 };
 
 } // namespace
@@ -71,6 +51,9 @@ private Q_SLOTS:
     void followsTheDocument();
     void clicksAndKeysActivate();
     void showsTheFieldOfAForm();
+    void showsElementsOfLists_data();
+    void showsElementsOfLists();
+    void showsParametersByTheirNames();
     void copies();
     void longMessagesWrap();
     void documentThatEnds();
@@ -157,6 +140,79 @@ void FindingsViewTest::showsTheFieldOfAForm()
         if (!path.isEmpty())
             QCOMPARE(form.GetCurrentField(), path);
     }
+}
+
+void FindingsViewTest::showsElementsOfLists_data()
+{
+    QTest::addColumn<QByteArray>("former");
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("field");
+    const auto add = [](const char *name, const char *former, const char *text, const char *field) {
+        QTest::newRow(name) << QByteArray(former) << QByteArray(text) << field;
+    };
+    add("implausible", "<Latitude>0.7<", "<Latitude>97<", "Area.Coordinate[7].Latitude");
+    add("far down", "<Latitude>12.3<", "<Latitude>97<", "Area.Coordinate[123].Latitude");
+    add("unreadable", "<Latitude>12.3<", "<Latitude>north<", "Area.Coordinate[123].Latitude");
+    add("missing", "<Latitude>19.9</Latitude>", "", "Area.Coordinate[199].Latitude");
+    add("unknown attribute", "<Coordinate><Latitude>0.3<", "<Coordinate Unit='degrees'><Latitude>0.3<",
+        "Area.Coordinate[3].Latitude");
+}
+
+/// A click shows the very field and gives it the focus, also in elements of lists that are not shown yet.
+void FindingsViewTest::showsElementsOfLists()
+{
+    QFETCH(const QByteArray, former);
+    QFETCH(const QByteArray, text);
+    QFETCH(const QString, field);
+    OpenDocument document;
+    document.SetText("\xEF\xBB\xBF" + workflowWithPoints(200).replace(former, text));
+    QWidget window;
+    auto *const layout = new QVBoxLayout(&window);
+    auto *const form = new DocumentForm;
+    auto *const view = new FindingsView;
+    layout->addWidget(form);
+    layout->addWidget(view);
+    form->SetDocument(&document);
+    view->SetDocument(&document);
+    connect(view, &FindingsView::FieldActivated, form, &DocumentForm::ShowField);
+    window.resize(620, 600);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    auto *const rows = view->findChild<QAbstractItemView *>();
+    const QVector<KORMAK::Finding> findings = document.GetDocument().GetFindings();
+    int row = 0;
+    while (row < findings.size() && !findings[row].GetFieldPath().startsWith("Area.Coordinate"))
+        ++row;
+    const QModelIndex cell = rows->model()->index(row, 1);
+    QVERIFY(cell.isValid());
+    QApplication::processEvents();
+    rows->scrollTo(cell, QAbstractItemView::PositionAtTop);
+    const QRect seen = rows->visualRect(cell) & rows->viewport()->rect();
+    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, seen.center());
+    QCOMPARE(form->GetCurrentField(), field);
+    QWidget *const control = form->GetControl(field);
+    QVERIFY(control && control->hasFocus());
+    QCOMPARE(control->visibleRegion().boundingRect().height(), control->height());
+}
+
+/// Names that are long are cut in findings, and some have characters that paths escape.
+void FindingsViewTest::showsParametersByTheirNames()
+{
+    const QString name = QString(300, 'n') + "].x";
+    const View view("<GenericReceiver Version='1.0'><Parameter UniqueName='" + name.toUtf8()
+                    + "'><ParameterType>Integer</ParameterType><Integer><Default>one</Default></Integer>"
+                      "</Parameter></GenericReceiver>");
+    QSignalSpy spy(&view.view, &FindingsView::FieldActivated);
+    for (int row = 0; row < view.view.GetCount(); ++row) {
+        if (!view.cell(row, 3).data().toString().endsWith("/Default"))
+            continue;
+        view.rows()->setCurrentIndex(view.cell(row, 0));
+        QTest::keyClick(view.rows(), Qt::Key_Enter);
+    }
+    QCOMPARE(spy.count(), 1);
+    QCOMPARE(spy[0][0].toString(), "Parameter[" + QString(300, 'n') + "\\].x].Integer.Default");
+    QCOMPARE(view.document.GetDocument().GetField(spy[0][0].toString()).GetLabel(), "Default");
 }
 
 void FindingsViewTest::copies()
