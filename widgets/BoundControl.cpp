@@ -32,11 +32,6 @@ bool hasName(QWidget &control)
 
 } // namespace
 
-QString noParameter(const QString &name)
-{
-    return translated("there is no parameter %1").arg(name);
-}
-
 BoundControl::BoundControl(QWidget &control, const BoundTo &link)
     : widget(&control), document(&link.document), model(link.model), isRefreshing(link.isRefreshing),
       parameterName(link.parameter), ownToolTip(control.toolTip()), mark(control)
@@ -58,9 +53,7 @@ void BoundControl::refresh(Typed typed)
     if (isOpen() && (typed == Typed::Dropped || !isSettable)) {
         const QString text = openText();
         if (typed == Typed::Kept && !text.isEmpty())
-            dropped =
-                translated("\"%1\" is not taken: %2")
-                    .arg(text, unfitness.isEmpty() ? translated("the parameter is disabled now") : unfitness);
+            dropped = droppedText(text, unfitness.isEmpty() ? disabledParameter() : unfitness);
         discard();
     }
     if (!isOpen()) {

@@ -289,6 +289,7 @@ QWidget *PanelDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem
     });
     edited = edit;
     editedIndex = index;
+    rows.setEdited(rows.uniqueName(index));
     // The keys go to what is in it.
     if (QWidget *const inner = edit->focusProxy())
         inner->installEventFilter(self);
@@ -302,27 +303,61 @@ ParameterEdit *PanelDelegate::openEditor() const
     return edited && view->isPersistentEditorOpen(editedIndex) ? edited.data() : nullptr;
 }
 
+Draft PanelDelegate::draftOf(const ParameterEdit &edit, const QModelIndex &index)
+{
+    const auto *const line = edit.findChild<QLineEdit *>();
+    return {line ? line->text() : QString(), edit.GetProblem(),
+            index.data(ParameterModel::ValuePathRole).toString()};
+}
+
+void PanelDelegate::destroyEditor(QWidget *editor, const QModelIndex &index) const
+{
+    if (editor == edited)
+        rows.setEdited({});
+    QStyledItemDelegate::destroyEditor(editor, index);
+}
+
 void PanelDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
     auto *const edit = static_cast<ParameterEdit *>(editor);
     if (!edit->IsOpen()) // what is being typed stays
         edit->SetValue(index.data(ParameterModel::ValueRole));
-    edit->SetNote(index.data(ParameterModel::MessagesRole).toStringList().join(QLatin1Char('\n')));
+    QStringList notes = index.data(ParameterModel::MessagesRole).toStringList();
     auto *const line = edit->findChild<QLineEdit *>();
-    if (line && rows.hasDraft(index) && !edit->IsOpen())
+    if (line && rows.hasDraft(index) && !edit->IsOpen()) {
         line->setText(rows.draft(index).text);
+        notes.prepend(rows.draft(index).problem);
+    }
+    edit->SetNote(notes.join(QLatin1Char('\n')));
 }
 
-void PanelDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
+void PanelDelegate::setModelData(QWidget *editor, QAbstractItemModel * /*model*/,
+                                 const QModelIndex &index) const
 {
     auto *const edit = static_cast<ParameterEdit *>(editor);
-    if (!edit->Take()) {
-        if (const auto *const line = edit->findChild<QLineEdit *>())
-            rows.setDraft(index, {line->text(), edit->GetProblem()});
+    const QPointer<const PanelDelegate> self(this);
+    const QPointer<ParameterEdit> there(edit);
+    const QPersistentModelIndex row(index);
+    // Whoever hears of the value may end all this. Taking it, the editor tells that it has another value, and
+    // this is called for that.
+    const bool isTaken = edit->Take();
+    if (!self || !there || !rows.isEditable(row))
         return;
+    if (isTaken) {
+        const QVariant wanted = edit->GetValue();
+        const bool isOther = wanted != row.data(ParameterModel::ValueRole);
+        const QString reason = isOther ? rows.setValue(row, wanted) : QString();
+        if (!self || !there || !row.isValid())
+            return;
+        if (reason.isEmpty()) {
+            rows.removeDraft(row);
+            return;
+        }
+        edit->Refuse(reason);
+        if (!edit->IsOpen())
+            return; // it shows the value of before, and the reason
     }
-    rows.removeDraft(index);
-    model->setData(index, edit->GetValue(), ParameterModel::ValueRole);
+    rows.setDraft(row, draftOf(*edit, row));
 }
 
 void PanelDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
@@ -347,12 +382,14 @@ bool PanelDelegate::eventFilter(QObject *watched, QEvent *event)
         Q_EMIT commitData(edit);
         return true;
     }
-    if (event->type() == QEvent::KeyPress
-        && (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Return
-            || static_cast<QKeyEvent *>(event)->key() == Qt::Key_Enter)
-        && !edit->Take()) {
-        Q_EMIT commitData(edit); // it stays open, and is marked
-        return true;
+    const auto isEnter = [event] {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        return key == Qt::Key_Return || key == Qt::Key_Enter;
+    };
+    if (event->type() == QEvent::KeyPress && isEnter() && edit->IsOpen()) {
+        Q_EMIT commitData(edit);
+        if (!edited || edited->IsOpen())
+            return true; // what is not taken stays open, and is marked
     }
     switch (event->type()) {
     case QEvent::KeyPress:

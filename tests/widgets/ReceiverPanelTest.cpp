@@ -10,6 +10,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableView>
@@ -110,6 +112,15 @@ void turnWheel(QWidget &widget, const QPoint &place, int angle)
     QCoreApplication::sendEvent(&widget, &event);
 }
 
+/// Adds what \a document refuses to \a told.
+void listenToRefusals(OpenDocument &document, QStringList &told)
+{
+    QObject::connect(&document, &OpenDocument::Refused, &document, [&told](const QVector<Finding> &findings) {
+        for (const Finding &finding : findings)
+            told += finding.GetPath() + ": " + finding.GetMessage();
+    });
+}
+
 } // namespace
 
 class ReceiverPanelTest : public QObject {
@@ -143,6 +154,14 @@ private Q_SLOTS:
     void mirrored();
     void locales();
     void manyParameters();
+    void draftOfAParameterThatGoes();
+    void editorOfAParameterThatGoes();
+    void disabledWhileTyping();
+    void refusedTextStays();
+    void editedRowStays();
+    void menu();
+    void menuOfAPanelThatEnds();
+    void panelThatEndsWithTheChange();
     void pictures();
 };
 
@@ -567,6 +586,158 @@ void ReceiverPanelTest::manyParameters()
     qInfo() << "10000 parameters in ms" << timer.elapsed();
     QVERIFY(panel.findChildren<ParameterEdit *>().isEmpty()); // no control before one is asked for
     QCOMPARE(panel.findChild<QTableView *>()->model()->rowCount(), 10000);
+}
+
+void ReceiverPanelTest::draftOfAParameterThatGoes()
+{
+    Shown shown(OpenReceiver::all());
+    QStringList told;
+    listenToRefusals(shown.document, told);
+    shown.type("Gain", "loud");
+    QTest::keyClick(shown.line(), Qt::Key_Tab);
+    QCOMPARE(shown.text("Gain"), QString("loud"));
+    QCOMPARE(shown.document.Change({{Action::Unset, "Parameter[Gain]", {}}}).size(), 0);
+    QCOMPARE(
+        told,
+        QStringList{"Parameter[Gain].Integer.Default: \"loud\" is not taken: there is no parameter Gain"});
+    QVERIFY(shown.document.TakeOpenEdits().isEmpty());
+}
+
+void ReceiverPanelTest::editorOfAParameterThatGoes()
+{
+    Shown shown(OpenReceiver::all());
+    QStringList told;
+    listenToRefusals(shown.document, told);
+    shown.type("Gain", "12");
+    QCOMPARE(shown.document.Change({{Action::Unset, "Parameter[Gain]", {}}}).size(), 0);
+    QVERIFY(!shown.editor());
+    QCOMPARE(told,
+             QStringList{"Parameter[Gain].Integer.Default: \"12\" is not taken: there is no parameter Gain"});
+    QVERIFY(shown.document.TakeOpenEdits().isEmpty());
+}
+
+void ReceiverPanelTest::disabledWhileTyping()
+{
+    Shown shown(OpenReceiver::all());
+    QStringList told;
+    listenToRefusals(shown.document, told);
+    shown.type("Gain", "12");
+    QByteArray disabled = shown.document.GetText();
+    disabled.replace("UniqueName=\"Gain\">", "UniqueName=\"Gain\"><Enable>false</Enable>");
+    shown.document.Restore(disabled);
+    QTRY_VERIFY(!shown.editor());
+    QCOMPARE(shown.document.GetText(), disabled);
+    QCOMPARE(
+        told,
+        QStringList{"Parameter[Gain].Integer.Default: \"12\" is not taken: the parameter is disabled now"});
+    QCOMPARE(shown.text("Gain"), QString("10 dB"));
+    QVERIFY(shown.document.TakeOpenEdits().isEmpty());
+    QCOMPARE(shown.document.GetText(), disabled);
+}
+
+void ReceiverPanelTest::refusedTextStays()
+{
+    Shown shown(OpenReceiver::all());
+    QStringList told;
+    listenToRefusals(shown.document, told);
+    const QByteArray before = shown.document.GetText();
+    const QString typed = QString("a") + QChar(1); // XML has no place for it
+    shown.type("Comment", "a");
+    shown.line()->setText(typed);
+    QTest::keyClick(shown.line(), Qt::Key_Return);
+    QCOMPARE(told.size(), 1);
+    QVERIFY(shown.editor());
+    QCOMPARE(shown.line()->text(), typed);
+    QCOMPARE(shown.document.TakeOpenEdits().size(), 1);
+    shown.click("Gain");
+    QCOMPARE(shown.text("Comment"), typed);
+    const QString reason = told.at(0).section(": ", 1);
+    QCOMPARE(shown.index("Comment").data(Qt::AccessibleDescriptionRole).toString(), reason);
+    QCOMPARE(shown.document.TakeOpenEdits().size(), 1); // it still stands there
+    shown.click("Comment");
+    QCOMPARE(shown.line()->text(), typed);
+    QTest::keyClick(shown.line(), Qt::Key_Escape);
+    QCOMPARE(shown.line()->text(), QString("Mast 2"));
+    QVERIFY(shown.document.TakeOpenEdits().isEmpty());
+    QCOMPARE(shown.document.GetText(), before);
+}
+
+void ReceiverPanelTest::editedRowStays()
+{
+    Shown shown(OpenReceiver::all());
+    change(shown.document, "Parameter[Gain].Integer.Default", "11");
+    shown.panel->SetShow(ParameterFilter::Show::Changed);
+    QCOMPARE(shown.names(), QStringList{"Gain"});
+    shown.type("Gain", "12");
+    change(shown.document, "Parameter[Gain].Integer.Default", "10"); // which is the default
+    shown.panel->SetSearch("Level");
+    QVERIFY(shown.editor());
+    QCOMPARE(shown.line()->text(), QString("12"));
+    QCOMPARE(shown.names(), QStringList{"Gain"});
+    QTest::keyClick(shown.line(), Qt::Key_Return);
+    QCOMPARE(said(shown.document, "Parameter[Gain].Integer.Default"), QString("12"));
+    QTRY_COMPARE(shown.names(), QStringList()); // nothing holds it any more
+    shown.panel->SetSearch({});
+    QCOMPARE(shown.names(), QStringList{"Gain"});
+    shown.type("Gain", "loud");
+    QTest::keyClick(shown.line(), Qt::Key_Tab);
+    change(shown.document, "Parameter[Gain].Integer.Default", "10");
+    QCOMPARE(shown.names(), QStringList{"Gain"}); // as long as that stands there
+    shown.panel->RestoreDefaults();
+    QTRY_COMPARE(shown.names(), QStringList());
+}
+
+void ReceiverPanelTest::menu()
+{
+    Shown shown(OpenReceiver::all());
+    change(shown.document, "Parameter[Gain].Integer.Default", "11");
+    change(shown.document, "Parameter[Level].Float.Default", "7");
+    const auto open = [&shown] {
+        Q_EMIT shown.view().customContextMenuRequested(shown.view().visualRect(shown.index("Gain")).center());
+        return shown.panel->findChild<QMenu *>();
+    };
+    QPointer<QMenu> menu = open();
+    QVERIFY(menu);
+    QVERIFY(menu->isVisible());
+    // The row is another one when the choice is made.
+    QCOMPARE(shown.document.Change({{Action::Unset, "Parameter[AGC Mode]", {}}}).size(), 0);
+    menu->actions().at(0)->trigger();
+    QCOMPARE(said(shown.document, "Parameter[Gain].Integer.Default"), QString("10"));
+    QCOMPARE(said(shown.document, "Parameter[Level].Float.Default"), QString("7"));
+    menu->close();
+    QTRY_VERIFY(!menu);
+    menu = open();
+    QVERIFY(!menu->actions().at(0)->isEnabled());
+    shown.document.SetText(OpenReceiver::receiver({}));
+    menu->actions().at(0)->setEnabled(true);
+    menu->actions().at(0)->trigger(); // of nothing
+    menu->close();
+    QTRY_VERIFY(!menu);
+}
+
+void ReceiverPanelTest::menuOfAPanelThatEnds()
+{
+    Shown shown(OpenReceiver::all());
+    change(shown.document, "Parameter[Gain].Integer.Default", "11");
+    Q_EMIT shown.view().customContextMenuRequested(shown.view().visualRect(shown.index("Gain")).center());
+    const QPointer<QMenu> menu = shown.panel->findChild<QMenu *>();
+    QVERIFY(menu);
+    shown.panel.reset();
+    QVERIFY(!menu);
+}
+
+void ReceiverPanelTest::panelThatEndsWithTheChange()
+{
+    Shown shown(OpenReceiver::all());
+    shown.type("Level", "loud");
+    QTest::keyClick(shown.line(), Qt::Key_Tab);
+    shown.type("Gain", "12");
+    connect(&shown.document, &OpenDocument::Changed, &shown.document, [&shown] {
+        if (shown.panel)
+            shown.panel.reset();
+    });
+    QVERIFY(shown.document.TakeOpenEdits().isEmpty());
+    QCOMPARE(said(shown.document, "Parameter[Gain].Integer.Default"), QString("12"));
 }
 
 void ReceiverPanelTest::pictures()
