@@ -284,7 +284,7 @@ QWidget *PanelDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem
     edit->SetParameter(*parameter);
     auto *const self = const_cast<PanelDelegate *>(this);
     connect(edit, &ParameterEdit::Finished, self, [self, edit] {
-        if (self->openEditor() == edit)
+        if (self->openEditor() == edit && !self->isCommitting)
             Q_EMIT self->commitData(edit);
     });
     edited = edit;
@@ -338,16 +338,16 @@ void PanelDelegate::setModelData(QWidget *editor, QAbstractItemModel * /*model*/
     const QPointer<const PanelDelegate> self(this);
     const QPointer<ParameterEdit> there(edit);
     const QPersistentModelIndex row(index);
-    // Whoever hears of the value may end all this. Taking it, the editor tells that it has another value, and
-    // this is called for that.
+    isCommitting = true;
     const bool isTaken = edit->Take();
-    if (!self || !there || !rows.isEditable(row))
+    isCommitting = false;
+    if (!rows.isEditable(row))
         return;
     if (isTaken) {
         const QVariant wanted = edit->GetValue();
         const bool isOther = wanted != row.data(ParameterModel::ValueRole);
         const QString reason = isOther ? rows.setValue(row, wanted) : QString();
-        if (!self || !there || !row.isValid())
+        if (!self || !there || !row.isValid()) // whoever hears of a value may end all this
             return;
         if (reason.isEmpty()) {
             rows.removeDraft(row);

@@ -56,6 +56,7 @@ private:
     PanelRows &rows;
     mutable QPointer<ParameterEdit> edited;
     mutable QPersistentModelIndex editedIndex;
+    mutable bool isCommitting = false; // what is typed, of which the editor tells
 };
 
 } // namespace Widgets

@@ -326,7 +326,7 @@ void ReceiverPanel::takeOpenEdits()
     ParameterEdit *const editor = d->editor();
     if (editor && editor->IsOpen()) {
         told = d->rows.uniqueName(d->delegate().openIndex());
-        Q_EMIT d->delegate().commitData(editor);
+        d->delegate().setModelData(editor, &d->rows, d->delegate().openIndex());
     }
     if (!self)
         return;
