@@ -1,6 +1,6 @@
 #include "widgets/BoundControl_p.h"
 
-#include <widgets/ParameterValue_p.h>
+#include <widgets/ParameterText_p.h>
 #include <widgets/ValueChange_p.h>
 
 #include <QAbstractButton>

@@ -3,7 +3,7 @@
 #include <widgets/NumberEdit.h>
 #include <widgets/ParameterControl.h>
 #include <widgets/ParameterEdit.h>
-#include <widgets/ParameterValue_p.h>
+#include <widgets/ParameterText_p.h>
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -5,7 +5,7 @@
 #include <widgets/PanelRows_p.h>
 #include <widgets/ParameterControl.h>
 #include <widgets/ParameterEdit.h>
-#include <widgets/ParameterValue_p.h>
+#include <widgets/ParameterText_p.h>
 #include <widgets/ValueMark_p.h>
 
 #include <QAbstractItemView>

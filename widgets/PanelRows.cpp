@@ -3,7 +3,7 @@
 #include <kormak/Parameter.h>
 #include <models/OpenDocument.h>
 #include <widgets/ParameterControl.h>
-#include <widgets/ParameterValue_p.h>
+#include <widgets/ParameterText_p.h>
 #include <widgets/ValueChange_p.h>
 
 #include <QCoreApplication>

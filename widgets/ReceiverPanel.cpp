@@ -9,7 +9,7 @@
 #include <widgets/PanelView_p.h>
 #include <widgets/ParameterControl.h>
 #include <widgets/ParameterEdit.h>
-#include <widgets/ParameterValue_p.h>
+#include <widgets/ParameterText_p.h>
 #include <widgets/ValueChange_p.h>
 
 #include <QAction>
