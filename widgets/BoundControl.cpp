@@ -104,6 +104,9 @@ bool BoundControl::eventFilter(QObject *watched, QEvent *event)
         event->ignore(); // what is around scrolls
         return true;
     }
+    if (watched == widget
+        && (event->type() == QEvent::LocaleChange || event->type() == QEvent::LayoutDirectionChange))
+        refresh();
     return (widget && document && filter(*event)) || QObject::eventFilter(watched, event);
 }
 
@@ -195,7 +198,9 @@ QString BoundControl::notes() const
 
 NumberFormat BoundControl::formatOf(const Parameter &found) const
 {
-    return Widgets::formatOf(found, widget->locale());
+    NumberFormat format = Widgets::formatOf(found, widget->locale());
+    format.isMirrored = widget->isRightToLeft();
+    return format;
 }
 
 QString BoundControl::unfit(const Parameter &found) const

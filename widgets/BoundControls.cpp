@@ -368,6 +368,7 @@ public:
         : BoundStepBox(control, link), edit(control)
     {
         edit.setTimeSpec(Qt::UTC);
+        edit.setLayoutDirection(Qt::LeftToRight); // else the day stands before the month and the year
         edit.setDisplayFormat(QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"));
         connect(&edit, &QDateTimeEdit::dateTimeChanged, this, [this](const QDateTime &dateTime) {
             if (parameter())
@@ -429,7 +430,9 @@ protected:
     }
     [[nodiscard]] QString show(const Parameter &found) override
     {
-        line.setText(shownValue(found, value(), line.locale()));
+        const ParameterControl control = ParameterControlOf(found);
+        const bool isNumber = control == ParameterControl::Number || control == ParameterControl::Frequency;
+        line.setText(isNumber ? formatOf(found).show(value()) : shownValue(found, value(), line.locale()));
         line.setModified(false);
         return {};
     }

@@ -12,11 +12,13 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyle>
+#include <QToolTip>
 #include <QWidget>
 
 #include <algorithm>
@@ -266,11 +268,26 @@ void PanelDelegate::paintDefault(QPainter &painter, const QStyleOptionViewItem &
 QSize PanelDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     constexpr int Rest = 4 * Margin;
-    const int mark = index.column() == PanelRows::NameColumn || index.column() == PanelRows::DefaultColumn
-        ? MarkWidth + Margin
-        : 0;
+    int beside = 0; // a mark, or what belongs to a control
+    if (index.column() == PanelRows::NameColumn || index.column() == PanelRows::DefaultColumn)
+        beside = MarkWidth + Margin;
+    else if (index.column() == PanelRows::ValueColumn)
+        beside = MarkWidth + 3 * Margin;
     const auto *const view = static_cast<QAbstractItemView *>(parent());
-    return {option.fontMetrics.horizontalAdvance(index.data().toString()) + mark + Rest, rowHeight(*view)};
+    return {option.fontMetrics.horizontalAdvance(index.data().toString()) + beside + Rest, rowHeight(*view)};
+}
+
+bool PanelDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                              const QModelIndex &index)
+{
+    // What has no room is told whole.
+    const QString tip = index.data(Qt::ToolTipRole).toString();
+    if (event->type() != QEvent::ToolTip || !index.isValid()
+        || sizeHint(option, index).width() <= option.rect.width())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QString text = index.data().toString();
+    QToolTip::showText(event->globalPos(), tip.isEmpty() ? text : text + QStringLiteral("\n\n") + tip, view);
+    return true;
 }
 
 QWidget *PanelDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem & /*option*/,

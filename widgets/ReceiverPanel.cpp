@@ -82,16 +82,21 @@ void ReceiverPanel::Private::placeColumns()
 {
     constexpr int Looked = 200;
     constexpr int MostCharacters = 32;
-    constexpr int ValueCharacters = 30;
+    constexpr int LeastValueCharacters = 30;
+    constexpr int MostValueCharacters = 40;
     const int character = view->fontMetrics().averageCharWidth();
     QHeaderView &header = *view->horizontalHeader();
-    for (const int column : {PanelRows::NameColumn, PanelRows::DefaultColumn}) {
+    const auto wanted = [this, &header](int column) {
         int width = header.sectionSizeHint(column);
-        for (int row = 0; row < std::min(rows.rowCount(), Looked); ++row)
+        for (int row = 0; row < rows.rowCount() && row < Looked; ++row)
             width = std::max(width, view->sizeHintForIndex(rows.index(row, column)).width());
-        header.resizeSection(column, std::min(width, MostCharacters * character));
-    }
-    header.resizeSection(PanelRows::ValueColumn, ValueCharacters * character);
+        return width;
+    };
+    for (const int column : {PanelRows::NameColumn, PanelRows::DefaultColumn})
+        header.resizeSection(column, std::min(wanted(column), MostCharacters * character));
+    header.resizeSection(PanelRows::ValueColumn,
+                         std::clamp(wanted(PanelRows::ValueColumn), LeastValueCharacters * character,
+                                    MostValueCharacters * character));
     header.resizeSection(
         PanelRows::DefaultColumn,
         std::max(header.sectionSize(PanelRows::DefaultColumn), MostCharacters / 2 * character));

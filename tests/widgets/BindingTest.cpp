@@ -1,5 +1,6 @@
 #include "OpenReceiver.h"
 
+#include <tests/support/Pictures.h>
 #include <widgets/Binding.h>
 #include <widgets/FrequencyEdit.h>
 #include <widgets/ParameterEdit.h>
@@ -9,6 +10,7 @@
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QDoubleSpinBox>
+#include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSlider>
@@ -93,6 +95,8 @@ private Q_SLOTS:
     void windowThatEndsWithTheChange();
     void documentThatEndsWithTheRefusal();
     void boundAgainByAChange();
+    void mirrored();
+    void pictures();
 
 private:
     void show(QWidget &window) const;
@@ -830,6 +834,74 @@ void BindingTest::boundAgainByAChange()
     gain.setValue(13);
     QCOMPARE(said(*document, "Parameter[Gain].Integer.Default"), QString("12"));
     QCOMPARE(said(other, "Parameter[Gain].Integer.Default"), QString("13"));
+}
+
+void BindingTest::mirrored()
+{
+    QWidget window;
+    new QVBoxLayout(&window);
+    window.setLayoutDirection(Qt::RightToLeft);
+    auto &gain = add<QSpinBox>(window, "kormak_Gain");
+    auto &line = add<QLineEdit>(window, "kormak_Level");
+    auto &from = add<QDateTimeEdit>(window, "kormak_From");
+    QCOMPARE(Bind(window, *document), QStringList());
+    show(window);
+    change(*document, "Parameter[Gain].Integer.Default", "-7");
+    change(*document, "Parameter[Level].Float.Default", "-12.5");
+    QCoreApplication::processEvents();
+    QCOMPARE(gain.value(), -7);
+    QCOMPARE(gain.cleanText(), QString("-7"));
+    // The sign stands before the number, as from left to right.
+    QCOMPARE(line.text(), QString(QChar(0x200E)) + "-12.5");
+    for (QWidget *const control : {static_cast<QWidget *>(&gain), static_cast<QWidget *>(&line)}) {
+        QVERIFY(control->isRightToLeft());
+        const auto *const button = control->findChild<QAbstractButton *>(); // the mark
+        QVERIFY(button);
+        QVERIFY(button->mapTo(control, button->rect().center()).x() < control->width() / 2);
+    }
+    QCOMPARE(from.text(), QString("2026-03-14 06:30:00.120")); // not from its end
+    window.setLayoutDirection(Qt::LeftToRight);
+    QCOMPARE(line.text(), QString("-12.5"));
+    window.setLayoutDirection(Qt::RightToLeft);
+    line.setLocale(QLocale("de_DE"));
+    QCOMPARE(line.text(), QString(QChar(0x200E)) + "-12,5");
+    line.clear();
+    QTest::keyClicks(&line, "-3");
+    QTest::keyClick(&line, Qt::Key_Return);
+    QCOMPARE(said(*document, "Parameter[Level].Float.Default"), QString("-3"));
+}
+
+void BindingTest::pictures()
+{
+    document->SetText(OpenReceiver::all());
+    const auto make = [this]() -> std::unique_ptr<QWidget> {
+        auto window = std::make_unique<QWidget>();
+        auto *const form = new QFormLayout(window.get());
+        const auto addRow = [form](QWidget *control, const char *name) {
+            control->setObjectName(QString("kormak_") + name);
+            control->setLocale(QLocale("en_GB"));
+            form->addRow(control->metaObject()->className(), control);
+        };
+        addRow(new QSpinBox, "Gain");
+        form->itemAt(form->rowCount() - 1, QFormLayout::FieldRole)
+            ->widget()
+            ->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        addRow(new QSlider(Qt::Horizontal), "Gain");
+        addRow(new QLineEdit, "Gain");
+        addRow(new FrequencyEdit, "Gain");
+        addRow(new ParameterEdit, "Gain");
+        addRow(new QDoubleSpinBox, "Level");
+        addRow(new QLineEdit, "Bandwidth");
+        addRow(new QDateTimeEdit, "From");
+        addRow(new QComboBox, "AGC_Mode");
+        addRow(new QCheckBox("Muted"), "Muted");
+        addRow(new QLineEdit, "Disabled");
+        change(*document, "Parameter[Gain].Integer.Default", "-80");
+        change(*document, "Parameter[Level].Float.Default", "12.25");
+        static_cast<void>(Bind(*window, *document));
+        return window;
+    };
+    QVERIFY(TestSupport::takePictures("bound-controls", {420, 420}, make));
 }
 
 QTEST_MAIN(BindingTest)

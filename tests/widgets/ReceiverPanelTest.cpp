@@ -8,6 +8,7 @@
 #include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -15,6 +16,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableView>
+#include <QToolTip>
 #include <QtTest>
 #include <QWheelEvent>
 
@@ -152,6 +154,8 @@ private Q_SLOTS:
     void otherDocuments();
     void bytes();
     void mirrored();
+    void longTexts();
+    void columnsFitValues();
     void locales();
     void manyParameters();
     void draftOfAParameterThatGoes();
@@ -559,6 +563,45 @@ void ReceiverPanelTest::mirrored()
     QVERIFY(shown.line());
     QCOMPARE(shown.line()->layoutDirection(), Qt::RightToLeft);
     QVERIFY(shown.line()->textMargins().left() > 0); // where the unit stands
+    const auto left = [&shown](int column) {
+        return shown.view().visualRect(shown.index("Gain", column)).left();
+    };
+    QVERIFY(left(NameColumn) > left(ValueColumn));
+    QVERIFY(left(ValueColumn) > left(DefaultColumn));
+    shown.line()->selectAll();
+    QTest::keyClicks(shown.line(), "-7");
+    QTest::keyClick(shown.line(), Qt::Key_Return);
+    QCOMPARE(said(shown.document, "Parameter[Gain].Integer.Default"), QString("-7"));
+    shown.click("Gain");
+    QCOMPARE(shown.line()->text(), QString(QChar(0x200E)) + "-7"); // the sign before the number
+}
+
+void ReceiverPanelTest::longTexts()
+{
+    const QString text(80, 'm');
+    Shown shown(OpenReceiver::all().replace("Mast 2", text.toLatin1()));
+    shown.view().scrollTo(shown.index("Comment"));
+    const auto tipOf = [&shown](const char *name) {
+        const QPoint place = shown.view().visualRect(shown.index(name)).center();
+        QHelpEvent event(QEvent::ToolTip, place, shown.view().viewport()->mapToGlobal(place));
+        QCoreApplication::sendEvent(shown.view().viewport(), &event);
+        return QToolTip::text();
+    };
+    QVERIFY(tipOf("Comment").startsWith(text + "\n\n"));
+    QVERIFY(tipOf("Gain").startsWith("0 to 30"));
+}
+
+void ReceiverPanelTest::columnsFitValues()
+{
+    // The greatest number of 64 bits stands there whole, with its unit.
+    Shown shown(OpenReceiver::all().replace("1773469800120000", "9223372036854775807"));
+    const QModelIndex index = shown.index("From");
+    QVERIFY(shown.view().columnWidth(ValueColumn) >= shown.view().sizeHintForIndex(index).width());
+    shown.click("From");
+    const QLineEdit &line = *shown.line();
+    const QMargins margins = line.textMargins();
+    QVERIFY(line.fontMetrics().horizontalAdvance(line.text()) + margins.left() + margins.right()
+            <= line.width());
 }
 
 void ReceiverPanelTest::locales()
@@ -755,6 +798,7 @@ void ReceiverPanelTest::pictures()
     const auto goToChanged = [&document](QWidget &panel) {
         change(document, "Parameter[DemodulationBandwidth].Long.Default", "30000000");
         change(document, "Parameter[Attenuation].Integer.Default", "20");
+        change(document, "Parameter[ReferenceTrim].Double.Default", "-2.5");
         change(document, "Parameter[GainControl].Enum.EnumValue[1].Default", "true");
         static_cast<ReceiverPanel &>(panel).ShowParameter("Attenuation");
     };
