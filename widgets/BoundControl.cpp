@@ -50,10 +50,14 @@ void BoundControl::refresh(Typed typed)
     const bool isSettable = found && unfitness.isEmpty() && found->IsEnabled()
         && index().data(ParameterModel::SettableRole).toBool();
     isShowing = true;
-    if (isOpen() && (typed == Typed::Dropped || !isSettable)) {
+    const bool isOther = found && found->GetParameterType() != shownType;
+    if (isOpen() && (typed == Typed::Dropped || !isSettable || isOther)) {
         const QString text = openText();
         if (typed == Typed::Kept && !text.isEmpty())
-            dropped = droppedText(text, unfitness.isEmpty() ? disabledParameter() : unfitness);
+            dropped = droppedText(text,
+                                  !unfitness.isEmpty() ? unfitness
+                                      : isSettable     ? parameterOfOtherType()
+                                                       : disabledParameter());
         discard();
     }
     if (!isOpen()) {
@@ -63,8 +67,10 @@ void BoundControl::refresh(Typed typed)
     }
     if (found && !hasName(*widget))
         widget->setAccessibleName(nameOf(*found));
-    if (found)
+    if (found) {
+        shownType = found->GetParameterType();
         path = index().data(ParameterModel::ValuePathRole).toString();
+    }
     updateProblem();
     widget->setEnabled(isSettable && unfitness.isEmpty());
     isShowing = false;

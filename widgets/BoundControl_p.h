@@ -107,6 +107,7 @@ private:
     ParameterModel &model;
     const bool &isRefreshing;
     QString parameterName;
+    ParameterType shownType = ParameterType::Invalid;
     QString path; ///< of the value
     QString ownToolTip;
     ControlMark mark;

@@ -324,7 +324,7 @@ Draft PanelDelegate::draftOf(const ParameterEdit &edit, const QModelIndex &index
 {
     const auto *const line = edit.findChild<QLineEdit *>();
     return {line ? line->text() : QString(), edit.GetProblem(),
-            index.data(ParameterModel::ValuePathRole).toString()};
+            index.data(ParameterModel::ValuePathRole).toString(), edit.GetParameter().GetParameterType()};
 }
 
 void PanelDelegate::destroyEditor(QWidget *editor, const QModelIndex &index) const

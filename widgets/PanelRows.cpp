@@ -134,12 +134,17 @@ QVector<Draft> PanelRows::takeLostDrafts()
     QVector<Draft> lost;
     for (auto draft = typed.begin(); draft != typed.end();) {
         const QModelIndex source = parameters.index(parameters.GetRow(draft.key()), ValueColumn);
-        if (isEditable(source)) {
+        const bool isOther =
+            source.data(ParameterModel::ParameterTypeRole).toInt() != static_cast<qint32>(draft->type);
+        if (isEditable(source) && !isOther) {
             ++draft;
             continue;
         }
-        const QString reason = source.isValid() ? disabledParameter() : noParameter(draft.key());
-        lost.push_back({draft->text, droppedText(draft->text, reason), draft->path});
+        const QString reason = !source.isValid() ? noParameter(draft.key())
+            : isOther                            ? parameterOfOtherType()
+                                                 : disabledParameter();
+        draft->problem = droppedText(draft->text, reason);
+        lost.push_back(*draft);
         draft = typed.erase(draft);
     }
     return lost;

@@ -2,6 +2,7 @@
 #ifndef KORMAK_WIDGETS_PANELROWS_P_H
 #define KORMAK_WIDGETS_PANELROWS_P_H
 
+#include <kormak/Parameter.h>
 #include <models/ParameterFilter.h>
 #include <models/ParameterModel.h>
 
@@ -15,15 +16,14 @@
 
 namespace KORMAK {
 
-class Parameter;
-
 namespace Widgets {
 
 /// What was typed for a parameter and is not taken: it is no value, or was refused.
 struct Draft {
     QString text;
     QString problem;
-    QString path = {}; ///< of the value
+    QString path; ///< of the value
+    ParameterType type = ParameterType::Invalid; ///< of the parameter as it was typed
 };
 
 class PanelRows : public ParameterFilter {

@@ -84,6 +84,7 @@ void ReceiverPanel::Private::placeColumns()
     constexpr int MostCharacters = 32;
     constexpr int LeastValueCharacters = 30;
     constexpr int MostValueCharacters = 40;
+    constexpr int LeastDefaultCharacters = 20;
     const int character = view->fontMetrics().averageCharWidth();
     QHeaderView &header = *view->horizontalHeader();
     const auto wanted = [this, &header](int column) {
@@ -99,7 +100,7 @@ void ReceiverPanel::Private::placeColumns()
                                     MostValueCharacters * character));
     header.resizeSection(
         PanelRows::DefaultColumn,
-        std::max(header.sectionSize(PanelRows::DefaultColumn), MostCharacters / 2 * character));
+        std::max(header.sectionSize(PanelRows::DefaultColumn), LeastDefaultCharacters * character));
 }
 
 void ReceiverPanel::Private::fillGroups()
@@ -374,7 +375,9 @@ void ReceiverPanel::dropLost()
 {
     ParameterEdit *const editor = d->editor();
     const QModelIndex index = d->delegate().openIndex();
-    if (editor && !d->rows.isEditable(index)) {
+    const Parameter *const edited = editor ? d->rows.parameter(index) : nullptr;
+    const bool isOther = edited && edited->GetParameterType() != editor->GetParameter().GetParameterType();
+    if (editor && (isOther || !d->rows.isEditable(index))) {
         if (editor->IsOpen())
             d->rows.keepDraft(d->rows.uniqueName(index), PanelDelegate::draftOf(*editor, index));
         editor->Discard(); // closing, it takes nothing

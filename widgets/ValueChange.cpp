@@ -44,4 +44,9 @@ QString disabledParameter()
     return translated("the parameter is disabled now");
 }
 
+QString parameterOfOtherType()
+{
+    return translated("the parameter has another type now");
+}
+
 } // namespace KORMAK::Widgets

@@ -23,9 +23,10 @@ namespace Widgets {
 
 /// What people are told of \a text, which was typed for a parameter that can be set no longer for \a reason.
 [[nodiscard]] QString droppedText(const QString &text, const QString &reason);
-/// Why parameters can be set no longer.
+/// Why what was typed can be set no longer.
 [[nodiscard]] QString noParameter(const QString &name);
 [[nodiscard]] QString disabledParameter();
+[[nodiscard]] QString parameterOfOtherType();
 
 } // namespace Widgets
 

@@ -83,6 +83,7 @@ private Q_SLOTS:
     void disabledWhileTyping_data();
     void disabledWhileTyping();
     void goneWhileTyping();
+    void otherTypeWhileTyping();
     void otherDocumentDropsWhatIsTyped();
     void unreadableInStepBoxes_data();
     void unreadableInStepBoxes();
@@ -562,6 +563,27 @@ void BindingTest::goneWhileTyping()
     QVERIFY(document->TakeOpenEdits().isEmpty());
 }
 
+void BindingTest::otherTypeWhileTyping()
+{
+    QWidget window;
+    auto &gain = add<ParameterEdit>(window, "kormak_Gain");
+    QCOMPARE(Bind(window, *document), QStringList());
+    QTest::keyClicks(gain.findChild<QLineEdit *>(), "0");
+    QVERIFY(gain.IsOpen());
+    QSignalSpy told(document.get(), &OpenDocument::Refused);
+    QByteArray other = document->GetText();
+    const auto begin = other.indexOf("<ParameterType>Integer", other.indexOf("UniqueName=\"Gain\""));
+    other.replace(begin, other.indexOf("</Integer>", begin) + 10 - begin,
+                  "<ParameterType>String</ParameterType><String/>");
+    document->Restore(other);
+    QCOMPARE(document->GetText(), other);
+    QCOMPARE(gain.GetControl(), ParameterControl::Text);
+    QVERIFY(!gain.IsOpen());
+    QCOMPARE(told.count(), 1);
+    QCOMPARE(told.at(0).at(0).value<QVector<Finding>>().at(0).GetMessage(),
+             QString("\"100\" is not taken: the parameter has another type now"));
+}
+
 void BindingTest::otherDocumentDropsWhatIsTyped()
 {
     QWidget window;
@@ -651,7 +673,13 @@ void BindingTest::unreadableInStepBoxes()
     QVERIFY(box->toolTip().startsWith(reason));
     QCOMPARE(box->accessibleDescription(), reason);
 
-    QTest::keyClick(box, Qt::Key_Return);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Up, Qt::Key_PageDown}) {
+        QTest::keyClick(box, key);
+        QCOMPARE(typed(), text);
+    }
+    turnWheel(*box, 120);
+    QCOMPARE(typed(), text);
+    QTest::mouseClick(box, Qt::LeftButton, {}, {box->width() - 5, 5}); // the arrow
     QCOMPARE(typed(), text);
 
     QSignalSpy told(document.get(), &OpenDocument::Refused);

@@ -161,6 +161,7 @@ private Q_SLOTS:
     void draftOfAParameterThatGoes();
     void editorOfAParameterThatGoes();
     void disabledWhileTyping();
+    void otherTypeWhileTyping();
     void refusedTextStays();
     void editedRowStays();
     void menu();
@@ -642,7 +643,7 @@ void ReceiverPanelTest::draftOfAParameterThatGoes()
     QCOMPARE(shown.document.Change({{Action::Unset, "Parameter[Gain]", {}}}).size(), 0);
     QCOMPARE(
         told,
-        QStringList{"Parameter[Gain].Integer.Default: \"loud\" is not taken: there is no parameter Gain"});
+        QStringList{"Parameter[Gain].String.Default: \"loud\" is not taken: there is no parameter Gain"});
     QVERIFY(shown.document.TakeOpenEdits().isEmpty());
 }
 
@@ -676,6 +677,28 @@ void ReceiverPanelTest::disabledWhileTyping()
     QCOMPARE(shown.text("Gain"), QString("10 dB"));
     QVERIFY(shown.document.TakeOpenEdits().isEmpty());
     QCOMPARE(shown.document.GetText(), disabled);
+}
+
+void ReceiverPanelTest::otherTypeWhileTyping()
+{
+    Shown shown(OpenReceiver::all());
+    shown.type("Gain", "loud");
+    QByteArray other = shown.document.GetText();
+    const auto begin = other.indexOf("<ParameterType>Integer", other.indexOf("UniqueName=\"Gain\""));
+    other.replace(begin, other.indexOf("</Integer>", begin) + 10 - begin,
+                  "<ParameterType>String</ParameterType><String/>");
+    QStringList told;
+    listenToRefusals(shown.document, told);
+    shown.document.Restore(other);
+    QTRY_VERIFY(!shown.editor());
+    QCOMPARE(
+        told,
+        QStringList{
+            "Parameter[Gain].String.Default: \"loud\" is not taken: the parameter has another type now"});
+    QCOMPARE(shown.document.GetText(), other);
+    QVERIFY(shown.document.TakeOpenEdits().isEmpty());
+    shown.click("Gain");
+    QCOMPARE(shown.editor()->GetControl(), ParameterControl::Text);
 }
 
 void ReceiverPanelTest::refusedTextStays()
