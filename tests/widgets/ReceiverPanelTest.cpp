@@ -643,7 +643,7 @@ void ReceiverPanelTest::draftOfAParameterThatGoes()
     QCOMPARE(shown.document.Change({{Action::Unset, "Parameter[Gain]", {}}}).size(), 0);
     QCOMPARE(
         told,
-        QStringList{"Parameter[Gain].String.Default: \"loud\" is not taken: there is no parameter Gain"});
+        QStringList{"Parameter[Gain].Integer.Default: \"loud\" is not taken: there is no parameter Gain"});
     QVERIFY(shown.document.TakeOpenEdits().isEmpty());
 }
 
