@@ -37,16 +37,14 @@ void addNumber(ParameterValue &value, const Handler &handler, const QString &blo
     value.path = block + QStringLiteral(".Default");
 }
 
-/// The entry that is marked last, else the first.
+/// The entry that is the default. Among equal ones, that is the one that is marked last or, when none is, the
+/// first.
 int entryOf(const EnumHandler &handler)
 {
     const auto &entries = handler.GetEnumList();
-    int place = entries.isEmpty() ? -1 : 0;
-    for (int i = 0; i < static_cast<int>(entries.size()); ++i) {
-        if (entries.at(i).IsDefault())
-            place = i;
-    }
-    return place;
+    const auto &standard = handler.GetDefaultValue();
+    const auto place = standard.IsDefault() ? entries.lastIndexOf(standard) : entries.indexOf(standard);
+    return static_cast<int>(place);
 }
 
 QVariantList numbersOf(const DoubleHandler &handler)

@@ -1,9 +1,10 @@
-// The value of a parameter of a receiver, as a document holds it.
+// The value of a parameter of a receiver, as a document holds it. Not installed.
 #ifndef KORMAK_MODELS_PARAMETERVALUE_P_H
 #define KORMAK_MODELS_PARAMETERVALUE_P_H
 
 #include <inspection/DocumentEdit.h>
 #include <kormak/Parameter.h>
+#include <models/models_export.h>
 
 #include <QString>
 #include <QVariant>
@@ -14,7 +15,7 @@
 namespace KORMAK {
 
 /// In the stored unit. Documents hold one value of a parameter, which they call its default.
-struct ParameterValue {
+struct MODELS_EXPORT ParameterValue {
     explicit ParameterValue(const Parameter &parameter);
 
     /// The changes that set it to \a wanted, which is of the kind that `value` is; nothing when no document
@@ -26,7 +27,7 @@ struct ParameterValue {
     [[nodiscard]] static bool isSettable(const Parameter &parameter);
 
     /// bool, qint64, float, double or QString; of an enumeration the place of its entry in the list, -1 when
-    /// there is none; of a list of numbers a QVariantList; invalid without a type.
+    /// it is none of them; of a list of numbers a QVariantList; invalid without a type.
     QVariant value = {};
     QVariant minimum = {}; ///< invalid: none
     QVariant maximum = {};

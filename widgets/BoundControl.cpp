@@ -1,6 +1,6 @@
 #include "widgets/BoundControl_p.h"
 
-#include <widgets/ParameterValue_p.h>
+#include <widgets/ParameterText_p.h>
 #include <widgets/ValueChange_p.h>
 
 #include <QAbstractButton>
@@ -32,11 +32,6 @@ bool hasName(QWidget &control)
 
 } // namespace
 
-QString noParameter(const QString &name)
-{
-    return translated("there is no parameter %1").arg(name);
-}
-
 BoundControl::BoundControl(QWidget &control, const BoundTo &link)
     : widget(&control), document(&link.document), model(link.model), isRefreshing(link.isRefreshing),
       parameterName(link.parameter), ownToolTip(control.toolTip()), mark(control)
@@ -55,12 +50,14 @@ void BoundControl::refresh(Typed typed)
     const bool isSettable = found && unfitness.isEmpty() && found->IsEnabled()
         && index().data(ParameterModel::SettableRole).toBool();
     isShowing = true;
-    if (isOpen() && (typed == Typed::Dropped || !isSettable)) {
+    const bool isOther = found && found->GetParameterType() != shownType;
+    if (isOpen() && (typed == Typed::Dropped || !isSettable || isOther)) {
         const QString text = openText();
         if (typed == Typed::Kept && !text.isEmpty())
-            dropped =
-                translated("\"%1\" is not taken: %2")
-                    .arg(text, unfitness.isEmpty() ? translated("the parameter is disabled now") : unfitness);
+            dropped = droppedText(text,
+                                  !unfitness.isEmpty() ? unfitness
+                                      : isSettable     ? parameterOfOtherType()
+                                                       : disabledParameter());
         discard();
     }
     if (!isOpen()) {
@@ -70,8 +67,10 @@ void BoundControl::refresh(Typed typed)
     }
     if (found && !hasName(*widget))
         widget->setAccessibleName(nameOf(*found));
-    if (found)
+    if (found) {
+        shownType = found->GetParameterType();
         path = index().data(ParameterModel::ValuePathRole).toString();
+    }
     updateProblem();
     widget->setEnabled(isSettable && unfitness.isEmpty());
     isShowing = false;
@@ -111,6 +110,9 @@ bool BoundControl::eventFilter(QObject *watched, QEvent *event)
         event->ignore(); // what is around scrolls
         return true;
     }
+    if (watched == widget
+        && (event->type() == QEvent::LocaleChange || event->type() == QEvent::LayoutDirectionChange))
+        refresh();
     return (widget && document && filter(*event)) || QObject::eventFilter(watched, event);
 }
 
@@ -202,7 +204,9 @@ QString BoundControl::notes() const
 
 NumberFormat BoundControl::formatOf(const Parameter &found) const
 {
-    return Widgets::formatOf(found, widget->locale());
+    NumberFormat format = Widgets::formatOf(found, widget->locale());
+    format.isMirrored = widget->isRightToLeft();
+    return format;
 }
 
 QString BoundControl::unfit(const Parameter &found) const

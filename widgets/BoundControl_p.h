@@ -107,6 +107,7 @@ private:
     ParameterModel &model;
     const bool &isRefreshing;
     QString parameterName;
+    ParameterType shownType = ParameterType::Invalid;
     QString path; ///< of the value
     QString ownToolTip;
     ControlMark mark;
@@ -118,8 +119,6 @@ private:
 
 /// \a control as one that is connected; null when its class cannot be. Its value is shown by refresh().
 [[nodiscard]] std::unique_ptr<BoundControl> makeBoundControl(QWidget &control, const BoundTo &link);
-
-[[nodiscard]] QString noParameter(const QString &name);
 
 } // namespace KORMAK::Widgets
 

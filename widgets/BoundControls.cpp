@@ -3,7 +3,7 @@
 #include <widgets/NumberEdit.h>
 #include <widgets/ParameterControl.h>
 #include <widgets/ParameterEdit.h>
-#include <widgets/ParameterValue_p.h>
+#include <widgets/ParameterText_p.h>
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -207,22 +207,44 @@ protected:
     }
     bool filter(QEvent &event) override
     {
-        const auto isEnter = [&event] {
-            const int key = static_cast<QKeyEvent &>(event).key();
-            return key == Qt::Key_Return || key == Qt::Key_Enter;
-        };
-        const bool isEntered = event.type() == QEvent::KeyPress && isEnter();
-        if (!isOpen() || (!isEntered && event.type() != QEvent::FocusOut))
+        const bool isLeft = event.type() == QEvent::FocusOut;
+        if (!isOpen() || !(isLeft || isStep(event)))
             return false;
         const QString reason = whyUnreadable();
-        if (!reason.isEmpty())
-            refuse(reason);
-        return isEntered && !reason.isEmpty();
+        if (reason.isEmpty())
+            return false;
+        refuse(reason);
+        return !isLeft;
     }
 
     [[nodiscard]] virtual QString suffix() const { return {}; }
 
 private:
+    /// Whether the box reads what is typed on \a event. Clicks into the text go to the line in it.
+    [[nodiscard]] static bool isStep(QEvent &event)
+    {
+        switch (event.type()) {
+        case QEvent::Wheel:
+        case QEvent::MouseButtonPress:
+            return true;
+        case QEvent::KeyPress:
+            break;
+        default:
+            return false;
+        }
+        switch (static_cast<QKeyEvent &>(event).key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+            return true;
+        default:
+            return false;
+        }
+    }
+
     void settle()
     {
         if (line)
@@ -368,6 +390,7 @@ public:
         : BoundStepBox(control, link), edit(control)
     {
         edit.setTimeSpec(Qt::UTC);
+        edit.setLayoutDirection(Qt::LeftToRight); // else the day stands before the month and the year
         edit.setDisplayFormat(QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"));
         connect(&edit, &QDateTimeEdit::dateTimeChanged, this, [this](const QDateTime &dateTime) {
             if (parameter())
@@ -429,7 +452,9 @@ protected:
     }
     [[nodiscard]] QString show(const Parameter &found) override
     {
-        line.setText(shownValue(found, value(), line.locale()));
+        const ParameterControl control = ParameterControlOf(found);
+        const bool isNumber = control == ParameterControl::Number || control == ParameterControl::Frequency;
+        line.setText(isNumber ? formatOf(found).show(value()) : shownValue(found, value(), line.locale()));
         line.setModified(false);
         return {};
     }

@@ -28,7 +28,12 @@ public:
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode /*mode*/, QIcon::State /*state*/) override
     {
-        paintMark(*painter, rect, mark, palette);
+        // Marks have a size of their own; the pixels of the screen may be smaller.
+        painter->save();
+        painter->translate(rect.topLeft());
+        painter->scale(rect.width() / qreal(Side), rect.height() / qreal(Side));
+        paintMark(*painter, {0, 0, Side, Side}, mark, palette);
+        painter->restore();
     }
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
     {

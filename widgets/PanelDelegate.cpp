@@ -5,18 +5,20 @@
 #include <widgets/PanelRows_p.h>
 #include <widgets/ParameterControl.h>
 #include <widgets/ParameterEdit.h>
-#include <widgets/ParameterValue_p.h>
+#include <widgets/ParameterText_p.h>
 #include <widgets/ValueMark_p.h>
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyle>
+#include <QToolTip>
 #include <QWidget>
 
 #include <algorithm>
@@ -266,11 +268,26 @@ void PanelDelegate::paintDefault(QPainter &painter, const QStyleOptionViewItem &
 QSize PanelDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     constexpr int Rest = 4 * Margin;
-    const int mark = index.column() == PanelRows::NameColumn || index.column() == PanelRows::DefaultColumn
-        ? MarkWidth + Margin
-        : 0;
+    int beside = 0; // a mark, or what belongs to a control
+    if (index.column() == PanelRows::NameColumn || index.column() == PanelRows::DefaultColumn)
+        beside = MarkWidth + Margin;
+    else if (index.column() == PanelRows::ValueColumn)
+        beside = MarkWidth + 3 * Margin;
     const auto *const view = static_cast<QAbstractItemView *>(parent());
-    return {option.fontMetrics.horizontalAdvance(index.data().toString()) + mark + Rest, rowHeight(*view)};
+    return {option.fontMetrics.horizontalAdvance(index.data().toString()) + beside + Rest, rowHeight(*view)};
+}
+
+bool PanelDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                              const QModelIndex &index)
+{
+    // What has no room is told whole.
+    const QString tip = index.data(Qt::ToolTipRole).toString();
+    if (event->type() != QEvent::ToolTip || !index.isValid()
+        || sizeHint(option, index).width() <= option.rect.width())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QString text = index.data().toString();
+    QToolTip::showText(event->globalPos(), tip.isEmpty() ? text : text + QStringLiteral("\n\n") + tip, view);
+    return true;
 }
 
 QWidget *PanelDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem & /*option*/,
@@ -284,11 +301,12 @@ QWidget *PanelDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem
     edit->SetParameter(*parameter);
     auto *const self = const_cast<PanelDelegate *>(this);
     connect(edit, &ParameterEdit::Finished, self, [self, edit] {
-        if (self->openEditor() == edit)
+        if (self->openEditor() == edit && !self->isCommitting)
             Q_EMIT self->commitData(edit);
     });
     edited = edit;
     editedIndex = index;
+    rows.setEdited(rows.uniqueName(index));
     // The keys go to what is in it.
     if (QWidget *const inner = edit->focusProxy())
         inner->installEventFilter(self);
@@ -302,27 +320,61 @@ ParameterEdit *PanelDelegate::openEditor() const
     return edited && view->isPersistentEditorOpen(editedIndex) ? edited.data() : nullptr;
 }
 
+Draft PanelDelegate::draftOf(const ParameterEdit &edit, const QModelIndex &index)
+{
+    const auto *const line = edit.findChild<QLineEdit *>();
+    return {line ? line->text() : QString(), edit.GetProblem(),
+            index.data(ParameterModel::ValuePathRole).toString(), edit.GetParameter().GetParameterType()};
+}
+
+void PanelDelegate::destroyEditor(QWidget *editor, const QModelIndex &index) const
+{
+    if (editor == edited)
+        rows.setEdited({});
+    QStyledItemDelegate::destroyEditor(editor, index);
+}
+
 void PanelDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
     auto *const edit = static_cast<ParameterEdit *>(editor);
     if (!edit->IsOpen()) // what is being typed stays
         edit->SetValue(index.data(ParameterModel::ValueRole));
-    edit->SetNote(index.data(ParameterModel::MessagesRole).toStringList().join(QLatin1Char('\n')));
+    QStringList notes = index.data(ParameterModel::MessagesRole).toStringList();
     auto *const line = edit->findChild<QLineEdit *>();
-    if (line && rows.hasDraft(index) && !edit->IsOpen())
+    if (line && rows.hasDraft(index) && !edit->IsOpen()) {
         line->setText(rows.draft(index).text);
+        notes.prepend(rows.draft(index).problem);
+    }
+    edit->SetNote(notes.join(QLatin1Char('\n')));
 }
 
-void PanelDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
+void PanelDelegate::setModelData(QWidget *editor, QAbstractItemModel * /*model*/,
+                                 const QModelIndex &index) const
 {
     auto *const edit = static_cast<ParameterEdit *>(editor);
-    if (!edit->Take()) {
-        if (const auto *const line = edit->findChild<QLineEdit *>())
-            rows.setDraft(index, {line->text(), edit->GetProblem()});
+    const QPointer<const PanelDelegate> self(this);
+    const QPointer<ParameterEdit> there(edit);
+    const QPersistentModelIndex row(index);
+    isCommitting = true;
+    const bool isTaken = edit->Take();
+    isCommitting = false;
+    if (!rows.isEditable(row))
         return;
+    if (isTaken) {
+        const QVariant wanted = edit->GetValue();
+        const bool isOther = wanted != row.data(ParameterModel::ValueRole);
+        const QString reason = isOther ? rows.setValue(row, wanted) : QString();
+        if (!self || !there || !row.isValid()) // whoever hears of a value may end all this
+            return;
+        if (reason.isEmpty()) {
+            rows.removeDraft(row);
+            return;
+        }
+        edit->Refuse(reason);
+        if (!edit->IsOpen())
+            return; // it shows the value of before, and the reason
     }
-    rows.removeDraft(index);
-    model->setData(index, edit->GetValue(), ParameterModel::ValueRole);
+    rows.setDraft(row, draftOf(*edit, row));
 }
 
 void PanelDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
@@ -347,12 +399,14 @@ bool PanelDelegate::eventFilter(QObject *watched, QEvent *event)
         Q_EMIT commitData(edit);
         return true;
     }
-    if (event->type() == QEvent::KeyPress
-        && (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Return
-            || static_cast<QKeyEvent *>(event)->key() == Qt::Key_Enter)
-        && !edit->Take()) {
-        Q_EMIT commitData(edit); // it stays open, and is marked
-        return true;
+    const auto isEnter = [event] {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        return key == Qt::Key_Return || key == Qt::Key_Enter;
+    };
+    if (event->type() == QEvent::KeyPress && isEnter() && edit->IsOpen()) {
+        Q_EMIT commitData(edit);
+        if (!edited || edited->IsOpen())
+            return true; // what is not taken stays open, and is marked
     }
     switch (event->type()) {
     case QEvent::KeyPress:

@@ -14,6 +14,7 @@ class ParameterEdit;
 namespace Widgets {
 
 class PanelRows;
+struct Draft;
 
 class PanelDelegate : public QStyledItemDelegate {
 public:
@@ -25,12 +26,19 @@ public:
 
     /// The editor that is open; null when none is.
     [[nodiscard]] ParameterEdit *openEditor() const;
+    /// Where it is.
+    [[nodiscard]] QModelIndex openIndex() const { return editedIndex; }
+    /// What was typed in \a edit and is not taken.
+    [[nodiscard]] static Draft draftOf(const ParameterEdit &edit, const QModelIndex &index);
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override;
     [[nodiscard]] QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                                         const QModelIndex &index) const override;
+    void destroyEditor(QWidget *editor, const QModelIndex &index) const override;
     void setEditorData(QWidget *editor, const QModelIndex &index) const override;
     void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
     void updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
@@ -50,6 +58,7 @@ private:
     PanelRows &rows;
     mutable QPointer<ParameterEdit> edited;
     mutable QPersistentModelIndex editedIndex;
+    mutable bool isCommitting = false; // what is typed, of which the editor tells
 };
 
 } // namespace Widgets

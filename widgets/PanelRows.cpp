@@ -3,12 +3,14 @@
 #include <kormak/Parameter.h>
 #include <models/OpenDocument.h>
 #include <widgets/ParameterControl.h>
-#include <widgets/ParameterValue_p.h>
+#include <widgets/ParameterText_p.h>
+#include <widgets/ValueChange_p.h>
 
 #include <QCoreApplication>
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace KORMAK::Widgets {
 
@@ -28,16 +30,16 @@ QString withUnit(const Parameter &parameter, const QVariant &value, const QLocal
 
 } // namespace
 
-PanelRows::PanelRows(ParameterModel &parameters, const OpenDocument &receiver, QObject *parent)
-    : ParameterFilter(parent), document(receiver)
+PanelRows::PanelRows(ParameterModel &model, OpenDocument &receiver, QObject *parent)
+    : ParameterFilter(parent), parameters(model), document(receiver)
 {
     // Before the base class hears of it, and sorts.
     const auto forget = [this] { known.reset(); };
-    connect(&parameters, &QAbstractItemModel::modelReset, this, forget);
-    connect(&parameters, &QAbstractItemModel::rowsInserted, this, forget);
-    connect(&parameters, &QAbstractItemModel::rowsRemoved, this, forget);
-    connect(&parameters, &QAbstractItemModel::dataChanged, this, forget);
-    setSourceModel(&parameters);
+    connect(&model, &QAbstractItemModel::modelReset, this, forget);
+    connect(&model, &QAbstractItemModel::rowsInserted, this, forget);
+    connect(&model, &QAbstractItemModel::rowsRemoved, this, forget);
+    connect(&model, &QAbstractItemModel::dataChanged, this, forget);
+    setSourceModel(&model);
     setDynamicSortFilter(true);
     sort(NameColumn);
 }
@@ -115,8 +117,70 @@ void PanelRows::setDraft(const QModelIndex &index, const Draft &draft)
 
 void PanelRows::removeDraft(const QModelIndex &index)
 {
-    if (typed.remove(uniqueName(index)) > 0)
-        Q_EMIT dataChanged(this->index(index.row(), 0), this->index(index.row(), columnCount() - 1));
+    const QString name = uniqueName(index);
+    if (typed.remove(name) == 0)
+        return;
+    Q_EMIT dataChanged(this->index(index.row(), 0), this->index(index.row(), columnCount() - 1));
+    filterLater({name});
+}
+
+void PanelRows::clearDrafts()
+{
+    filterLater(std::exchange(typed, {}).keys());
+}
+
+QVector<Draft> PanelRows::takeLostDrafts()
+{
+    QVector<Draft> lost;
+    for (auto draft = typed.begin(); draft != typed.end();) {
+        const QModelIndex source = parameters.index(parameters.GetRow(draft.key()), ValueColumn);
+        const bool isOther =
+            source.data(ParameterModel::ParameterTypeRole).toInt() != static_cast<qint32>(draft->type);
+        if (isEditable(source) && !isOther) {
+            ++draft;
+            continue;
+        }
+        const QString reason = !source.isValid() ? noParameter(draft.key())
+            : isOther                            ? parameterOfOtherType()
+                                                 : disabledParameter();
+        draft->problem = droppedText(draft->text, reason);
+        lost.push_back(*draft);
+        draft = typed.erase(draft);
+    }
+    return lost;
+}
+
+QString PanelRows::setValue(const QModelIndex &index, const QVariant &value)
+{
+    return setParameterValue(*this, index, value, document);
+}
+
+void PanelRows::setEdited(const QString &uniqueName)
+{
+    const QString former = std::exchange(edited, uniqueName);
+    if (!former.isEmpty())
+        filterLater({former});
+}
+
+void PanelRows::filterLater(const QStringList &uniqueNames)
+{
+    const bool isAnyToGo = std::any_of(uniqueNames.begin(), uniqueNames.end(), [this](const QString &name) {
+        const int row = parameters.GetRow(name);
+        return row >= 0 && !filterAcceptsRow(row, {});
+    });
+    if (isAnyToGo) // a view may be about to close its editor
+        QMetaObject::invokeMethod(
+            this, [this] { invalidateFilter(); }, Qt::QueuedConnection);
+}
+
+bool PanelRows::filterAcceptsRow(int row, const QModelIndex &parent) const
+{
+    if (!edited.isEmpty() || !typed.isEmpty()) {
+        const QString name = uniqueName(parameters.index(row, NameColumn, parent));
+        if (name == edited || typed.contains(name))
+            return true;
+    }
+    return ParameterFilter::filterAcceptsRow(row, parent);
 }
 
 void PanelRows::setLocale(const QLocale &locale)

@@ -1,10 +1,11 @@
 #include "widgets/ParameterEdit.h"
 
 #include <kormak/Parameter.h>
+#include <models/ParameterValue_p.h>
 #include <widgets/ComboBox_p.h>
 #include <widgets/FrequencyEdit.h>
 #include <widgets/LineEdits_p.h>
-#include <widgets/ParameterValue_p.h>
+#include <widgets/ParameterText_p.h>
 #include <widgets/ValueMark_p.h>
 
 #include <QCheckBox>
@@ -285,7 +286,7 @@ void ParameterEdit::SetParameter(const Parameter &parameter)
         d->control->show(parameter);
     }
     setToolTip(Widgets::describe(parameter, locale()));
-    SetValue(Widgets::valueOf(parameter));
+    SetValue(ParameterValue(parameter).value);
 }
 
 void ParameterEdit::makeControl()

@@ -9,6 +9,8 @@
 #include <widgets/PanelView_p.h>
 #include <widgets/ParameterControl.h>
 #include <widgets/ParameterEdit.h>
+#include <widgets/ParameterText_p.h>
+#include <widgets/ValueChange_p.h>
 
 #include <QAction>
 #include <QCheckBox>
@@ -18,6 +20,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPersistentModelIndex>
+#include <QPointer>
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -27,6 +31,7 @@
 
 namespace KORMAK {
 
+using Widgets::Draft;
 using Widgets::PanelDelegate;
 using Widgets::PanelRows;
 using Widgets::PanelView;
@@ -62,6 +67,8 @@ struct ReceiverPanel::Private {
 
     void restoreDefault(const QModelIndex &index)
     {
+        if (editor() && delegate().openIndex().row() == index.row())
+            editor()->Discard();
         rows.removeDraft(index);
         rows.setData(valueOf(index), index.data(ParameterModel::DefaultRole), ParameterModel::ValueRole);
     }
@@ -75,19 +82,25 @@ void ReceiverPanel::Private::placeColumns()
 {
     constexpr int Looked = 200;
     constexpr int MostCharacters = 32;
-    constexpr int ValueCharacters = 30;
+    constexpr int LeastValueCharacters = 30;
+    constexpr int MostValueCharacters = 40;
+    constexpr int LeastDefaultCharacters = 20;
     const int character = view->fontMetrics().averageCharWidth();
     QHeaderView &header = *view->horizontalHeader();
-    for (const int column : {PanelRows::NameColumn, PanelRows::DefaultColumn}) {
+    const auto wanted = [this, &header](int column) {
         int width = header.sectionSizeHint(column);
-        for (int row = 0; row < std::min(rows.rowCount(), Looked); ++row)
+        for (int row = 0; row < rows.rowCount() && row < Looked; ++row)
             width = std::max(width, view->sizeHintForIndex(rows.index(row, column)).width());
-        header.resizeSection(column, std::min(width, MostCharacters * character));
-    }
-    header.resizeSection(PanelRows::ValueColumn, ValueCharacters * character);
+        return width;
+    };
+    for (const int column : {PanelRows::NameColumn, PanelRows::DefaultColumn})
+        header.resizeSection(column, std::min(wanted(column), MostCharacters * character));
+    header.resizeSection(PanelRows::ValueColumn,
+                         std::clamp(wanted(PanelRows::ValueColumn), LeastValueCharacters * character,
+                                    MostValueCharacters * character));
     header.resizeSection(
         PanelRows::DefaultColumn,
-        std::max(header.sectionSize(PanelRows::DefaultColumn), MostCharacters / 2 * character));
+        std::max(header.sectionSize(PanelRows::DefaultColumn), LeastDefaultCharacters * character));
 }
 
 void ReceiverPanel::Private::fillGroups()
@@ -141,6 +154,8 @@ ReceiverPanel::ReceiverPanel(OpenDocument &receiver, QWidget *parent)
     layout->addWidget(d->view, 1);
     layout->addWidget(d->counts);
 
+    // Before the view closes the editor.
+    connect(&d->rows, &QAbstractItemModel::rowsAboutToBeRemoved, this, &ReceiverPanel::keepTyped);
     d->view->setModel(&d->rows);
     d->view->setItemDelegate(new PanelDelegate(d->rows, d->view));
     d->view->setAccessibleName(tr("Parameters"));
@@ -199,6 +214,7 @@ ReceiverPanel::ReceiverPanel(OpenDocument &receiver, QWidget *parent)
         d->areColumnsPlaced = false;
         updateRows();
     });
+    connect(&receiver, &OpenDocument::Changed, this, &ReceiverPanel::dropLost); // after the model
     connect(&receiver, &OpenDocument::OpenEditsWanted, this, &ReceiverPanel::takeOpenEdits);
     updateRows();
 }
@@ -311,13 +327,69 @@ void ReceiverPanel::updateCounts()
 
 void ReceiverPanel::takeOpenEdits()
 {
+    const QPointer<ReceiverPanel> self(this);
+    QString told; // by the document, if it refuses what stands in the editor
     ParameterEdit *const editor = d->editor();
-    if (editor && editor->IsOpen())
-        Q_EMIT d->delegate().commitData(editor);
-    const auto drafts = d->rows.drafts();
-    for (auto draft = drafts.begin(); draft != drafts.end(); ++draft) {
-        const QModelIndex index = d->model.index(d->model.GetRow(draft.key()), 0);
-        d->document.Refuse(index.data(ParameterModel::ValuePathRole).toString(), draft->problem);
+    if (editor && editor->IsOpen()) {
+        told = d->rows.uniqueName(d->delegate().openIndex());
+        d->delegate().setModelData(editor, &d->rows, d->delegate().openIndex());
+    }
+    if (!self)
+        return;
+    const QStringList names = d->rows.drafts().keys();
+    for (const QString &name : names) {
+        if (self && d->rows.drafts().contains(name))
+            takeDraft(name, name == told);
+    }
+}
+
+void ReceiverPanel::takeDraft(const QString &name, bool isTold)
+{
+    const Draft draft = d->rows.drafts().value(name);
+    const Parameter *const parameter = Widgets::findParameter(d->document.GetDocument(), name);
+    if (!parameter)
+        return;
+    const QVariant wanted = Widgets::readValue(*parameter, draft.text, locale()).value;
+    if (!wanted.isValid()) {
+        d->document.Refuse(draft.path, draft.problem);
+        return;
+    }
+    if (isTold)
+        return;
+    const QPointer<ReceiverPanel> self(this);
+    const QModelIndex index = d->model.index(d->model.GetRow(name), PanelRows::ValueColumn);
+    const QString reason = Widgets::setParameterValue(d->model, index, wanted, d->document);
+    if (self && reason.isEmpty())
+        d->rows.removeDraft(d->rows.mapFromSource(index));
+}
+
+void ReceiverPanel::keepTyped(const QModelIndex &parent, int first, int last)
+{
+    const QModelIndex index = d->delegate().openIndex();
+    const ParameterEdit *const editor = d->editor();
+    if (editor && editor->IsOpen() && !parent.isValid() && index.row() >= first && index.row() <= last)
+        d->rows.keepDraft(d->rows.uniqueName(index), PanelDelegate::draftOf(*editor, index));
+}
+
+void ReceiverPanel::dropLost()
+{
+    ParameterEdit *const editor = d->editor();
+    const QModelIndex index = d->delegate().openIndex();
+    const Parameter *const edited = editor ? d->rows.parameter(index) : nullptr;
+    const bool isOther = edited && edited->GetParameterType() != editor->GetParameter().GetParameterType();
+    if (editor && (isOther || !d->rows.isEditable(index))) {
+        if (editor->IsOpen())
+            d->rows.keepDraft(d->rows.uniqueName(index), PanelDelegate::draftOf(*editor, index));
+        editor->Discard(); // closing, it takes nothing
+        Q_EMIT d->delegate().closeEditor(editor);
+    }
+    const QPointer<ReceiverPanel> self(this);
+    const auto lost = d->rows.takeLostDrafts();
+    if (!lost.isEmpty())
+        d->view->viewport()->update();
+    for (const Draft &draft : lost) {
+        if (self)
+            d->document.Refuse(draft.path, draft.problem);
     }
 }
 
@@ -344,14 +416,19 @@ void ReceiverPanel::clicked(const QModelIndex &index)
 
 void ReceiverPanel::showMenu(const QPoint &position)
 {
-    const QModelIndex index = d->view->indexAt(position);
+    const QPersistentModelIndex index = d->view->indexAt(position);
     if (!d->rows.isEditable(index))
         return;
-    QMenu menu(this);
-    QAction *const restore = menu.addAction(tr("Restore default"));
+    // It stays while the document changes, and goes when the panel does.
+    auto *const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    QAction *const restore = menu->addAction(tr("Restore default"));
     restore->setEnabled(index.data(ParameterModel::ChangedRole).toBool());
-    if (menu.exec(d->view->viewport()->mapToGlobal(position)) == restore)
-        d->restoreDefault(index);
+    connect(restore, &QAction::triggered, this, [this, index] {
+        if (d->rows.isEditable(index))
+            d->restoreDefault(index);
+    });
+    menu->popup(d->view->viewport()->mapToGlobal(position));
 }
 
 void ReceiverPanel::changeEvent(QEvent *event)

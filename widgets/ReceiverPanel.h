@@ -22,7 +22,9 @@ class ParameterModel;
 /// default is marked, and the default can be brought back, of one parameter or of all. Disabled parameters
 /// are there, but cannot be set; so are lists, whose values documents do not hold. What is wrong with a
 /// value stands as a mark in its row, and in the tool tip. What is typed and is no value stays where it was
-/// typed until it is put right or Escape is pressed; OpenDocument::TakeOpenEdits() tells of it.
+/// typed until it is put right or Escape is pressed, and so does what is refused;
+/// OpenDocument::TakeOpenEdits() tells of it. The row stays meanwhile, whatever is looked for. What was typed
+/// for a parameter that is disabled or goes away is dropped, which OpenDocument::Refused() tells.
 ///
 /// Tab goes from one value to the next, F2 or typing begins to edit, Ctrl+F goes to the search.
 class WIDGETS_EXPORT ReceiverPanel : public QWidget {
@@ -69,6 +71,9 @@ private:
     WIDGETS_NO_EXPORT void updateRowsLater();
     WIDGETS_NO_EXPORT void updateCounts();
     WIDGETS_NO_EXPORT void takeOpenEdits();
+    WIDGETS_NO_EXPORT void takeDraft(const QString &name, bool isTold);
+    WIDGETS_NO_EXPORT void keepTyped(const QModelIndex &parent, int first, int last);
+    WIDGETS_NO_EXPORT void dropLost();
     WIDGETS_NO_EXPORT void clicked(const QModelIndex &index);
     WIDGETS_NO_EXPORT void showMenu(const QPoint &position);
 

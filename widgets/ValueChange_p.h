@@ -21,6 +21,13 @@ namespace Widgets {
 [[nodiscard]] QString setParameterValue(QAbstractItemModel &model, const QModelIndex &index,
                                         const QVariant &wanted, OpenDocument &document);
 
+/// What people are told of \a text, which was typed for a parameter that can be set no longer for \a reason.
+[[nodiscard]] QString droppedText(const QString &text, const QString &reason);
+/// Why what was typed can be set no longer.
+[[nodiscard]] QString noParameter(const QString &name);
+[[nodiscard]] QString disabledParameter();
+[[nodiscard]] QString parameterOfOtherType();
+
 } // namespace Widgets
 
 } // namespace KORMAK

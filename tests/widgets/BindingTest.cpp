@@ -1,5 +1,6 @@
 #include "OpenReceiver.h"
 
+#include <tests/support/Pictures.h>
 #include <widgets/Binding.h>
 #include <widgets/FrequencyEdit.h>
 #include <widgets/ParameterEdit.h>
@@ -9,6 +10,7 @@
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QDoubleSpinBox>
+#include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSlider>
@@ -81,6 +83,7 @@ private Q_SLOTS:
     void disabledWhileTyping_data();
     void disabledWhileTyping();
     void goneWhileTyping();
+    void otherTypeWhileTyping();
     void otherDocumentDropsWhatIsTyped();
     void unreadableInStepBoxes_data();
     void unreadableInStepBoxes();
@@ -93,6 +96,8 @@ private Q_SLOTS:
     void windowThatEndsWithTheChange();
     void documentThatEndsWithTheRefusal();
     void boundAgainByAChange();
+    void mirrored();
+    void pictures();
 
 private:
     void show(QWidget &window) const;
@@ -558,6 +563,27 @@ void BindingTest::goneWhileTyping()
     QVERIFY(document->TakeOpenEdits().isEmpty());
 }
 
+void BindingTest::otherTypeWhileTyping()
+{
+    QWidget window;
+    auto &gain = add<ParameterEdit>(window, "kormak_Gain");
+    QCOMPARE(Bind(window, *document), QStringList());
+    QTest::keyClicks(gain.findChild<QLineEdit *>(), "0");
+    QVERIFY(gain.IsOpen());
+    QSignalSpy told(document.get(), &OpenDocument::Refused);
+    QByteArray other = document->GetText();
+    const auto begin = other.indexOf("<ParameterType>Integer", other.indexOf("UniqueName=\"Gain\""));
+    other.replace(begin, other.indexOf("</Integer>", begin) + 10 - begin,
+                  "<ParameterType>String</ParameterType><String/>");
+    document->Restore(other);
+    QCOMPARE(document->GetText(), other);
+    QCOMPARE(gain.GetControl(), ParameterControl::Text);
+    QVERIFY(!gain.IsOpen());
+    QCOMPARE(told.count(), 1);
+    QCOMPARE(told.at(0).at(0).value<QVector<Finding>>().at(0).GetMessage(),
+             QString("\"100\" is not taken: the parameter has another type now"));
+}
+
 void BindingTest::otherDocumentDropsWhatIsTyped()
 {
     QWidget window;
@@ -647,7 +673,13 @@ void BindingTest::unreadableInStepBoxes()
     QVERIFY(box->toolTip().startsWith(reason));
     QCOMPARE(box->accessibleDescription(), reason);
 
-    QTest::keyClick(box, Qt::Key_Return);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Up, Qt::Key_PageDown}) {
+        QTest::keyClick(box, key);
+        QCOMPARE(typed(), text);
+    }
+    turnWheel(*box, 120);
+    QCOMPARE(typed(), text);
+    QTest::mouseClick(box, Qt::LeftButton, {}, {box->width() - 5, 5}); // the arrow
     QCOMPARE(typed(), text);
 
     QSignalSpy told(document.get(), &OpenDocument::Refused);
@@ -830,6 +862,74 @@ void BindingTest::boundAgainByAChange()
     gain.setValue(13);
     QCOMPARE(said(*document, "Parameter[Gain].Integer.Default"), QString("12"));
     QCOMPARE(said(other, "Parameter[Gain].Integer.Default"), QString("13"));
+}
+
+void BindingTest::mirrored()
+{
+    QWidget window;
+    new QVBoxLayout(&window);
+    window.setLayoutDirection(Qt::RightToLeft);
+    auto &gain = add<QSpinBox>(window, "kormak_Gain");
+    auto &line = add<QLineEdit>(window, "kormak_Level");
+    auto &from = add<QDateTimeEdit>(window, "kormak_From");
+    QCOMPARE(Bind(window, *document), QStringList());
+    show(window);
+    change(*document, "Parameter[Gain].Integer.Default", "-7");
+    change(*document, "Parameter[Level].Float.Default", "-12.5");
+    QCoreApplication::processEvents();
+    QCOMPARE(gain.value(), -7);
+    QCOMPARE(gain.cleanText(), QString("-7"));
+    // The sign stands before the number, as from left to right.
+    QCOMPARE(line.text(), QString(QChar(0x200E)) + "-12.5");
+    for (QWidget *const control : {static_cast<QWidget *>(&gain), static_cast<QWidget *>(&line)}) {
+        QVERIFY(control->isRightToLeft());
+        const auto *const button = control->findChild<QAbstractButton *>(); // the mark
+        QVERIFY(button);
+        QVERIFY(button->mapTo(control, button->rect().center()).x() < control->width() / 2);
+    }
+    QCOMPARE(from.text(), QString("2026-03-14 06:30:00.120")); // not from its end
+    window.setLayoutDirection(Qt::LeftToRight);
+    QCOMPARE(line.text(), QString("-12.5"));
+    window.setLayoutDirection(Qt::RightToLeft);
+    line.setLocale(QLocale("de_DE"));
+    QCOMPARE(line.text(), QString(QChar(0x200E)) + "-12,5");
+    line.clear();
+    QTest::keyClicks(&line, "-3");
+    QTest::keyClick(&line, Qt::Key_Return);
+    QCOMPARE(said(*document, "Parameter[Level].Float.Default"), QString("-3"));
+}
+
+void BindingTest::pictures()
+{
+    document->SetText(OpenReceiver::all());
+    const auto make = [this]() -> std::unique_ptr<QWidget> {
+        auto window = std::make_unique<QWidget>();
+        auto *const form = new QFormLayout(window.get());
+        const auto addRow = [form](QWidget *control, const char *name) {
+            control->setObjectName(QString("kormak_") + name);
+            control->setLocale(QLocale("en_GB"));
+            form->addRow(control->metaObject()->className(), control);
+        };
+        addRow(new QSpinBox, "Gain");
+        form->itemAt(form->rowCount() - 1, QFormLayout::FieldRole)
+            ->widget()
+            ->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        addRow(new QSlider(Qt::Horizontal), "Gain");
+        addRow(new QLineEdit, "Gain");
+        addRow(new FrequencyEdit, "Gain");
+        addRow(new ParameterEdit, "Gain");
+        addRow(new QDoubleSpinBox, "Level");
+        addRow(new QLineEdit, "Bandwidth");
+        addRow(new QDateTimeEdit, "From");
+        addRow(new QComboBox, "AGC_Mode");
+        addRow(new QCheckBox("Muted"), "Muted");
+        addRow(new QLineEdit, "Disabled");
+        change(*document, "Parameter[Gain].Integer.Default", "-80");
+        change(*document, "Parameter[Level].Float.Default", "12.25");
+        static_cast<void>(Bind(*window, *document));
+        return window;
+    };
+    QVERIFY(TestSupport::takePictures("bound-controls", {420, 420}, make));
 }
 
 QTEST_MAIN(BindingTest)

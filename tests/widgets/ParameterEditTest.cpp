@@ -13,6 +13,7 @@
 
 #include <limits>
 
+using KORMAK::EnumHandler;
 using KORMAK::Parameter;
 using KORMAK::ParameterControl;
 using KORMAK::ParameterEdit;
@@ -90,6 +91,9 @@ private Q_SLOTS:
     void checkBox();
     void choice();
     void choiceOutsideTheEntries();
+    void equalEntries();
+    void rangeOfTheType_data();
+    void rangeOfTheType();
     void wheelWithoutFocus();
     void numberTakesWhatTheParameterSays();
     void text();
@@ -251,6 +255,72 @@ void ParameterEditTest::choiceOutsideTheEntries()
     QCOMPARE(edit.GetProblem(), QString("This is none of the entries"));
     box->setCurrentIndex(1);
     QCOMPARE(edit.GetProblem(), QString());
+}
+
+void ParameterEditTest::equalEntries()
+{
+    Parameter parameter = parameterOf(ParameterType::Enum);
+    EnumHandler &handler = parameter.GetEnumHandler();
+    for (int i = 0; i < 3; ++i)
+        handler.AppendEnumValue({1, "Same", {}, 0.5, "true"});
+    handler.SetDefaultValue(handler.GetEnumList().at(0));
+    ParameterEdit edit;
+    edit.SetParameter(parameter);
+    QCOMPARE(edit.GetValue().toInt(), 2); // documents say that it is the last one that is marked
+    handler.GetEnumList().fill({1, "Same", {}, 0.5, {}});
+    handler.SetDefaultValue(handler.GetEnumList().at(0));
+    edit.SetParameter(parameter);
+    QCOMPARE(edit.GetValue().toInt(), 0);
+}
+
+void ParameterEditTest::rangeOfTheType_data()
+{
+    QTest::addColumn<ParameterType>("type");
+    QTest::addColumn<double>("multiplier");
+    QTest::addColumn<QString>("least");
+    QTest::addColumn<QString>("most");
+    QTest::addColumn<QString>("below");
+    QTest::addColumn<QString>("above");
+    // The numbers of both have 32 bits.
+    for (const ParameterType type : {ParameterType::Integer, ParameterType::Long}) {
+        const QByteArray name = KORMAK::ParameterTypeToName(type).toLatin1();
+        QTest::newRow(name.constData()) << type << 1.0 << "-2147483648"
+                                        << "2147483647"
+                                        << "-2147483649"
+                                        << "2147483648";
+        QTest::newRow((name + " in thousands").constData()) << type << 1000.0 << "-2147483"
+                                                            << "2147483"
+                                                            << "-2147484"
+                                                            << "2147484";
+    }
+    QTest::newRow("TimeStamp") << ParameterType::TimeStamp << 1.0 << "-9223372036854775808"
+                               << "9223372036854775807"
+                               << "-9223372036854775809"
+                               << "9223372036854775808";
+}
+
+void ParameterEditTest::rangeOfTheType()
+{
+    QFETCH(ParameterType, type);
+    QFETCH(double, multiplier);
+    QFETCH(QString, least);
+    QFETCH(QString, most);
+    QFETCH(QString, below);
+    QFETCH(QString, above);
+    ParameterEdit edit;
+    edit.setLocale(QLocale("en_GB"));
+    edit.SetParameter(parameterOf(type, "Hz", multiplier));
+    const auto factor = static_cast<qint64>(multiplier);
+    for (const QString &text : {least, most}) {
+        QVERIFY(take(edit, text));
+        QCOMPARE(edit.GetValue(), QVariant(text.toLongLong() * factor));
+    }
+    for (const QString &text : {below, above}) {
+        QVERIFY(!take(edit, text));
+        QCOMPARE(lineOf(edit).text(), text);
+        QCOMPARE(edit.GetValue(), QVariant(most.toLongLong() * factor)); // of before
+        QCOMPARE(edit.GetProblem(), QString("This number is too large to be held"));
+    }
 }
 
 void ParameterEditTest::wheelWithoutFocus()

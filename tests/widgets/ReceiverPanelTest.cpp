@@ -8,11 +8,15 @@
 #include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableView>
+#include <QToolTip>
 #include <QtTest>
 #include <QWheelEvent>
 
@@ -110,6 +114,15 @@ void turnWheel(QWidget &widget, const QPoint &place, int angle)
     QCoreApplication::sendEvent(&widget, &event);
 }
 
+/// Adds what \a document refuses to \a told.
+void listenToRefusals(OpenDocument &document, QStringList &told)
+{
+    QObject::connect(&document, &OpenDocument::Refused, &document, [&told](const QVector<Finding> &findings) {
+        for (const Finding &finding : findings)
+            told += finding.GetPath() + ": " + finding.GetMessage();
+    });
+}
+
 } // namespace
 
 class ReceiverPanelTest : public QObject {
@@ -141,8 +154,19 @@ private Q_SLOTS:
     void otherDocuments();
     void bytes();
     void mirrored();
+    void longTexts();
+    void columnsFitValues();
     void locales();
     void manyParameters();
+    void draftOfAParameterThatGoes();
+    void editorOfAParameterThatGoes();
+    void disabledWhileTyping();
+    void otherTypeWhileTyping();
+    void refusedTextStays();
+    void editedRowStays();
+    void menu();
+    void menuOfAPanelThatEnds();
+    void panelThatEndsWithTheChange();
     void pictures();
 };
 
@@ -540,6 +564,45 @@ void ReceiverPanelTest::mirrored()
     QVERIFY(shown.line());
     QCOMPARE(shown.line()->layoutDirection(), Qt::RightToLeft);
     QVERIFY(shown.line()->textMargins().left() > 0); // where the unit stands
+    const auto left = [&shown](int column) {
+        return shown.view().visualRect(shown.index("Gain", column)).left();
+    };
+    QVERIFY(left(NameColumn) > left(ValueColumn));
+    QVERIFY(left(ValueColumn) > left(DefaultColumn));
+    shown.line()->selectAll();
+    QTest::keyClicks(shown.line(), "-7");
+    QTest::keyClick(shown.line(), Qt::Key_Return);
+    QCOMPARE(said(shown.document, "Parameter[Gain].Integer.Default"), QString("-7"));
+    shown.click("Gain");
+    QCOMPARE(shown.line()->text(), QString(QChar(0x200E)) + "-7"); // the sign before the number
+}
+
+void ReceiverPanelTest::longTexts()
+{
+    const QString text(80, 'm');
+    Shown shown(OpenReceiver::all().replace("Mast 2", text.toLatin1()));
+    shown.view().scrollTo(shown.index("Comment"));
+    const auto tipOf = [&shown](const char *name) {
+        const QPoint place = shown.view().visualRect(shown.index(name)).center();
+        QHelpEvent event(QEvent::ToolTip, place, shown.view().viewport()->mapToGlobal(place));
+        QCoreApplication::sendEvent(shown.view().viewport(), &event);
+        return QToolTip::text();
+    };
+    QVERIFY(tipOf("Comment").startsWith(text + "\n\n"));
+    QVERIFY(tipOf("Gain").startsWith("0 to 30"));
+}
+
+void ReceiverPanelTest::columnsFitValues()
+{
+    // The greatest number of 64 bits stands there whole, with its unit.
+    Shown shown(OpenReceiver::all().replace("1773469800120000", "9223372036854775807"));
+    const QModelIndex index = shown.index("From");
+    QVERIFY(shown.view().columnWidth(ValueColumn) >= shown.view().sizeHintForIndex(index).width());
+    shown.click("From");
+    const QLineEdit &line = *shown.line();
+    const QMargins margins = line.textMargins();
+    QVERIFY(line.fontMetrics().horizontalAdvance(line.text()) + margins.left() + margins.right()
+            <= line.width());
 }
 
 void ReceiverPanelTest::locales()
@@ -569,6 +632,180 @@ void ReceiverPanelTest::manyParameters()
     QCOMPARE(panel.findChild<QTableView *>()->model()->rowCount(), 10000);
 }
 
+void ReceiverPanelTest::draftOfAParameterThatGoes()
+{
+    Shown shown(OpenReceiver::all());
+    QStringList told;
+    listenToRefusals(shown.document, told);
+    shown.type("Gain", "loud");
+    QTest::keyClick(shown.line(), Qt::Key_Tab);
+    QCOMPARE(shown.text("Gain"), QString("loud"));
+    QCOMPARE(shown.document.Change({{Action::Unset, "Parameter[Gain]", {}}}).size(), 0);
+    QCOMPARE(
+        told,
+        QStringList{"Parameter[Gain].Integer.Default: \"loud\" is not taken: there is no parameter Gain"});
+    QVERIFY(shown.document.TakeOpenEdits().isEmpty());
+}
+
+void ReceiverPanelTest::editorOfAParameterThatGoes()
+{
+    Shown shown(OpenReceiver::all());
+    QStringList told;
+    listenToRefusals(shown.document, told);
+    shown.type("Gain", "12");
+    QCOMPARE(shown.document.Change({{Action::Unset, "Parameter[Gain]", {}}}).size(), 0);
+    QVERIFY(!shown.editor());
+    QCOMPARE(told,
+             QStringList{"Parameter[Gain].Integer.Default: \"12\" is not taken: there is no parameter Gain"});
+    QVERIFY(shown.document.TakeOpenEdits().isEmpty());
+}
+
+void ReceiverPanelTest::disabledWhileTyping()
+{
+    Shown shown(OpenReceiver::all());
+    QStringList told;
+    listenToRefusals(shown.document, told);
+    shown.type("Gain", "12");
+    QByteArray disabled = shown.document.GetText();
+    disabled.replace("UniqueName=\"Gain\">", "UniqueName=\"Gain\"><Enable>false</Enable>");
+    shown.document.Restore(disabled);
+    QTRY_VERIFY(!shown.editor());
+    QCOMPARE(shown.document.GetText(), disabled);
+    QCOMPARE(
+        told,
+        QStringList{"Parameter[Gain].Integer.Default: \"12\" is not taken: the parameter is disabled now"});
+    QCOMPARE(shown.text("Gain"), QString("10 dB"));
+    QVERIFY(shown.document.TakeOpenEdits().isEmpty());
+    QCOMPARE(shown.document.GetText(), disabled);
+}
+
+void ReceiverPanelTest::otherTypeWhileTyping()
+{
+    Shown shown(OpenReceiver::all());
+    shown.type("Gain", "loud");
+    QByteArray other = shown.document.GetText();
+    const auto begin = other.indexOf("<ParameterType>Integer", other.indexOf("UniqueName=\"Gain\""));
+    other.replace(begin, other.indexOf("</Integer>", begin) + 10 - begin,
+                  "<ParameterType>String</ParameterType><String/>");
+    QStringList told;
+    listenToRefusals(shown.document, told);
+    shown.document.Restore(other);
+    QTRY_VERIFY(!shown.editor());
+    QCOMPARE(
+        told,
+        QStringList{
+            "Parameter[Gain].String.Default: \"loud\" is not taken: the parameter has another type now"});
+    QCOMPARE(shown.document.GetText(), other);
+    QVERIFY(shown.document.TakeOpenEdits().isEmpty());
+    shown.click("Gain");
+    QCOMPARE(shown.editor()->GetControl(), ParameterControl::Text);
+}
+
+void ReceiverPanelTest::refusedTextStays()
+{
+    Shown shown(OpenReceiver::all());
+    QStringList told;
+    listenToRefusals(shown.document, told);
+    const QByteArray before = shown.document.GetText();
+    const QString typed = QString("a") + QChar(1); // XML has no place for it
+    shown.type("Comment", "a");
+    shown.line()->setText(typed);
+    QTest::keyClick(shown.line(), Qt::Key_Return);
+    QCOMPARE(told.size(), 1);
+    QVERIFY(shown.editor());
+    QCOMPARE(shown.line()->text(), typed);
+    QCOMPARE(shown.document.TakeOpenEdits().size(), 1);
+    shown.click("Gain");
+    QCOMPARE(shown.text("Comment"), typed);
+    const QString reason = told.at(0).section(": ", 1);
+    QCOMPARE(shown.index("Comment").data(Qt::AccessibleDescriptionRole).toString(), reason);
+    QCOMPARE(shown.document.TakeOpenEdits().size(), 1); // it still stands there
+    shown.click("Comment");
+    QCOMPARE(shown.line()->text(), typed);
+    QTest::keyClick(shown.line(), Qt::Key_Escape);
+    QCOMPARE(shown.line()->text(), QString("Mast 2"));
+    QVERIFY(shown.document.TakeOpenEdits().isEmpty());
+    QCOMPARE(shown.document.GetText(), before);
+}
+
+void ReceiverPanelTest::editedRowStays()
+{
+    Shown shown(OpenReceiver::all());
+    change(shown.document, "Parameter[Gain].Integer.Default", "11");
+    shown.panel->SetShow(ParameterFilter::Show::Changed);
+    QCOMPARE(shown.names(), QStringList{"Gain"});
+    shown.type("Gain", "12");
+    change(shown.document, "Parameter[Gain].Integer.Default", "10"); // which is the default
+    shown.panel->SetSearch("Level");
+    QVERIFY(shown.editor());
+    QCOMPARE(shown.line()->text(), QString("12"));
+    QCOMPARE(shown.names(), QStringList{"Gain"});
+    QTest::keyClick(shown.line(), Qt::Key_Return);
+    QCOMPARE(said(shown.document, "Parameter[Gain].Integer.Default"), QString("12"));
+    QTRY_COMPARE(shown.names(), QStringList()); // nothing holds it any more
+    shown.panel->SetSearch({});
+    QCOMPARE(shown.names(), QStringList{"Gain"});
+    shown.type("Gain", "loud");
+    QTest::keyClick(shown.line(), Qt::Key_Tab);
+    change(shown.document, "Parameter[Gain].Integer.Default", "10");
+    QCOMPARE(shown.names(), QStringList{"Gain"}); // as long as that stands there
+    shown.panel->RestoreDefaults();
+    QTRY_COMPARE(shown.names(), QStringList());
+}
+
+void ReceiverPanelTest::menu()
+{
+    Shown shown(OpenReceiver::all());
+    change(shown.document, "Parameter[Gain].Integer.Default", "11");
+    change(shown.document, "Parameter[Level].Float.Default", "7");
+    const auto open = [&shown] {
+        Q_EMIT shown.view().customContextMenuRequested(shown.view().visualRect(shown.index("Gain")).center());
+        return shown.panel->findChild<QMenu *>();
+    };
+    QPointer<QMenu> menu = open();
+    QVERIFY(menu);
+    QVERIFY(menu->isVisible());
+    // The row is another one when the choice is made.
+    QCOMPARE(shown.document.Change({{Action::Unset, "Parameter[AGC Mode]", {}}}).size(), 0);
+    menu->actions().at(0)->trigger();
+    QCOMPARE(said(shown.document, "Parameter[Gain].Integer.Default"), QString("10"));
+    QCOMPARE(said(shown.document, "Parameter[Level].Float.Default"), QString("7"));
+    menu->close();
+    QTRY_VERIFY(!menu);
+    menu = open();
+    QVERIFY(!menu->actions().at(0)->isEnabled());
+    shown.document.SetText(OpenReceiver::receiver({}));
+    menu->actions().at(0)->setEnabled(true);
+    menu->actions().at(0)->trigger(); // of nothing
+    menu->close();
+    QTRY_VERIFY(!menu);
+}
+
+void ReceiverPanelTest::menuOfAPanelThatEnds()
+{
+    Shown shown(OpenReceiver::all());
+    change(shown.document, "Parameter[Gain].Integer.Default", "11");
+    Q_EMIT shown.view().customContextMenuRequested(shown.view().visualRect(shown.index("Gain")).center());
+    const QPointer<QMenu> menu = shown.panel->findChild<QMenu *>();
+    QVERIFY(menu);
+    shown.panel.reset();
+    QVERIFY(!menu);
+}
+
+void ReceiverPanelTest::panelThatEndsWithTheChange()
+{
+    Shown shown(OpenReceiver::all());
+    shown.type("Level", "loud");
+    QTest::keyClick(shown.line(), Qt::Key_Tab);
+    shown.type("Gain", "12");
+    connect(&shown.document, &OpenDocument::Changed, &shown.document, [&shown] {
+        if (shown.panel)
+            shown.panel.reset();
+    });
+    QVERIFY(shown.document.TakeOpenEdits().isEmpty());
+    QCOMPARE(said(shown.document, "Parameter[Gain].Integer.Default"), QString("12"));
+}
+
 void ReceiverPanelTest::pictures()
 {
     OpenDocument document;
@@ -584,6 +821,7 @@ void ReceiverPanelTest::pictures()
     const auto goToChanged = [&document](QWidget &panel) {
         change(document, "Parameter[DemodulationBandwidth].Long.Default", "30000000");
         change(document, "Parameter[Attenuation].Integer.Default", "20");
+        change(document, "Parameter[ReferenceTrim].Double.Default", "-2.5");
         change(document, "Parameter[GainControl].Enum.EnumValue[1].Default", "true");
         static_cast<ReceiverPanel &>(panel).ShowParameter("Attenuation");
     };

@@ -1,7 +1,6 @@
-// Not installed. The values of parameters as documents hold them, and what is changed in a document to set
-// one.
-#ifndef KORMAK_WIDGETS_PARAMETERVALUE_P_H
-#define KORMAK_WIDGETS_PARAMETERVALUE_P_H
+// Not installed. Parameters and their values as people read and type them.
+#ifndef KORMAK_WIDGETS_PARAMETERTEXT_P_H
+#define KORMAK_WIDGETS_PARAMETERTEXT_P_H
 
 #include <inspection/Document.h>
 #include <kormak/Parameter.h>
@@ -12,9 +11,6 @@
 #include <QVariant>
 
 namespace KORMAK::Widgets {
-
-/// As ParameterEdit::GetValue().
-[[nodiscard]] QVariant valueOf(const Parameter &parameter);
 
 /// How the numbers of \a parameter are read and shown.
 [[nodiscard]] NumberFormat formatOf(const Parameter &parameter, const QLocale &locale);

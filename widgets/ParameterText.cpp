@@ -1,7 +1,7 @@
-#include "widgets/ParameterValue_p.h"
+#include "widgets/ParameterText_p.h"
 
-#include <inspection/ParameterNumbers_p.h>
 #include <kormak/GenericReceiver.h>
+#include <models/ParameterValue_p.h>
 #include <widgets/MomentFormat_p.h>
 #include <widgets/NumberList_p.h>
 #include <widgets/ParameterControl.h>
@@ -9,9 +9,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
-#include <type_traits>
 
 namespace KORMAK::Widgets {
 
@@ -22,28 +20,25 @@ QString translated(const char *text)
     return QCoreApplication::translate("KORMAK::ParameterEdit", text);
 }
 
+/// The limits of a type as a whole, or of all but its least number, tell nothing.
 template <class Number>
-QVariant variantOf(Number value)
-{
-    if constexpr (std::is_integral_v<Number>)
-        return static_cast<qint64>(value);
-    else
-        return value;
-}
-
-/// The limits of a type as a whole are none.
-template <class Number>
-QVariant limitOf(Number limit)
+QVariant withoutTypeLimit(const QVariant &limit)
 {
     using Range = std::numeric_limits<Number>;
-    return limit == Range::max() || limit == Range::lowest() ? QVariant() : variantOf(limit);
+    const qint64 number = limit.toLongLong();
+    return number <= Range::min() + 1 || number == Range::max() ? QVariant() : limit;
 }
 
-qint64 entryOf(const EnumHandler &handler)
+QVariant toldLimit(const QVariant &limit, NumberFormat::Type type)
 {
-    const auto &entries = handler.GetEnumList();
-    const auto found = std::find(entries.begin(), entries.end(), handler.GetDefaultValue());
-    return found == entries.end() ? -1 : found - entries.begin();
+    switch (type) {
+    case NumberFormat::Type::Whole32:
+        return withoutTypeLimit<qint32>(limit);
+    case NumberFormat::Type::Whole64:
+        return withoutTypeLimit<qint64>(limit);
+    default:
+        return limit;
+    }
 }
 
 MomentFormat momentOf(const Parameter &parameter, const QLocale &locale)
@@ -52,28 +47,6 @@ MomentFormat momentOf(const Parameter &parameter, const QLocale &locale)
 }
 
 } // namespace
-
-QVariant valueOf(const Parameter &parameter)
-{
-    switch (parameter.GetParameterType()) {
-    case ParameterType::Boolean:
-        return parameter.GetBooleanHandler().GetValue();
-    case ParameterType::Enum:
-        return parameter.GetEnumHandler().HasData() ? QVariant(entryOf(parameter.GetEnumHandler()))
-                                                    : QVariant();
-    case ParameterType::String:
-        return parameter.GetStringHandler().GetDefault();
-    case ParameterType::DoubleList: {
-        QVariantList values;
-        for (const double value : parameter.GetDoubleHandler().GetDoubleList())
-            values += value;
-        return values;
-    }
-    default:
-        return Inspection::withNumbers<QVariant>(
-            parameter, [](const auto &handler) { return variantOf(handler.GetDefault()); });
-    }
-}
 
 NumberFormat formatOf(const Parameter &parameter, const QLocale &locale)
 {
@@ -86,25 +59,22 @@ NumberFormat formatOf(const Parameter &parameter, const QLocale &locale)
     switch (parameter.GetParameterType()) {
     case ParameterType::Double:
     case ParameterType::DoubleList:
-        format.type = NumberEdit::Type::Double;
-        format.decimals = parameter.GetDoubleHandler().GetPrecision();
+        format.type = NumberFormat::Type::Double;
         break;
     case ParameterType::Float:
-        format.type = NumberEdit::Type::Float;
-        format.decimals = parameter.GetFloatHandler().GetPrecision();
+        format.type = NumberFormat::Type::Float;
         break;
     case ParameterType::TimeStamp:
-        format.type = NumberEdit::Type::Whole64;
+        format.type = NumberFormat::Type::Whole64;
         break;
-    default:
-        format.type = NumberEdit::Type::Whole32;
+    default: // the numbers of the type Long have 32 bits, too
+        format.type = NumberFormat::Type::Whole32;
         break;
     }
-    format.decimals = std::clamp(format.decimals, 0, NumberEdit::MostDecimals);
-    format.minimum = Inspection::withNumbers<QVariant>(
-        parameter, [](const auto &handler) { return limitOf(handler.GetMinimum()); });
-    format.maximum = Inspection::withNumbers<QVariant>(
-        parameter, [](const auto &handler) { return limitOf(handler.GetMaximum()); });
+    const ParameterValue held(parameter);
+    format.decimals = std::clamp(held.precision, 0, NumberEdit::MostDecimals);
+    format.minimum = toldLimit(held.minimum, format.type);
+    format.maximum = toldLimit(held.maximum, format.type);
     return format;
 }
 
