@@ -39,6 +39,16 @@ QPainterPath pathOf(const std::vector<FrameLine> &lines)
     return path;
 }
 
+/// With a pen that is not transparent. A piece at a time: what a long line takes Qt grows faster than its
+/// length, and on screens with small pixels a coast would take seconds.
+void paintLine(QPainter &painter, const QPolygonF &line)
+{
+    constexpr auto Piece = 32;
+    const auto size = static_cast<int>(line.size());
+    for (int i = 0; i + 1 < size; i += Piece)
+        painter.drawPolyline(line.constData() + i, std::min(Piece + 1, size - i));
+}
+
 /// Text that is read on whatever is below it.
 void paintText(QPainter &painter, const MapColors &colors, const QPointF &baseline, const QString &text,
                const QColor &color)
@@ -269,13 +279,22 @@ void paintEarth(QPainter &painter, const MapView &view, const MapLook &look)
     painter.drawEllipse(QPointF(centre.x, centre.y), radius, radius);
     constexpr double Farthest = 1.98; // so that no land is torn along the edge of the map
     const LandShapes land = landIn({view.projection(), view.frame(), Farthest});
-    painter.setPen(QPen(colors.land, 1));
-    painter.setBrush(colors.land);
-    for (const FrameLine &piece : land.land)
-        painter.drawPolygon(polygonOf(piece));
+    const auto penOf = [](const QColor &color) {
+        return QPen(color, 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    };
+    for (const FrameLine &piece : land.land) {
+        QPolygonF polygon = polygonOf(piece);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colors.land);
+        painter.drawPolygon(polygon);
+        polygon.append(polygon.value(0));
+        painter.setPen(penOf(colors.land)); // over the seams between pieces
+        paintLine(painter, polygon);
+    }
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(colors.coast, 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPath(pathOf(land.coasts));
+    painter.setPen(penOf(colors.coast));
+    for (const FrameLine &coast : land.coasts)
+        paintLine(painter, polygonOf(coast));
     paintGraticule(painter, view, colors, look.locale);
     paintPole(painter, view, colors, Pole);
     paintPole(painter, view, colors, -Pole);
