@@ -27,6 +27,8 @@ private Q_SLOTS:
     void refused_data();
     void refused();
     void newFindings();
+    void comparedFindings_data();
+    void comparedFindings();
     void inherentFindings();
     void lostComments();
     void places();
@@ -460,6 +462,78 @@ void DocumentEditTest::newFindings()
     QVERIFY(accepted.IsDone());
     QCOMPARE(accepted.GetText(), with(Workflow, "\t<Mode>AutomaticMode</Mode>\n", ""));
     QCOMPARE(linesOf(accepted.GetFindings()), QString("missing-element AutomaticWorkflow/Mode: missing"));
+}
+
+/// Findings are told apart by what they say and by what of the document they say it of.
+void DocumentEditTest::comparedFindings_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<Changes>("changes");
+    QTest::addColumn<QString>("added"); // empty: none
+
+    const auto add = [](const char *name, const QByteArray &text, const Changes &wanted,
+                        const QString &added = {}) { QTest::newRow(name) << text << wanted << added; };
+    const QByteArray faulty = with(Workflow, "<Latitude>5<", "<Latitude>95<");
+    const auto latitude = [](const QString &value) {
+        return "suspicious-latitude AutomaticWorkflow/Area/Coordinate/Latitude: " + value
+            + " is not a latitude from -90 to 90 degrees";
+    };
+    add("beside it", faulty,
+        {set("Area.Coordinate[2].Longitude", "9"), set("Area.Coordinate[1].Latitude", "9")});
+    add("behind what is longer now", faulty,
+        {set("Area.Name", "longer"), set("SearchStrategy", "HighestIdFirst")});
+    add("before what is added and removed", faulty,
+        {set("Area.Coordinate", "9,10"), unset("Area.Coordinate[1]")});
+    add("moved up in the list", faulty, {unset("Area.Coordinate[0]"), set("Area.Name", "b")});
+    add("one for another", faulty,
+        {set("Area.Coordinate[0].Latitude", "97"), set("Area.Coordinate[2].Latitude", "9")}, latitude("97"));
+    add("one removed for another", faulty,
+        {set("Area.Coordinate[0].Latitude", "95"), unset("Area.Coordinate[2]")}, latitude("95"));
+    add("one added, and not the old one", faulty, {set("Area.Coordinate[3].Latitude", "95")}, latitude("95"));
+    add("the same of another value", faulty, {set("Area.Coordinate[2].Latitude", "96")}, latitude("96"));
+    add("put right", faulty, {set("Area.Coordinate[2].Latitude", "6")});
+    add("error in place of a warning", with(Job1, "1.500e6", "1,5 MHz"),
+        {set("AntennaData.MinimumFrequency", "-1")},
+        "bad-value Job/AntennaData/MinimumFrequency: \"-1\" is not 0 Hz or more");
+
+    const QByteArray entries = "<EnumValue Key=\"0\" Name=\"A\"/><EnumValue Key=\"7\" Name=\"B\"/>"
+                               "<EnumValue Key=\"0\" Name=\"C\"/>";
+    const QByteArray keys =
+        Receiver.left(Receiver.indexOf("<EnumValue")) + entries + Receiver.mid(Receiver.indexOf("</Enum>"));
+    const auto key = [](const QString &name) { return "Parameter[Mode].Enum.EnumValue" + name; };
+    const QString clash =
+        "suspicious GenericReceiver/Parameter[Mode]/Enum/EnumValue: the entries 'B' and 'C' have "
+        "the same key";
+    add("entry with another key that is there", keys, {set(key("[2].Key"), "7")}, clash);
+    add("entry with the same key, renamed", keys, {set(key("[2].Name"), "D"), set(key("[0].Name"), "E")});
+    add("entry with the same key, of which the first is removed", with(keys, "Key=\"7\"", "Key=\"0\""),
+        {unset(key("[0]"))});
+    add("entry with the same key as one that is added",
+        with(keys, "Key=\"0\" Name=\"C\"", "Key=\"1\" Name=\"C\""), {set(key(""), "7,D")},
+        "suspicious GenericReceiver/Parameter[Mode]/Enum/EnumValue: the entries 'B' and 'D' have the same "
+        "key");
+    add("area that is still without extent",
+        "<AutomaticWorkflow><Mode>ManualMode</Mode><Area><Name>a</Name><Coordinate><Latitude>1</"
+        "Latitude><Longitude>2"
+        "</Longitude></Coordinate></Area></AutomaticWorkflow>",
+        {set("Area.Coordinate", "3,4")});
+    add("block of another type that is still none",
+        with(with(Receiver, "<ParameterType>Integer<", "<ParameterType>String<"), "</Integer>\n",
+             "</Integer><Float><Default>1</Default></Float>\n"),
+        {set("Parameter[Gain].ParameterType", "Float")});
+}
+
+void DocumentEditTest::comparedFindings()
+{
+    QFETCH(const QByteArray, text);
+    QFETCH(const Changes, changes);
+    QFETCH(const QString, added);
+
+    const DocumentEdit accepted(text, changes, DocumentEdit::NewFindings::Accepted);
+    QCOMPARE(linesOf(accepted.GetFindings()), added);
+    const DocumentEdit edit(text, changes);
+    QCOMPARE(edit.IsDone(), added.isEmpty());
+    QCOMPARE(linesOf(edit.GetFindings()), added);
 }
 
 /// What is told of every parameter of a type keeps nobody from adding one.
