@@ -153,6 +153,23 @@ void DocumentEditTest::changes_data()
         with(Job1, "<![CDATA[Mara & Co]]>", "B<!--x-->"));
     add("line ends and tabs in a text", Job1, {set("AntennaData.Name", "a\r\nb\tc")},
         with(Job1, ">East<", ">a&#13;\nb\tc<"));
+    const QByteArray returns = QByteArray(Job1).replace("\n", "\r\n");
+    add("line ends as in the document", returns,
+        {set("AntennaData.Name", "a\nb"), set("JobHeader.Author", "c\nd")},
+        with(with(returns, ">East<", ">a\r\nb<"), "Mara & Co", "c\r\nd"));
+    add("line ends as in the document, in what is added",
+        with(with(returns, "<Name>East</Name>", "<Name/>"), "    <ShowJDH>true</ShowJDH>\r\n", ""),
+        {set("AntennaData.Name", "a\nb"), set("JobHeader.Description", "c\nd")},
+        with(with(returns, "<Name>East</Name>", "<Name>a\r\nb</Name>"), "    <ShowJDH>true</ShowJDH>\r\n",
+             "    <Description>c\r\nd</Description>\r\n"));
+    add("line ends as in the document, in an object that is added",
+        "<Job>\r\n  <ResourceType>Antenna</ResourceType>\r\n</Job>\r\n", {set("AntennaData.Name", "a\nb")},
+        "<Job>\r\n  <ResourceType>Antenna</ResourceType>\r\n  <AntennaData Version=\"1.0\">\r\n    "
+        "<Name>a\r\nb</Name>"
+        "\r\n  </AntennaData>\r\n</Job>\r\n");
+    add("line end in an attribute of a document with carriage returns",
+        QByteArray(Receiver).replace("\n", "\r\n"), {set("Parameter[Mode].Enum.EnumValue[1].Name", "a\nb")},
+        with(QByteArray(Receiver).replace("\n", "\r\n"), "Name=\"B\"", "Name=\"a&#10;b\""));
     add("element without an end tag", with(Job1, "<Name>East</Name>", "<Name />"),
         {set("AntennaData.Name", "B")}, with(Job1, "<Name>East</Name>", "<Name >B</Name>"));
     add("element without a text", with(Job1, ">East<", "><"), {set("AntennaData.Name", "B")},
@@ -221,6 +238,35 @@ void DocumentEditTest::changes_data()
     add("attribute that the document type declares, away where it is given",
         Declared + "<ActivityGeneration Autostart=\"false\"/>", {unset("Autostart")},
         Declared + "<ActivityGeneration/>");
+    add("behind the comment in the line",
+        with(Job1, "</ShowJDH>\n", "</ShowJDH> <!-- a --><!-- b\n c --> \n"),
+        {set("JobHeader.Description", "d")},
+        with(Job1, "</ShowJDH>\n",
+             "</ShowJDH> <!-- a --><!-- b\n c --> \n    <Description>d</Description>\n"));
+    add("behind the comment of the parent", Job1, {set("JobHeader.JobType", "Exciter HF")},
+        with(Job1, ">Antenna</JobType", ">Exciter HF</JobType"));
+    add("first, behind the comment of the parent", with(Job1, "    <JobType>Antenna</JobType>\n", ""),
+        {set("JobHeader.JobType", "Antenna")},
+        with(with(Job1, "    <JobType>Antenna</JobType>\n", ""), "<!-- who -->\n",
+             "<!-- who -->\n    <JobType>Antenna</JobType>\n"));
+    add("in an element that holds a comment",
+        "<AutomaticWorkflow>\n  <Mode>ManualMode</Mode>\n  <Area> <!-- none --> "
+        "</Area>\n</AutomaticWorkflow>",
+        {set("Area.Name", "a")},
+        "<AutomaticWorkflow>\n  <Mode>ManualMode</Mode>\n  <Area> <!-- none --> \n    <Name>a</Name>\n  "
+        "</Area>\n"
+        "</AutomaticWorkflow>");
+    const QByteArray shared =
+        with(Job1, "</MaximumFrequency>\n", "</MaximumFrequency> <Polarization>Slant</Polarization>\n");
+    add("between elements in one line", shared, {set("AntennaData.Azimuth", "45")},
+        with(shared, "<Polarization>", "<Azimuth>45</Azimuth><Polarization>"));
+    add("in place of the first element in a line", shared,
+        {set("AntennaData.Azimuth", "45"), unset("AntennaData.MaximumFrequency")},
+        with(shared, "<MaximumFrequency>30000000</MaximumFrequency> <Polarization>",
+             "<Azimuth>45</Azimuth><Polarization>"));
+    add("behind the comment of one that is removed", with(Job1, "</ShowJDH>\n", "</ShowJDH> <!-- a -->\n"),
+        {set("JobHeader.Description", "d"), unset("JobHeader.ShowJDH")},
+        with(Job1, "<ShowJDH>true</ShowJDH>\n", "<!-- a -->\n    <Description>d</Description>\n"));
     add("element as the library would hold it anyway", with(Job1, "    <ShowJDH>true</ShowJDH>\n", ""),
         {set("JobHeader.ShowJDH", "true")}, Job1);
     add("object", "<Job>\n  <ResourceType>Antenna</ResourceType>\n</Job>\n",
@@ -316,6 +362,22 @@ void DocumentEditTest::changes_data()
         with(Job1, "<Name>East</Name>", "<Name>East</Name>\n    <Name>West</Name>"),
         {unset("AntennaData.Name"), set("JobHeader.Author", "B")},
         with(with(Job1, "    <Name>East</Name>\n", ""), "Mara & Co", "B"));
+    add("element away, not the comment behind it", with(Job1, "</ShowJDH>\n", "</ShowJDH> <!-- a -->\n"),
+        {unset("JobHeader.ShowJDH")}, with(Job1, "<ShowJDH>true</ShowJDH>\n", "<!-- a -->\n"));
+    add("element away, not the one behind it",
+        with(Job1, "<Name>East</Name>\n", "<Name>East</Name> <Azimuth>1</Azimuth>\n"),
+        {unset("AntennaData.Name")}, with(Job1, "<Name>East</Name>", "<Azimuth>1</Azimuth>"));
+    add("element away, not the one before it",
+        with(Job1, "<Name>East</Name>\n", "<Name>East</Name><Azimuth>1</Azimuth>\n"),
+        {unset("AntennaData.Azimuth")}, Job1);
+    add("all elements of a line away",
+        with(Job1, "<Name>East</Name>\n", "<Name>East</Name> <Azimuth>1</Azimuth> \n"),
+        {unset("AntennaData.Azimuth"), unset("AntennaData.Name")}, with(Job1, "    <Name>East</Name>\n", ""));
+    add("element away in the line in which its parent ends",
+        with(Job1, "<MaximumFrequency>30000000</MaximumFrequency>\n  ",
+             "<MaximumFrequency>30000000</MaximumFrequency>"),
+        {unset("AntennaData.MaximumFrequency")},
+        with(Job1, "\n    <MaximumFrequency>30000000</MaximumFrequency>\n  ", ""));
     add("attribute away", Receiver, {unset("Parameter[Mode].Enum.EnumValue[0].Default")},
         with(Receiver, " Default=\"true\"", ""));
     add("what is not there", Job1, {unset("JobHeader.Description")}, Job1);
@@ -584,10 +646,10 @@ void DocumentEditTest::places()
     QVERIFY2(edit.IsDone(), qPrintable(linesOf(edit.GetFindings())));
     const QVector<DocumentEdit::Place> places = edit.GetPlaces();
     QCOMPARE(places.size(), 2);
-    QCOMPARE(places.at(0).offset, qint64(14));
-    QCOMPARE(places.at(0).line, qint64(1));
-    QCOMPARE(places.at(0).column, qint64(12));
-    QCOMPARE(places.at(0).removed, QByteArray("\n  <ToolTip>ü</ToolTip>"));
+    QCOMPARE(places.at(0).offset, qint64(17));
+    QCOMPARE(places.at(0).line, qint64(2));
+    QCOMPARE(places.at(0).column, qint64(3));
+    QCOMPARE(places.at(0).removed, QByteArray("<ToolTip>ü</ToolTip>"));
     QCOMPARE(places.at(0).inserted, QByteArray());
     QCOMPARE(places.at(1).offset, qint64(51));
     QCOMPARE(places.at(1).line, qint64(2));
