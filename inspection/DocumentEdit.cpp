@@ -9,13 +9,12 @@
 #include <inspection/FieldChanges_p.h>
 #include <inspection/GeoJsonArea_p.h>
 #include <inspection/JsonObject_p.h>
+#include <inspection/NewFindings_p.h>
 #include <inspection/TextFix_p.h>
 #include <objectbase/Area.h>
 #include <objectbase/ITesselObject.h>
 #include <objectbase/QtCompat_p.h>
 #include <objectbase/TesselException.h>
-
-#include <QMap>
 
 #include <algorithm>
 #include <utility>
@@ -40,23 +39,6 @@ namespace {
 
 using Action = DocumentEdit::Change::Action;
 
-/// Findings that \a after has more of than \a before, whatever their places.
-QVector<Finding> newAmong(const QVector<Finding> &after, const QVector<Finding> &before)
-{
-    QMap<QString, int> known;
-    const auto keyOf = [](const Finding &finding) {
-        return finding.GetId() + QLatin1Char(' ') + finding.GetPath();
-    };
-    for (const Finding &finding : before)
-        ++known[keyOf(finding)];
-    QVector<Finding> result;
-    for (const Finding &finding : after) {
-        if (--known[keyOf(finding)] < 0)
-            result += finding;
-    }
-    return result;
-}
-
 QVector<DocumentEdit::Place> placesOf(const std::vector<TextPatch> &patches, const QByteArray &text,
                                       qsizetype skipped)
 {
@@ -73,10 +55,10 @@ QVector<DocumentEdit::Place> placesOf(const std::vector<TextPatch> &patches, con
 }
 
 /// \a skipped bytes stand before the text.
-QVector<Finding> findingsOf(const DocumentCheck &check, qsizetype skipped)
+QVector<Finding> findingsOf(const std::vector<DocumentCheck::PlacedFinding> &placed, qsizetype skipped)
 {
     QVector<Finding> findings;
-    for (const auto &[finding, position] : check.findings)
+    for (const auto &[finding, position] : placed)
         findings += FindingMaker::made(finding, position, skipped);
     return findings;
 }
@@ -132,8 +114,8 @@ void DocumentEdit::Private::edit(const QByteArray &checked, qsizetype skipped, c
     if (!findings.isEmpty())
         return;
     const DocumentCheck check = checkText(patched(checked, plan.patches()), limits);
-    const QVector<Finding> added =
-        newAmong(findingsOf(check, skipped), findingsOf(checkText(checked, limits), skipped));
+    const QVector<Finding> added = findingsOf(
+        Inspection::newFindings({check, plan.patches()}, {checkText(checked, limits), {}}), skipped);
     if (check.object)
         findings = plan.expected().differencesTo(heldBy(*document.kind, *check.object));
     const bool isFaulty = std::any_of(added.begin(), added.end(), [](const Finding &finding) {
@@ -168,7 +150,7 @@ DocumentEdit DocumentEdit::Fix(const QByteArray &text, const TESSEL::ReadingLimi
             made->text = patched(made->text, shifted(fix.patches, skipped));
             made->corrected += fix.corrected;
         }
-        made->findings = findingsOf(checkText(now, limits), skipped);
+        made->findings = findingsOf(checkText(now, limits).findings, skipped);
     } catch (const DocumentError &error) {
         made->findings = {errorAbout(error, skipped)};
     }

@@ -103,10 +103,11 @@ public:
     /// The spans that changed, in their order; empty when nothing is done, or nothing was to be changed.
     [[nodiscard]] QVector<Place> GetPlaces() const;
     /// Why it is not done, as errors: what is no field, what a field does not take, what is wrong with the
-    /// text, what would change beside what was asked, and findings that were not there before. When it is
-    /// done, the findings that are new, and the comments that stood in what was removed, with their places in
-    /// the original. What every document says so has, as the warning of boolean parameters that their type is
-    /// never written, refuses nothing.
+    /// text, what would change beside what was asked, and findings that were not there before, since they say
+    /// something else or say it of something else, wherever that stands now. When it is done, the findings
+    /// that are new, and the comments that stood in what was removed, with their places in the original. What
+    /// every document says so has, as the warning of boolean parameters that their type is never written,
+    /// refuses nothing.
     [[nodiscard]] QVector<Finding> GetFindings() const;
     /// The findings that Fix() has put right, with their places in the original or, where one was found only
     /// when others had been put right, in what that gave.

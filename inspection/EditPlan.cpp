@@ -32,6 +32,8 @@ public:
     {
         for (DocumentEdit::Change &change : changes)
             change.path = withIndexes(change.path);
+        const TESSEL::ObjectTable &table = kind.table();
+        holdsText = table.wholeText && table.wholeText(kind.address(*parsed.object));
     }
 
     std::vector<TextPatch> patches()
@@ -238,10 +240,19 @@ private:
             && isValid(held.row->type, there);
         if (there == said || isThere)
             return;
-        if (place.isAttribute)
+        if (!place.isAttribute)
+            editor.setText(place.element, said);
+        else if (isInTag(place.element, *place.row))
             editor.setAttribute(place.element, place.row->name.toString(), said);
         else
-            editor.setText(place.element, said);
+            editor.addAttribute(place.element, place.row->name.toString(), said,
+                                previousAttribute(layout.places.find(parentOf(path))->back(), *place.row));
+    }
+
+    /// Of an attribute, which may be there only because the document type declares what it holds.
+    [[nodiscard]] bool isInTag(Index element, const Row &attribute) const
+    {
+        return layout.source.attribute(element, attribute.name.toUtf8()).has_value();
     }
 
     // Adding
@@ -290,8 +301,16 @@ private:
         }
         const FieldPlace &place = places->back();
         const XmlEditor::NewElement element{&formLayout->source, &formLayout->tree, place.element};
-        editor.addElement(parent.element, previousSibling(parent, place), orderOf(*parent.table, *place.row),
-                          element);
+        if (mayAddElement(path))
+            editor.addElement(parent.element, previousSibling(parent, place),
+                              orderOf(*parent.table, *place.row), element);
+    }
+
+    bool mayAddElement(const QString &path)
+    {
+        if (holdsText)
+            fail(QStringLiteral("documents of this version hold a text and no elements"), path);
+        return !holdsText;
     }
 
     void addValue(const QString &path, const QString &owner, const QString &said, const FieldPlace &parent)
@@ -302,6 +321,8 @@ private:
         const Row *const element = childRow(*parent.table, name);
         const Row *const attribute = parent.table->attribute(name);
         if (element && element->read) {
+            if (!mayAddElement(path))
+                return;
             editor.addElement(parent.element, previousSibling(parent, {XmlTree::None, element, nullptr}),
                               orderOf(*parent.table, *element),
                               {nullptr, nullptr, XmlTree::None, name, said});
@@ -318,7 +339,7 @@ private:
         for (const Row &other : parent.table->attributes) {
             if (&other == &row)
                 break;
-            if (layout.tree.attribute(parent.element, other.name))
+            if (isInTag(parent.element, other))
                 previous = other.name.toString();
         }
         return previous;
@@ -353,7 +374,9 @@ private:
             return;
         }
         for (const FieldPlace &place : *places) {
-            if (place.isAttribute)
+            if (place.isAttribute && !isInTag(place.element, *place.row))
+                fail(QStringLiteral("what the document type declares cannot be removed"), path);
+            else if (place.isAttribute)
                 editor.removeAttribute(place.element, place.row->name.toString());
             else if (place.element == XmlTree::Root)
                 editor.setText(place.element, {});
@@ -395,6 +418,7 @@ private:
     EditLayout layout;
     XmlEditor editor;
     std::unique_ptr<TESSEL::ITesselObject> changed; ///< as it is to be read
+    bool holdsText; ///< a document of a form that is one text in the root element
     HeldFields before;
     HeldFields after;
     XmlTree formTree;

@@ -31,6 +31,9 @@ struct FindingData {
     QString suggestion = {}; ///< what the correction puts there
     QStringView vocabulary = {}; ///< that the allowed names are; null: none
     QString unknownName = {}; ///< of the element or attribute, when it is not known
+    /// What of the message says which fault it is, where it also quotes what may change without it: the names
+    /// of entries that have one key. Empty: all of it.
+    QString gist = {};
     bool isInherent = false; ///< every document that says the same has it: it is told, but nobody's fault
 };
 

@@ -190,10 +190,11 @@ constexpr struct Rule {
     QStringView field; ///< that is told of, from the object on; empty: the object itself
     QStringView id;
     QString (*objection)(const Subject &subject); ///< empty: there is none
+    QStringView gist = {}; ///< as FindingData has it
 } Rules[] = {
     {u"Coordinate", u"Latitude", FindingId::SuspiciousLatitude, latitudeOutside},
     {u"Coordinate", u"Longitude", FindingId::SuspiciousLongitude, longitudeOutside},
-    {u"Area", u"", FindingId::SuspiciousArea, areaWithoutExtent},
+    {u"Area", u"", FindingId::SuspiciousArea, areaWithoutExtent, u"no extent"},
     {u"AntennaData", u"Azimuth", FindingId::SuspiciousAzimuth, azimuthOutside},
     {u"Job", u"AntennaData.MaximumFrequency", FindingId::SuspiciousRange, rangeUpsideDown},
     {u"Job", u"AntennaData.MinimumFrequency", FindingId::SuspiciousAntenna, antennaAboveHF},
@@ -258,8 +259,10 @@ private:
             if (below.isEmpty())
                 found = tree.text(at.back());
         }
-        return {tree.offset(at.back()), message, tree.path(at.back()) + below, rule.id,
-                Severity::Warning,      found};
+        FindingData result{tree.offset(at.back()), message, tree.path(at.back()) + below, rule.id,
+                           Severity::Warning,      found};
+        result.gist = rule.gist.toString();
+        return result;
     }
 
     const XmlTree &tree;

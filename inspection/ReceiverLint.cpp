@@ -111,6 +111,7 @@ Findings blockOfOtherType(const Element &element)
             element.finding(i,
                             QStringLiteral("\"%1\" does not count, since the type of the parameter is %2")
                                 .arg(name, ParameterTypeToName(parameter.GetParameterType()))));
+        findings.back().gist = QStringLiteral("does not count");
     }
     return findings;
 }
@@ -126,9 +127,10 @@ Findings noBlock(const Element &element)
                                    .arg(ParameterTypeToName(parameter.GetParameterType())))};
 }
 
-/// One finding for each entry to which \a clashesWith gives an earlier one.
-template <class ClashesWith>
-Findings clashes(const Element &element, ClashesWith clashesWith, const QString &clash)
+/// One finding for each entry to which \a clashesWith gives an earlier one. \a gistOf: what they clash in,
+/// whatever they are called.
+template <class ClashesWith, class GistOf>
+Findings clashes(const Element &element, ClashesWith clashesWith, const QString &clash, GistOf gistOf)
 {
     if (!element.parameter.IsEnum())
         return {};
@@ -146,6 +148,7 @@ Findings clashes(const Element &element, ClashesWith clashesWith, const QString 
             place < places.size() ? places[place] : element.index,
             QStringLiteral("the entries '%1' and '%2' %3")
                 .arg(oneLine(shortened(entries[*other].Name)), oneLine(shortened(entries[i].Name)), clash)));
+        findings.back().gist = gistOf(entries[i]);
     }
     return findings;
 }
@@ -160,7 +163,8 @@ Findings entriesOfOneKey(const Element &element)
         firstOfKey.insert(entry.Key, i);
         return std::nullopt;
     };
-    return clashes(element, firstOfSameKey, QStringLiteral("have the same key"));
+    return clashes(element, firstOfSameKey, QStringLiteral("have the same key"),
+                   [](const EnumValue &entry) { return QStringLiteral("key %1").arg(entry.Key); });
 }
 
 Findings entriesMarkedAsDefault(const Element &element)
@@ -170,7 +174,8 @@ Findings entriesMarkedAsDefault(const Element &element)
         return entry.IsDefault() ? std::exchange(marked, i) : std::nullopt;
     };
     return clashes(element, markedBefore,
-                   QStringLiteral("are both marked as the default; the last one marked counts"));
+                   QStringLiteral("are both marked as the default; the last one marked counts"),
+                   [](const EnumValue &) { return QStringLiteral("default"); });
 }
 
 Findings booleanType(const Element &element)

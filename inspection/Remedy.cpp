@@ -110,6 +110,8 @@ QString timeOfDocuments(const QString &text)
     constexpr int Longest = 64;
     constexpr int Digits = 3; // of milliseconds
     constexpr int PerMinute = 60;
+    constexpr int LargestZone = 14 * PerMinute * PerMinute;
+    constexpr int LastYear = 9999; // that documents say
     if (text.size() > Longest)
         return {};
     const QRegularExpressionMatch match = QRegularExpression(QLatin1String(Form)).match(text);
@@ -120,10 +122,11 @@ QString timeOfDocuments(const QString &text)
                      match.captured(Milliseconds).leftJustified(Digits, QLatin1Char('0')).toInt());
     const QDateTime local(QDate::fromString(match.captured(Date), Qt::ISODate), time, Qt::UTC);
     const int zone = (number(ZoneHours) * PerMinute + number(ZoneMinutes)) * PerMinute;
-    if (!time.isValid() || !local.isValid()) // an invalid time would be midnight
+    if (!time.isValid() || !local.isValid() || zone > LargestZone) // an invalid time would be midnight
         return {};
-    return TESSEL::Converters::ToString(
-        local.addSecs(match.captured(Sign) == QLatin1String("-") ? zone : -zone));
+    const QDateTime instant = local.addSecs(match.captured(Sign) == QLatin1String("-") ? zone : -zone);
+    const int year = instant.date().year();
+    return year < 1 || year > LastYear ? QString() : TESSEL::Converters::ToString(instant);
 }
 
 } // namespace

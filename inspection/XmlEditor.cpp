@@ -42,6 +42,12 @@ QByteArray escaped(const QString &text, char quote = '\0')
     return result;
 }
 
+/// \a text with line feeds as \a lineEnd, which readers make line feeds of.
+QByteArray withLineEnds(QByteArray text, const QByteArray &lineEnd)
+{
+    return lineEnd == "\r\n" ? text.replace('\n', lineEnd) : text;
+}
+
 QByteArray prefixOf(const QByteArray &name)
 {
     return name.left(name.indexOf(':') + 1);
@@ -55,21 +61,23 @@ XmlEditor::XmlEditor(const XmlTree &xmlTree, const XmlSource &xmlSource)
 void XmlEditor::setText(Index element, const QString &text)
 {
     const XmlSource::Element &span = source.element(element);
+    const QByteArray references = withLineEnds(escaped(text), lineEnd());
     if (span.isEmptyTag()) {
         qsizetype slash = span.tagEnd - 2;
         const QByteArray name = source.name(element);
-        changes.push_back({slash, span.tagEnd, '>' + escaped(text) + "</" + name + '>'});
+        changes.push_back({slash, span.tagEnd, '>' + references + "</" + name + '>'});
         return;
     }
     const std::vector<XmlSource::Piece> pieces = source.pieces(element);
     if (pieces.empty()) {
-        changes.push_back({span.tagEnd, span.tagEnd, escaped(text)});
+        changes.push_back({span.tagEnd, span.tagEnd, references});
         return;
     }
     // One section stays one, so that the text can be changed back.
     const bool isSection = pieces.size() == 1 && pieces.front().isSection
         && !text.contains(QLatin1String("]]>")) && !text.contains(QLatin1Char('\r'));
-    const QByteArray content = isSection ? "<![CDATA[" + text.toUtf8() + "]]>" : escaped(text);
+    const QByteArray content =
+        isSection ? "<![CDATA[" + withLineEnds(text.toUtf8(), lineEnd()) + "]]>" : references;
     for (const XmlSource::Piece &piece : pieces)
         changes.push_back({piece.begin, piece.end, &piece == &pieces.front() ? content : QByteArray()});
 }
@@ -95,15 +103,7 @@ void XmlEditor::addElement(Index parent, Index previous, int order, const NewEle
 
 void XmlEditor::removeElement(Index element)
 {
-    const XmlSource::Element &span = source.element(element);
-    const auto indent = indentation(element);
-    qsizetype begin = span.begin;
-    if (indent) {
-        begin -= indent->size();
-        begin -= begin > 0 ? 1 : 0; // the line feed, and what may stand before it
-        begin -= begin > 0 && source.text().constData()[begin - 1] == '\r' ? 1 : 0;
-    }
-    changes.push_back({begin, span.end, {}});
+    removals.push_back(element);
 }
 
 void XmlEditor::removeAttribute(Index element, const QString &name)
@@ -137,7 +137,35 @@ std::vector<TextPatch> XmlEditor::patches() const
     std::vector<TextPatch> all = changes;
     for (const auto &[place, added] : additions)
         all.push_back(additionPatch(place.first, place.second, added));
+    addRemovalPatches(all);
     return all;
+}
+
+void XmlEditor::addRemovalPatches(std::vector<TextPatch> &all) const
+{
+    std::vector<Index> inOrder = removals;
+    std::sort(inOrder.begin(), inOrder.end());
+    for (auto element = inOrder.begin(); element != inOrder.end();) {
+        qsizetype begin = source.element(*element).begin;
+        qsizetype end = source.element(*element).end;
+        const auto indent = indentation(*element);
+        ++element;
+        if (!indent) {
+            all.push_back({begin, end, {}});
+            continue;
+        }
+        while (element != inOrder.end() && source.element(*element).begin == behindBlanks(end))
+            end = source.element(*element++).end;
+        if (isLineOver(end)) {
+            end = isLineEnd(behindBlanks(end)) ? behindBlanks(end) : end;
+            begin -= indent->size();
+            begin -= begin > 0 ? 1 : 0; // the line feed, and what may stand before it
+            begin -= begin > 0 && source.text().constData()[begin - 1] == '\r' ? 1 : 0;
+        } else {
+            end = behindBlanks(end); // what follows takes its place
+        }
+        all.push_back({begin, end, {}});
+    }
 }
 
 std::optional<QByteArray> XmlEditor::indentation(Index element) const
@@ -150,6 +178,37 @@ std::optional<QByteArray> XmlEditor::indentation(Index element) const
     if (begin > 0 && text[begin - 1] != '\n')
         return std::nullopt;
     return source.text(begin, end);
+}
+
+qsizetype XmlEditor::behindBlanks(qsizetype at) const
+{
+    const QByteArray &text = source.text();
+    while (at < text.size() && isBlank(text.constData()[at]))
+        ++at;
+    return at;
+}
+
+bool XmlEditor::isLineEnd(qsizetype at) const
+{
+    const char c = source.text().constData()[at];
+    return c == '\n' || c == '\r';
+}
+
+bool XmlEditor::isLineOver(qsizetype at) const
+{
+    const qsizetype next = behindBlanks(at);
+    return isLineEnd(next) || source.text(next, next + 2) == "</";
+}
+
+std::optional<qsizetype> XmlEditor::endOfLine(qsizetype at) const
+{
+    while (!isLineOver(at)) {
+        const qsizetype next = source.behindComment(behindBlanks(at));
+        if (next == behindBlanks(at))
+            return std::nullopt;
+        at = next;
+    }
+    return behindBlanks(at);
 }
 
 QByteArray XmlEditor::lineEnd() const
@@ -185,7 +244,7 @@ QByteArray XmlEditor::rendered(const NewElement &added, const QByteArray &prefix
     if (added.source)
         return copied(*added.source, *added.tree, added.index, prefix, layout, indent);
     const QByteArray name = prefix + added.name.toUtf8();
-    return '<' + name + '>' + escaped(added.text) + "</" + name + '>';
+    return '<' + name + '>' + withLineEnds(escaped(added.text), lineEnd()) + "</" + name + '>';
 }
 
 /// As it stands in \a from, but for the blanks between elements.
@@ -204,7 +263,7 @@ QByteArray XmlEditor::copied(const XmlSource &from, const XmlTree &fromTree, Ind
         result += copied(from, fromTree, child, prefix, layout, inner);
     }
     if (!fromTree.hasChild(index))
-        result += from.text(span.tagEnd, span.contentEnd);
+        result += withLineEnds(from.text(span.tagEnd, span.contentEnd), lineEnd());
     else if (!layout.lineEnd.isEmpty())
         result += layout.lineEnd + indent;
     return result + "</" + prefix + from.text(span.contentEnd + 2, span.end);
@@ -215,7 +274,12 @@ TextPatch XmlEditor::additionPatch(Index parent, Index previous, const std::vect
     std::vector<Addition> inOrder = added;
     std::stable_sort(inOrder.begin(), inOrder.end(),
                      [](const Addition &a, const Addition &b) { return a.order < b.order; });
-    const Layout layout = layoutIn(parent);
+    const XmlSource::Element &span = source.element(parent);
+    const qsizetype begin = previous != XmlTree::None ? source.element(previous).end : span.tagEnd;
+    Layout layout = layoutIn(parent);
+    const auto lineOver = span.isEmptyTag() ? begin : endOfLine(begin);
+    if (!lineOver) // what else stands in the line stays there
+        layout.lineEnd.clear();
     const QByteArray name = source.name(parent);
     QByteArray text;
     for (const Addition &addition : inOrder) {
@@ -223,17 +287,13 @@ TextPatch XmlEditor::additionPatch(Index parent, Index previous, const std::vect
             text += layout.lineEnd + layout.child;
         text += rendered(addition.element, prefixOf(name), layout, layout.child);
     }
-    const XmlSource::Element &span = source.element(parent);
-    if (previous != XmlTree::None) {
-        const qsizetype at = source.element(previous).end;
-        return {at, at, text};
-    }
     const QByteArray closing = layout.lineEnd.isEmpty() ? QByteArray() : layout.lineEnd + layout.parent;
     if (span.isEmptyTag())
         return {span.tagEnd - 2, span.tagEnd, '>' + text + closing + "</" + name + '>'};
-    if (span.tagEnd == span.contentEnd)
+    const qsizetype at = layout.lineEnd.isEmpty() ? behindBlanks(begin) : *lineOver;
+    if (previous == XmlTree::None && at == span.contentEnd)
         text += closing;
-    return {span.tagEnd, span.tagEnd, text};
+    return {at, at, text};
 }
 
 } // namespace KORMAK::Inspection

@@ -93,6 +93,11 @@ qsizetype XmlSource::behindAside(qsizetype at) const
     return startsWith(at, "<!") ? behindDocumentType(at) : at;
 }
 
+qsizetype XmlSource::behindComment(qsizetype at) const
+{
+    return startsWith(at, "<!--") || startsWith(at, "<?") ? behindAside(at) : at;
+}
+
 void XmlSource::scan()
 {
     std::vector<std::size_t> open;

@@ -55,6 +55,8 @@ public:
         bool isSection;
     };
     [[nodiscard]] std::vector<Piece> pieces(XmlTree::Index index) const;
+    /// Behind the comment or instruction at \a at; \a at when there is none.
+    [[nodiscard]] qsizetype behindComment(qsizetype at) const;
 
 private:
     [[nodiscard]] bool startsWith(qsizetype at, const char *what) const;

@@ -66,7 +66,7 @@ ExitStatus RewriteTarget::write(const QByteArray &bytes, const QString &source, 
         return isChanged ? Faulty : Good;
     }
     if (wanted == Mode::DryRun) {
-        Console::writeBytes(unifiedDiff(PathEncoding::shown(source), original.bytes, bytes));
+        Console::writeBytes(unifiedDiff(source, original.bytes, bytes));
         return Good;
     }
     const QString target = wanted == Mode::InPlace ? source : output;

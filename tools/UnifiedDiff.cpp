@@ -1,6 +1,6 @@
 #include "tools/UnifiedDiff.h"
 
-#include <QList>
+#include <tools/PathEncoding.h>
 
 #include <algorithm>
 #include <vector>
@@ -98,6 +98,36 @@ private:
     const int most;
 };
 
+/// What a string literal of C would be.
+QByteArray inQuotes(const QByteArray &name)
+{
+    QByteArray result = "\"";
+    for (const char c : name) {
+        const auto byte = static_cast<uchar>(c);
+        if (c == '"' || c == '\\')
+            result += QByteArray("\\") + c;
+        else if (c == '\t' || c == '\n')
+            result += c == '\t' ? "\\t" : "\\n";
+        else if (byte < 0x20 || byte >= 0x7F)
+            result += '\\' + QByteArray::number(byte, 8).rightJustified(3, '0');
+        else
+            result += c;
+    }
+    return result + '"';
+}
+
+/// As patch and git read names: one with a blank ends with a tab, one that cannot stand there as it is has
+/// quotes.
+QByteArray nameInHeader(const QString &path)
+{
+    const QByteArray name = PathEncoding::encoded(path);
+    const bool isPlain = PathEncoding::shown(path) == path && !name.contains('"') && !name.contains('\\')
+        && !name.startsWith(' ') && !name.endsWith(' ');
+    if (!isPlain)
+        return inQuotes(name);
+    return name.contains(' ') ? name + '\t' : name;
+}
+
 QByteArray lineOf(char sign, const QByteArray &line)
 {
     return sign + line
@@ -113,14 +143,15 @@ QByteArray rangeOf(int begin, int count)
 
 } // namespace
 
-QByteArray unifiedDiff(const QString &name, const QByteArray &before, const QByteArray &after)
+QByteArray unifiedDiff(const QString &path, const QByteArray &before, const QByteArray &after)
 {
     if (before == after)
         return {};
     const std::vector<QByteArray> linesBefore = linesOf(before);
     const std::vector<QByteArray> linesAfter = linesOf(after);
     const std::vector<Edit> edits = Comparison(linesBefore, linesAfter).edits();
-    QByteArray diff = "--- " + name.toUtf8() + "\n+++ " + name.toUtf8() + '\n';
+    const QByteArray file = nameInHeader(path);
+    QByteArray diff = "--- " + file + "\n+++ " + file + '\n';
     int x = 0;
     int y = 0;
     for (std::size_t i = 0; i < edits.size();) {

@@ -5,7 +5,7 @@
 #include <QByteArray>
 #include <QString>
 
-/// From \a before to \a after, which the file \a name holds; empty when they are the same.
-[[nodiscard]] QByteArray unifiedDiff(const QString &name, const QByteArray &before, const QByteArray &after);
+/// From \a before to \a after, which the file called \a path holds; empty when they are the same.
+[[nodiscard]] QByteArray unifiedDiff(const QString &path, const QByteArray &before, const QByteArray &after);
 
 #endif

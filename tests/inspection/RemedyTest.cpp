@@ -186,6 +186,16 @@ void RemedyTest::texts_data()
     add(Kind::DateTime, "2024-05-01T10:00:00+02", "2024-05-01T08:00:00,000Z");
     add(Kind::DateTime, "2024-03-31 02:30:00Z",
         "2024-03-31T02:30:00,000Z"); // no local time in much of Europe
+    add(Kind::DateTime, "2024-05-01T10:00:00+14:00", "2024-04-30T20:00:00,000Z");
+    add(Kind::DateTime, "2024-05-01T10:00:00-12:00", "2024-05-01T22:00:00,000Z");
+    add(Kind::DateTime, "0001-01-01T05:00:00+05:00", "0001-01-01T00:00:00,000Z");
+    add(Kind::DateTime, "9999-12-31T18:59:59-05:00", "9999-12-31T23:59:59,000Z");
+    add(Kind::DateTime, "2024-05-01T10:00:00+14:01");
+    add(Kind::DateTime, "2024-05-01T10:00:00+99:00");
+    add(Kind::DateTime, "2024-05-01T10:00:00-99:59");
+    add(Kind::DateTime, "0001-01-01T00:00:00+05:00");
+    add(Kind::DateTime, "9999-12-31T23:59:59-05:00");
+    add(Kind::DateTime, "0000-05-01T10:00:00Z");
     add(Kind::DateTime, "2024-05-01 10:00:00");
     add(Kind::DateTime, "2024-05-01");
     add(Kind::DateTime, "2024-05-01Z");

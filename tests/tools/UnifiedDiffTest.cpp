@@ -1,5 +1,9 @@
+#include <tools/PathEncoding.h>
 #include <tools/UnifiedDiff.h>
 
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QtTest>
 
 class UnifiedDiffTest : public QObject {
@@ -8,6 +12,10 @@ class UnifiedDiffTest : public QObject {
 private Q_SLOTS:
     void differences_data();
     void differences();
+    void names_data();
+    void names();
+    void applied_data();
+    void applied();
 };
 
 namespace {
@@ -57,6 +65,77 @@ void UnifiedDiffTest::differences()
     QFETCH(QByteArray, after);
     QFETCH(QByteArray, hunks);
     QCOMPARE(unifiedDiff("x", before, after), hunks.isEmpty() ? hunks : "--- x\n+++ x\n" + hunks);
+}
+
+void UnifiedDiffTest::names_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QByteArray>("name");
+
+    const auto add = [](const char *name, const QString &path, const QByteArray &inHeader) {
+        QTest::newRow(name) << path << inHeader;
+    };
+    add("plain", "jobs/a.xml", "jobs/a.xml");
+    add("other letters", QStringLiteral("ä.xml"), "ä.xml");
+    add("blank", "a b.xml", "a b.xml\t");
+    add("blank at the start", " a", "\" a\"");
+    add("blank at the end", "a ", "\"a \"");
+    add("tab", "a\tb.xml", "\"a\\tb.xml\"");
+    add("line feed", "a\nb c.xml", "\"a\\nb c.xml\"");
+    add("quotes", "a\"b\".xml", "\"a\\\"b\\\".xml\"");
+    add("backslash", "a\\b.xml", "\"a\\\\b.xml\"");
+    add("escape", "a\x1b[1m", "\"a\\033[1m\"");
+    add("character that hides others", QStringLiteral("a\u202eb"), "\"a\\342\\200\\256b\"");
+    add("byte that is not UTF-8", PathEncoding::decoded("a\xfc"), "\"a\\374\"");
+}
+
+void UnifiedDiffTest::names()
+{
+    QFETCH(QString, path);
+    QFETCH(QByteArray, name);
+    QCOMPARE(unifiedDiff(path, "a\n", "b\n"), "--- " + name + "\n+++ " + name + "\n@@ -1 +1 @@\n-a\n+b\n");
+}
+
+void UnifiedDiffTest::applied_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("program");
+    for (const QString &path : {QString("a.xml"), QString("a b.xml"), QString(" a b "), QString("a\tb.xml"),
+                                QString("a\nb.xml"), QString("a \"b\".xml"), QString("a\\b.xml"),
+                                QStringLiteral("ä ö.xml"), QStringLiteral("a\u202eb")}) {
+        for (const QString &program : {QString("patch"), QString("git")})
+            QTest::newRow(qPrintable(program + ' ' + PathEncoding::shown(path))) << path << program;
+    }
+}
+
+/// By the programs that people have.
+void UnifiedDiffTest::applied()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, program);
+    if (QStandardPaths::findExecutable(program).isEmpty())
+        QSKIP("it is not installed", "");
+
+    const QByteArray before = "a\nb\r\n\tc";
+    const QByteArray after = "a\nB\r\n\tc\nd";
+    QTemporaryDir folder;
+    QFile file(folder.filePath(path));
+    QVERIFY(file.open(QFile::WriteOnly) && file.write(before) == before.size());
+    file.close();
+    QProcess process;
+    process.setWorkingDirectory(folder.path());
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("GIT_CEILING_DIRECTORIES", QFileInfo(folder.path()).path());
+    process.setProcessEnvironment(environment);
+    process.start(program,
+                  program == "git" ? QStringList{"apply", "-p0", "--whitespace=nowarn"}
+                                   : QStringList{"-s", "-p0", "--binary"});
+    process.write(unifiedDiff(path, before, after));
+    process.closeWriteChannel();
+    QVERIFY(process.waitForFinished());
+    QVERIFY2(process.exitCode() == 0, process.readAllStandardError() + process.readAllStandardOutput());
+    QVERIFY(file.open(QFile::ReadOnly));
+    QCOMPARE(file.readAll(), after);
 }
 
 QTEST_GUILESS_MAIN(UnifiedDiffTest)
