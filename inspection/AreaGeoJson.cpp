@@ -2,6 +2,7 @@
 
 #include <inspection/Json_p.h>
 #include <inspection/report/AreaOutline_p.h>
+#include <inspection/report/AreaParts_p.h>
 #include <kormak/AutomaticWorkflow.h>
 #include <objectbase/Area.h>
 #include <objectbase/Text_p.h>
@@ -32,10 +33,21 @@ QStringList positionsOf(const OutlineRing &points)
     return positions;
 }
 
+QStringList positionsOf(const QVector<TESSEL::Coordinate> &coordinates)
+{
+    QStringList positions;
+    for (const TESSEL::Coordinate &coordinate : coordinates)
+        positions += positionText(coordinate.GetLongitude(), coordinate.GetLatitude());
+    return positions;
+}
+
 QString closedRing(const OutlineRing &ring)
 {
+    constexpr int Least = 4; // also of what encloses nothing
     QStringList positions = positionsOf(ring);
-    positions += positions.constFirst();
+    do {
+        positions += positions.constFirst();
+    } while (positions.size() < Least);
     return listOf({listOf(positions)});
 }
 
@@ -96,6 +108,8 @@ QString areaGeoJson(const TESSEL::Area &area, const QString &kind)
     json.member(u"kind", jsonText(kind));
     const auto crosses = outline.crossesItself();
     json.member(u"crossesItself", crosses ? jsonBool(*crosses) : QStringLiteral("null"));
+    if (!AreaParts::of(outline).joined())
+        json.member(u"outline", listOf(positionsOf(area.GetCoordinate())));
     json.endObject();
     if (outline.shape() == Shape::None) {
         json.member(u"geometry", QStringLiteral("null"));

@@ -18,7 +18,8 @@ namespace KORMAK::Inspection {
 [[nodiscard]] QString noAreaIn(const QString &kind);
 
 /// A Feature in one object: longitude before latitude, rings closed and anticlockwise, cut at 180 degrees,
-/// numbers exact. A point or a line for an area of one or two coordinates, no geometry for one of none.
+/// numbers exact. Where the polygons do not tell the one outline that they are parts of, the property
+/// "outline" does. A point or a line for an area of one or two coordinates, no geometry for one of none.
 /// \throws FieldError when a coordinate is nowhere on the earth
 [[nodiscard]] QString areaGeoJson(const TESSEL::Area &area, const QString &kind);
 

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace KORMAK::Inspection {
 
@@ -52,6 +53,9 @@ public:
     }
 
 private:
+    std::optional<QVector<TESSEL::Coordinate>> outline; ///< as a property has it
+    QString outlinePlace;
+
     static QString typeOf(const QJsonObject &object, const QString &place)
     {
         const QJsonValue crs = object.value(QStringLiteral("crs"));
@@ -107,6 +111,8 @@ private:
             readGeometry(geometry.toObject(), memberOf(place, geometryName));
         else if (!geometry.isNull())
             fail(memberOf(place, geometryName), QStringLiteral("is no object"));
+        else if (outline)
+            area.ignored += outlinePlace;
     }
 
     /// Those that were written with the area, and the others. What kind of document it was in, and whether
@@ -118,6 +124,12 @@ private:
         QStringList known{QStringLiteral("kind"), QStringLiteral("crossesItself")};
         if (name.isString() || name.isNull())
             known += nameName;
+        const QString outlineName = QStringLiteral("outline");
+        if (const auto positions = outlineIn(properties.value(outlineName))) {
+            known += outlineName;
+            outline = positions;
+            outlinePlace = memberOf(place, outlineName);
+        }
         area.name = name.toString();
         area.namePlace = memberOf(place, nameName);
         ignoreOthers(properties, place, known);
@@ -145,10 +157,33 @@ private:
                  QStringLiteral("%1 is no polygon, line or point").arg(quoted(type)));
         }
         ignoreOthers(geometry, place, {QStringLiteral("type"), coordinatesName});
+        if (outline && read.isSame(AreaParts::of(AreaOutline(*outline)))) {
+            area.coordinates = *outline;
+            return;
+        }
+        if (outline)
+            area.ignored += outlinePlace;
         const auto joined = read.joined();
         if (!joined)
             failToJoin(read, coordinatesPlace);
         area.coordinates = *joined;
+    }
+
+    /// The positions of a property that says which outline it is that was cut. Others may call something else
+    /// so.
+    static std::optional<QVector<TESSEL::Coordinate>> outlineIn(const QJsonValue &value)
+    {
+        if (!value.isArray())
+            return std::nullopt;
+        QVector<TESSEL::Coordinate> coordinates;
+        const QJsonArray positions = value.toArray();
+        for (const QJsonValue &one : positions) {
+            const QJsonArray position = one.toArray();
+            if (position.size() != 2 || !position.at(0).isDouble() || !position.at(1).isDouble())
+                return std::nullopt;
+            coordinates += TESSEL::Coordinate(position.at(1).toDouble(), position.at(0).toDouble());
+        }
+        return coordinates;
     }
 
     static QJsonArray arrayOf(const QJsonValue &value, const QString &place)

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 #include <utility>
 
 namespace KORMAK::Inspection {
@@ -80,7 +79,7 @@ std::vector<OutlineRing> runsOn(Side side, const OutlineRing &ring, int line)
 }
 
 /// The parts of the polygon on \a side of the line. Along the line, every second stretch between the ends of
-/// the runs is within the polygon: it joins a run to the next.
+/// the runs is within the polygon: it joins a run to another.
 std::vector<OutlineRing> partsOn(Side side, const OutlineRing &ring, int line)
 {
     const auto isHere = [&](const OutlinePoint &point) { return isOn(side, point, line); };
@@ -104,28 +103,29 @@ std::vector<OutlineRing> partsOn(Side side, const OutlineRing &ring, int line)
     }
     std::stable_sort(ends.begin(), ends.end(),
                      [](const End &a, const End &b) { return a.latitude < b.latitude; });
-    std::vector<std::size_t> next(runs.size());
+    const auto indexOf = [](const End &end) { return 2 * end.run + (end.isStart ? 0 : 1); };
+    std::vector<End> partners(ends.size());
     for (std::size_t i = 0; i < ends.size(); i += 2) {
-        const End &from = ends[i].isStart ? ends[i + 1] : ends[i];
-        const End &to = ends[i].isStart ? ends[i] : ends[i + 1];
-        if (from.isStart || !to.isStart) // an outline that crosses itself: all in one, joined along the line
-            return {std::accumulate(runs.begin() + 1, runs.end(), runs.front(),
-                                    [](OutlineRing joined, const OutlineRing &run) {
-                                        joined.insert(joined.end(), run.begin(), run.end());
-                                        return joined;
-                                    })};
-        next[from.run] = to.run;
+        partners[indexOf(ends[i])] = ends[i + 1];
+        partners[indexOf(ends[i + 1])] = ends[i];
     }
     std::vector<OutlineRing> parts;
     std::vector<bool> isTaken(runs.size());
     for (std::size_t first = 0; first < runs.size(); ++first) {
         if (isTaken[first])
             continue;
-        parts.emplace_back();
-        for (std::size_t run = first; !isTaken[run]; run = next[run]) {
-            isTaken[run] = true;
-            parts.back().insert(parts.back().end(), runs[run].begin(), runs[run].end());
+        OutlineRing part;
+        for (End end{0, first, true}; !isTaken[end.run];) {
+            const OutlineRing &run = runs[end.run];
+            isTaken[end.run] = true;
+            if (end.isStart)
+                part.insert(part.end(), run.begin(), run.end());
+            else // only of an outline that crosses itself
+                part.insert(part.end(), run.rbegin(), run.rend());
+            end.isStart = !end.isStart;
+            end = partners[indexOf(end)];
         }
+        parts.push_back(std::move(part));
     }
     return parts;
 }
@@ -310,7 +310,13 @@ Extent AreaOutline::extent() const
         std::minmax_element(ring.begin(), ring.end(), [](const OutlinePoint &a, const OutlinePoint &b) {
             return a.unwrapped() < b.unwrapped();
         });
-    return {west->longitude, south->latitude, east->longitude, north->latitude};
+    if (west->unwrapped() == east->unwrapped()) {
+        const double longitude = ring.back().longitude;
+        return {longitude, south->latitude, longitude, north->latitude};
+    }
+    // 180 degrees are on the side that the area is on.
+    return {west->longitude == DateLine ? -DateLine : west->longitude, south->latitude,
+            east->longitude == -DateLine ? DateLine : east->longitude, north->latitude};
 }
 
 double AreaOutline::squareKilometres() const
@@ -355,7 +361,7 @@ OutlineRing AreaOutline::closedRound() const
     return closed;
 }
 
-std::vector<OutlineRing> AreaOutline::polygons() const
+std::vector<OutlineRing> AreaOutline::partsWith(std::size_t leastCorners) const
 {
     const OutlineRing closed = closedRound();
     const auto [least, most] =
@@ -366,12 +372,9 @@ std::vector<OutlineRing> AreaOutline::polygons() const
         for (const OutlineRing &eastern : partsOn(Side::East, closed, turn - 1)) {
             for (const OutlineRing &part : partsOn(Side::West, eastern, turn)) {
                 OutlineRing polygon = inTurn(part, turn);
-                const double area = doubleSignedArea(polygon);
-                const bool isAll = polygon.size() == ring.size();
-                constexpr std::size_t LeastCorners = 3;
-                if (polygon.size() < LeastCorners || (area == 0 && !isAll))
+                if (polygon.size() < leastCorners)
                     continue;
-                if (area < 0)
+                if (doubleSignedArea(polygon) < 0)
                     std::reverse(polygon.begin() + 1, polygon.end());
                 all.push_back(std::move(polygon));
             }
@@ -380,13 +383,33 @@ std::vector<OutlineRing> AreaOutline::polygons() const
     return all;
 }
 
+std::vector<OutlineRing> AreaOutline::polygons() const
+{
+    constexpr std::size_t OfPolygon = 3;
+    constexpr std::size_t ThereAndBack = 2; // which says something only where there is nothing else
+    std::vector<OutlineRing> parts = partsWith(OfPolygon);
+    if (parts.empty())
+        parts = partsWith(ThereAndBack);
+    if (parts.empty()) // all of it along 180 degrees
+        parts.push_back(inTurn(ring, ring.front().turns));
+    return parts;
+}
+
 std::vector<OutlineRing> AreaOutline::lines() const
 {
     const OutlinePoint &from = ring.front();
     const OutlinePoint &to = ring.back();
     const int line = std::min(from.turns, to.turns);
-    if (from.turns == to.turns || sideOf(from, line) == 0 || sideOf(to, line) == 0)
+    if (from.turns == to.turns)
         return {{{from.longitude, from.latitude}, {to.longitude, to.latitude}}};
+    if (sideOf(from, line) == 0 || sideOf(to, line) == 0) { // it is on the side of the other end
+        const double side = sideOf(from, line) != 0 ? from.longitude : to.longitude;
+        const auto beside = [side](const OutlinePoint &point) {
+            const bool isOnLine = std::abs(point.longitude) == DateLine;
+            return OutlinePoint{isOnLine ? std::copysign(DateLine, side) : point.longitude, point.latitude};
+        };
+        return {{beside(from), beside(to)}};
+    }
     const double latitude = meeting(from, to, line).latitude;
     const double side = from.longitude < 0 ? -DateLine : DateLine;
     return {{{from.longitude, from.latitude}, {side, latitude}},

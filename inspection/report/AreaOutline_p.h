@@ -75,14 +75,15 @@ public:
     [[nodiscard]] double squareKilometres() const;
 
     /// The polygon in parts of which none crosses 180 degrees, the outline of each anticlockwise and not
-    /// closed; longitudes there are 180 or -180. An outline that crosses itself may touch itself along 180
-    /// degrees.
+    /// closed; longitudes there are 180 or -180. Those of an outline that crosses itself may overlap. What
+    /// leads across 180 degrees to one place and straight back is left out, unless that is all there is.
     [[nodiscard]] std::vector<OutlineRing> polygons() const;
     /// The line in parts of which none crosses 180 degrees.
     [[nodiscard]] std::vector<OutlineRing> lines() const;
 
 private:
     [[nodiscard]] OutlineRing closedRound() const;
+    [[nodiscard]] std::vector<OutlineRing> partsWith(std::size_t leastCorners) const;
 
     OutlineRing ring;
     QString reason;

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <iterator>
 #include <map>
+#include <set>
 #include <utility>
 
 namespace KORMAK::Inspection {
@@ -77,25 +78,104 @@ OutlineRing withoutIdlePoints(const OutlineRing &ring)
     return result;
 }
 
-OutlineRing canonical(const OutlineRing &ring)
+/// The same whichever way \a points lead.
+OutlineRing undirected(OutlineRing points)
 {
-    OutlineRing forwards = withoutIdlePoints(ring);
-    OutlineRing backwards(forwards.rbegin(), forwards.rend());
-    forwards = fromLeastStart(std::move(forwards));
-    backwards = fromLeastStart(std::move(backwards));
-    return areBefore(forwards, backwards) ? forwards : backwards;
+    OutlineRing backwards(points.rbegin(), points.rend());
+    return areBefore(backwards, points) ? backwards : points;
 }
 
-std::vector<OutlineRing> canonical(const AreaParts &area)
+/// The same for a ring, wherever it begins.
+OutlineRing canonicalRing(const OutlineRing &ring)
 {
-    std::vector<OutlineRing> rings;
-    std::transform(area.parts.begin(), area.parts.end(), std::back_inserter(rings),
-                   [](const OutlineRing &ring) { return canonical(ring); });
-    if (area.shape == Shape::Point && isOnLine(rings.front().front()))
-        rings.front().front().longitude = DateLine;
-    std::sort(rings.begin(), rings.end(), areBefore);
-    return rings;
+    const OutlineRing backwards(ring.rbegin(), ring.rend());
+    const OutlineRing one = fromLeastStart(ring);
+    const OutlineRing other = fromLeastStart(backwards);
+    return areBefore(one, other) ? one : other;
 }
+
+/// The same for a point or a line. All of it on 180 degrees, it is on both sides.
+OutlineRing canonicalLine(OutlineRing line)
+{
+    if (std::all_of(line.begin(), line.end(), isOnLine)) {
+        for (OutlinePoint &point : line)
+            point.longitude = DateLine;
+    }
+    return undirected(std::move(line));
+}
+
+/// Places along 180 degrees at which something changes: what changes twice does not.
+class Changes {
+public:
+    void toggle(double latitude)
+    {
+        if (latitudes.erase(latitude) == 0)
+            latitudes.insert(latitude);
+    }
+    [[nodiscard]] const std::set<double> &all() const noexcept { return latitudes; }
+    [[nodiscard]] bool operator==(const Changes &other) const { return latitudes == other.latitudes; }
+
+private:
+    std::set<double> latitudes;
+};
+
+/// The boundary of polygons that are cut at 180 degrees. Where their rings begin, which way they lead and how
+/// those that touch are divided into rings makes no difference to it.
+class Boundary {
+public:
+    explicit Boundary(const std::vector<OutlineRing> &polygons)
+    {
+        for (const OutlineRing &polygon : polygons)
+            take(withoutIdlePoints(polygon));
+        std::sort(rings.begin(), rings.end(), areBefore);
+        std::sort(chains.begin(), chains.end(), areBefore);
+    }
+
+    std::vector<OutlineRing> rings = {}; ///< away from 180 degrees
+    std::vector<OutlineRing> chains = {}; ///< from 180 degrees to there again
+    Changes west = {}; ///< along the west side of 180 degrees: where a polygon begins or ends
+    Changes east = {};
+
+    [[nodiscard]] bool operator==(const Boundary &other) const
+    {
+        return rings == other.rings && chains == other.chains && west == other.west && east == other.east;
+    }
+
+private:
+    void take(const OutlineRing &ring)
+    {
+        const auto start = std::find_if(ring.begin(), ring.end(), isOnLine);
+        if (start == ring.end()) {
+            rings.push_back(canonicalRing(ring));
+            return;
+        }
+        const auto first = static_cast<std::size_t>(start - ring.begin());
+        OutlineRing chain{*start};
+        for (std::size_t i = 1; i <= ring.size(); ++i) {
+            const OutlinePoint &point = ring[(first + i) % ring.size()];
+            chain.push_back(point);
+            if (isOnLine(point)) {
+                takeChain(std::move(chain));
+                chain = {point};
+            }
+        }
+    }
+
+    void takeChain(OutlineRing chain)
+    {
+        const OutlinePoint &from = chain.front();
+        const OutlinePoint &to = chain.back();
+        if (chain.size() > 2) {
+            chains.push_back(undirected(std::move(chain)));
+        } else if (from.longitude == to.longitude) {
+            Changes &side = from.longitude > 0 ? west : east;
+            side.toggle(from.latitude);
+            side.toggle(to.latitude);
+        } else if (from.latitude != to.latitude || std::abs(from.latitude) != Pole) {
+            chains.push_back(undirected(std::move(chain)));
+        }
+    }
+};
 
 Coordinates coordinatesOf(const OutlineRing &ring)
 {
@@ -105,132 +185,199 @@ Coordinates coordinatesOf(const OutlineRing &ring)
     return coordinates;
 }
 
-/// Joins polygons along 180 degrees.
+/// Joins the boundary of polygons, across 180 degrees, to one outline.
 class Joining {
 public:
     explicit Joining(const std::vector<OutlineRing> &polygons)
     {
-        for (const OutlineRing &polygon : polygons)
-            take(withoutIdlePoints(
-                doubleSignedArea(polygon) < 0 ? OutlineRing(polygon.rbegin(), polygon.rend()) : polygon));
-        keepOneSidedStretches();
+        Boundary boundary(polygons);
+        chains = std::move(boundary.chains);
+        isJoinable = boundary.rings.empty() && !chains.empty();
+        addStretches(boundary);
+        if (isJoinable)
+            connect();
     }
 
-    /// Nothing when the polygons are not parts of one.
-    [[nodiscard]] OutlineRing outline()
+    enum class Cuts : qint8 { Kept, LeftOut };
+    /// Empty when the polygons are not parts of one.
+    [[nodiscard]] OutlineRing outline(Cuts cuts) const
     {
-        if (!canBeJoined || chains.empty())
-            return {};
         OutlineRing ring;
-        const double start = chains.begin()->first;
-        double latitude = start;
-        while (!chains.empty()) {
-            const auto [chain, end] = chains.equal_range(latitude);
-            if (chain == end || std::next(chain) != end)
-                return {};
-            latitude = chain->second.back().latitude;
-            ring.insert(ring.end(), chain->second.begin(), chain->second.end());
-            chains.erase(chain);
-        }
-        return latitude == start ? withoutCuts(ring) : OutlineRing();
+        if (!isJoinable)
+            return ring;
+        End end{0, Where::Front};
+        do {
+            const OutlineRing &chain = chains[end.chain];
+            // Its first point stands there already, as the last one of the chain before it.
+            if (end.where == Where::Front)
+                ring.insert(ring.end(), chain.begin() + 1, chain.end() - 1);
+            else
+                ring.insert(ring.end(), chain.rbegin() + 1, chain.rend() - 1);
+            const End last = other(end);
+            end = partnerOf(last);
+            if (cuts == Cuts::Kept || !isCut(last, end))
+                ring.push_back(corner(last, end));
+        } while (end.chain != 0 || end.where != Where::Front);
+        return withoutIdlePoints(ring);
     }
 
 private:
-    static bool isStretch(const OutlinePoint &a, const OutlinePoint &b)
+    enum class Where : qint8 { Front, Back };
+    struct End {
+        std::size_t chain;
+        Where where;
+    };
+    using Pair = std::pair<End, End>;
+
+    static End other(const End &end)
     {
-        return isOnLine(a) && a.longitude == b.longitude;
+        return {end.chain, end.where == Where::Front ? Where::Back : Where::Front};
     }
-    static bool isAtPole(const OutlinePoint &a, const OutlinePoint &b)
+    static std::size_t indexOf(const End &end) { return 2 * end.chain + (end.where == Where::Back ? 1 : 0); }
+    [[nodiscard]] const End &partnerOf(const End &end) const { return partners[indexOf(end)]; }
+
+    [[nodiscard]] const OutlinePoint &pointAt(const End &end) const
     {
-        return isOnLine(a) && isOnLine(b) && a.latitude == b.latitude && std::abs(a.latitude) == Pole;
+        return end.where == Where::Front ? chains[end.chain].front() : chains[end.chain].back();
+    }
+    /// The point beside the last.
+    [[nodiscard]] const OutlinePoint &pointBeside(const End &end) const
+    {
+        const OutlineRing &chain = chains[end.chain];
+        return end.where == Where::Front ? chain[1] : chain[chain.size() - 2];
     }
 
-    /// An anticlockwise \a polygon: stretches along the line, and chains between them.
-    void take(const OutlineRing &polygon)
+    /// What is on one side of 180 degrees only is an edge of the outline.
+    void addStretches(const Boundary &boundary)
     {
-        const std::size_t size = polygon.size();
-        const auto isChain = [&](std::size_t i) {
-            const OutlinePoint &a = polygon[i % size];
-            const OutlinePoint &b = polygon[(i + 1) % size];
-            return !isStretch(a, b) && !isAtPole(a, b);
+        Changes changes = boundary.west;
+        for (const double latitude : boundary.east.all())
+            changes.toggle(latitude);
+        std::set<double> corners = changes.all();
+        for (const OutlineRing &chain : chains) {
+            corners.insert(chain.front().latitude);
+            corners.insert(chain.back().latitude);
+        }
+        bool isEdge = false;
+        double before = 0;
+        for (const double latitude : corners) {
+            if (isEdge)
+                chains.push_back({{DateLine, before}, {DateLine, latitude}});
+            isEdge = isEdge != (changes.all().count(latitude) > 0);
+            before = latitude;
+        }
+    }
+
+    /// Which end the outline goes on with behind each: with the one straight ahead, if there is one.
+    void connect()
+    {
+        std::map<double, std::vector<End>> corners;
+        for (std::size_t i = 0; i < chains.size(); ++i) {
+            for (const Where where : {Where::Front, Where::Back})
+                corners[pointAt({i, where}).latitude].push_back({i, where});
+        }
+        partners.resize(2 * chains.size(), End{0, Where::Front});
+        std::vector<std::vector<Pair>> pairs;
+        for (auto &corner : corners) {
+            if (corner.second.size() % 2 != 0) {
+                isJoinable = false;
+                return;
+            }
+            pairs.push_back(pairsOf(corner.second));
+            for (const Pair &pair : pairs.back())
+                set(pair);
+        }
+        joinCircuits(pairs);
+    }
+
+    void set(const Pair &pair)
+    {
+        partners[indexOf(pair.first)] = pair.second;
+        partners[indexOf(pair.second)] = pair.first;
+    }
+
+    [[nodiscard]] std::vector<Pair> pairsOf(std::vector<End> ends) const
+    {
+        constexpr std::size_t MostCompared = 64;
+        std::vector<Pair> pairs;
+        const bool isFew = ends.size() <= MostCompared;
+        while (!ends.empty()) {
+            const End end = ends.back();
+            ends.pop_back();
+            auto ahead = isFew
+                ? std::find_if(ends.begin(), ends.end(), [&](const End &one) { return isCut(end, one); })
+                : ends.end();
+            if (ahead == ends.end())
+                ahead = std::prev(ends.end());
+            pairs.emplace_back(end, *ahead);
+            ends.erase(ahead);
+        }
+        return pairs;
+    }
+
+    /// Where two circuits meet, each goes on as the other.
+    void joinCircuits(std::vector<std::vector<Pair>> &corners)
+    {
+        std::vector<std::size_t> circuits = circuitOfChains();
+        const auto rootOf = [&circuits](std::size_t one) {
+            while (circuits[one] != one)
+                one = circuits[one] = circuits[circuits[one]];
+            return one;
         };
-        std::size_t first = 0;
-        while (first < size && isChain(first))
-            ++first;
-        if (first == size) { // joined to nothing
-            canBeJoined = false;
-            return;
-        }
-        OutlineRing chain;
-        for (std::size_t i = first; i < first + size; ++i) {
-            const OutlinePoint &a = polygon[i % size];
-            const OutlinePoint &b = polygon[(i + 1) % size];
-            if (isChain(i)) {
-                if (chain.empty())
-                    chain.push_back(a);
-                chain.push_back(b);
-            } else if (!isAtPole(a, b)) {
-                const int step = b.latitude > a.latitude ? 1 : -1;
-                northwards[std::min(a.latitude, b.latitude)] += step;
-                northwards[std::max(a.latitude, b.latitude)] -= step;
-            }
-            if (!chain.empty() && (!isChain(i + 1) || i + 1 == first + size)) {
-                chains.emplace(chain.front().latitude, chain);
-                chain.clear();
+        for (std::vector<Pair> &pairs : corners) {
+            for (std::size_t i = 1; i < pairs.size(); ++i) {
+                const std::size_t one = rootOf(pairs[0].first.chain);
+                const std::size_t another = rootOf(pairs[i].first.chain);
+                if (one == another)
+                    continue;
+                std::swap(pairs[0].second, pairs[i].first);
+                set(pairs[0]);
+                set(pairs[i]);
+                circuits[another] = one;
             }
         }
+        for (std::size_t i = 0; i < chains.size(); ++i)
+            isJoinable = isJoinable && rootOf(i) == rootOf(0);
     }
 
-    /// What is on one side of the line only is an edge of the outline.
-    void keepOneSidedStretches()
+    /// One chain of the circuit that each chain is in.
+    [[nodiscard]] std::vector<std::size_t> circuitOfChains() const
     {
-        int steps = 0;
-        for (auto from = northwards.begin(); from != northwards.end(); ++from) {
-            steps += from->second;
-            canBeJoined = canBeJoined && std::abs(steps) <= 1;
-            const auto to = std::next(from);
-            if (steps == 0 || to == northwards.end())
-                continue;
-            const double begin = steps > 0 ? from->first : to->first;
-            const double end = steps > 0 ? to->first : from->first;
-            chains.emplace(begin, OutlineRing{{DateLine, begin}, {DateLine, end}});
+        std::vector<std::size_t> circuits(chains.size(), chains.size());
+        for (std::size_t i = 0; i < chains.size(); ++i) {
+            for (End end{i, Where::Front}; circuits[end.chain] == chains.size(); end = partnerOf(other(end)))
+                circuits[end.chain] = i;
         }
+        return circuits;
     }
 
-    /// Without the points at which an edge was cut, each of which stands there twice, once on each side.
-    static OutlineRing withoutCuts(const OutlineRing &ring)
+    /// Whether the outline is straight across 180 degrees between two ends, as if there were no corner.
+    [[nodiscard]] bool isCut(const End &one, const End &another) const
     {
-        const std::size_t size = ring.size();
-        OutlineRing result;
-        for (std::size_t i = 0; i < size; ++i) {
-            const OutlinePoint &previous = ring[(i + size - 1) % size];
-            const OutlinePoint &point = ring[i];
-            const OutlinePoint &next = ring[(i + 1) % size];
-            const OutlinePoint &behindNext = ring[(i + 2) % size];
-            const bool isTwice = isOnLine(point) && isOnLine(next) && point.latitude == next.latitude;
-            const bool wasTwice =
-                isOnLine(point) && isOnLine(previous) && point.latitude == previous.latitude;
-            if (wasTwice || (isTwice && isCut(previous, point, behindNext)))
-                continue;
-            result.push_back({isOnLine(point) ? DateLine : point.longitude, point.latitude});
-        }
-        return withoutIdlePoints(result);
-    }
-
-    static bool isCut(const OutlinePoint &before, const OutlinePoint &cut, const OutlinePoint &behind)
-    {
-        const bool isAcross = !isOnLine(before) && !isOnLine(behind)
-            && std::signbit(before.longitude) != std::signbit(behind.longitude);
-        if (!isAcross)
+        const OutlinePoint &a = pointBeside(one);
+        const OutlinePoint &b = pointBeside(another);
+        if (isOnLine(a) || isOnLine(b) || pointAt(one).longitude == pointAt(another).longitude)
             return false;
-        const bool isEastwards = before.longitude > 0;
-        return latitudeAtDateLine(isEastwards ? before : behind, isEastwards ? behind : before)
-            == cut.latitude;
+        const OutlinePoint &west = pointAt(one).longitude > 0 ? a : b;
+        const OutlinePoint &east = pointAt(one).longitude > 0 ? b : a;
+        return west.longitude - east.longitude > DateLine
+            && latitudeAtDateLine(west, east) == pointAt(one).latitude;
     }
 
-    std::map<double, int> northwards; ///< by how much the stretches that lead north along the line change
-    std::multimap<double, OutlineRing> chains; ///< by the latitude at which they begin
-    bool canBeJoined = true;
+    /// On either side of 180 degrees, but for a neighbour that is half round the earth from both.
+    [[nodiscard]] OutlinePoint corner(const End &one, const End &another) const
+    {
+        double side = DateLine;
+        for (const End &end : {one, another}) {
+            if (pointBeside(end).longitude == 0)
+                side = pointAt(end).longitude;
+        }
+        return {side, pointAt(one).latitude};
+    }
+
+    std::vector<OutlineRing> chains; ///< and stretches along 180 degrees
+    std::vector<End> partners; ///< of each end
+    bool isJoinable;
 };
 
 } // namespace
@@ -252,27 +399,64 @@ AreaParts AreaParts::of(const AreaOutline &outline)
 
 bool AreaParts::isSame(const AreaParts &other) const
 {
-    return shape == other.shape && parts.size() == other.parts.size() && canonical(*this) == canonical(other);
+    if (shape != other.shape)
+        return false;
+    if (shape == Shape::Polygon)
+        return Boundary(parts) == Boundary(other.parts);
+    const auto linesOf = [](const AreaParts &area) {
+        std::vector<OutlineRing> lines;
+        std::transform(area.parts.begin(), area.parts.end(), std::back_inserter(lines), canonicalLine);
+        std::sort(lines.begin(), lines.end(), areBefore);
+        return lines;
+    };
+    return linesOf(*this) == linesOf(other);
 }
 
 std::optional<Coordinates> AreaParts::joined() const
 {
     std::vector<Coordinates> candidates;
-    if (parts.size() <= 1)
-        candidates.push_back(parts.empty() ? Coordinates() : coordinatesOf(parts.front()));
+    if (shape == Shape::Polygon) {
+        const Joining joining(parts);
+        for (const Joining::Cuts cuts : {Joining::Cuts::LeftOut, Joining::Cuts::Kept})
+            candidates.push_back(coordinatesOf(joining.outline(cuts)));
+    }
+    if (parts.size() <= 1) {
+        // As it is, unless it was closed along 180 degrees.
+        const Coordinates asItIs = parts.empty() ? Coordinates() : coordinatesOf(parts.front());
+        candidates.insert(isOnBothSides() ? candidates.end() : candidates.begin(), asItIs);
+    }
     if (shape == Shape::Line && parts.size() == 2) {
         for (const OutlinePoint &from : parts[0]) {
             for (const OutlinePoint &to : parts[1])
                 candidates.push_back(coordinatesOf({from, to}));
         }
     }
-    if (shape == Shape::Polygon)
-        candidates.push_back(coordinatesOf(Joining(parts).outline()));
     for (const Coordinates &candidate : candidates) {
-        if (isSame(of(AreaOutline(candidate))))
+        const AreaParts found = of(AreaOutline(candidate));
+        // A boundary that is there twice cancels out, which two polygons do not.
+        if (isSame(found) && (found.parts.size() == parts.size() || !hasTwins()))
             return candidate;
     }
     return std::nullopt;
+}
+
+bool AreaParts::hasTwins() const
+{
+    std::vector<OutlineRing> rings;
+    std::transform(parts.begin(), parts.end(), std::back_inserter(rings), canonicalRing);
+    std::sort(rings.begin(), rings.end(), areBefore);
+    return std::adjacent_find(rings.begin(), rings.end()) != rings.end();
+}
+
+bool AreaParts::isOnBothSides() const
+{
+    const auto isOn = [this](double side) {
+        return std::any_of(parts.begin(), parts.end(), [side](const OutlineRing &ring) {
+            return std::any_of(ring.begin(), ring.end(),
+                               [side](const OutlinePoint &point) { return point.longitude == side; });
+        });
+    };
+    return isOn(DateLine) && isOn(-DateLine);
 }
 
 } // namespace KORMAK::Inspection

@@ -20,10 +20,15 @@ struct AreaParts {
 
     [[nodiscard]] static AreaParts of(const AreaOutline &outline);
 
-    /// The same wherever the rings begin, whichever way they lead and in whatever order they are.
+    /// Whether the boundary is the same, wherever the rings begin, whichever way they lead and in whatever
+    /// order they are.
     [[nodiscard]] bool isSame(const AreaParts &other) const;
     /// The coordinates whose outline is cut into just these parts; nothing when there are none.
     [[nodiscard]] std::optional<QVector<TESSEL::Coordinate>> joined() const;
+
+private:
+    [[nodiscard]] bool hasTwins() const;
+    [[nodiscard]] bool isOnBothSides() const;
 };
 
 } // namespace KORMAK::Inspection

@@ -148,6 +148,16 @@ void AreaOutlineTest::polygons_data()
     QTest::newRow("westwards round the south pole")
         << Coordinates{{-70, 0}, {-68, -90}, {-75, 180}, {-72, 90}}
         << QStringList{"180 -75, 90 -72, 0 -70, -90 -68, -180 -75, -180 -90, 180 -90"};
+    QTest::newRow("a bow across 180") << Coordinates{{0, 170}, {10, -170}, {0, -170}, {10, 170}}
+                                      << QStringList{"180 5, 170 10, 170 0", "-180 5, -170 0, -170 10"};
+    QTest::newRow("a bow of equal halves beside 180")
+        << Coordinates{{0, 160}, {9, 170}, {9, 160}, {0, 170}, {0, -170}, {0, -175}}
+        << QStringList{"180 0, 160 0, 170 9, 160 9, 170 0", "-180 0, -170 0, -175 0"};
+    QTest::newRow("along 180 only") << Coordinates{{0, 180}, {5, -180}, {9, 180}}
+                                    << QStringList{"180 0, 180 5, 180 9"};
+    QTest::newRow("there and back across 180")
+        << Coordinates{{0, 179}, {0, -179}, {0, 178}, {0, -178}}
+        << QStringList{"180 0, 178 0", "180 0, 179 0", "-180 0, -179 0", "-180 0, -178 0"};
     QTest::newRow("without room") << Coordinates{{0, 0}, {1, 1}, {2, 2}} << QStringList{"0 0, 1 1, 2 2"};
 }
 
@@ -165,6 +175,11 @@ void AreaOutlineTest::lines()
     QCOMPARE(textsOf(AreaOutline({{2, -179}, {0, 179}}).lines()),
              (QStringList{"-179 2, -180 1", "180 1, 179 0"}));
     QCOMPARE(textsOf(AreaOutline({{0, 180}, {2, 170}}).lines()), QStringList{"180 0, 170 2"});
+    // an end on 180 degrees is on the side of the other one
+    QCOMPARE(textsOf(AreaOutline({{60, -180}, {50, 160}}).lines()), QStringList{"180 60, 160 50"});
+    QCOMPARE(textsOf(AreaOutline({{50, -160}, {60, 180}}).lines()), QStringList{"-160 50, -180 60"});
+    QCOMPARE(textsOf(AreaOutline({{0, -180}, {10, 180}}).lines()), QStringList{"180 0, 180 10"});
+    QCOMPARE(textsOf(AreaOutline({{0, -180}, {10, 0}}).lines()), QStringList{"-180 0, 0 10"});
 }
 
 void AreaOutlineTest::extents()
@@ -176,6 +191,10 @@ void AreaOutlineTest::extents()
     QCOMPARE(textOfExtent({{1, 2}}), QString("2 1 2 1"));
     QCOMPARE(textOfExtent({{1, 2}, {5, -4}, {-3, 9}}), QString("-4 -3 9 5"));
     QCOMPARE(textOfExtent({{-15, 176}, {-15, -178}, {-20, -178}}), QString("176 -20 -178 -15"));
+    QCOMPARE(textOfExtent({{60, -180}, {50, 160}}), QString("160 50 180 60"));
+    QCOMPARE(textOfExtent({{60, 180}, {50, -160}}), QString("-180 50 -160 60"));
+    QCOMPARE(textOfExtent({{0, -180}, {10, 180}}), QString("180 0 180 10"));
+    QCOMPARE(textOfExtent({{0, -180}}), QString("-180 0 -180 0"));
     QCOMPARE(textOfExtent({{70, -150}, {72, -30}, {68, 60}, {75, 150}}), QString("-180 68 180 90"));
     QCOMPARE(textOfExtent({{-70, -150}, {-72, -30}, {-68, 60}, {-75, 150}}), QString("-180 -90 180 -68"));
 }

@@ -1,7 +1,16 @@
+#include <inspection/AreaGeoJson_p.h>
 #include <inspection/GeoJsonArea_p.h>
+#include <inspection/report/AreaParts_p.h>
+#include <objectbase/Area.h>
 #include <objectbase/TesselException.h>
 
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRandomGenerator>
 #include <QtTest>
+
+#include <algorithm>
+#include <cmath>
 
 using namespace KORMAK::Inspection;
 
@@ -41,6 +50,8 @@ private Q_SLOTS:
     void properties();
     void refused_data();
     void refused();
+    void outlineProperty();
+    void randomOutlines();
 };
 
 void GeoJsonAreaTest::areas_data()
@@ -191,6 +202,75 @@ void GeoJsonAreaTest::refused()
     } catch (const TESSEL::TesselException &exception) {
         QCOMPARE(exception.GetErrorMessage(), message);
     }
+}
+
+/// What an outline was before it was cut is taken from a property only where it was cut into just these
+/// polygons.
+void GeoJsonAreaTest::outlineProperty()
+{
+    const auto with = [](const QByteArray &outline) {
+        return readGeoJsonArea(feature(polygon(Triangle), R"({"outline": )" + outline + "}"));
+    };
+    const GeoJsonArea taken = with("[[9, 1], [0, 8], [0, 1], [9, 1]]");
+    QCOMPARE(textOf(taken), QString("1 9, 8 0, 1 0, 1 9"));
+    QCOMPARE(taken.ignored, QStringList());
+    for (const char *const other :
+         {"[[9, 1], [0, 8], [0, 2]]", "[[9, 1], [0, 8]]", "[]", "[[9, 1], [0, 800], [0, 1]]",
+          "[[9, 1], [0, 8], [0]]", "[1, 2]", "\"red\"", "null"}) {
+        const GeoJsonArea area = with(other);
+        QCOMPARE(textOf(area), QString("1 0, 1 9, 8 0"));
+        QCOMPARE(area.ignored, QStringList("properties.outline"));
+    }
+    const GeoJsonArea none = readGeoJsonArea(feature("null", R"({"outline": [[1, 2]]})"));
+    QCOMPARE(none.ignored, QStringList("properties.outline"));
+}
+
+/// What is written of an area of whatever sort is read as the same area: with corners at poles, on 180
+/// degrees and half round the earth from others, with edges that cross others, lead over others or there and
+/// back.
+void GeoJsonAreaTest::randomOutlines()
+{
+    constexpr quint32 Seed = 20261123;
+    constexpr int Count = 20'000;
+    QRandomGenerator random(Seed);
+    int withProperty = 0;
+    for (int i = 0; i < Count; ++i) {
+        const int corners = random.bounded(i % 50 == 0 ? 40 : 8);
+        const int step = 1 + random.bounded(3) * 44; // degrees
+        QVector<TESSEL::Coordinate> coordinates;
+        QString text;
+        for (int k = 0; k < corners; ++k) {
+            const int latitude = std::clamp((random.bounded(9) - 4) * step, -90, 90);
+            const int middle = i % 2 ? 180 : 0;
+            double longitude = std::remainder(middle + (random.bounded(9) - 4) * (i % 2 ? step : 45), 360);
+            if (std::abs(longitude) == 180)
+                longitude = random.bounded(2) ? -180 : 180;
+            coordinates.append(TESSEL::Coordinate(latitude, longitude));
+            text += QString("%1 %2, ").arg(latitude).arg(longitude);
+        }
+        TESSEL::Area area;
+        area.GetCoordinate() = coordinates;
+        const QByteArray written = areaGeoJson(area, "AutomaticWorkflow").toUtf8();
+        const QJsonObject feature = QJsonDocument::fromJson(written).object();
+        withProperty += feature.value("properties").toObject().contains("outline");
+        try {
+            const GeoJsonArea read = readGeoJsonArea(written);
+            QCOMPARE(read.ignored, QStringList());
+            const AreaParts parts = AreaParts::of(AreaOutline(coordinates));
+            QVERIFY2(AreaParts::of(AreaOutline(read.coordinates)).isSame(parts), qPrintable(text));
+            for (const OutlineRing &part : parts.parts) {
+                for (std::size_t k = 0; k < part.size(); ++k) {
+                    const OutlinePoint &a = part[k];
+                    const OutlinePoint &b = part[(k + 1) % part.size()];
+                    const bool isAtPole = a.latitude == b.latitude && std::abs(a.latitude) == 90;
+                    QVERIFY2(isAtPole || std::abs(a.longitude - b.longitude) <= 180, qPrintable(text));
+                }
+            }
+        } catch (const TESSEL::TesselException &exception) {
+            QFAIL(qPrintable(text + exception.GetErrorMessage()));
+        }
+    }
+    QVERIFY2(withProperty > 0 && withProperty < Count / 20, qPrintable(QString::number(withProperty)));
 }
 
 QTEST_GUILESS_MAIN(GeoJsonAreaTest)

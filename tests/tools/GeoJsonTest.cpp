@@ -155,6 +155,9 @@ void GeoJsonTest::texts_data()
         << Coordinates{{0, 179}, {2, -179}}
         << R"({"coordinates":[[[179,0],[180,1]],[[-180,1],[-179,2]]],"type":"MultiLineString"})"
         << "[179,0,-179,2]";
+    QTest::newRow("line from 180") << Coordinates{{60, -180}, {50, 160}}
+                                   << R"({"coordinates":[[180,60],[160,50]],"type":"LineString"})"
+                                   << "[160,50,180,60]";
     QTest::newRow("clockwise") << Coordinates{{0, 0}, {9, 0}, {0, 9}}
                                << R"({"coordinates":[[[0,0],[9,0],[0,9],[0,0]]],"type":"Polygon"})"
                                << "[0,0,9,9]";
@@ -273,7 +276,18 @@ void GeoJsonTest::roundTrips()
 {
     const Folder folder;
     folder.write("empty.xml", "<AutomaticWorkflow><Mode>ManualMode</Mode></AutomaticWorkflow>");
-    const QVector<Coordinates> areas = manyAreas();
+    QVector<Coordinates> areas = manyAreas();
+    areas += {{-90, 5}};
+    areas += {{-90, 180}};
+    areas += {{90, 5}, {90, 60}};
+    areas += {{90, 5}, {90, 60}, {90, -60}};
+    areas += {{60, -180}, {50, 160}};
+    areas += {{0, -180}, {10, 180}};
+    areas += {{80, 0}, {80, 90}, {80, 180}, {80, -90}};
+    areas += {{-80, 0}, {-80, 90}, {-80, -180}, {-80, -90}};
+    areas += {{0, 170}, {10, -170}, {0, -170}, {10, 170}};
+    areas += {{0, 170}, {10, -170}, {-5, -160}, {7, 160}, {-3, 175}, {4, -171}};
+    areas += {{45, 45}, {90, 90}, {90, 180}, {90, 90}, {45, -135}};
     for (const Coordinates &area : areas) {
         const QByteArray text = workflowWith(area);
         folder.write("area.xml", text);
