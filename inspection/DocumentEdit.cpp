@@ -133,9 +133,9 @@ void DocumentEdit::Private::edit(const QByteArray &checked, qsizetype skipped, c
         return;
     const DocumentCheck check = checkText(patched(checked, plan.patches()), limits);
     const QVector<Finding> added =
-        newAmong(findingsOf(check, skipped), findingsOf(checkText(checked, limits), skipped));
+        newAmong(findingsOf(check, skipped), findingsOf(checkDocument(std::move(document)), skipped));
     if (check.object)
-        findings = plan.expected().differencesTo(heldBy(*document.kind, *check.object));
+        findings = plan.differencesTo(*check.object);
     const bool isFaulty = std::any_of(added.begin(), added.end(), [](const Finding &finding) {
         return !FindingMaker::contentOf(finding).isInherent;
     });

@@ -528,7 +528,7 @@ std::optional<RefusedText> refusalOfTokens(const QString &text, const ReadingLim
 std::optional<RefusedText> refusalOf(const QString &text, const ReadingLimits &limits)
 {
     const bool hasDocumentType = holds(text, u"!DOCTYPE");
-    if (hasDocumentType || mayHaveMoreAttributes(text, std::max(limits.GetAttributes(), 0))) {
+    if (hasDocumentType || mayHaveMoreAttributes(QStringView(text), std::max(limits.GetAttributes(), 0))) {
         if (auto refusal = TextScan(text, limits).refusal())
             return refusal;
     }
