@@ -50,6 +50,11 @@ DocumentCheck checkText(const QByteArray &text, const TESSEL::ReadingLimits &lim
         }
         return check;
     }
+    return checkDocument(std::move(document), std::move(ofBytes));
+}
+
+DocumentCheck checkDocument(ParsedDocument document, Findings ofBytes)
+{
     const XmlTree &tree = document.tree;
     Findings findings = std::move(ofBytes);
     append(findings, std::move(document.findings));

@@ -34,6 +34,9 @@ struct DocumentCheck {
 [[nodiscard]] DocumentCheck checkText(const QByteArray &text, const TESSEL::ReadingLimits &limits = {},
                                       const QString &expectedKind = {}, Findings ofBytes = {});
 
+/// All that there is to tell about the \a document.
+[[nodiscard]] DocumentCheck checkDocument(ParsedDocument document, Findings ofBytes = {});
+
 /// In whose words a rejection says why; those of the library are the complaint of its finding, too.
 enum class Words { OfLibrary, OfInspection };
 [[nodiscard]] FindingData errorOf(const Rejection &rejection, Words words);

@@ -113,11 +113,12 @@ void DocumentEdit::Private::edit(const QByteArray &checked, qsizetype skipped, c
     findings = plan.errors();
     if (!findings.isEmpty())
         return;
-    const DocumentCheck check = checkText(patched(checked, plan.patches()), limits);
+    const std::vector<TextPatch> patches = plan.patches();
+    const DocumentCheck check = checkText(patched(checked, patches), limits);
     const QVector<Finding> added = findingsOf(
-        Inspection::newFindings({check, plan.patches()}, {checkText(checked, limits), {}}), skipped);
+        Inspection::newFindings({check, patches}, {checkDocument(std::move(document)), {}}), skipped);
     if (check.object)
-        findings = plan.expected().differencesTo(heldBy(*document.kind, *check.object));
+        findings = plan.differencesTo(*check.object);
     const bool isFaulty = std::any_of(added.begin(), added.end(), [](const Finding &finding) {
         return !FindingMaker::contentOf(finding).isInherent;
     });
@@ -130,8 +131,8 @@ void DocumentEdit::Private::edit(const QByteArray &checked, qsizetype skipped, c
     TextPositions positions(checked);
     for (const FindingData &loss : plan.losses())
         findings += FindingMaker::made(loss, positions.at(loss.offset), skipped);
-    places = placesOf(plan.patches(), checked, skipped);
-    text = patched(text, shifted(plan.patches(), skipped));
+    places = placesOf(patches, checked, skipped);
+    text = patched(text, shifted(patches, skipped));
 }
 
 DocumentEdit DocumentEdit::Fix(const QByteArray &text, const TESSEL::ReadingLimits &limits)

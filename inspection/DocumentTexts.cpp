@@ -22,12 +22,12 @@ constexpr QStringView BooleanTexts[] = {u"true", u"false"};
 
 /// Whether Qt takes all of \a text for a number of the type, as it does any plain one.
 template <class Plain, auto Convert, class... Base>
-bool isNumber(const QString &text, Base... base)
+bool isNumber(QStringView text, Base... base)
 {
     if (TESSEL::Detail::plainNumber<Plain>(text))
         return true;
     bool ok = false;
-    (void)(text.*Convert)(&ok, base...);
+    (void)(text.toString().*Convert)(&ok, base...);
     return ok;
 }
 
@@ -65,7 +65,7 @@ Objection objection(const Row &row)
 
 } // namespace
 
-bool isValid(const TextType &type, const QString &text)
+bool isValid(const TextType &type, QStringView text)
 {
     if (type.mayBeEmpty && text.isEmpty())
         return true;
@@ -79,7 +79,7 @@ bool isValid(const TextType &type, const QString &text)
     case Kind::Integer:
         return isNumber<int, &QString::toInt>(text, 10);
     case Kind::Unsigned: {
-        const qint64 number = text.toUInt();
+        const qint64 number = text.toString().toUInt();
         return number >= type.least && number <= type.most;
     }
     case Kind::LongLong:
@@ -89,7 +89,7 @@ bool isValid(const TextType &type, const QString &text)
     case Kind::Double:
         return isNumber<double, &QString::toDouble>(text);
     case Kind::DateTime:
-        return TESSEL::Converters::ToDateTime(text).isValid();
+        return TESSEL::Converters::ToDateTime(text.toString()).isValid();
     }
     return true;
 }

@@ -6,10 +6,11 @@
 
 #include <QString>
 #include <QStringList>
+#include <QStringView>
 
 namespace KORMAK::Inspection {
 
-[[nodiscard]] bool isValid(const TESSEL::TextType &type, const QString &text);
+[[nodiscard]] bool isValid(const TESSEL::TextType &type, QStringView text);
 
 /// What is wrong with a \a text that is not valid in \a row, and what it is read as.
 [[nodiscard]] QString objectionTo(const TESSEL::Row &row, const QString &text);

@@ -33,6 +33,55 @@ bool isList(const Row &row)
     return row.part && row.part->kind != Part::Kind::One;
 }
 
+/// The rows of a table by the names that they have in a tree.
+class NamedRows {
+public:
+    const ObjectTable &table;
+
+    NamedRows(const ObjectTable &ofObjects, const XmlTree &xml)
+        : table(ofObjects), names(xml.allNames()), children(std::min(names.size(), MostKnown)),
+          attributes(children.size())
+    {
+    }
+
+    /// The row by which a child element of the name is read; null when it is not.
+    [[nodiscard]] const Row *child(XmlTree::NameNumber name)
+    {
+        return rowOf(children, name,
+                     [this](const QString &text) { return childRow(table, localName(text)); });
+    }
+    [[nodiscard]] const Row *attribute(XmlTree::NameNumber name)
+    {
+        return rowOf(attributes, name, [this](const QString &text) { return table.attribute(text); });
+    }
+
+private:
+    static constexpr std::size_t MostKnown = 1024; // documents have some dozens of names
+
+    struct Known {
+        const Row *row = nullptr;
+        bool isKnown = false;
+    };
+
+    template <class Find>
+    const Row *rowOf(std::vector<Known> &rows, XmlTree::NameNumber name, Find find)
+    {
+        if (name >= rows.size())
+            return find(names[name]);
+        Known &known = rows[name];
+        if (!known.isKnown)
+            known = {find(names[name]), true};
+        return known.row;
+    }
+
+    const std::vector<QString> &names;
+    std::vector<Known> children;
+    std::vector<Known> attributes;
+};
+
+/// Of elements that are but a text.
+constexpr ObjectTable NoTable{};
+
 struct ObjectState;
 
 /// What has been read so far in the elements of one row.
@@ -44,9 +93,12 @@ struct RowState {
 };
 
 struct ObjectState {
-    ObjectState(const ObjectTable &objectTable, void *filled) : table(objectTable), object(filled) { }
+    ObjectState(NamedRows &namedRows, void *filled) : table(namedRows.table), named(namedRows), object(filled)
+    {
+    }
 
     const ObjectTable &table;
+    NamedRows &named;
     void *object;
     Index index = XmlTree::Root; ///< the last element of the object
 
@@ -99,7 +151,7 @@ public:
 
     WalkOutcome read(const ObjectTable &table, void *object)
     {
-        ObjectState root(table, object);
+        ObjectState root(namedRows(table), object);
         readObject(root);
         if (tree.firstTooDeep() != XmlTree::None)
             stopAtDepth();
@@ -173,7 +225,7 @@ private:
     /// The cursor is at the start of the child, and at its end afterwards.
     void readChild(ObjectState &parent)
     {
-        const Row *const row = childRow(parent.table, localName(tree.name(cursor.element())));
+        const Row *const row = parent.named.child(tree.nameNumber(cursor.element()));
         if (!row) {
             reportUnknown(parent);
             cursor.skip();
@@ -194,7 +246,7 @@ private:
             break;
         case Content::Object:
             if (isList(row)) {
-                ObjectState object(row.part->table(), row.part->enter(parent.object));
+                ObjectState object(namedRows(row.part->table()), row.part->enter(parent.object));
                 const OpenPart part{parent.object, *row.part, object.object};
                 openList = &part;
                 readObject(object);
@@ -210,7 +262,7 @@ private:
             readBlock(filledObject(parent, row, state), row.end);
             break;
         case Content::Entry: {
-            ObjectState entry(row.part->table(), row.part->enter(parent.object));
+            ObjectState entry(namedRows(row.part->table()), row.part->enter(parent.object));
             readAttributes(entry);
             reportStrayText();
             leave({parent.object, *row.part, entry.object});
@@ -237,11 +289,11 @@ private:
             open.part.leave(open.parent, open.object);
     }
 
-    static ObjectState &filledObject(const ObjectState &parent, const Row &row, RowState &state)
+    ObjectState &filledObject(const ObjectState &parent, const Row &row, RowState &state)
     {
         void *const object = row.part->enter(parent.object);
         if (!state.object)
-            state.object = std::make_unique<ObjectState>(row.part->table(), object);
+            state.object = std::make_unique<ObjectState>(namedRows(row.part->table()), object);
         state.object->object = object;
         return *state.object;
     }
@@ -252,13 +304,15 @@ private:
         state.finding = -1;
         state.isMisplaced = tree.hasChild(index);
         if (index != parent.index && tree.hasAttributes(index))
-            checkAttributes(index, tree.attributes(index), ObjectTable{});
-        const QString text = index == XmlTree::Root && !tree.isBroken() ? tree.rootText() : tree.text(index);
+            checkAttributes(index, namedRows(NoTable));
+        TextPool::Room room;
+        const QStringView text =
+            index == XmlTree::Root && !tree.isBroken() ? tree.rootText() : tree.text(index, room);
         const bool isWhole = !state.isMisplaced && index != tree.brokenIn();
         if (isWhole && !isValid(row.type, text)) {
             state.finding = static_cast<std::ptrdiff_t>(outcome.findings.size());
-            FindingData &finding = add(index, FindingId::BadValue, objectionTo(row, text));
-            finding.found = text;
+            FindingData &finding = add(index, FindingId::BadValue, objectionTo(row, text.toString()));
+            finding.found = text.toString();
             suggestions.add(finding, row.type);
         }
         try {
@@ -326,15 +380,15 @@ private:
     {
         const Index index = cursor.element();
         const Index parent = tree.parent(index);
-        if (isKnown(block.table, index))
+        if (isKnown(block, index))
             readChild(block);
-        else if (parent == block.index || isKnown(block.table, parent))
+        else if (parent == block.index || isKnown(block, parent))
             reportUnknown(block); // and what is in it is not told again
     }
 
     void passInBlock(ObjectState &block)
     {
-        const Row *const row = childRow(block.table, localName(tree.name(cursor.element())));
+        const Row *const row = block.named.child(tree.nameNumber(cursor.element()));
         if (!row)
             return;
         const std::size_t before = outcome.findings.size();
@@ -345,44 +399,56 @@ private:
                                    outcome.findings.end());
     }
 
-    bool isKnown(const ObjectTable &table, Index index) const
+    bool isKnown(const ObjectState &object, Index index) const
     {
-        return childRow(table, localName(tree.name(index))) != nullptr;
+        return object.named.child(tree.nameNumber(index)) != nullptr;
     }
 
     void readAttributes(const ObjectState &object)
     {
         const Index index = cursor.element();
-        const std::vector<XmlTree::Attribute> present = tree.attributes(index);
         for (const Row &row : object.table.attributes) {
             if (!row.read)
                 continue;
-            const auto found =
-                std::find_if(present.begin(), present.end(),
-                             [&row](const XmlTree::Attribute &one) { return one.name == row.name; });
-            row.read(object.object, found == present.end() ? QStringView() : QStringView(found->value));
+            bool isThere = false;
+            tree.eachAttribute(index, [&](XmlTree::NameNumber name, QStringView value) {
+                if (object.named.attribute(name) != &row)
+                    return;
+                isThere = true;
+                row.read(object.object, value);
+            });
+            if (!isThere)
+                row.read(object.object, QStringView());
         }
-        checkAttributes(index, present, object.table);
+        if (tree.hasAttributes(index))
+            checkAttributes(index, object.named);
     }
 
-    void checkAttributes(Index index, const std::vector<XmlTree::Attribute> &present,
+    void checkAttributes(Index index, NamedRows &named)
+    {
+        tree.eachAttribute(index, [&](XmlTree::NameNumber name, QStringView value) {
+            const Row *const row = named.attribute(name);
+            if (!row || !row->read || !isValid(row->type, value))
+                reportAttribute(index, {tree.allNames()[name], value.toString()}, row, named.table);
+        });
+    }
+
+    /// \a row: null when there is none of the name.
+    void reportAttribute(Index index, const XmlTree::Attribute &attribute, const Row *row,
                          const ObjectTable &table)
     {
-        for (const XmlTree::Attribute &attribute : present) {
-            if (attribute.name.contains(QLatin1Char(':')) || attribute.name == QLatin1String("xmlns"))
-                continue; // meant for others
-            const Row *const row = table.attribute(attribute.name);
-            if (!row) {
-                reportUnknownAttribute(index, attribute, table);
-            } else if (!row->read) {
-                const Advice advice = adviceFor(table.name, u'@' + attribute.name);
-                suggestElement(index, table,
-                               addAttribute(index, attribute, FindingId::Unread, advice.ignored.toString()));
-            } else if (!isValid(row->type, attribute.value)) {
-                suggestions.add(
-                    addAttribute(index, attribute, FindingId::BadValue, objectionTo(*row, attribute.value)),
-                    row->type);
-            }
+        if (attribute.name.contains(QLatin1Char(':')) || attribute.name == QLatin1String("xmlns"))
+            return; // meant for others
+        if (!row) {
+            reportUnknownAttribute(index, attribute, table);
+        } else if (!row->read) {
+            const Advice advice = adviceFor(table.name, u'@' + attribute.name);
+            suggestElement(index, table,
+                           addAttribute(index, attribute, FindingId::Unread, advice.ignored.toString()));
+        } else {
+            suggestions.add(
+                addAttribute(index, attribute, FindingId::BadValue, objectionTo(*row, attribute.value)),
+                row->type);
         }
     }
 
@@ -608,6 +674,8 @@ private:
 
     void reportStrayText()
     {
+        if (!tree.hasText(cursor.element()))
+            return;
         const QString text = tree.text(cursor.element()).trimmed();
         if (text.isEmpty())
             return;
@@ -653,14 +721,22 @@ private:
         return names;
     }
 
-    /// In the order of Check().
+    NamedRows &namedRows(const ObjectTable &table)
+    {
+        std::unique_ptr<NamedRows> &rows = rowsOfTables[&table];
+        if (!rows)
+            rows = std::make_unique<NamedRows>(table, tree);
+        return *rows;
+    }
+
+    /// Those that something is asked of, in the order of Check().
     const std::vector<const Row *> &checkedElements(const ObjectTable &table)
     {
         const auto [place, isNew] = elementsInOrder.try_emplace(&table);
         std::vector<const Row *> &rows = place->second;
         if (isNew) {
             table.inOrder([&](const Row &row) {
-                if (isElement(table, row))
+                if (isElement(table, row) && (row.part || row.isExpected || row.isRequired()))
                     rows.push_back(&row);
             });
         }
@@ -683,6 +759,7 @@ private:
     QString path;
     QHash<const ObjectTable *, QStringList> allNames;
     TextSuggestions suggestions;
+    std::unordered_map<const ObjectTable *, std::unique_ptr<NamedRows>> rowsOfTables;
     std::unordered_map<const ObjectTable *, std::vector<const Row *>> elementsInOrder;
 };
 

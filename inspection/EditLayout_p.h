@@ -14,8 +14,8 @@ namespace KORMAK::Inspection {
 
 struct EditLayout {
     EditLayout(const QByteArray &text, const XmlTree &xml, const DocumentKind &kind,
-               const TESSEL::ITesselObject &object)
-        : tree(xml), source(text, tree), places(tree, kind, object)
+               const TESSEL::ITesselObject &object, const EditScope &scope = {})
+        : tree(xml), source(text, tree), places(tree, kind, object, scope)
     {
     }
 

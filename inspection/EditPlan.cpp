@@ -12,6 +12,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <string_view>
 
 namespace KORMAK::Inspection {
 
@@ -20,18 +21,22 @@ using TESSEL::Row;
 using Index = XmlTree::Index;
 using Action = DocumentEdit::Change::Action;
 
+namespace {
+
+constexpr QStringView KeyStart = u"[Key=";
+
+} // namespace
+
 class EditPlan::Plan {
 public:
     QVector<Finding> errors;
     Findings losses; ///< of what is removed
 
     Plan(ParsedDocument &parsed, const QVector<DocumentEdit::Change> &wanted)
-        : kind(*parsed.kind), changes(wanted), layout(parsed.text, parsed.tree, kind, *parsed.object),
-          editor(layout.tree, layout.source), changed(kind.copy(*parsed.object)),
-          before(heldBy(kind, *parsed.object))
+        : kind(*parsed.kind), changes(withIndexes(wanted, *parsed.object)), scope(scopeOfChanges()),
+          layout(parsed.text, parsed.tree, kind, *parsed.object, scope), editor(layout.tree, layout.source),
+          changed(kind.copy(*parsed.object)), before(heldBy(kind, *parsed.object, scope))
     {
-        for (DocumentEdit::Change &change : changes)
-            change.path = withIndexes(change.path);
         const TESSEL::ObjectTable &table = kind.table();
         holdsText = table.wholeText && table.wholeText(kind.address(*parsed.object));
     }
@@ -42,7 +47,7 @@ public:
             fail(QStringLiteral("what stands in an entity cannot be changed"));
         const std::vector<FieldAssignment> wanted =
             errors.isEmpty() ? applied() : std::vector<FieldAssignment>();
-        after = heldBy(kind, *changed);
+        after = heldBy(kind, *changed, scope);
         if (errors.isEmpty())
             set(wanted);
         for (const DocumentEdit::Change &change : changes) {
@@ -55,15 +60,16 @@ public:
         return result;
     }
 
-    /// What is to be read when it is done.
-    [[nodiscard]] ExpectedFields expected() const
+    /// Moves what tells what is to be read when it is done.
+    void moveTo(EditPlan &plan)
     {
-        ExpectedFields fields(after);
-        for (const DocumentEdit::Change &change : changes) {
+        for (const DocumentEdit::Change &change : std::as_const(changes)) {
             if (change.action == Action::Unset)
-                isInList(change.path) ? fields.unsetElement(change.path) : fields.unset(change.path);
+                plan.removals.push_back({change.path, isInList(change.path)});
         }
-        return fields;
+        plan.kind = &kind;
+        plan.scope = scope;
+        plan.changed = std::move(changed);
     }
 
 private:
@@ -72,11 +78,45 @@ private:
         errors += FindingMaker::notEdited(message, path);
     }
 
+    QVector<DocumentEdit::Change> withIndexes(QVector<DocumentEdit::Change> wanted,
+                                              const TESSEL::ITesselObject &object)
+    {
+        QStringList paths;
+        for (const DocumentEdit::Change &change : std::as_const(wanted))
+            paths += change.path;
+        if (paths.filter(KeyStart.toString()).isEmpty())
+            return wanted;
+        const HeldFields held = heldBy(kind, object, EditScope(paths));
+        for (DocumentEdit::Change &change : wanted)
+            change.path = withIndexes(change.path, held);
+        return wanted;
+    }
+
+    /// The paths as they are given, and as they are spelled elsewhere.
+    [[nodiscard]] EditScope scopeOfChanges() const
+    {
+        QStringList paths;
+        for (const DocumentEdit::Change &change : changes) {
+            paths += change.path;
+            try {
+                paths += pathOf(readAssignment(kind.fields(), settingOf(change)));
+            } catch (const FieldError &) {
+                // told when it is to be made
+            }
+        }
+        return EditScope(paths);
+    }
+
+    static QString settingOf(const DocumentEdit::Change &change)
+    {
+        return change.path + QLatin1Char('=') + change.text;
+    }
+
     /// \a path with indexes in the place of keys: "EnumValue[1].Name" for "EnumValue[Key=7].Name". There are
     /// parameters called "Key=7", too.
-    QString withIndexes(const QString &path)
+    QString withIndexes(const QString &path, const HeldFields &fields)
     {
-        const QString start = QStringLiteral("[Key=");
+        const QString start = KeyStart.toString();
         for (auto begin = path.indexOf(start); begin >= 0; begin = path.indexOf(start, begin + 1)) {
             const auto keyBegin = begin + start.size();
             const auto end = path.indexOf(QLatin1Char(']'), keyBegin);
@@ -84,10 +124,10 @@ private:
             QString found;
             for (int i = 0;; ++i) {
                 const QString element = path.left(begin) + QStringLiteral("[%1]").arg(i);
-                const auto held = before.find(element + QStringLiteral(".Key"));
-                if (held == before.end() && i > 0 && found.isEmpty())
+                const auto held = fields.find(element + QStringLiteral(".Key"));
+                if (held == fields.end() && i > 0 && found.isEmpty())
                     fail(QStringLiteral("there is no element with this key"), path);
-                if (held == before.end())
+                if (held == fields.end())
                     break;
                 if (settableText(held->second.row->type, held->second.value) != key)
                     continue;
@@ -109,7 +149,7 @@ private:
         for (const DocumentEdit::Change &change : changes) {
             if (change.action != Action::Set)
                 continue;
-            const QString setting = change.path + QLatin1Char('=') + change.text;
+            const QString setting = settingOf(change);
             try {
                 if (readAssignment(kind.fields(), setting).path != change.path) // an = in it ended it early
                     fail(QStringLiteral("there is no such field"), change.path);
@@ -128,13 +168,10 @@ private:
 
     void set(const std::vector<FieldAssignment> &wanted)
     {
-        auto form = readableForm(kind, *changed);
-        if (!form) {
+        if (!isWritable()) {
             fail(QStringLiteral("holds a character that XML cannot carry"));
             return;
         }
-        formTree = XmlTree(*form);
-        formLayout = std::make_unique<EditLayout>(*form, formTree, kind, *changed);
         for (const FieldAssignment &assignment : wanted) {
             const bool isSaid = std::all_of(assignment.steps.begin(), assignment.steps.end(),
                                             [](const FieldStep &step) { return step.row->isInDocuments; });
@@ -146,6 +183,30 @@ private:
             else
                 setValue(pathOf(assignment), assignment.text);
         }
+    }
+
+    /// Whether XML can carry what the changed object holds. What is not set now has been read from XML.
+    [[nodiscard]] bool isWritable() const
+    {
+        const bool isPlain = std::all_of(changes.begin(), changes.end(), [](const auto &change) {
+            return isRepresentable(change.path) && isRepresentable(change.text);
+        });
+        const QByteArray &text = layout.source.text();
+        const std::string_view bytes(text.constData(), static_cast<std::size_t>(text.size()));
+        const bool mayHoldNonCharacters = bytes.find("\xEF\xBF\xBE") != std::string_view::npos
+            || bytes.find("\xEF\xBF\xBF") != std::string_view::npos;
+        return (isPlain && !mayHoldNonCharacters) || readableForm(kind, *changed);
+    }
+
+    /// The changed object, as it would be written.
+    const EditLayout &form()
+    {
+        if (!formLayout) {
+            const auto text = readableForm(kind, *changed, scope);
+            formTree = XmlTree(text.value());
+            formLayout = std::make_unique<EditLayout>(*text, formTree, kind, *changed, scope);
+        }
+        return *formLayout;
     }
 
     /// As other paths are spelled, whatever is escaped in that of the assignment.
@@ -212,7 +273,7 @@ private:
     }
 
     /// The \a asked text where it says the same, since people have chosen its digits.
-    [[nodiscard]] QString textFor(const QString &path, const HeldField &held, const QString &asked) const
+    [[nodiscard]] QString textFor(const QString &path, const HeldField &held, const QString &asked)
     {
         using Kind = TextType::Kind;
         const TextType &type = held.row->type;
@@ -220,8 +281,8 @@ private:
             !asked.isEmpty() && type.kind != Kind::Boolean && type.kind != Kind::Name && isValid(type, asked);
         if (isChosen)
             return asked;
-        if (const auto *const places = formLayout->places.find(path))
-            return valueIn(*formLayout, places->back());
+        if (const auto *const places = form().places.find(path))
+            return valueIn(form(), places->back());
         return settableText(type, held.value);
     }
 
@@ -284,23 +345,23 @@ private:
     }
 
     /// The object whose element or attribute the field is: that around a block that is but a text.
-    [[nodiscard]] QString ownerOf(const QString &path) const
+    [[nodiscard]] QString ownerOf(const QString &path)
     {
         const QString parent = parentOf(path);
-        const bool isText = !formLayout->places.find(parent) && formLayout->places.find(path);
+        const bool isText = !form().places.find(parent) && form().places.find(path);
         return isText ? parentOf(parent) : parent;
     }
 
     void addObject(const QString &path, const FieldPlace &parent)
     {
         added.insert(path);
-        const auto *const places = formLayout->places.find(path);
+        const auto *const places = form().places.find(path);
         if (!places) {
             fail(QStringLiteral("no document says it"), path);
             return;
         }
         const FieldPlace &place = places->back();
-        const XmlEditor::NewElement element{&formLayout->source, &formLayout->tree, place.element};
+        const XmlEditor::NewElement element{&form().source, &form().tree, place.element};
         if (mayAddElement(path))
             editor.addElement(parent.element, previousSibling(parent, place),
                               orderOf(*parent.table, *place.row), element);
@@ -345,18 +406,18 @@ private:
         return previous;
     }
 
-    [[nodiscard]] Index previousSibling(const FieldPlace &parent, const FieldPlace &place) const
+    [[nodiscard]] Index previousSibling(const FieldPlace &parent, const FieldPlace &place)
     {
         return siblingBefore(layout.tree, *parent.table, parent.element, *place.row,
                              [&](Index child) { return isAhead(place, child); });
     }
 
     /// Whether a new element called by a name stands before \a child.
-    [[nodiscard]] bool isAhead(const FieldPlace &place, Index child) const
+    [[nodiscard]] bool isAhead(const FieldPlace &place, Index child)
     {
         if (place.row->part == nullptr || place.row->part->kind != Part::Kind::Map)
             return false;
-        return formLayout->tree.attribute(place.element, UniqueNameAttribute)
+        return form().tree.attribute(place.element, UniqueNameAttribute)
             < layout.tree.attribute(child, UniqueNameAttribute);
     }
 
@@ -414,7 +475,8 @@ private:
     }
 
     const DocumentKind &kind;
-    QVector<DocumentEdit::Change> changes;
+    const QVector<DocumentEdit::Change> changes;
+    const EditScope scope;
     EditLayout layout;
     XmlEditor editor;
     std::unique_ptr<TESSEL::ITesselObject> changed; ///< as it is to be read
@@ -422,7 +484,7 @@ private:
     HeldFields before;
     HeldFields after;
     XmlTree formTree;
-    std::unique_ptr<EditLayout> formLayout; ///< of the changed object, as it would be written
+    std::unique_ptr<EditLayout> formLayout; ///< of the changed object; null until it is asked for
     QSet<QString> added;
     QSet<QString> completedLists; ///< to which all is added that is to be
 };
@@ -433,7 +495,26 @@ EditPlan::EditPlan(ParsedDocument &document, const QVector<DocumentEdit::Change>
     allPatches = plan.patches();
     allErrors = plan.errors;
     allLosses = plan.losses;
-    expectedFields = plan.expected();
+    plan.moveTo(*this);
+}
+
+QVector<Finding> EditPlan::differencesIn(const EditScope &part, const TESSEL::ITesselObject &read) const
+{
+    ExpectedFields expected(heldBy(*kind, *changed, part));
+    for (const auto &[path, isInList] : removals)
+        isInList ? expected.unsetElement(path) : expected.unset(path);
+    return expected.differencesTo(heldBy(*kind, read, part));
+}
+
+/// Outside the scope no path is removed, moves up or may be anything, since each of those begins with a step
+/// of the scope: there the same fields are expected as the changed object holds. Only where they are not the
+/// same in the same order is the whole document compared by its paths, to tell each difference.
+QVector<Finding> EditPlan::differencesTo(const TESSEL::ITesselObject &read) const
+{
+    QVector<Finding> differences = differencesIn(scope, read);
+    if (differences.isEmpty() && areSameBeside(scope, *kind, *changed, read))
+        return differences;
+    return differencesIn({}, read);
 }
 
 } // namespace KORMAK::Inspection

@@ -9,6 +9,7 @@
 
 #include <QVector>
 
+#include <memory>
 #include <vector>
 
 namespace KORMAK::Inspection {
@@ -23,15 +24,27 @@ public:
     [[nodiscard]] const std::vector<TextPatch> &patches() const noexcept { return allPatches; }
     /// Comments and the like in what is removed.
     [[nodiscard]] const Findings &losses() const noexcept { return allLosses; }
-    [[nodiscard]] const ExpectedFields &expected() const noexcept { return expectedFields; }
+    /// What \a read, the object of the document when it is done, holds otherwise than it is to, as errors.
+    [[nodiscard]] QVector<Finding> differencesTo(const TESSEL::ITesselObject &read) const;
 
 private:
     class Plan;
 
+    struct Removal {
+        QString path;
+        bool isInList;
+    };
+
+    [[nodiscard]] QVector<Finding> differencesIn(const EditScope &part,
+                                                 const TESSEL::ITesselObject &read) const;
+
     QVector<Finding> allErrors;
     std::vector<TextPatch> allPatches;
     Findings allLosses;
-    ExpectedFields expectedFields;
+    const DocumentKind *kind;
+    EditScope scope; ///< of the changes
+    std::unique_ptr<TESSEL::ITesselObject> changed; ///< as it is to be read, but for the removals
+    std::vector<Removal> removals;
 };
 
 } // namespace KORMAK::Inspection

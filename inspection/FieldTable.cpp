@@ -395,6 +395,8 @@ QString bracketed(const FieldParts &parts, const QString &key)
 {
     if (parts.kind == FieldParts::Kind::One)
         return {};
+    if (!key.contains(QLatin1Char('\\')) && !key.contains(QLatin1Char(']')))
+        return QLatin1Char('[') + key + QLatin1Char(']');
     QString text = key;
     text.replace(QLatin1Char('\\'), QStringLiteral("\\\\")).replace(QLatin1Char(']'), QStringLiteral("\\]"));
     return QLatin1Char('[') + text + QLatin1Char(']');

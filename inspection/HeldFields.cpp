@@ -1,11 +1,16 @@
 #include "inspection/HeldFields_p.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace KORMAK::Inspection {
 
 namespace {
 
+using Kind = FieldParts::Kind;
+
 void addHeld(HeldFields &all, const FieldTable &table, const void *object, const QString &prefix,
-             bool isConditional = false)
+             const EditScope &scope, bool isConditional = false)
 {
     for (const FieldRow &row : table) {
         if (!row.isInDocuments || !row.existsIn(object))
@@ -15,19 +20,78 @@ void addHeld(HeldFields &all, const FieldTable &table, const void *object, const
             all[path] = {&row, row.get(object), isConditional || row.exists};
             continue;
         }
-        for (const FieldPart &part : row.parts->all(object))
-            addHeld(all, row.parts->table, part.object,
-                    path + bracketed(*row.parts, part.key) + QLatin1Char('.'), isConditional || row.exists);
+        for (const FieldPart &part : row.parts->all(object)) {
+            const QString step = path + bracketed(*row.parts, part.key);
+            if (!prefix.isEmpty() || row.parts->kind != Kind::Map || scope.holds(step))
+                addHeld(all, row.parts->table, part.object, step + QLatin1Char('.'), scope,
+                        isConditional || row.exists);
+        }
     }
+}
+
+bool areSameObjects(const FieldTable &table, const void *a, const void *b);
+
+bool areSameFields(const FieldRow &row, const void *a, const void *b)
+{
+    if (row.existsIn(a) != row.existsIn(b))
+        return false;
+    if (!row.existsIn(a))
+        return true;
+    if (!row.parts)
+        return areSame(row.get(a), row.get(b));
+    const std::vector<FieldPart> ofA = row.parts->all(a);
+    const std::vector<FieldPart> ofB = row.parts->all(b);
+    return std::equal(
+        ofA.begin(), ofA.end(), ofB.begin(), ofB.end(), [&row](const FieldPart &one, const FieldPart &other) {
+            return one.key == other.key && areSameObjects(row.parts->table, one.object, other.object);
+        });
+}
+
+bool areSameObjects(const FieldTable &table, const void *a, const void *b)
+{
+    return std::all_of(table.begin(), table.end(), [a, b](const FieldRow &row) {
+        return !row.isInDocuments || areSameFields(row, a, b);
+    });
+}
+
+std::vector<FieldPart> partsBeside(const EditScope &scope, const FieldRow &row, const void *object)
+{
+    std::vector<FieldPart> parts = row.parts->all(object);
+    const auto isInScope = [&](const FieldPart &part) {
+        return scope.holds(row.key.toString() + bracketed(*row.parts, part.key));
+    };
+    parts.erase(std::remove_if(parts.begin(), parts.end(), isInScope), parts.end());
+    return parts;
 }
 
 } // namespace
 
-HeldFields heldBy(const DocumentKind &kind, const TESSEL::ITesselObject &object)
+HeldFields heldBy(const DocumentKind &kind, const TESSEL::ITesselObject &object, const EditScope &scope)
 {
     HeldFields all;
-    addHeld(all, kind.fields(), kind.address(object), {});
+    addHeld(all, kind.fields(), kind.address(object), {}, scope);
     return all;
+}
+
+bool areSameBeside(const EditScope &scope, const DocumentKind &kind, const TESSEL::ITesselObject &a,
+                   const TESSEL::ITesselObject &b)
+{
+    const void *const addressOfA = kind.address(a);
+    const void *const addressOfB = kind.address(b);
+    const FieldTable &fields = kind.fields();
+    return std::all_of(fields.begin(), fields.end(), [&](const FieldRow &row) {
+        if (!row.isInDocuments || !row.parts || row.parts->kind != Kind::Map)
+            return true; // the whole row is in the scope
+        if (!row.existsIn(addressOfA) || !row.existsIn(addressOfB))
+            return row.existsIn(addressOfA) == row.existsIn(addressOfB);
+        const std::vector<FieldPart> ofA = partsBeside(scope, row, addressOfA);
+        const std::vector<FieldPart> ofB = partsBeside(scope, row, addressOfB);
+        return std::equal(ofA.begin(), ofA.end(), ofB.begin(), ofB.end(),
+                          [&row](const FieldPart &one, const FieldPart &other) {
+                              return one.key == other.key
+                                  && areSameObjects(row.parts->table, one.object, other.object);
+                          });
+    });
 }
 
 bool isBelow(const QString &path, const QString &whole)

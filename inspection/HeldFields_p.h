@@ -3,6 +3,7 @@
 #define KORMAK_INSPECTION_HELDFIELDS_P_H
 
 #include <inspection/DocumentKind_p.h>
+#include <inspection/EditScope_p.h>
 #include <inspection/FieldTable_p.h>
 
 #include <QString>
@@ -19,7 +20,15 @@ struct HeldField {
 };
 using HeldFields = std::map<QString, HeldField>;
 
-[[nodiscard]] HeldFields heldBy(const DocumentKind &kind, const TESSEL::ITesselObject &object);
+/// Those in the \a scope.
+[[nodiscard]] HeldFields heldBy(const DocumentKind &kind, const TESSEL::ITesselObject &object,
+                                const EditScope &scope = {});
+
+/// Whether two objects hold the same outside the \a scope: the same fields with the same values, and lists
+/// and maps of the same length, in the same order. Then heldBy() would give the same for both, but for what
+/// is in the scope.
+[[nodiscard]] bool areSameBeside(const EditScope &scope, const DocumentKind &kind,
+                                 const TESSEL::ITesselObject &a, const TESSEL::ITesselObject &b);
 
 /// Whether \a path is that of a field of the object at \a whole.
 [[nodiscard]] bool isBelow(const QString &path, const QString &whole);

@@ -4,6 +4,7 @@
 
 #include <inspection/FindingData_p.h>
 #include <inspection/XmlTree_p.h>
+#include <kormak/Parameter.h>
 
 #include <QString>
 #include <QStringView>
@@ -12,7 +13,6 @@
 
 namespace KORMAK {
 class GenericReceiver;
-class Parameter;
 } // namespace KORMAK
 
 namespace KORMAK::Inspection {
@@ -24,12 +24,27 @@ public:
     const KORMAK::Parameter &parameter;
     bool isInReceiver;
     bool hasReplaced; ///< an element before it has the same unique name
+    unsigned childTypes; ///< the types that children are called by, a bit each
 
-    [[nodiscard]] bool hasBlock() const { return !blocks().empty(); }
+    /// Whether a child is called by the name of \a type.
+    [[nodiscard]] bool hasChildOf(ParameterType type) const { return (childTypes & bitOf(type)) != 0; }
+    /// Whether a child is called by the name of another type than these.
+    [[nodiscard]] bool hasChildBeside(ParameterType one, ParameterType other) const
+    {
+        return (childTypes & ~bitOf(one) & ~bitOf(other)) != 0;
+    }
+    /// 0 for an invalid type.
+    [[nodiscard]] static constexpr unsigned bitOf(ParameterType type)
+    {
+        return type == ParameterType::Invalid ? 0 : 1U << static_cast<unsigned>(type);
+    }
+
+    [[nodiscard]] bool hasBlock() const;
 
     /// The elements called \a name in the blocks of the parameter's type, at any depth, as reading finds
     /// them.
     [[nodiscard]] std::vector<XmlTree::Index> inBlocks(QStringView name) const;
+    [[nodiscard]] bool isInBlocks(QStringView name) const;
 
     /// At \a element.
     [[nodiscard]] FindingData finding(XmlTree::Index element, const QString &message) const;
@@ -40,6 +55,10 @@ public:
     [[nodiscard]] FindingData findingAtBlock(const QString &message) const;
 
 private:
+    template <class Work>
+    bool anyBlock(Work work) const;
+    template <class Work>
+    bool anyInBlocks(QStringView name, Work work) const;
     [[nodiscard]] std::vector<XmlTree::Index> blocks() const;
 };
 

@@ -49,6 +49,8 @@ qsizetype characterLength(const uchar *bytes, qsizetype size)
 bool isReadWithin(const QByteArray &text, const TESSEL::ReadingLimits &limits)
 {
     using TESSEL::RefusedText;
+    if (!TESSEL::mayBeRefused({text.constData(), static_cast<std::size_t>(text.size())}, limits))
+        return true;
     const QString characters = QString::fromUtf8(text);
     const auto refused = TESSEL::refusalOf(characters, limits);
     if (!refused)

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace KORMAK::Inspection {
 
@@ -32,8 +33,9 @@ const Row *childRow(const ObjectTable &table, QStringView name)
     return row == table.elements.end() ? nullptr : row;
 }
 
-PlacesByPath::PlacesByPath(const XmlTree &xml, const DocumentKind &kind, const TESSEL::ITesselObject &object)
-    : tree(xml)
+PlacesByPath::PlacesByPath(const XmlTree &xml, const DocumentKind &kind, const TESSEL::ITesselObject &object,
+                           EditScope wanted)
+    : tree(xml), scope(std::move(wanted))
 {
     const ObjectTable &table = kind.table();
     places[QString()].push_back({XmlTree::Root, nullptr, &table});
@@ -91,6 +93,8 @@ void PlacesByPath::addChild(const ObjectTable &table, Index child, const QString
         const FieldTable &fields = fieldsOf(table);
         path += bracketed(*fields.find(row->name)->parts,
                           tree.attribute(child, UniqueNameAttribute).value_or(QString()));
+        if (prefix.isEmpty() && !scope.holds(path))
+            return;
         forget(path); // of several with one name only the last one counts
     } else if (inner.begin) {
         forgetLists(inner, path + QLatin1Char('.')); // it forgets what elements before it held

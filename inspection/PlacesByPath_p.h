@@ -3,6 +3,7 @@
 #define KORMAK_INSPECTION_PLACESBYPATH_P_H
 
 #include <inspection/DocumentKind_p.h>
+#include <inspection/EditScope_p.h>
 #include <inspection/XmlTree_p.h>
 
 #include <QString>
@@ -29,8 +30,9 @@ public:
         qsizetype offset; ///< of the element that it stands in
     };
 
-    /// \a object is what the document says.
-    PlacesByPath(const XmlTree &tree, const DocumentKind &kind, const TESSEL::ITesselObject &object);
+    /// Of what is in the \a scope. \a object is what the document says.
+    PlacesByPath(const XmlTree &tree, const DocumentKind &kind, const TESSEL::ITesselObject &object,
+                 EditScope scope = {});
 
     /// All places of a field or of an object in the document, the last of which counts; the document itself
     /// has the path "". Null when there is none.
@@ -49,6 +51,7 @@ private:
     void addUnread(const TESSEL::ObjectTable &table, XmlTree::Index element, const QString &prefix);
 
     const XmlTree &tree;
+    const EditScope scope;
     std::map<QString, std::vector<FieldPlace>> places;
     std::map<QString, int> counts; ///< of the elements of lists, by the paths of the lists
     std::vector<Unread> unreadValues;

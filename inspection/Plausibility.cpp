@@ -174,9 +174,10 @@ QString versionUnknown(const Subject &subject)
     const Row *const row = subject.table.attribute(u"Version");
     if (!row || !row->get)
         return {};
-    const QString text = settableText(row->type, row->get(subject.object));
-    if (text == subject.newestVersion) // as nearly all are
-        return {};
+    const FieldValue value = row->get(subject.object);
+    if (const auto *const text = std::get_if<QString>(&value); text && *text == subject.newestVersion)
+        return {}; // as nearly all are
+    const QString text = settableText(row->type, value);
     const auto version = versionOf(text);
     const auto newest = versionOf(subject.newestVersion);
     if (text.isEmpty() || (version && version >= std::pair(1, 0) && version <= newest))
@@ -203,6 +204,49 @@ constexpr struct Rule {
     {{}, u"Version", FindingId::SuspiciousVersion, versionUnknown},
 };
 
+class PartSources;
+
+/// Where an object was read from.
+struct Origin {
+    PartSources *all = nullptr; ///< of the parts that it is one of; null: it is the document
+    std::size_t index = 0;
+
+    /// They have filled the object one after the other; none are known when there are none.
+    [[nodiscard]] const Elements &elements() const;
+};
+
+/// From which elements the parts of an object were read: looked for when the first is asked for, as they are
+/// where there is something to tell.
+class PartSources {
+public:
+    PartSources(const XmlTree &readFrom, const ObjectTable &objectTable, const Row &objectRow,
+                const std::vector<FieldPart> &objectParts, const Origin &objectOrigin)
+        : tree(readFrom), table(objectTable), row(objectRow), parts(objectParts), origin(objectOrigin)
+    {
+    }
+
+    [[nodiscard]] const Elements &elements(std::size_t index)
+    {
+        if (sources.size() < parts.size())
+            sources = sourcesOf(tree, table, row, parts, {origin.elements()});
+        return sources[index].elements;
+    }
+
+private:
+    const XmlTree &tree;
+    const ObjectTable &table;
+    const Row &row;
+    const std::vector<FieldPart> &parts;
+    const Origin &origin;
+    std::vector<FieldSource> sources;
+};
+
+const Elements &Origin::elements() const
+{
+    static const Elements root{XmlTree::Root};
+    return all ? all->elements(index) : root;
+}
+
 /// Goes through an object and the elements that it was read from.
 class Judge {
 public:
@@ -211,29 +255,27 @@ public:
     Findings judge(const DocumentKind &kind, const TESSEL::ITesselObject &object)
     {
         const auto fresh = kind.create();
-        visit(kind.rootElement, {kind.table(), kind.address(object), fresh->GetVersion(), now},
-              {XmlTree::Root});
+        visit(kind.rootElement, {kind.table(), kind.address(object), fresh->GetVersion(), now}, {});
         return std::move(findings);
     }
 
 private:
-    /// \a elements have filled the object one after the other; none are known when there are none.
-    void visit(QStringView element, const Subject &subject, const Elements &elements)
+    void visit(QStringView element, const Subject &subject, const Origin &origin)
     {
         for (const Rule &rule : Rules) {
             if (!rule.element.isNull() && rule.element != element)
                 continue;
             if (const QString objection = rule.objection(subject); !objection.isEmpty())
-                findings.push_back(finding(rule, subject.table, elements, objection));
+                findings.push_back(finding(rule, subject.table, origin.elements(), objection));
         }
         for (const Row &row : subject.table.elements) {
             if (!row.part || row.content != Row::Content::Object)
                 continue;
             const std::vector<FieldPart> parts = row.part->all(subject.object);
-            const auto sources = sourcesOf(tree, subject.table, row, parts, {elements});
+            PartSources sources(tree, subject.table, row, parts, origin);
             for (std::size_t i = 0; i < parts.size(); ++i) {
                 visit(row.name, {row.part->table(), parts[i].object, TESSEL::defaultVersion(), now},
-                      sources[i].elements);
+                      {&sources, i});
             }
         }
     }

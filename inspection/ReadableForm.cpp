@@ -50,23 +50,31 @@ class ReadableWriter {
 public:
     enum class Purpose { Document, Draft };
 
-    ReadableWriter(QXmlStreamWriter &xml, Purpose wanted) : writer(xml), purpose(wanted) { }
+    ReadableWriter(QXmlStreamWriter &xml, Purpose wanted, const EditScope &parts = {})
+        : writer(xml), purpose(wanted), scope(parts)
+    {
+    }
 
     void write(QStringView name, const ObjectTable &table, const void *object, void *reader)
     {
-        writer.writeStartElement(name.toString());
+        ++depth;
+        if (!isSilent)
+            writer.writeStartElement(name.toString());
         if (table.begin)
             table.begin(reader);
         writeAttributes(table, object, reader);
         if (const Row *const whole = table.wholeText ? table.wholeText(reader) : nullptr) {
             const QString text = textOf(*whole, object);
-            writer.writeCharacters(text);
+            if (!isSilent)
+                writer.writeCharacters(text);
             whole->read(reader, text);
         } else {
             for (const Row &row : table.elements)
                 writeElement(table, row, object, reader);
         }
-        writer.writeEndElement();
+        if (!isSilent)
+            writer.writeEndElement();
+        --depth;
     }
 
 private:
@@ -79,7 +87,8 @@ private:
             if (!isWorthWriting(table, row, object, reader) || isPassedOver(row))
                 continue;
             const QString text = textOf(row, object);
-            writer.writeAttribute(row.name.toString(), text);
+            if (!isSilent)
+                writer.writeAttribute(row.name.toString(), text);
             row.read(reader, text);
         }
     }
@@ -90,7 +99,8 @@ private:
             writeParts(table, row, object, reader);
         } else if (row.read && isWorthWriting(table, row, object, reader)) {
             const QString text = textOf(row, object);
-            writer.writeTextElement(row.name.toString(), text);
+            if (!isSilent)
+                writer.writeTextElement(row.name.toString(), text);
             row.read(reader, text);
         }
     }
@@ -102,12 +112,21 @@ private:
             return;
         if (isOwned && !isOwnedPresent(table, row, object, reader))
             return;
+        const bool isScoped = depth == 1 && row.part->kind == TESSEL::Part::Kind::Map;
         for (const FieldPart &part : row.part->all(object)) {
+            // What is not in the scope still leaves its traces in the reader.
+            isSilent = isSilent || (isScoped && !scope.holds(stepOf(table, row, part)));
             void *const partReader = row.part->enter(reader);
             write(row.name, row.part->table(), part.object, partReader);
             if (row.part->leave)
                 row.part->leave(reader, partReader);
+            isSilent = isSilent && !isScoped;
         }
+    }
+
+    static QString stepOf(const ObjectTable &table, const Row &row, const FieldPart &part)
+    {
+        return row.name.toString() + bracketed(*fieldsOf(table).find(row.name)->parts, part.key);
     }
 
     static bool isOwnedPresent(const ObjectTable &table, const Row &row, const void *object, void *reader)
@@ -152,22 +171,26 @@ private:
 
     QXmlStreamWriter &writer;
     const Purpose purpose;
+    const EditScope scope;
+    int depth = 0; ///< of open elements
+    bool isSilent = false; ///< reads, but does not write
 };
 
 void write(QXmlStreamWriter &xml, ReadableWriter::Purpose purpose, const DocumentKind &kind,
-           const TESSEL::ITesselObject &object)
+           const TESSEL::ITesselObject &object, const EditScope &scope = {})
 {
     const auto reader = kind.create();
-    ReadableWriter(xml, purpose)
+    ReadableWriter(xml, purpose, scope)
         .write(kind.rootElement, kind.table(), kind.address(object), kind.variableAddress(*reader));
 }
 
 } // namespace
 
-std::optional<QByteArray> readableForm(const DocumentKind &kind, const TESSEL::ITesselObject &object)
+std::optional<QByteArray> readableForm(const DocumentKind &kind, const TESSEL::ITesselObject &object,
+                                       const EditScope &scope)
 {
     TESSEL::DocumentWriter writer;
-    write(writer.xml(), ReadableWriter::Purpose::Document, kind, object);
+    write(writer.xml(), ReadableWriter::Purpose::Document, kind, object, scope);
     const auto text = writer.finish();
     return text ? std::optional<QByteArray>(text->toUtf8()) : std::nullopt;
 }

@@ -5,6 +5,7 @@
 #define KORMAK_INSPECTION_READABLEFORM_P_H
 
 #include <inspection/DocumentKind_p.h>
+#include <inspection/EditScope_p.h>
 
 #include <QByteArray>
 
@@ -13,8 +14,9 @@
 namespace KORMAK::Inspection {
 
 /// A whole document, be the object complete or not. Nothing when a text in it holds what XML cannot carry.
-[[nodiscard]] std::optional<QByteArray> readableForm(const DocumentKind &kind,
-                                                     const TESSEL::ITesselObject &object);
+/// Of objects in a map only those in the \a scope stand in it, as they would in the whole.
+[[nodiscard]] std::optional<QByteArray>
+readableForm(const DocumentKind &kind, const TESSEL::ITesselObject &object, const EditScope &scope = {});
 
 /// Whether XML can carry \a text.
 [[nodiscard]] bool isRepresentable(const QString &text);

@@ -34,7 +34,7 @@ Findings limitsThatExcludeAll(const Element &element)
     return withNumbers<Findings>(element.parameter, [&element](const auto &handler) -> Findings {
         if (!(handler.GetMinimum() > handler.GetMaximum()))
             return {};
-        const QStringView place = element.inBlocks(MinimumTag).empty() ? MaximumTag : MinimumTag;
+        const QStringView place = element.isInBlocks(MinimumTag) ? MinimumTag : MaximumTag;
         FindingData finding = element.findingInBlocks(
             place,
             QStringLiteral("the minimum %1 is above the maximum %2")
@@ -98,7 +98,7 @@ Findings blockOfOtherType(const Element &element)
     const Parameter &parameter = element.parameter;
     const ParameterType type =
         parameter.IsDoubleList() ? ParameterType::Double : parameter.GetParameterType();
-    if (type == ParameterType::Invalid)
+    if (type == ParameterType::Invalid || !element.hasChildBeside(type, ParameterType::DoubleList))
         return {};
     const XmlTree &tree = element.tree;
     Findings findings;
@@ -180,9 +180,11 @@ Findings entriesMarkedAsDefault(const Element &element)
 
 Findings booleanType(const Element &element)
 {
+    const bool mayBeWithoutType = element.parameter.GetParameterType() == ParameterType::Invalid;
+    if (!element.parameter.IsBoolean() && !mayBeWithoutType)
+        return {};
     const Index value = element.tree.findChild(element.index, BooleanTag);
-    const bool isWithoutType =
-        element.parameter.GetParameterType() == ParameterType::Invalid && value != XmlTree::None;
+    const bool isWithoutType = mayBeWithoutType && value != XmlTree::None;
     if (!element.parameter.IsBoolean() && !isWithoutType)
         return {};
     FindingData finding =
@@ -197,7 +199,7 @@ Findings booleanType(const Element &element)
 template <class Message>
 Findings leftByAnother(const Element &element, QStringView tag, Message message)
 {
-    if (!element.isInReceiver || !element.inBlocks(tag).empty())
+    if (!element.isInReceiver || element.isInBlocks(tag))
         return {};
     return {
         element.findingAtBlock(QStringLiteral("there is no \"%1\", so %2").arg(tag.toString(), message()))};
@@ -225,9 +227,9 @@ Findings lengthLeftByAnother(const Element &element)
 
 Findings blockWithoutEnd(const Element &element)
 {
-    const Index block = element.tree.findChild(element.index, DoubleListTag);
-    if (block == XmlTree::None)
+    if (!element.hasChildOf(ParameterType::DoubleList))
         return {};
+    const Index block = element.tree.findChild(element.index, DoubleListTag);
     FindingData finding = element.finding(
         block,
         QStringLiteral("a block \"DoubleList\" is read on to the next end of a \"Double\"; open it as that"));

@@ -1,7 +1,5 @@
 #include "inspection/TextPool_p.h"
 
-#include <QHash>
-
 #include <algorithm>
 #include <cstring>
 #include <new>
@@ -15,11 +13,20 @@ namespace {
 // they fit.
 constexpr std::size_t ChunkSize = 65536;
 constexpr TextPool::Id LongText = 0x80000000;
-constexpr int LongestShort = 127;
 constexpr std::size_t FewRecent = 128; ///< enough for a document that is no longer than most are
 constexpr std::size_t MostRecent = 4096;
 constexpr std::size_t BytesOfFew = 2048;
 constexpr unsigned Wide = 1;
+
+/// Texts that are meant to clash only lose the sharing of ids.
+std::size_t hashOf(QStringView text)
+{
+    constexpr std::size_t Factor = 31;
+    std::size_t hash = 0;
+    for (const QChar c : text)
+        hash = hash * Factor + c.unicode();
+    return hash;
+}
 
 bool isLatin1(QStringView text)
 {
@@ -58,7 +65,7 @@ TextPool::Id TextPool::put(QStringView text)
         recent.assign(MostRecent, Empty);
     else if (recent.empty())
         recent.assign(FewRecent, Empty);
-    Id &known = recent[static_cast<std::size_t>(qHash(text)) % recent.size()];
+    Id &known = recent[hashOf(text) % recent.size()];
     if (isText(known, text))
         return known;
     const auto length = static_cast<std::size_t>(text.size());
@@ -88,6 +95,23 @@ QString TextPool::text(Id id) const
     QString text(length, Qt::Uninitialized);
     std::memcpy(text.data(), bytes + 1, static_cast<std::size_t>(length) * sizeof(QChar));
     return text;
+}
+
+QStringView TextPool::text(Id id, Room &room) const
+{
+    if (id == Empty)
+        return {};
+    if ((id & LongText) != 0)
+        return longTexts[id & ~LongText];
+    const char *const bytes = chunks[(id - 1) / ChunkSize].get() + (id - 1) % ChunkSize;
+    const auto head = static_cast<unsigned char>(bytes[0]);
+    const int length = head >> 1U;
+    if ((head & Wide) == 0)
+        std::transform(bytes + 1, bytes + 1 + length, room.units,
+                       [](char c) { return static_cast<char16_t>(static_cast<uchar>(c)); });
+    else
+        std::memcpy(room.units, bytes + 1, static_cast<std::size_t>(length) * sizeof(QChar));
+    return {room.units, length};
 }
 
 bool TextPool::isText(Id id, QStringView wanted) const

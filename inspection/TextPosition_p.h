@@ -22,12 +22,16 @@ struct TextPosition {
 /// text in all.
 class TextPositions {
 public:
-    explicit TextPositions(QByteArray utf8) : text(std::move(utf8)) { }
+    explicit TextPositions(QByteArray utf8) : text(std::move(utf8)), hasReturns(text.contains('\r')) { }
 
     [[nodiscard]] TextPosition at(qsizetype offset);
 
 private:
+    void advanceByLineFeeds(qsizetype end);
+    void advance(qsizetype end);
+
     const QByteArray text;
+    const bool hasReturns; ///< so that lines may end otherwise than by a line feed
     qsizetype place = 0;
     TextPosition position;
 };

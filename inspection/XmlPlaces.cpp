@@ -35,6 +35,13 @@ std::string_view viewOf(const QByteArray &bytes)
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
 
+bool isAsciiOnly(const QByteArray &bytes)
+{
+    const auto end = bytes.cend();
+    const auto rest = bytes.cbegin() + static_cast<TESSEL::TextSize>(asciiLength(bytes, 0, bytes.size()));
+    return std::all_of(rest, end, [](char c) { return static_cast<signed char>(c) >= 0; });
+}
+
 bool isFurtherByte(char c)
 {
     constexpr int UpperBits = 0xC0;
@@ -98,7 +105,7 @@ PlacedReader::PlacedReader(QByteArray utf8)
       begin(viewOf(text).substr(0, ByteOrderMark.size()) == ByteOrderMark
                 ? static_cast<qsizetype>(ByteOrderMark.size())
                 : 0),
-      place(begin)
+      isAscii(isAsciiOnly(text)), place(begin)
 {
     if (text.size() < FewestBytesOfDevice)
         return;
@@ -110,6 +117,8 @@ PlacedReader::PlacedReader(QByteArray utf8)
 qsizetype PlacedReader::offset()
 {
     const qint64 wanted = reader.characterOffset();
+    if (isAscii)
+        return static_cast<qsizetype>(std::min<qint64>(wanted, text.size()));
     if (wanted < units) {
         units = 0;
         place = begin;

@@ -42,6 +42,7 @@ private:
     QBuffer device;
     QXmlStreamReader reader;
     const qsizetype begin;
+    const bool isAscii; ///< each character is a byte
     qsizetype place; ///< that `units` code units lie before
     qint64 units = 0;
     qsizetype lastStart = 0;

@@ -10,17 +10,38 @@
 #include <QXmlStreamReader>
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 #include <limits>
 #include <new>
+#include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 
 namespace KORMAK::Inspection {
 
+namespace {
+
+bool areEqual(QStringView a, QStringView b)
+{
+    return a.size() == b.size()
+        && std::memcmp(a.data(), b.data(), static_cast<std::size_t>(a.size()) * sizeof(QChar)) == 0;
+}
+
+bool holds(const QByteArray &text, std::string_view word)
+{
+    return std::string_view(text.constData(), static_cast<std::size_t>(text.size())).find(word)
+        != std::string_view::npos;
+}
+
+} // namespace
+
 class XmlTreeBuilder {
 public:
     XmlTreeBuilder(XmlTree &result, const QByteArray &document, int depthLimit)
-        : tree(result), mostDepth(depthLimit), placed(document), reader(placed.xml())
+        : tree(result), mostDepth(depthLimit), placed(document), reader(placed.xml()),
+          mayDeclareNamespaces(holds(document, "xmlns") || holds(document, "!DOCTYPE"))
     {
     }
 
@@ -39,12 +60,19 @@ private:
     struct Open {
         Index element;
         Index lastChild;
-        TESSEL::TextSize textBegin; ///< of its text so far in that of all open elements
+        std::size_t textBegin; ///< of its text so far in that of all open elements
     };
 
     struct NameHash {
         std::size_t operator()(QStringView name) const { return static_cast<std::size_t>(qHash(name)); }
     };
+
+    /// A name that was met, at a place that its length and outer characters tell.
+    struct RecentName {
+        QStringView name = {}; ///< null: none
+        quint32 number = 0;
+    };
+    static constexpr std::size_t RecentNames = 256;
 
     static constexpr auto MostNodes = static_cast<std::size_t>(std::numeric_limits<Index>::max());
 
@@ -62,8 +90,10 @@ private:
                 endElement();
                 break;
             case QXmlStreamReader::Characters:
-                if (!open.empty())
-                    texts += reader.text();
+                if (!open.empty()) {
+                    const auto text = reader.text();
+                    texts.append(QStringView(text).utf16(), static_cast<std::size_t>(text.size()));
+                }
                 break;
             default:
                 addAside();
@@ -80,12 +110,24 @@ private:
 
     quint32 numberOf(QStringView name)
     {
+        const uint place =
+            name.front().unicode() * 7U + name.back().unicode() * 31U + static_cast<uint>(name.size()) * 131U;
+        RecentName &recent = recentNames[place % RecentNames];
+        if (!areEqual(recent.name, name)) {
+            recent.number = numberOfRare(name);
+            recent.name = tree.names[recent.number]; // whose characters stay where they are
+        }
+        return recent.number;
+    }
+
+    quint32 numberOfRare(QStringView name)
+    {
         const auto known = numbers.find(name); // documents repeat few names many times
         if (known != numbers.end())
             return known->second;
         const auto number = static_cast<quint32>(tree.names.size());
         tree.names.push_back(name.toString());
-        numbers.emplace(tree.names.back(), number); // whose characters stay where they are
+        numbers.emplace(tree.names.back(), number);
         return number;
     }
 
@@ -94,7 +136,8 @@ private:
         if (tree.nodes.size() == MostNodes || tree.nodeAttributes.size() >= MostNodes)
             throw std::bad_alloc();
         const qsizetype start = placed.startOfToken();
-        const QXmlStreamNamespaceDeclarations declarations = reader.namespaceDeclarations();
+        const QXmlStreamNamespaceDeclarations declarations =
+            mayDeclareNamespaces ? reader.namespaceDeclarations() : QXmlStreamNamespaceDeclarations();
         const auto present = declarations.isEmpty() ? Attributes() : withDeclarations(declarations);
         if (tree.isBroken())
             return;
@@ -186,17 +229,21 @@ private:
         const bool isRoot = element.element == XmlTree::Root;
         const bool hasLayout = element.lastChild != XmlTree::None || isRoot;
         if (isRoot && element.lastChild == XmlTree::None)
-            tree.rootContent = content.toString();
+            tree.rootContent = content.isEmpty() ? QString() : content.toString();
         setText(element.element, hasLayout ? withoutLayout(content) : content);
         close();
     }
 
     /// Of the innermost element that is open.
-    QStringView openText() const { return QStringView(texts).mid(open.back().textBegin); }
+    QStringView openText() const
+    {
+        const std::size_t begin = open.back().textBegin;
+        return {texts.data() + begin, static_cast<qsizetype>(texts.size() - begin)};
+    }
 
     void close()
     {
-        texts.truncate(open.back().textBegin);
+        texts.resize(open.back().textBegin);
         open.pop_back();
     }
 
@@ -235,17 +282,14 @@ private:
     QXmlStreamReader &reader;
     std::unordered_map<QStringView, quint32, NameHash> numbers;
     std::vector<Open> open;
-    QString texts; ///< of all open elements, one behind the other
+    const bool mayDeclareNamespaces; ///< only words in the text, or entities, do
+    std::array<RecentName, RecentNames> recentNames;
+    std::u16string texts; ///< of all open elements, one behind the other
 };
 
 XmlTree::XmlTree(const QByteArray &utf8, int mostDepth)
 {
     XmlTreeBuilder(*this, utf8, mostDepth).build();
-}
-
-std::size_t XmlTree::attributesEnd(Index element) const
-{
-    return element + 1 < end() ? node(element + 1).firstAttribute : nodeAttributes.size();
 }
 
 std::vector<XmlTree::Attribute> XmlTree::attributes(Index element) const
@@ -255,11 +299,6 @@ std::vector<XmlTree::Attribute> XmlTree::attributes(Index element) const
     for (std::size_t i = node(element).firstAttribute; i < last; ++i)
         found.push_back({names[nodeAttributes[i].name], texts.text(nodeAttributes[i].value)});
     return found;
-}
-
-bool XmlTree::hasAttributes(Index element) const
-{
-    return node(element).firstAttribute < attributesEnd(element);
 }
 
 std::optional<QString> XmlTree::attribute(Index element, QStringView name) const

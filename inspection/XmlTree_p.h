@@ -3,13 +3,15 @@
 #ifndef KORMAK_INSPECTION_XMLTREE_P_H
 #define KORMAK_INSPECTION_XMLTREE_P_H
 
+#include <inspection/ChunkedList_p.h>
 #include <inspection/TextPool_p.h>
 
 #include <QByteArray>
 #include <QString>
 #include <QStringView>
 
-#include <deque>
+#include <algorithm>
+#include <iterator>
 #include <limits>
 #include <optional>
 #include <vector>
@@ -60,8 +62,18 @@ public:
 
     /// With its prefix.
     [[nodiscard]] const QString &name(Index element) const { return names[node(element).name]; }
+    /// What an element or attribute is called, as a number from 0: equal names have the same one.
+    using NameNumber = quint32;
+    [[nodiscard]] NameNumber nameNumber(Index element) const { return node(element).name; }
+    /// All names of the document, each at its number.
+    [[nodiscard]] const std::vector<QString> &allNames() const noexcept { return names; }
     /// Without the white space around it that lays out child elements or the document.
     [[nodiscard]] QString text(Index element) const { return texts.text(node(element).text); }
+    /// As text(), for as long as \a room holds it.
+    [[nodiscard]] QStringView text(Index element, TextPool::Room &room) const
+    {
+        return texts.text(node(element).text, room);
+    }
     /// Of a root without children, with all white space.
     [[nodiscard]] const QString &rootText() const noexcept { return rootContent; }
     [[nodiscard]] bool hasText(Index element) const { return node(element).text != TextPool::Empty; }
@@ -78,9 +90,23 @@ public:
 
     /// Namespace declarations count as attributes.
     [[nodiscard]] std::vector<Attribute> attributes(Index element) const;
-    [[nodiscard]] bool hasAttributes(Index element) const;
+    [[nodiscard]] bool hasAttributes(Index element) const
+    {
+        return node(element).firstAttribute < attributesEnd(element);
+    }
     /// The value of the attribute called \a name; nothing when there is none.
     [[nodiscard]] std::optional<QString> attribute(Index element, QStringView name) const;
+    /// Does \a work with the name and the value of each attribute, which are there for as long as it takes.
+    template <class Work>
+    void eachAttribute(Index element, Work work) const
+    {
+        TextPool::Room room;
+        const std::size_t last = attributesEnd(element);
+        for (std::size_t i = node(element).firstAttribute; i < last; ++i) {
+            const NodeAttribute &attribute = nodeAttributes[i];
+            work(attribute.name, texts.text(attribute.value, room));
+        }
+    }
 
     /// Elements have the indexes from Root to before this one; all that is in an element follows it.
     [[nodiscard]] Index end() const { return static_cast<Index>(nodes.size()); }
@@ -98,7 +124,7 @@ private:
 
     // As small as can be: a document of a gigabyte has some ten million elements.
     struct Node {
-        quint32 name; ///< its number
+        NameNumber name;
         TextPool::Id text;
         qint32 offset;
         Index parent;
@@ -106,15 +132,18 @@ private:
         quint32 firstAttribute; ///< its attributes end where those of the next element begin
     };
     struct NodeAttribute {
-        quint32 name;
+        NameNumber name;
         TextPool::Id value;
     };
 
     [[nodiscard]] const Node &node(Index element) const { return nodes[static_cast<std::size_t>(element)]; }
-    [[nodiscard]] std::size_t attributesEnd(Index element) const;
+    [[nodiscard]] std::size_t attributesEnd(Index element) const
+    {
+        return element + 1 < end() ? node(element + 1).firstAttribute : nodeAttributes.size();
+    }
 
-    std::deque<Node> nodes;
-    std::deque<NodeAttribute> nodeAttributes;
+    ChunkedList<Node> nodes;
+    ChunkedList<NodeAttribute> nodeAttributes;
     std::vector<QString> names;
     TextPool texts;
     std::vector<Aside> asides;
@@ -126,7 +155,10 @@ private:
 /// The name of an element without its prefix.
 [[nodiscard]] inline QStringView localName(QStringView name)
 {
-    return name.mid(name.lastIndexOf(QLatin1Char(':')) + 1);
+    const auto *const colon = std::find(std::make_reverse_iterator(name.end()),
+                                        std::make_reverse_iterator(name.begin()), QChar(u':'))
+                                  .base();
+    return name.mid(colon - name.begin());
 }
 
 /// The attribute that tells apart elements of the same name.

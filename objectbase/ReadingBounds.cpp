@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <type_traits>
 #include <unordered_map>
 #include <vector>
 
@@ -44,22 +45,26 @@ bool holds(QStringView text, QStringView word)
 
 /// Whether a tag could have more than \a most attributes. No tag holds a "<" but at its start, so that only
 /// stretches without one that are long enough for so many are looked at.
-bool mayHaveMoreAttributes(QStringView text, qint64 most)
+template <class Text>
+bool mayHaveMoreAttributes(Text text, qint64 most)
 {
+    using Unit = std::decay_t<decltype(text[0])>;
+    using Place = decltype(text.size());
+    const auto at = [text](qint64 place) { return text[static_cast<Place>(place)]; };
+    const auto size = static_cast<qint64>(text.size());
     constexpr qint64 ShortestAttribute = 4; // a=""
     const qint64 shortestTag = product(ShortestAttribute, most + 1);
     qint64 begin = 0;
-    while (begin <= text.size() - shortestTag) {
+    while (begin <= size - shortestTag) {
         qint64 last = begin + shortestTag - 1;
-        while (last >= begin && text[static_cast<TextSize>(last)] != u'<')
+        while (last >= begin && at(last) != Unit(u'<'))
             --last;
         if (last >= begin) {
             begin = last + 1;
             continue;
         }
-        const auto next = text.indexOf(u'<', static_cast<TextSize>(begin + shortestTag));
-        const qint64 end = next < 0 ? text.size() : next;
-        if (std::count(text.begin() + begin, text.begin() + end, QChar(u'=')) > most)
+        const auto end = std::find(text.begin() + begin + shortestTag, text.end(), Unit(u'<')) - text.begin();
+        if (std::count(text.begin() + begin, text.begin() + end, Unit(u'=')) > most)
             return true;
         begin = end + 1;
     }
@@ -523,13 +528,20 @@ std::optional<RefusedText> refusalOfTokens(const QString &text, const ReadingLim
 std::optional<RefusedText> refusalOf(const QString &text, const ReadingLimits &limits)
 {
     const bool hasDocumentType = holds(text, u"!DOCTYPE");
-    if (hasDocumentType || mayHaveMoreAttributes(text, std::max(limits.GetAttributes(), 0))) {
+    if (hasDocumentType || mayHaveMoreAttributes(QStringView(text), std::max(limits.GetAttributes(), 0))) {
         if (auto refusal = TextScan(text, limits).refusal())
             return refusal;
     }
     if (hasDocumentType || holds(text, u"xmlns"))
         return refusalOfTokens(text, limits);
     return std::nullopt;
+}
+
+bool mayBeRefused(std::string_view utf8, const ReadingLimits &limits)
+{
+    const auto isThere = [utf8](std::string_view word) { return utf8.find(word) != std::string_view::npos; };
+    return isThere("!DOCTYPE") || isThere("xmlns")
+        || mayHaveMoreAttributes(utf8, std::max(limits.GetAttributes(), 0)); // in bytes no tag is shorter
 }
 
 } // namespace TESSEL

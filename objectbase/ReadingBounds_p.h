@@ -11,6 +11,7 @@
 #include <QString>
 
 #include <optional>
+#include <string_view>
 
 namespace TESSEL {
 
@@ -26,6 +27,9 @@ struct RefusedText {
 /// text has a document type or namespaces; elsewhere it is counted while reading.
 [[nodiscard]] OBJECTBASE_EXPORT std::optional<RefusedText> refusalOf(const QString &text,
                                                                      const ReadingLimits &limits);
+
+/// Whether refusalOf() has to look at the text that \a utf8 is; of what it need not, it says nothing.
+[[nodiscard]] OBJECTBASE_EXPORT bool mayBeRefused(std::string_view utf8, const ReadingLimits &limits);
 
 } // namespace TESSEL
 

@@ -41,6 +41,9 @@ void TextPoolTest::texts()
     const TextPool::Id id = pool.put(text);
     QVERIFY(pool.put(u"behind") != id);
     QCOMPARE(pool.text(id), text);
+    TextPool::Room room;
+    QCOMPARE(pool.text(id, room).toString(), text);
+    QCOMPARE(pool.text(id, room).isNull(), text.isEmpty());
     QCOMPARE(id == TextPool::Empty, text.isEmpty());
 }
 
