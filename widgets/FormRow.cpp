@@ -219,11 +219,8 @@ void FormRow::showNotes()
         : hasError || !reason.isEmpty()    ? ValueMark::Error
                                            : ValueMark::Warning;
     notes->show(lines, mark);
-    if (!fieldControl)
-        return;
-    const QString text = lines.join(QLatin1Char('\n'));
-    fieldControl->mark(text);
-    fieldControl->widget().setAccessibleDescription(text);
+    if (fieldControl)
+        fieldControl->widget().setAccessibleDescription(lines.join(QLatin1Char('\n')));
 }
 
 QString FormRow::notesText() const
