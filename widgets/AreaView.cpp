@@ -76,11 +76,12 @@ struct AreaView::Private {
     /// Room for the longest captions, so that the map keeps its size.
     [[nodiscard]] int captionHeight() const
     {
-        constexpr int Characters = 90; // of each of its two sentences
+        constexpr int Characters = 80; // of each of its two sentences
         constexpr int Most = 3;
         constexpr int Gap = 4;
         const int needed = sizeOfText(widget, Characters, 1).width();
-        const int lines = 2 * std::clamp(needed / std::max(1, widget.width() - 2 * Gap) + 1, 1, Most);
+        const int width = std::max(1, widget.width() - 2 * Gap);
+        const int lines = 2 * std::clamp((needed + width - 1) / width, 1, Most);
         return sizeOfText(widget, 1, lines).height() + 2 * Gap;
     }
     [[nodiscard]] QSizeF mapSize() const

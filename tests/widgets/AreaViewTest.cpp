@@ -240,7 +240,7 @@ void AreaViewTest::captionsHaveRoom()
 {
     QFETCH(const Places, places);
     const Window window(places);
-    for (const int width : {320, 480, 640, 1000}) {
+    for (const int width : {320, 400, 480, 560, 640, 800, 1000}) {
         window.view->resize(width, 500);
         const int room = window.view->minimumSizeHint().height() - 160; // which is the map's
         const QRect needed = window.view->fontMetrics().boundingRect(

@@ -704,6 +704,12 @@ void DocumentFormTest::rightToLeft()
     QVERIFY(placeOf(label).right() < placeOf(control).left());
     QCOMPARE(placeOf(notes->parentWidget()).left(), placeOf(control).left());
     QVERIFY(label->alignment() & Qt::AlignLeft);
+    QVERIFY2(qAbs(placeOf(label).center().y() - placeOf(control).center().y()) <= 1,
+             qPrintable(QString("%1+%2 beside %3+%4")
+                            .arg(placeOf(label).top())
+                            .arg(label->height())
+                            .arg(placeOf(control).top())
+                            .arg(control->height())));
     form.form.setLayoutDirection(Qt::RightToLeft);
     QApplication::processEvents();
     QVERIFY(placeOf(label).left() > placeOf(control).right());
