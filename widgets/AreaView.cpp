@@ -4,6 +4,7 @@
 #include <widgets/AreaCaption_p.h>
 #include <widgets/AreaEditor_p.h>
 #include <widgets/AreaMapPainter_p.h>
+#include <widgets/TextSize_p.h>
 
 #include <QAccessible>
 #include <QContextMenuEvent>
@@ -75,13 +76,13 @@ struct AreaView::Private {
     /// Room for the longest captions, so that the map keeps its size.
     [[nodiscard]] int captionHeight() const
     {
-        constexpr int Characters = 150;
-        constexpr int Least = 2;
-        constexpr int Most = 5;
+        constexpr int Characters = 80; // of each of its two sentences
+        constexpr int Most = 3;
         constexpr int Gap = 4;
-        const int needed = Characters * widget.fontMetrics().averageCharWidth();
-        const int lines = std::clamp(needed / std::max(1, widget.width()) + 1, Least, Most);
-        return lines * widget.fontMetrics().lineSpacing() + 2 * Gap;
+        const int needed = sizeOfText(widget, Characters, 1).width();
+        const int width = std::max(1, widget.width() - 2 * Gap);
+        const int lines = 2 * std::clamp((needed + width - 1) / width, 1, Most);
+        return sizeOfText(widget, 1, lines).height() + 2 * Gap;
     }
     [[nodiscard]] QSizeF mapSize() const
     {

@@ -312,14 +312,6 @@ struct DocumentForm::Private {
         return nullptr;
     }
 
-    /// At once, so that what has come can be scrolled to.
-    void layOut() const
-    {
-        page->layout()->activate();
-        QEvent request(QEvent::LayoutRequest);
-        QApplication::sendEvent(page, &request);
-    }
-
     void tellCurrent()
     {
         const QWidget *const focused = QApplication::focusWidget();
@@ -399,7 +391,7 @@ bool DocumentForm::ShowField(const QString &path)
         if (!row)
             continue;
         constexpr int Margin = 60;
-        d->layOut();
+        d->page->layout()->activate(); // so that what has come can be scrolled to
         if (QWidget *const control = d->controlBelow(row)) {
             d->area->ensureWidgetVisible(control, 0, Margin);
             control->setFocus(Qt::OtherFocusReason);

@@ -48,7 +48,7 @@ bool isLeft(const QEvent &event)
 /// So that lines end where those above and below them do.
 void setUsualWidth(QWidget &widget)
 {
-    constexpr int Characters = 38;
+    constexpr int Characters = 42;
     widget.setMinimumWidth(sizeOfText(widget, Characters, 1).width());
 }
 
@@ -61,8 +61,6 @@ public:
     LineControl(ValueEdit *line, Writer valueWriter, Setter fieldSetter)
         : FieldControl(std::move(fieldSetter)), edit(line), writer(std::move(valueWriter))
     {
-        setUsualWidth(*edit);
-        edit->setMaximumWidth(edit->minimumWidth());
         edit->installEventFilter(this);
         QObject::connect(edit, &ValueEdit::Finished, this, [this] { hand(); });
     }
@@ -75,6 +73,8 @@ public:
         const QString typed = edit->text();
         const int cursor = edit->cursorPosition();
         state = newState;
+        setUsualWidth(*edit);
+        edit->setMaximumWidth(edit->minimumWidth());
         edit->setPlaceholderText(textOfUnset(state));
         if (isRefusedValue())
             return;
@@ -103,8 +103,6 @@ public:
         }
         return {};
     }
-
-    void mark(const QString &problem) override { edit->SetNote(problem); }
 
     bool eventFilter(QObject *object, QEvent *event) override
     {
@@ -233,8 +231,6 @@ public:
         return {};
     }
 
-    void mark(const QString &problem) override { edit->SetMarked(!problem.isEmpty()); }
-
 private:
     void discard()
     {
@@ -257,8 +253,6 @@ public:
     BooleanControl(QWidget *parent, Setter fieldSetter)
         : FieldControl(std::move(fieldSetter)), box(new QCheckBox(parent))
     {
-        constexpr int Room = 8;
-        box->setMinimumHeight(box->fontMetrics().height() + Room); // as other lines
         box->setTristate(true);
         box->setFocusPolicy(Qt::StrongFocus);
         QObject::connect(box, &QCheckBox::clicked, this, [this] { hand(); });
@@ -269,7 +263,9 @@ public:
 
     void show(const FieldState &newState) override
     {
+        constexpr int Room = 8;
         state = newState;
+        box->setMinimumHeight(box->fontMetrics().height() + Room); // as other lines
         setRefusal({});
         showState();
     }
@@ -320,7 +316,6 @@ public:
     NameControl(QWidget *parent, Setter fieldSetter)
         : FieldControl(std::move(fieldSetter)), box(new NameBox(parent))
     {
-        setUsualWidth(*box);
         QObject::connect(box, QOverload<int>::of(&QComboBox::activated), this,
                          [this](int index) { hand(index); });
     }
@@ -331,6 +326,7 @@ public:
     {
         const bool isSame = state.said == newState.said && state.field == newState.field && box->count() > 0;
         state = newState;
+        setUsualWidth(*box);
         setRefusal({});
         if (!isSame)
             fill();

@@ -54,8 +54,6 @@ public:
     virtual QString take() { return {}; }
     /// Why what people did last is not taken; empty when it is.
     [[nodiscard]] const QString &refusal() const noexcept { return refused; }
-    /// \a problem is what is wrong with the field; empty for nothing.
-    virtual void mark(const QString & /*problem*/) { }
     /// How high its first line is, which its label stands beside.
     [[nodiscard]] virtual int lineHeight() const;
 

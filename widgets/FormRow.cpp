@@ -118,9 +118,9 @@ void FormRow::arrange(QGridLayout &grid, int &at) const
 {
     constexpr int Both = 2; // columns
     if (fieldControl) {
-        // Texts take the width that there is.
+        // Texts take the width that there is, and may have many lines: the label stands beside the first.
         const bool isText = outlineLine.node.GetField().GetType() == Field::Type::Text;
-        grid.addWidget(label, at, 0, Qt::AlignTop);
+        grid.addWidget(label, at, 0, isText ? Qt::AlignTop : Qt::Alignment());
         grid.addWidget(&fieldControl->widget(), at++, 1,
                        isText ? Qt::Alignment() : Qt::Alignment(Qt::AlignLeading));
         grid.addWidget(notes, at++, 1);
@@ -151,8 +151,8 @@ void FormRow::show(const std::optional<QString> &said, const QVector<Note> &newN
         state.isBad = state.isBad || (note.place.isEmpty() && note.finding.GetId() == FindingId::BadValue);
     }
     if (fieldControl) {
-        showLabel();
         fieldControl->show(state);
+        showLabel();
     } else if (bar) {
         showHeading();
     } else if (button) {
@@ -168,7 +168,8 @@ void FormRow::showLabel()
     const bool isRequired = field.GetRequirement() == Requirement::Always;
     label->setAlignment(leadingSide(*label));
     label->setText(outlineLine.title + (isRequired ? QStringLiteral(" *") : QString()));
-    label->setFixedHeight(std::max(fieldControl->lineHeight(), label->sizeHint().height()));
+    if (field.GetType() == Field::Type::Text)
+        label->setFixedHeight(std::max(fieldControl->lineHeight(), label->sizeHint().height()));
     QStringList tips{field.GetPath(), field.GetAllowedInWords()};
     if (isRequired)
         tips += DocumentForm::tr("Required");
@@ -219,11 +220,8 @@ void FormRow::showNotes()
         : hasError || !reason.isEmpty()    ? ValueMark::Error
                                            : ValueMark::Warning;
     notes->show(lines, mark);
-    if (!fieldControl)
-        return;
-    const QString text = lines.join(QLatin1Char('\n'));
-    fieldControl->mark(text);
-    fieldControl->widget().setAccessibleDescription(text);
+    if (fieldControl)
+        fieldControl->widget().setAccessibleDescription(lines.join(QLatin1Char('\n')));
 }
 
 QString FormRow::notesText() const

@@ -1,12 +1,10 @@
 #include "widgets/ProseEdit_p.h"
 
 #include <widgets/TextSize_p.h>
-#include <widgets/ValueMark_p.h>
 
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QPainter>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
@@ -17,13 +15,17 @@ namespace KORMAK::Widgets {
 
 namespace {
 
-constexpr int MarkWidth = 14;
 constexpr int MostLines = 8; ///< that are seen without scrolling
 
 } // namespace
 
 ProseEdit::ProseEdit(QWidget *parent) : QPlainTextEdit(parent)
 {
+    // As lines, beside which it stands, have it.
+    constexpr int Beside = 2;
+    constexpr int Above = 1;
+    document()->setDocumentMargin(Beside);
+    setViewportMargins(0, Above, 0, Above);
     setTabChangesFocus(true);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -43,12 +45,6 @@ void ProseEdit::SetText(const QString &newText)
     text = newText;
     if (GetText() != newText)
         setPlainText(newText);
-}
-
-void ProseEdit::SetMarked(bool isMarked)
-{
-    marked = isMarked;
-    viewport()->update();
 }
 
 int ProseEdit::lines() const
@@ -75,7 +71,8 @@ int ProseEdit::heightOf(int lines) const
 {
     const int frame = 2 * frameWidth();
     const int margin = static_cast<int>(2 * document()->documentMargin());
-    return sizeOfText(*this, 1, lines).height() + frame + margin;
+    const QMargins around = viewportMargins();
+    return sizeOfText(*this, 1, lines).height() + frame + margin + around.top() + around.bottom();
 }
 
 void ProseEdit::fit()
@@ -129,18 +126,6 @@ void ProseEdit::keyPressEvent(QKeyEvent *event)
     } else {
         QPlainTextEdit::keyPressEvent(event);
     }
-}
-
-void ProseEdit::paintEvent(QPaintEvent *event)
-{
-    QPlainTextEdit::paintEvent(event);
-    if (!marked)
-        return;
-    QPainter painter(viewport());
-    const int width = viewport()->width();
-    const int top = (heightOf(1) - 2 * frameWidth() - MarkWidth) / 2;
-    paintMark(painter, {isRightToLeft() ? 2 : width - MarkWidth - 2, top, MarkWidth, MarkWidth},
-              ValueMark::Warning, palette());
 }
 
 void ProseEdit::resizeEvent(QResizeEvent *event)

@@ -17,8 +17,6 @@ public:
     /// Lines end with a line feed.
     [[nodiscard]] QString GetText() const;
     void SetText(const QString &text);
-    /// Shows that something is wrong with it.
-    void SetMarked(bool isMarked);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -35,7 +33,6 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
     void insertFromMimeData(const QMimeData *source) override;
     void keyPressEvent(QKeyEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
 
@@ -45,7 +42,6 @@ private:
     void fit();
 
     QString text; ///< that was set
-    bool marked = false;
 };
 
 } // namespace KORMAK::Widgets

@@ -1,6 +1,5 @@
-// Shows the parameters of a receiver, to be set and saved: panel FILE [--save FILE], which saves at once and
-// ends.
-
+// Shows the parameters of a receiver, to be set and saved: panel FILE. With the name of a copy, panel FILE
+// COPY, it saves that and ends.
 #include <models/OpenDocument.h>
 #include <widgets/ReceiverPanel.h>
 #include <widgets/Undo.h>
@@ -15,62 +14,43 @@
 #include <QStatusBar>
 #include <QUndoStack>
 
-#include <cstdlib>
-#include <iostream>
-
-namespace {
-
-/// What is still open in the panel is taken; bytes that were not changed are saved as they were.
-/// \return why it is not saved; empty when it is
-QString save(KORMAK::OpenDocument &receiver, const QString &path)
-{
-    for (const KORMAK::Finding &refused : receiver.TakeOpenEdits())
-        return refused.GetPath() + QStringLiteral(": ") + refused.GetMessage();
-    const QByteArray text = receiver.GetText();
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
-        return file.errorString();
-    receiver.SetUnmodified();
-    return {};
-}
-
-} // namespace
-
 int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
-    const QStringList words = QApplication::arguments();
-    QFile file(words.value(1));
-    if (words.size() < 2 || !file.open(QIODevice::ReadOnly)) {
-        std::cerr << "Usage: panel FILE [--save FILE], as in receiver.xml\n";
-        return EXIT_FAILURE;
+    const QString path = QApplication::arguments().value(1);
+    const QString copy = QApplication::arguments().value(2);
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        qCritical("Usage: panel FILE [COPY], as in receiver.xml");
+        return 1;
     }
     KORMAK::OpenDocument receiver;
     receiver.SetText(file.readAll());
-    QUndoStack changes;
-    KORMAK::ConnectUndo(changes, receiver);
 
     QMainWindow window;
+    window.setWindowTitle(path + QStringLiteral("[*]"));
     window.setCentralWidget(new KORMAK::ReceiverPanel(receiver));
-    window.setWindowTitle(words.at(1) + QStringLiteral("[*]"));
     QObject::connect(&receiver, &KORMAK::OpenDocument::ModifiedChanged, &window, &QWidget::setWindowModified);
+    const auto save = [&](const QString &to) {
+        QSaveFile saved(to);
+        const bool isTaken = receiver.TakeOpenEdits().isEmpty(); // else it is marked in the panel
+        const bool isSaved = isTaken && saved.open(QIODevice::WriteOnly)
+            && saved.write(receiver.GetText()) >= 0 && saved.commit();
+        if (isSaved)
+            receiver.SetUnmodified();
+        window.statusBar()->showMessage(isSaved       ? QStringLiteral("Saved")
+                                            : isTaken ? saved.errorString()
+                                                      : QStringLiteral("What was typed is no value"));
+        return isSaved;
+    };
+    QUndoStack changes;
+    KORMAK::ConnectUndo(changes, receiver);
     QMenu &menu = *window.menuBar()->addMenu(QStringLiteral("&Receiver"));
-    QAction &saving = *menu.addAction(QStringLiteral("&Save"));
-    saving.setShortcut(QKeySequence::Save);
-    QObject::connect(&saving, &QAction::triggered, &window, [&] {
-        const QString problem = save(receiver, words.at(1));
-        window.statusBar()->showMessage(problem.isEmpty() ? QStringLiteral("Saved") : problem);
-    });
+    menu.addAction(QStringLiteral("&Save"), &window, [&] { save(path); })->setShortcut(QKeySequence::Save);
     menu.addAction(changes.createUndoAction(&menu));
     menu.addAction(changes.createRedoAction(&menu));
     menu.actions().at(1)->setShortcut(QKeySequence::Undo);
     menu.actions().at(2)->setShortcut(QKeySequence::Redo);
-    constexpr QSize Size(900, 640);
-    window.resize(Size);
     window.show();
-    if (words.value(2) != QStringLiteral("--save"))
-        return QApplication::exec();
-    const QString problem = save(receiver, words.value(3));
-    std::cerr << problem.toStdString();
-    return problem.isEmpty() ? EXIT_SUCCESS : EXIT_FAILURE;
+    return copy.isEmpty() ? QApplication::exec() : save(copy) ? 0 : 1;
 }

@@ -158,6 +158,8 @@ private Q_SLOTS:
     void initTestCase();
     void captions_data();
     void captions();
+    void captionsHaveRoom_data();
+    void captionsHaveRoom();
     void allOfTheAreaIsSeen_data();
     void allOfTheAreaIsSeen();
     void draggingMovesOnePoint();
@@ -227,6 +229,25 @@ void AreaViewTest::captions()
     QFETCH(const QString, caption);
     const Window window(places);
     QVERIFY2(window.view->GetCaption().contains(caption), qPrintable(window.view->GetCaption()));
+}
+
+void AreaViewTest::captionsHaveRoom_data()
+{
+    captions_data();
+}
+
+void AreaViewTest::captionsHaveRoom()
+{
+    QFETCH(const Places, places);
+    const Window window(places);
+    for (const int width : {320, 400, 480, 560, 640, 800, 1000}) {
+        window.view->resize(width, 500);
+        const int room = window.view->minimumSizeHint().height() - 160; // which is the map's
+        const QRect needed = window.view->fontMetrics().boundingRect(
+            QRect(0, 0, width - 8, 500), Qt::TextWordWrap, window.view->GetCaption());
+        QVERIFY2(needed.height() + 4 <= room,
+                 qPrintable(QString("%1 of %2 at %3").arg(needed.height()).arg(room).arg(width)));
+    }
 }
 
 void AreaViewTest::allOfTheAreaIsSeen_data()

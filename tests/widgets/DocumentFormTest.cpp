@@ -128,6 +128,9 @@ private Q_SLOTS:
     void wheelNeedsTheFocus_data();
     void wheelNeedsTheFocus();
     void tabOrder();
+    void rightToLeft_data();
+    void rightToLeft();
+    void largeFonts();
     void accessibleNames();
     void decimalComma();
     void listsGrowAndShrink();
@@ -226,7 +229,6 @@ void DocumentFormTest::limitsDoNotClamp()
     job.enter("AntennaData.Azimuth", "400");
     QCOMPARE(job.text("AntennaData.Azimuth"), "400");
     QCOMPARE(job.line("AntennaData.Azimuth")->text(), "400");
-    QVERIFY(!job.line("AntennaData.Azimuth")->GetProblem().isEmpty());
     QVERIFY(!job.form.GetNotes("AntennaData.Azimuth").isEmpty());
 
     const QByteArray text = example(Workflow);
@@ -664,6 +666,85 @@ void DocumentFormTest::tabOrder()
              "JobHeader.JobType, JobHeader.Author, JobHeader.Creation, JobHeader.ShowJDH, "
              "JobHeader.Description, AntennaData.Name, AntennaData.MinimumFrequency, "
              "AntennaData.MaximumFrequency, AntennaData.Azimuth, AntennaData.Polarization");
+}
+
+void DocumentFormTest::rightToLeft_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::newRow("name") << "JobHeader.JobType";
+    QTest::newRow("text") << "JobHeader.Author";
+    QTest::newRow("date") << "JobHeader.Creation";
+    QTest::newRow("boolean") << "JobHeader.ShowJDH";
+    QTest::newRow("number") << "AntennaData.MinimumFrequency";
+}
+
+/// Labels stand where lines begin, controls beside them and what findings say below, on the same side.
+void DocumentFormTest::rightToLeft()
+{
+    QFETCH(const QString, path);
+    Form form(faultyJob());
+    QWidget *const control = form.form.GetControl(path);
+    const auto label = [&form, control] {
+        const auto labels = form.form.findChildren<QLabel *>();
+        const auto found = std::find_if(labels.begin(), labels.end(),
+                                        [control](const QLabel *one) { return one->buddy() == control; });
+        return found == labels.end() ? nullptr : *found;
+    }();
+    const auto notes = [&form, path] {
+        const auto labels = form.form.findChildren<QLabel *>();
+        const auto found = std::find_if(labels.begin(), labels.end(), [&](const QLabel *one) {
+            return one->isVisible() && one->text() == form.form.GetNotes(path);
+        });
+        return found == labels.end() ? nullptr : *found;
+    }();
+    QVERIFY(label && notes);
+    const auto placeOf = [&form](const QWidget *widget) {
+        return QRect(widget->mapTo(&form.form, QPoint()), widget->size());
+    };
+    QVERIFY(placeOf(label).right() < placeOf(control).left());
+    QCOMPARE(placeOf(notes->parentWidget()).left(), placeOf(control).left());
+    QVERIFY(label->alignment() & Qt::AlignLeft);
+    QVERIFY2(qAbs(placeOf(label).center().y() - placeOf(control).center().y()) <= 1,
+             qPrintable(QString("%1+%2 beside %3+%4")
+                            .arg(placeOf(label).top())
+                            .arg(label->height())
+                            .arg(placeOf(control).top())
+                            .arg(control->height())));
+    form.form.setLayoutDirection(Qt::RightToLeft);
+    QApplication::processEvents();
+    QVERIFY(placeOf(label).left() > placeOf(control).right());
+    QCOMPARE(placeOf(notes->parentWidget()).right(), placeOf(control).right());
+    QVERIFY(label->alignment() & Qt::AlignRight);
+    QVERIFY(notes->alignment() & Qt::AlignRight);
+    QVERIFY(placeOf(notes).right() < placeOf(notes->parentWidget()).right() - 14); // the sign is there
+}
+
+/// Nothing is cut off, however large the font is.
+void DocumentFormTest::largeFonts()
+{
+    Form form(faultyJob());
+    QFont font = form.form.font();
+    font.setPointSizeF(font.pointSizeF() * 2);
+    form.form.setFont(font);
+    form.form.resize(1200, 1300);
+    QApplication::processEvents();
+    const auto labels = form.form.findChildren<QLabel *>();
+    for (const QLabel *const label : labels) {
+        if (label->isVisible() && !label->text().isEmpty())
+            QVERIFY2(label->height() >= label->heightForWidth(label->width())
+                         && (label->wordWrap() || label->width() >= label->sizeHint().width()),
+                     qPrintable(label->text()));
+    }
+    for (const KORMAK::Field &field : form.document.GetDocument().GetFields()) {
+        const QWidget *const control = form.form.GetControl(field.GetPath());
+        if (!control)
+            continue;
+        const QSize least = control->minimumSizeHint();
+        QVERIFY2(control->height() >= least.height() && control->width() >= least.width(),
+                 qPrintable(field.GetPath()));
+        if (qobject_cast<const QLineEdit *>(control))
+            QVERIFY(control->width() >= 30 * control->fontMetrics().averageCharWidth());
+    }
 }
 
 void DocumentFormTest::accessibleNames()
