@@ -198,7 +198,7 @@ protected:
     void discard() override { settle(); }
     [[nodiscard]] QString take() override
     {
-        const QString reason = whyUnreadable();
+        QString reason = whyUnreadable();
         if (!reason.isEmpty())
             return reason;
         settle();

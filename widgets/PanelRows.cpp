@@ -99,7 +99,7 @@ bool PanelRows::isFirstOfGroup(int row) const
 
 QString PanelRows::problemOf(const QModelIndex &index) const
 {
-    const QString typedProblem = draft(index).problem;
+    QString typedProblem = draft(index).problem;
     if (!typedProblem.isEmpty())
         return typedProblem;
     const QStringList messages = index.data(ParameterModel::MessagesRole).toStringList();
