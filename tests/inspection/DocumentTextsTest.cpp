@@ -107,7 +107,7 @@ void DocumentTextsTest::emptyTexts()
     QVERIFY(!isValid(flag, {}));
     flag.mayBeEmpty = true;
     QVERIFY(isValid(flag, {}));
-    QVERIFY(!isValid(flag, "1"));
+    QVERIFY(!isValid(flag, u"1"));
     QVERIFY(isValid(row(Kind::Text).type, {}));
 }
 
