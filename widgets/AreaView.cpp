@@ -535,14 +535,7 @@ QString AreaView::GetCaption() const
         if (d->move)
             first += tr(" (moving)");
     } else if (outline.error().isEmpty()) {
-        const Inspection::OutlineRing ring = densified(outline);
-        const Inspection::MapProjection projection(centreOf(ring));
-        std::vector<Inspection::MapPoint> places;
-        for (const Inspection::OutlinePoint &point : ring) {
-            if (const auto one = projection.project(point.latitude, point.longitude))
-                places.push_back(*one);
-        }
-        first = extentText(outline, boundsOf(places)) + QLatin1Char('.');
+        first = extentText(outline) + QLatin1Char('.');
     }
     const QString second = outline.error().isEmpty() ? remarkOn(outline) : outline.error() + QLatin1Char('.');
     const QStringList lines{first, second};
