@@ -61,10 +61,11 @@ QString areaText(double squareKilometres)
     constexpr double SquareMetres = 1e6; // in a square kilometre
     constexpr int MostDecimals = 6;
     const QChar square(0xB2);
-    return squareKilometres < 1
+    return squareKilometres > 0 && squareKilometres < 1
         ? withUnit(roundedText(squareKilometres * SquareMetres, MostDecimals),
                    QString(QLatin1Char('m')) + square)
-        : withUnit(roundedText(squareKilometres, MostDecimals), QStringLiteral("km") + square);
+        : withUnit(squareKilometres == 0 ? QStringLiteral("0") : roundedText(squareKilometres, MostDecimals),
+                   QStringLiteral("km") + square);
 }
 
 /// So many that the sides of the area can be told from each other.
@@ -249,8 +250,10 @@ QString extentText(const AreaOutline &outline)
             .arg(latitudeText(extent.south, decimals), latitudeText(extent.north, decimals), longitudes);
     const AreaSize size = sizeOf(outline);
     text += QStringLiteral("; about %1 by %2").arg(lengthText(size.width), lengthText(size.height));
+    constexpr double Noise = 1e-7; // of the area of an outline without room in it
+    const double area = outline.squareKilometres();
     if (outline.shape() == Shape::Polygon && outline.crossesItself() == false)
-        text += QStringLiteral(", ") + areaText(outline.squareKilometres());
+        text += QStringLiteral(", ") + areaText(area > size.width * size.height * Noise ? area : 0);
     return text;
 }
 
