@@ -8,8 +8,6 @@
 #include <QLocale>
 #include <QStringList>
 
-#include <vector>
-
 namespace KORMAK::Widgets {
 
 using Inspection::AreaOutline;
@@ -35,18 +33,6 @@ QString selectedPointText(const AreaEditor &editor)
     return editor.isMoving() ? text + tr(" (moving)") : text;
 }
 
-QString extentOf(const AreaOutline &outline)
-{
-    const Inspection::OutlineRing ring = densified(outline);
-    const Inspection::MapProjection projection(centreOf(ring));
-    std::vector<Inspection::MapPoint> places;
-    for (const Inspection::OutlinePoint &point : ring) {
-        if (const auto one = projection.project(point.latitude, point.longitude))
-            places.push_back(*one);
-    }
-    return extentText(outline, boundsOf(places)) + QLatin1Char('.');
-}
-
 } // namespace
 
 QString areaCaption(const AreaEditor &editor, const QLocale &locale)
@@ -63,7 +49,7 @@ QString areaCaption(const AreaEditor &editor, const QLocale &locale)
     if (editor.selected() >= 0)
         lines += selectedPointText(editor);
     else if (outline.error().isEmpty())
-        lines += extentOf(outline);
+        lines += extentText(outline) + QLatin1Char('.');
     lines += outline.error().isEmpty() ? remarkOn(outline) : outline.error() + QLatin1Char('.');
     lines.removeAll(QString());
     return localised(lines.join(QLatin1Char('\n')), locale);

@@ -1,6 +1,7 @@
 #include "widgets/AreaMapPainter_p.h"
 
 #include <inspection/report/AreaDrawing_p.h>
+#include <inspection/report/AreaShape_p.h>
 #include <inspection/report/Graticule_p.h>
 #include <inspection/report/MapLand_p.h>
 
@@ -148,7 +149,10 @@ void paintScale(QPainter &painter, const MapView &view, const MapColors &colors,
     painter.drawLine(start - QPointF(1.5, 0), end + QPointF(1.5, 0));
     painter.setPen(QPen(colors.text, 3, Qt::SolidLine, Qt::FlatCap));
     painter.drawLine(start, end);
-    const QString text = locale.toString(kilometres, 'f', kilometres < 1 ? 1 : 0) + QStringLiteral(" km");
+    constexpr double MetresPerKilometre = 1000;
+    const QString text = kilometres < 1
+        ? locale.toString(kilometres * MetresPerKilometre, 'f', 0) + QStringLiteral(" m")
+        : locale.toString(kilometres, 'f', 0) + QStringLiteral(" km");
     const double width = QFontMetricsF(painter.font()).horizontalAdvance(text);
     paintText(painter, colors, {end.x() - length / 2 - width / 2, end.y() - 7}, text, colors.text);
 }
@@ -174,34 +178,19 @@ void paintNorth(QPainter &painter, const MapView &view, const MapColors &colors)
 
 void paintOutline(QPainter &painter, const MapView &view, const MapColors &colors, const AreaOutline &outline)
 {
-    const OutlineRing points = densified(outline);
-    FrameLine line;
-    std::vector<FrameLine> lines(1);
-    for (const OutlinePoint &point : points) {
-        const auto on = view.projection().project(point.latitude, point.longitude);
-        if (on) {
-            line.push_back(view.frame().place(*on));
-            lines.back().push_back(line.back());
-        } else if (!lines.back().empty()) {
-            lines.emplace_back();
-        }
+    const AreaShape shape = shapeOn(view.projection(), view.frame(), outline);
+    QPainterPath path;
+    for (const FrameLine &polygon : shape.inside) {
+        path.addPolygon(polygonOf(polygon));
+        path.closeSubpath();
     }
-    if (outline.shape() == AreaOutline::Shape::Polygon) {
-        const FrameLine polygon = view.frame().clippedPolygon(line);
-        if (!polygon.empty()) {
-            QPainterPath path;
-            path.addPolygon(polygonOf(polygon));
-            path.closeSubpath();
-            path.setFillRule(Qt::OddEvenFill);
-            QColor fill = colors.area;
-            fill.setAlpha(56);
-            painter.fillPath(path, fill);
-        }
-    }
+    path.setFillRule(Qt::OddEvenFill);
+    QColor fill = colors.area;
+    fill.setAlpha(56);
+    painter.fillPath(path, fill);
     painter.setPen(QPen(colors.area, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
-    for (const FrameLine &one : lines)
-        painter.drawPath(pathOf(view.frame().clippedLine(one)));
+    painter.drawPath(pathOf(shape.edges));
 }
 
 void paintPoints(QPainter &painter, const MapView &view, const MapLook &look,

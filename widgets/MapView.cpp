@@ -44,6 +44,14 @@ std::vector<MapPoint> projected(const MapProjection &projection, const OutlineRi
 /// The view of an area that has a point.
 MapView viewOf(const QSizeF &size, const AreaOutline &outline)
 {
+    const MapProjection best = projectionFor(outline);
+    if (best.kind() == MapProjection::Kind::Cylindrical) { // too large for one side of the earth
+        const Extent extent = outline.extent();
+        const double latitude = outline.windings() == 0 ? (extent.south + extent.north) / 2
+            : outline.isRoundNorthPole()                ? Pole
+                                                        : -Pole;
+        return {size, {latitude, best.centralLongitude()}, scaleOfEarth(size)};
+    }
     const OutlineRing points = densified(outline);
     const Place middle = centreOf(points);
     const MapProjection projection(middle);
@@ -135,7 +143,7 @@ MapView MapView::moved(const QPointF &byPixels) const
 
 MapView MapView::zoomed(double factor, const QPointF &position) const
 {
-    constexpr double LeastWidth = 1; // km
+    constexpr double LeastWidth = 0.01; // km
     const double most = inFrame.width() / LeastWidth * EarthRadius;
     const double least = scaleOfEarth(sizeInPixels);
     const double wanted = std::clamp(pixels * factor, least, most);

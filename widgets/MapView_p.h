@@ -47,7 +47,7 @@ public:
     [[nodiscard]] MapView resized(const QSizeF &newSize) const;
     /// With what is seen moved by \a pixels; not beyond a pole.
     [[nodiscard]] MapView moved(const QPointF &byPixels) const;
-    /// With what is at \a position staying there. Not nearer than a kilometre across, not farther than all.
+    /// With what is at \a position staying there. Not nearer than 10 m across, not farther than all.
     [[nodiscard]] MapView zoomed(double factor, const QPointF &position) const;
 
 private:

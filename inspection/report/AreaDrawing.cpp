@@ -1,5 +1,6 @@
 #include "inspection/report/AreaDrawing_p.h"
 
+#include <inspection/report/AreaShape_p.h>
 #include <inspection/report/Graticule_p.h>
 
 #include <algorithm>
@@ -13,6 +14,7 @@ namespace {
 
 constexpr double Pi = 3.14159265358979323846;
 constexpr double PerDegree = Pi / 180;
+constexpr double Turn = 360;
 
 /// In degrees, as if they were as long everywhere.
 double lengthOf(const OutlinePoint &from, const OutlinePoint &to)
@@ -20,24 +22,95 @@ double lengthOf(const OutlinePoint &from, const OutlinePoint &to)
     return std::hypot(to.unwrapped() - from.unwrapped(), to.latitude - from.latitude);
 }
 
-/// With three digits, and blanks between thousands.
-QString roundedText(double value)
+QString withUnit(const QString &number, const QString &unit)
+{
+    return number + QChar(0xA0) + unit;
+}
+
+/// With three digits, at most \a mostDecimals, and blanks between thousands.
+QString roundedText(double value, int mostDecimals)
 {
     constexpr int Digits = 3;
     constexpr double Base = 10;
-    const double power =
-        value == 0 ? 1 : std::pow(Base, std::floor(std::log10(std::abs(value))) - (Digits - 1));
+    const int exponent = value == 0 ? 0 : static_cast<int>(std::floor(std::log10(std::abs(value))));
+    const double power = std::pow(Base, exponent - (Digits - 1));
     const double rounded = std::round(value / power) * power;
-    QString text = QString::number(rounded, 'f',
-                                   rounded < 1                 ? 3
-                                       : rounded < Base        ? 2
-                                       : rounded < Base * Base ? 1
-                                                               : 0);
+    QString text = QString::number(rounded, 'f', std::clamp(Digits - 1 - exponent, 0, mostDecimals));
     constexpr int Group = 3;
     const auto point = text.indexOf(QLatin1Char('.'));
     for (auto i = (point < 0 ? text.size() : point) - Group; i > 0; i -= Group)
         text.insert(i, QChar(0x202F));
     return text;
+}
+
+/// In km, or in m where that is more readable.
+QString lengthText(double kilometres)
+{
+    constexpr double MetresPerKilometre = 1000;
+    constexpr int MostDecimals = 4;
+    constexpr double Nothing = 1e-7;
+    if (kilometres < Nothing)
+        return withUnit(QStringLiteral("0"), QStringLiteral("km"));
+    return kilometres < 1
+        ? withUnit(roundedText(kilometres * MetresPerKilometre, MostDecimals), QStringLiteral("m"))
+        : withUnit(roundedText(kilometres, MostDecimals), QStringLiteral("km"));
+}
+
+QString areaText(double squareKilometres)
+{
+    constexpr double SquareMetres = 1e6; // in a square kilometre
+    constexpr int MostDecimals = 6;
+    const QChar square(0xB2);
+    return squareKilometres > 0 && squareKilometres < 1
+        ? withUnit(roundedText(squareKilometres * SquareMetres, MostDecimals),
+                   QString(QLatin1Char('m')) + square)
+        : withUnit(squareKilometres == 0 ? QStringLiteral("0") : roundedText(squareKilometres, MostDecimals),
+                   QStringLiteral("km") + square);
+}
+
+/// So many that the sides of the area can be told from each other.
+int decimalsFor(const Extent &extent)
+{
+    constexpr int Least = 4;
+    constexpr int Most = 9;
+    const double east = std::abs(std::remainder(extent.east - extent.west, Turn));
+    const double size = std::max(extent.north - extent.south, east);
+    return size == 0 ? Least : std::clamp(2 - static_cast<int>(std::floor(std::log10(size))), Least, Most);
+}
+
+std::vector<MapPoint> projected(const MapProjection &projection, const OutlineRing &points)
+{
+    std::vector<MapPoint> all;
+    for (const OutlinePoint &point : points) {
+        if (const auto one = projection.project(point.latitude, point.longitude))
+            all.push_back(*one);
+    }
+    return all;
+}
+
+/// In km. On a map of all of the earth, the width is that along the parallel where the area is widest.
+struct AreaSize {
+    double width;
+    double height;
+};
+
+AreaSize sizeOf(const AreaOutline &outline)
+{
+    const MapProjection projection = projectionFor(outline);
+    if (projection.kind() == MapProjection::Kind::Azimuthal) {
+        const Bounds bounds = boundsOf(projected(projection, densified(outline)));
+        return {(bounds.most.x - bounds.least.x) * EarthRadius,
+                (bounds.most.y - bounds.least.y) * EarthRadius};
+    }
+    const Extent extent = outline.extent();
+    const bool isOnEquator = extent.south <= 0 && extent.north >= 0;
+    const double nearest =
+        isOnEquator ? 0 : std::min(std::abs(extent.south), std::abs(extent.north)) * PerDegree;
+    double east = extent.east - extent.west;
+    if (east <= 0)
+        east += Turn;
+    return {east * PerDegree * std::cos(nearest) * EarthRadius,
+            (extent.north - extent.south) * PerDegree * EarthRadius};
 }
 
 } // namespace
@@ -99,7 +172,7 @@ Bounds boundsOf(const std::vector<MapPoint> &points)
 MapFrame frameFor(const Bounds &bounds, AreaOutline::Shape shape, const FrameSize &size)
 {
     constexpr double ShareOfArea = 0.6;
-    constexpr double LeastWidth = 100; // km; coastlines would be too coarse for less
+    constexpr double LeastWidth = 0.01; // km
     constexpr double WidthRoundPoint = 600; // km
     constexpr double WidthOfEarth = 2 * 2.05 * EarthRadius; // of all of it
     const double width = (bounds.most.x - bounds.least.x) * EarthRadius / ShareOfArea;
@@ -111,6 +184,34 @@ MapFrame frameFor(const Bounds &bounds, AreaOutline::Shape shape, const FrameSiz
     return {isEarth ? MapPoint{0, 0}
                     : MapPoint{(bounds.least.x + bounds.most.x) / 2, (bounds.least.y + bounds.most.y) / 2},
             size.width / kilometres * EarthRadius, size};
+}
+
+MapProjection projectionFor(const AreaOutline &outline)
+{
+    constexpr double Farthest = 95; // degrees
+    const OutlineRing points = densified(outline);
+    const MapProjection round(centreOf(points));
+    const bool isNear = std::all_of(points.begin(), points.end(), [&round](const OutlinePoint &point) {
+        return round.distance(point.latitude, point.longitude) <= Farthest;
+    });
+    if (isNear && !AreaInside(outline).holds(round.placeOpposite()))
+        return round;
+    if (outline.windings() != 0)
+        return MapProjection({0, 0}, MapProjection::Kind::Cylindrical);
+    const auto [west, east] =
+        std::minmax_element(points.begin(), points.end(), [](const OutlinePoint &a, const OutlinePoint &b) {
+            return a.longitude < b.longitude;
+        });
+    return MapProjection({0, std::remainder((west->longitude + east->longitude) / 2, Turn)},
+                         MapProjection::Kind::Cylindrical);
+}
+
+MapFrame frameFor(const AreaOutline &outline, const MapProjection &projection, const FrameSize &size)
+{
+    if (projection.kind() == MapProjection::Kind::Azimuthal)
+        return frameFor(boundsOf(projected(projection, densified(outline))), outline.shape(), size);
+    const double width = 2 * Pi * MapProjection::TrueCosine;
+    return {{0, 0}, std::min(size.width / width, size.height / Pi), size};
 }
 
 double roundDistance(double widthInKilometres)
@@ -125,22 +226,34 @@ double roundDistance(double widthInKilometres)
     return power * (factor >= Five ? Five : factor >= Two ? Two : 1);
 }
 
-QString extentText(const AreaOutline &outline, const Bounds &bounds)
+QString distanceText(double kilometres)
+{
+    constexpr double MetresPerKilometre = 1000;
+    constexpr int Digits = 10;
+    return kilometres < 1
+        ? QString::number(kilometres * MetresPerKilometre, 'g', Digits) + QStringLiteral(" m")
+        : QString::number(kilometres, 'g', Digits) + QStringLiteral(" km");
+}
+
+QString extentText(const AreaOutline &outline)
 {
     if (outline.shape() == Shape::Point)
         return placeText(outline.points().front().latitude, outline.points().front().longitude);
     const Extent extent = outline.extent();
-    QString text = QStringLiteral("%1 to %2, %3")
-                       .arg(latitudeText(extent.south), latitudeText(extent.north),
-                            outline.windings() != 0 ? QStringLiteral("round the pole")
-                                                    : longitudeText(extent.west) + QStringLiteral(" to ")
-                                    + longitudeText(extent.east));
-    text += QStringLiteral("; about %1%3km by %2%3km")
-                .arg(roundedText((bounds.most.x - bounds.least.x) * EarthRadius),
-                     roundedText((bounds.most.y - bounds.least.y) * EarthRadius), QString(QChar(0xA0)));
+    const int decimals = decimalsFor(extent);
+    const QString longitudes = outline.windings() != 0 ? QStringLiteral("round the pole")
+        : extent.east - extent.west == Turn            ? QStringLiteral("all longitudes")
+                                            : longitudeText(extent.west, decimals) + QStringLiteral(" to ")
+            + longitudeText(extent.east, decimals);
+    QString text =
+        QStringLiteral("%1 to %2, %3")
+            .arg(latitudeText(extent.south, decimals), latitudeText(extent.north, decimals), longitudes);
+    const AreaSize size = sizeOf(outline);
+    text += QStringLiteral("; about %1 by %2").arg(lengthText(size.width), lengthText(size.height));
+    constexpr double Noise = 1e-7; // of the area of an outline without room in it
+    const double area = outline.squareKilometres();
     if (outline.shape() == Shape::Polygon && outline.crossesItself() == false)
-        text += QStringLiteral(", %1%2km%3")
-                    .arg(roundedText(outline.squareKilometres()), QString(QChar(0xA0)), QString(QChar(0xB2)));
+        text += QStringLiteral(", ") + areaText(area > size.width * size.height * Noise ? area : 0);
     return text;
 }
 
@@ -162,7 +275,8 @@ QString remarkOn(const AreaOutline &outline)
 
 QString placeText(double latitude, double longitude)
 {
-    return latitudeText(latitude) + QStringLiteral(", ") + longitudeText(longitude);
+    constexpr int Decimals = 4;
+    return latitudeText(latitude, Decimals) + QStringLiteral(", ") + longitudeText(longitude, Decimals);
 }
 
 } // namespace KORMAK::Inspection

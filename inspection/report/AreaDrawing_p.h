@@ -31,11 +31,20 @@ struct Bounds {
 [[nodiscard]] INSPECTION_EXPORT MapFrame frameFor(const Bounds &bounds, AreaOutline::Shape shape,
                                                   const FrameSize &size);
 
+/// How an area is drawn: round its middle, or, where it is not within a quarter of the earth's circumference
+/// of it, on a map of all of the earth. There must be a point.
+[[nodiscard]] INSPECTION_EXPORT MapProjection projectionFor(const AreaOutline &outline);
+[[nodiscard]] INSPECTION_EXPORT MapFrame frameFor(const AreaOutline &outline, const MapProjection &projection,
+                                                  const FrameSize &size);
+
 /// The longest round distance of at most a third of the width, in km.
 [[nodiscard]] INSPECTION_EXPORT double roundDistance(double widthInKilometres);
 
+/// "50 km", "200 m".
+[[nodiscard]] INSPECTION_EXPORT QString distanceText(double kilometres);
+
 /// From where to where, and how large.
-[[nodiscard]] INSPECTION_EXPORT QString extentText(const AreaOutline &outline, const Bounds &bounds);
+[[nodiscard]] INSPECTION_EXPORT QString extentText(const AreaOutline &outline);
 
 /// What people should know of the outline; empty when there is nothing special about it.
 [[nodiscard]] INSPECTION_EXPORT QString remarkOn(const AreaOutline &outline);

@@ -2,13 +2,13 @@
 
 #include <inspection/report/AreaDrawing_p.h>
 #include <inspection/report/AreaOutline_p.h>
+#include <inspection/report/AreaShape_p.h>
 #include <inspection/report/Graticule_p.h>
 #include <inspection/report/MapFrame_p.h>
+#include <inspection/report/MapLabels_p.h>
 #include <inspection/report/MapLand_p.h>
 #include <inspection/report/Svg_p.h>
 #include <objectbase/Area.h>
-
-#include <QLocale>
 
 #include <algorithm>
 #include <cmath>
@@ -37,11 +37,6 @@ void writePath(Html &html, const QString &path, QStringView look)
 {
     if (!path.isEmpty())
         html.open(u"path", {{u"class", look.toString()}, {u"d", path}}).close();
-}
-
-QString shareOf(double value, double whole)
-{
-    return Svg::percent(value / whole);
 }
 
 /// Where a line between two points meets the left edge, for a parallel, or the upper one, as a share of the
@@ -74,47 +69,90 @@ std::optional<double> labelPlace(const GraticuleLine &line)
     return std::nullopt;
 }
 
-void writeLabel(Html &html, const GraticuleLine &line)
+/// Text at a place that is a share of the map and some pixels from there.
+struct Label {
+    QString text;
+    QString look;
+    MapDistance x;
+    MapDistance y;
+    LabelAnchor anchor;
+};
+
+constexpr double PlaceSize = 11; ///< pixels, as the style sheet has it
+constexpr double NumberSize = 12;
+
+LabelBox boxOf(const Label &label)
+{
+    const double size = label.look == QLatin1String("place") ? PlaceSize : NumberSize;
+    return boxOf(label.text, label.x, label.y, label.anchor, size);
+}
+
+QString anchorText(LabelAnchor anchor)
+{
+    return anchor == LabelAnchor::Start ? QStringLiteral("start")
+        : anchor == LabelAnchor::End    ? QStringLiteral("end")
+                                        : QStringLiteral("middle");
+}
+
+void writeLabel(Html &html, const Label &label)
+{
+    html.element(u"text", label.text,
+                 {{u"x", Svg::percent(label.x.share)},
+                  {u"y", Svg::percent(label.y.share)},
+                  {u"dx", Svg::number(label.x.pixels)},
+                  {u"dy", Svg::number(label.y.pixels)},
+                  {u"class", label.look},
+                  {u"text-anchor", anchorText(label.anchor)}});
+}
+
+/// The first of the labels that there is room for, if there is one.
+void writeOneOf(Html &html, MapLabels &labels, const std::vector<Label> &candidates)
+{
+    const auto found = std::find_if(candidates.begin(), candidates.end(),
+                                    [&labels](const Label &one) { return labels.take(boxOf(one)); });
+    if (found != candidates.end())
+        writeLabel(html, *found);
+}
+
+void writeDegrees(Html &html, MapLabels &labels, const GraticuleLine &line)
 {
     const auto place = labelPlace(line);
     if (!place)
         return;
-    if (line.direction == GraticuleLine::Direction::Parallel) {
-        html.element(u"text", latitudeText(line.degrees),
-                     {{u"x", QStringLiteral("0")},
-                      {u"y", Svg::percent(*place)},
-                      {u"dx", QStringLiteral("5")},
-                      {u"dy", QStringLiteral("-4")},
-                      {u"class", QStringLiteral("place")}});
-    } else {
-        html.element(u"text", longitudeText(line.degrees),
-                     {{u"x", Svg::percent(*place)},
-                      {u"y", QStringLiteral("14")},
-                      {u"class", QStringLiteral("place")},
-                      {u"text-anchor", QStringLiteral("middle")}});
-    }
+    const QString look = QStringLiteral("place");
+    if (line.direction == GraticuleLine::Direction::Parallel)
+        writeOneOf(html, labels,
+                   {{latitudeText(line.degrees), look, {0, 5}, {*place, -4}, LabelAnchor::Start}});
+    else
+        writeOneOf(html, labels,
+                   {{longitudeText(line.degrees), look, {*place, 0}, {0, 14}, LabelAnchor::Middle}});
 }
 
-void writeScale(Html &html, const MapFrame &frame)
+void writeScale(Html &html, MapLabels &labels, const MapProjection &projection, const MapFrame &frame)
 {
-    const double kilometres = roundDistance(frame.kilometresPerUnit() * MapFrame::Width);
+    const bool isRound = projection.kind() == MapProjection::Kind::Azimuthal;
+    const double perUnit = frame.kilometresPerUnit() / (isRound ? 1 : MapProjection::TrueCosine);
+    const double kilometres = roundDistance(perUnit * MapFrame::Width);
     constexpr double End = 0.97;
-    const double length = kilometres / frame.kilometresPerUnit() / MapFrame::Width;
+    const double length = kilometres / perUnit / MapFrame::Width;
     constexpr double Bar = 0.955;
     const QString y = Svg::percent(Bar);
     Svg::line(html, Svg::percent(End - length), y, Svg::percent(End), y, u"scale-back");
     Svg::line(html, Svg::percent(End - length), y, Svg::percent(End), y, u"scale");
-    html.element(u"text",
-                 QLocale::c().toString(kilometres, 'f', kilometres < 1 ? 1 : 0) + QStringLiteral(" km"),
-                 {{u"x", Svg::percent(End - length / 2)},
-                  {u"y", y},
-                  {u"dy", QStringLiteral("-7")},
-                  {u"class", QStringLiteral("place")},
-                  {u"text-anchor", QStringLiteral("middle")}});
+    const QString text = distanceText(kilometres) + (isRound ? QString() : QStringLiteral(" on the equator"));
+    const Label label{text,
+                      QStringLiteral("place"),
+                      {isRound ? End - length / 2 : End, 0},
+                      {Bar, -7},
+                      isRound ? LabelAnchor::Middle : LabelAnchor::End};
+    writeLabel(html, label);
+    constexpr double HalfBar = 3;
+    labels.block(boxOf(label));
+    labels.block({{End - length, 0}, {Bar, -HalfBar}, {End, 0}, {Bar, HalfBar}});
 }
 
 /// Half of the earth in a corner, and where on it the map is. A map of much of the earth needs none.
-void writeLocator(Html &html, const Place &centre, const MapFrame &ofMap)
+void writeLocator(Html &html, MapLabels &labels, const Place &centre, const MapFrame &ofMap)
 {
     constexpr double Widest = 4500; // km
     if (ofMap.kilometresPerUnit() * MapFrame::Width > Widest)
@@ -127,6 +165,7 @@ void writeLocator(Html &html, const Place &centre, const MapFrame &ofMap)
     constexpr double Rim = 4;
     constexpr double Corner = 0.012;
     const MapFrame frame({0, 0}, (Size / 2 - Rim) / Hemisphere);
+    labels.block({{0, 0}, {1 - (Share + Corner) * Aspect, 0}, {Share + Corner, 0}, {1, 0}});
     constexpr double Step = 4; // as fine as its size needs
     html.open(
         u"svg",
@@ -152,26 +191,28 @@ void writeLocator(Html &html, const Place &centre, const MapFrame &ofMap)
     html.close();
 }
 
-/// Where the pole is on the map, if it is.
-void writePole(Html &html, const MapProjection &projection, const MapFrame &frame, double pole)
+/// Where the pole is on the map, if it is. On a map of all of the earth it is the edge.
+void writePole(Html &html, MapLabels &labels, const MapProjection &projection, const MapFrame &frame,
+               double pole)
 {
     const auto point = projection.project(pole, 0);
-    if (!point || !frame.holds(frame.place(*point)))
+    if (!point || !frame.holds(frame.place(*point)) || projection.kind() != MapProjection::Kind::Azimuthal)
         return;
     const FramePoint place = frame.place(*point);
-    const QString x = shareOf(place.x, MapFrame::Width);
-    const QString y = shareOf(place.y, MapFrame::Height);
-    Svg::circle(html, x, y, QStringLiteral("2.5"), u"pole");
-    html.element(u"text", pole > 0 ? QStringLiteral("North Pole") : QStringLiteral("South Pole"),
-                 {{u"x", x},
-                  {u"y", y},
-                  {u"dy", QStringLiteral("15")},
-                  {u"class", QStringLiteral("place")},
-                  {u"text-anchor", QStringLiteral("middle")}});
+    const double x = place.x / MapFrame::Width;
+    const double y = place.y / MapFrame::Height;
+    Svg::circle(html, Svg::percent(x), Svg::percent(y), QStringLiteral("2.5"), u"pole");
+    const QString name = pole > 0 ? QStringLiteral("North Pole") : QStringLiteral("South Pole");
+    const QString look = QStringLiteral("place");
+    writeOneOf(html, labels,
+               {{name, look, {x, 0}, {y, 15}, LabelAnchor::Middle},
+                {name, look, {x, 0}, {y, -7}, LabelAnchor::Middle},
+                {name, look, {x, 8}, {y, 4}, LabelAnchor::Start},
+                {name, look, {x, -8}, {y, 4}, LabelAnchor::End}});
 }
 
 /// Points up, which is north along the middle of the map.
-void writeNorth(Html &html)
+void writeNorth(Html &html, MapLabels &labels)
 {
     html.open(u"svg",
               {{u"x", QStringLiteral("100%")},
@@ -181,10 +222,36 @@ void writeNorth(Html &html)
         .close();
     Svg::text(html, QStringLiteral("-22"), QStringLiteral("45"), u"place", QStringLiteral("N"));
     html.close();
+    labels.block({{1, -31}, {0, 8}, {1, -12}, {0, 48}});
+}
+
+/// The number of a coordinate, beside its dot, outside of the area if that can be.
+std::vector<Label> numberLabels(int number, const FramePoint &place)
+{
+    const double x = place.x / MapFrame::Width;
+    const double y = place.y / MapFrame::Height;
+    constexpr double Half = 0.5;
+    const bool isLeft = x < Half;
+    const bool isUpper = y < Half;
+    constexpr double Aside = 8;
+    constexpr double Above = -5;
+    constexpr double Below = 13;
+    std::vector<Label> labels;
+    for (const bool isOutwards : {true, false}) {
+        for (const bool isAway : {true, false}) {
+            const bool isToLeft = isLeft == isOutwards;
+            labels.push_back({QString::number(number),
+                              QStringLiteral("corner-number"),
+                              {x, isToLeft ? -Aside : Aside},
+                              {y, isUpper == isAway ? Above : Below},
+                              isToLeft ? LabelAnchor::End : LabelAnchor::Start});
+        }
+    }
+    return labels;
 }
 
 /// Dots and, unless there are many or they are close together, the numbers of the coordinates.
-void writeCorners(Html &html, const AreaOutline &outline, const MapProjection &projection,
+void writeCorners(Html &html, MapLabels &labels, const AreaOutline &outline, const MapProjection &projection,
                   const MapFrame &frame)
 {
     constexpr std::size_t MostDots = 60;
@@ -194,7 +261,6 @@ void writeCorners(Html &html, const AreaOutline &outline, const MapProjection &p
         return;
     FrameLine numbered;
     const bool isNumbered = outline.points().size() > 1 && outline.points().size() <= MostNumbers;
-    const FramePoint middle{MapFrame::Width / 2, MapFrame::Height / 2};
     int number = 0;
     for (const OutlinePoint &corner : outline.points()) {
         ++number;
@@ -202,48 +268,29 @@ void writeCorners(Html &html, const AreaOutline &outline, const MapProjection &p
         if (!point)
             continue;
         const FramePoint place = frame.place(*point);
-        const QString x = shareOf(place.x, MapFrame::Width);
-        const QString y = shareOf(place.y, MapFrame::Height);
-        Svg::circle(html, x, y, QStringLiteral("3.5"), u"corner");
+        Svg::circle(html, Svg::percent(place.x / MapFrame::Width), Svg::percent(place.y / MapFrame::Height),
+                    QStringLiteral("3.5"), u"corner");
         const auto isNear = [&place](const FramePoint &other) {
             return std::hypot(place.x - other.x, place.y - other.y) < Near;
         };
         if (!isNumbered || std::any_of(numbered.begin(), numbered.end(), isNear))
             continue;
         numbered.push_back(place);
-        const bool isLeft = place.x < middle.x;
-        html.element(u"text", QString::number(number),
-                     {{u"x", x},
-                      {u"y", y},
-                      {u"dx", isLeft ? QStringLiteral("-8") : QStringLiteral("8")},
-                      {u"dy", place.y < middle.y ? QStringLiteral("-5") : QStringLiteral("13")},
-                      {u"class", QStringLiteral("corner-number")},
-                      {u"text-anchor", isLeft ? QStringLiteral("end") : QStringLiteral("start")}});
+        writeOneOf(html, labels, numberLabels(number, place));
     }
 }
 
-void writeOutline(Html &html, const MapFrame &frame, const FrameLine &outline, Shape shape)
+void writeShape(Html &html, const AreaShape &shape)
 {
-    if (shape == Shape::Polygon)
-        writePath(html, svgPath(frame.clippedPolygon(outline), PathEnd::Closed, LineStep), u"area");
-    writePath(html, pathOf(frame.clippedLine(outline), PathEnd::Open, LineStep), u"outline");
+    writePath(html, pathOf(shape.inside, PathEnd::Closed, LineStep), u"area");
+    writePath(html, pathOf(shape.edges, PathEnd::Open, LineStep), u"outline");
 }
 
 void writeDrawing(Html &html, const TESSEL::Area &area, const AreaOutline &outline)
 {
-    const OutlineRing points = densified(outline);
-    const MapProjection projection(centreOf(points));
-    std::vector<MapPoint> projected;
-    for (const OutlinePoint &point : points) {
-        if (const auto one = projection.project(point.latitude, point.longitude))
-            projected.push_back(*one);
-    }
-    const Bounds bounds = boundsOf(projected);
-    const MapFrame frame = frameFor(bounds, outline.shape(), {MapFrame::Width, MapFrame::Height});
-    FrameLine line;
-    for (const MapPoint &point : projected)
-        line.push_back(frame.place(point));
-    const QString extent = extentText(outline, bounds);
+    const MapProjection projection = projectionFor(outline);
+    const MapFrame frame = frameFor(outline, projection, {MapFrame::Width, MapFrame::Height});
+    const QString extent = extentText(outline);
 
     html.open(u"figure", {{u"class", QStringLiteral("map")}});
     html.open(u"svg",
@@ -264,16 +311,17 @@ void writeDrawing(Html &html, const TESSEL::Area &area, const AreaOutline &outli
     for (const GraticuleLine &one : graticule)
         lines += pathOf(one.parts, PathEnd::Open, LandStep);
     writePath(html, lines, u"graticule");
-    writeOutline(html, frame, line, outline.shape());
+    writeShape(html, shapeOn(projection, frame, outline));
     html.close();
+    MapLabels labels;
+    writeLocator(html, labels, centreOf(densified(outline)), frame);
+    writeScale(html, labels, projection, frame);
+    writeNorth(html, labels);
+    writeCorners(html, labels, outline, projection, frame);
+    writePole(html, labels, projection, frame, 90);
+    writePole(html, labels, projection, frame, -90);
     for (const GraticuleLine &one : graticule)
-        writeLabel(html, one);
-    writePole(html, projection, frame, 90);
-    writePole(html, projection, frame, -90);
-    writeCorners(html, outline, projection, frame);
-    writeLocator(html, centreOf(points), frame);
-    writeScale(html, frame);
-    writeNorth(html);
+        writeDegrees(html, labels, one);
     html.close();
     html.open(u"figcaption").text(extent + QLatin1Char('.'));
     const QString remark = remarkOn(outline);

@@ -202,8 +202,8 @@ double meanSine(const Edge &edge)
     const double from = edge.from.latitude * PerDegree;
     const double to = edge.to.latitude * PerDegree;
     constexpr double Level = 1e-9;
-    return std::abs(to - from) < Level ? std::sin((from + to) / 2)
-                                       : (std::cos(from) - std::cos(to)) / (to - from);
+    const double half = (to - from) / 2;
+    return std::sin((from + to) / 2) * (std::abs(half) < Level ? 1 : std::sin(half) / half);
 }
 
 double meanLatitude(const OutlineRing &ring)
@@ -331,8 +331,6 @@ double AreaOutline::squareKilometres() const
     return std::abs(sum) * EarthRadius * EarthRadius;
 }
 
-/// The outline in the plane of longitudes and latitudes; one round a pole leads over the pole and back, along
-/// 180 degrees where it comes there.
 OutlineRing AreaOutline::closedRound() const
 {
     if (turnsRound == 0)

@@ -80,9 +80,11 @@ public:
     [[nodiscard]] std::vector<OutlineRing> polygons() const;
     /// The line in parts of which none crosses 180 degrees.
     [[nodiscard]] std::vector<OutlineRing> lines() const;
+    /// The polygon in the plane of longitudes and latitudes; one round a pole leads over the pole and back,
+    /// along 180 degrees where it comes there.
+    [[nodiscard]] OutlineRing closedRound() const;
 
 private:
-    [[nodiscard]] OutlineRing closedRound() const;
     [[nodiscard]] std::vector<OutlineRing> partsWith(std::size_t leastCorners) const;
 
     OutlineRing ring;

@@ -15,7 +15,9 @@ constexpr double DateLine = 180;
 constexpr double Turn = 360;
 constexpr double Pi = 3.14159265358979323846;
 constexpr double PerRadian = 180 / Pi;
-constexpr double Steps[] = {0.05, 0.1, 0.2, 0.5, 1, 2, 5, 10, 15, 30};
+constexpr double Steps[] = {1e-5, 2e-5, 5e-5, 1e-4, 2e-4, 5e-4, 1e-3, 2e-3, 5e-3, 0.01, 0.02,
+                            0.05, 0.1,  0.2,  0.5,  1,    2,    5,    10,   15,   30};
+constexpr double StepRoundEarth = 60; // of the meridians of a map of all of it
 constexpr double LinesAcross = 5; // at most, about
 
 double stepFor(double span)
@@ -68,7 +70,10 @@ std::vector<FrameLine> partsOf(const MapProjection &projection, const MapFrame &
     std::vector<FrameLine> whole(1);
     for (int i = 0; i <= Samples; ++i) {
         const Place place = placeOf(from + (to - from) * i / Samples);
-        if (const auto point = projection.project(place.latitude, place.longitude))
+        const bool isOnCylinder = projection.kind() == MapProjection::Kind::Cylindrical;
+        if (const auto point = isOnCylinder
+                ? std::optional(projection.onCylinder(place.latitude, place.longitude))
+                : projection.project(place.latitude, place.longitude))
             whole.back().push_back(frame.place(*point));
         else if (!whole.back().empty())
             whole.emplace_back();
@@ -81,13 +86,16 @@ std::vector<FrameLine> partsOf(const MapProjection &projection, const MapFrame &
     return parts;
 }
 
-QString degreesText(double degrees, QStringView positive, QStringView negative)
+QString degreesText(double degrees, int decimals, QStringView positive, QStringView negative)
 {
-    constexpr int Digits = 7;
-    constexpr double Rounding = 1e4;
-    const double rounded = std::round(degrees * Rounding) / Rounding;
-    const QString number = QString::number(std::abs(rounded), 'g', Digits) + QChar(0xB0);
-    const QStringView side = rounded > 0 ? positive : rounded < 0 ? negative : QStringView();
+    QString number = QString::number(std::abs(degrees), 'f', decimals);
+    while (number.contains(QLatin1Char('.')) && number.endsWith(QLatin1Char('0')))
+        number.chop(1);
+    if (number.endsWith(QLatin1Char('.')))
+        number.chop(1);
+    const bool isZero = number == QLatin1String("0");
+    number += QChar(0xB0);
+    const QStringView side = isZero ? QStringView() : degrees > 0 ? positive : negative;
     return side.isEmpty() ? number : number + QChar(0xA0) + side.toString();
 }
 
@@ -101,40 +109,46 @@ std::vector<GraticuleLine> graticuleOf(const MapProjection &projection, const Ma
     const double widest = std::max(std::abs(range.south), std::abs(range.north));
     constexpr double LeastCosine = 0.05;
     const double cosine = std::max(std::cos(std::min(widest, Pole) / PerRadian), LeastCosine);
-    const double meridianStep =
-        std::max(parallelStep, stepFor(std::min(height / cosine, range.east - range.west)));
+    const bool isRoundEarth = projection.kind() == MapProjection::Kind::Cylindrical;
+    const double meridianStep = isRoundEarth
+        ? StepRoundEarth
+        : std::max(parallelStep, stepFor(std::min(height / cosine, range.east - range.west)));
+    // So far beyond the frame that lines reach its edge, and no farther: they are bent.
+    const double beyondSouth = std::min(1.0, (range.north - range.south) / 4);
+    const double beyondWest = std::min(1.0, (range.east - range.west) / 4);
+    const double farthest = isRoundEarth ? Pole + 1 : Pole; // where the pole is the edge of the map
     std::vector<GraticuleLine> lines;
     for (double i = std::ceil(range.south / parallelStep); i * parallelStep <= range.north; ++i) {
         const double latitude = i * parallelStep;
         if (std::abs(latitude) >= Pole)
             continue;
-        lines.push_back(
-            {Direction::Parallel, latitude,
-             partsOf(projection, frame, range.west - 1, range.east + 1, [latitude](double longitude) {
-                 return Place{latitude, longitude};
-             })});
+        lines.push_back({Direction::Parallel, latitude,
+                         partsOf(projection, frame, range.west - beyondWest, range.east + beyondWest,
+                                 [latitude](double longitude) {
+                                     return Place{latitude, longitude};
+                                 })});
     }
     const double end = std::min(range.east, range.west + Turn - meridianStep / 2);
     for (double i = std::ceil(range.west / meridianStep); i * meridianStep <= end; ++i) {
         const double longitude = i * meridianStep;
         lines.push_back({Direction::Meridian, std::remainder(longitude, Turn),
-                         partsOf(projection, frame, std::max(range.south - 1, -Pole),
-                                 std::min(range.north + 1, Pole), [longitude](double latitude) {
+                         partsOf(projection, frame, std::max(range.south - beyondSouth, -farthest),
+                                 std::min(range.north + beyondSouth, farthest), [longitude](double latitude) {
                                      return Place{latitude, longitude};
                                  })});
     }
     return lines;
 }
 
-QString latitudeText(double degrees)
+QString latitudeText(double degrees, int decimals)
 {
-    return degreesText(degrees, u"N", u"S");
+    return degreesText(degrees, decimals, u"N", u"S");
 }
 
-QString longitudeText(double degrees)
+QString longitudeText(double degrees, int decimals)
 {
     return std::abs(degrees) == DateLine ? QStringLiteral("180") + QChar(0xB0)
-                                         : degreesText(degrees, u"E", u"W");
+                                         : degreesText(degrees, decimals, u"E", u"W");
 }
 
 } // namespace KORMAK::Inspection

@@ -23,10 +23,13 @@ struct GraticuleLine {
 [[nodiscard]] INSPECTION_EXPORT std::vector<GraticuleLine> graticuleOf(const MapProjection &projection,
                                                                        const MapFrame &frame);
 
-/// "54.5° N", "0°"
-[[nodiscard]] INSPECTION_EXPORT QString latitudeText(double degrees);
+/// Of the lines of the finest graticule.
+inline constexpr int GraticuleDecimals = 5;
+
+/// "54.5° N", "0°", with at most so many decimals.
+[[nodiscard]] INSPECTION_EXPORT QString latitudeText(double degrees, int decimals = GraticuleDecimals);
 /// "7.25° E", "180°"
-[[nodiscard]] INSPECTION_EXPORT QString longitudeText(double degrees);
+[[nodiscard]] INSPECTION_EXPORT QString longitudeText(double degrees, int decimals = GraticuleDecimals);
 
 } // namespace KORMAK::Inspection
 

@@ -29,9 +29,19 @@ FrameLine outlineIn(const LandView &view, const LandPiece &piece)
     return isWithin ? polygon : FrameLine();
 }
 
-void addPiece(LandShapes &shapes, const LandView &view, const LandPiece &piece)
+/// On a map of all of the earth, put \a shift degrees eastwards.
+FrameLine outlineOnCylinder(const LandView &view, const LandPiece &piece, double shift)
 {
-    FrameLine polygon = outlineIn(view, piece);
+    FrameLine polygon;
+    polygon.reserve(piece.outline.size());
+    for (const LandPiece::Point &point : piece.outline)
+        polygon.push_back(
+            view.frame.place(view.projection.onCylinder(point.latitude(), point.longitude() + shift)));
+    return polygon;
+}
+
+void addPiece(LandShapes &shapes, const LandView &view, const LandPiece &piece, FrameLine polygon)
+{
     std::vector<FrameLine> coasts(1);
     for (std::size_t i = 0; i < polygon.size(); ++i) {
         const std::size_t next = (i + 1) % polygon.size();
@@ -51,17 +61,33 @@ void addPiece(LandShapes &shapes, const LandView &view, const LandPiece &piece)
         shapes.land.push_back(std::move(land));
 }
 
+LandShapes landOnCylinder(const LandView &view)
+{
+    constexpr double HalfTurn = 180;
+    LandShapes shapes;
+    for (const LandPiece &piece : landPieces()) {
+        const double east = piece.centralLongitude() - view.projection.centralLongitude();
+        for (const double shift : {-2 * HalfTurn, 0.0, 2 * HalfTurn}) {
+            if (std::abs(east + shift) <= HalfTurn + LandCellSize)
+                addPiece(shapes, view, piece, outlineOnCylinder(view, piece, shift));
+        }
+    }
+    return shapes;
+}
+
 } // namespace
 
 LandShapes landIn(const LandView &view)
 {
+    if (view.projection.kind() == MapProjection::Kind::Cylindrical)
+        return landOnCylinder(view);
     constexpr double HalfDiagonal = LandCellSize * 0.75; // of a cell
     const double farthest =
         MapProjection::distanceAt(std::min(view.frame.reach(), view.farthest)) + HalfDiagonal;
     LandShapes shapes;
     for (const LandPiece &piece : landPieces()) {
         if (view.projection.distance(piece.centralLatitude(), piece.centralLongitude()) <= farthest)
-            addPiece(shapes, view, piece);
+            addPiece(shapes, view, piece, outlineIn(view, piece));
     }
     return shapes;
 }

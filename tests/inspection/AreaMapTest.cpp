@@ -1,5 +1,7 @@
+#include <inspection/report/AreaDrawing_p.h>
 #include <inspection/report/AreaMap_p.h>
 #include <inspection/report/AreaOutline_p.h>
+#include <inspection/report/AreaShape_p.h>
 #include <inspection/report/Coastlines_p.h>
 #include <inspection/report/Graticule_p.h>
 #include <inspection/report/MapFrame_p.h>
@@ -7,6 +9,7 @@
 #include <objectbase/Area.h>
 
 #include <QFile>
+#include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QtTest>
 #include <QXmlStreamReader>
@@ -62,6 +65,12 @@ private Q_SLOTS:
     void captions_data();
     void captions();
     void longEdges();
+    void insides_data();
+    void insides();
+    void shapes_data();
+    void shapes();
+    void scales_data();
+    void scales();
 };
 
 /// The land of the earth has 149 million km^2.
@@ -214,8 +223,11 @@ void AreaMapTest::maps_data()
     QTest::newRow("most of the earth") << Coordinates{{-80, -179}, {80, -179}, {80, -60}, {80, 60},
                                                       {80, 179},   {-80, 179}, {-80, 60}, {-80, -60}}
                                        << true << true;
+    QTest::newRow("a band round the earth") << Coordinates{{10, -180}, {10, -60}, {10, 60},   {10, 180},
+                                                           {-10, 180}, {-10, 60}, {-10, -60}, {-10, -180}}
+                                            << true << true;
     QTest::newRow("a hair's breadth")
-        << Coordinates{{48, 16}, {48, 16.0000001}, {48.0000001, 16}} << false << false;
+        << Coordinates{{48, 16}, {48, 16.00000001}, {48.00000001, 16}} << false << false;
 }
 
 void AreaMapTest::maps()
@@ -236,7 +248,7 @@ void AreaMapTest::maps()
     QVERIFY(!pathOf(map, "graticule").isEmpty());
     QVERIFY(map.contains("&lt;Sea&gt; &amp; &quot;Land&quot;"));
     QVERIFY(!map.contains("nan") && !map.contains("inf"));
-    QVERIFY2(map.size() < 300000, qPrintable(QString::number(map.size())));
+    QVERIFY2(map.size() < 350000, qPrintable(QString::number(map.size())));
     QCOMPARE(map.count("class=\"corner\""), coordinates.size());
 }
 
@@ -268,14 +280,26 @@ void AreaMapTest::captions_data()
         {54.9, 8.3}} << "53.55° N to 55.0625° N, 6.4° E to 8.3° E; about 121 km by 168 km, 9 910 km².";
     QTest::newRow("point") << Coordinates{{48.2, -16.4}}
                            << "48.2° N, 16.4° W. The area is one point: it encloses nothing.";
-    QTest::newRow("line")
-        << Coordinates{{0, 179}, {0, -179}}
-        << "0° to 0°, 179° E to 179° W; about 222 km by 0.000 km. The area is a line between "
-           "two points: it encloses nothing.";
+    QTest::newRow("line") << Coordinates{{0, 179}, {0, -179}}
+                          << "0° to 0°, 179° E to 179° W; about 222 km by 0 km. The area is a line between "
+                             "two points: it encloses nothing.";
     QTest::newRow("bow tie")
         << Coordinates{{40, 0}, {50, 20}, {50, 0}, {40, 20}}
         << "40° N to 50° N, 0° to 20° E; about 1 700 km by 1 160 km. The outline crosses "
            "itself, so it is not certain what is within it.";
+    QTest::newRow("without room") << Coordinates{{0, 0}, {5, 5}, {10, 10}}
+                                  << "0° to 10° N, 0° to 10° E; about 1 100 km by 1 110 km, 0 km².";
+    QTest::newRow("site") << Coordinates{{48.1, 11.5}, {48.102, 11.5}, {48.102, 11.502}, {48.1, 11.502}}
+                          << "48.1° N to 48.102° N, 11.5° E to 11.502° E; about 149 m by 222 m, 33 000 m².";
+    QTest::newRow("an antenna") << Coordinates{{48.1, 11.5}, {48.1000001, 11.5}, {48.1, 11.5000001}}
+                                << "48.1° N to 48.1000001° N, 11.5° E to 11.5000001° E; about 0.0074 m by "
+                                   "0.0111 m, 0.000041 m².";
+    QTest::newRow("band") << Coordinates{{10, -180}, {10, -60}, {10, 60},   {10, 180},
+                                         {-10, 180}, {-10, 60}, {-10, -60}, {-10, -180}}
+                          << "10° S to 10° N, all longitudes; about 40 000 km by 2 220 km, 88 600 000 km².";
+    QTest::newRow("most of the south")
+        << Coordinates{{10, -120}, {10, 0}, {10, 120}, {-80, 120}, {-80, 0}, {-80, -120}}
+        << "80° S to 10° N, 120° W to 120° E; about 26 700 km by 10 000 km, 197 000 000 km².";
     QTest::newRow("pole")
         << Coordinates{{70, -120}, {70, 0}, {70, 120}}
         << "70° N to 90° N, round the pole; about 4 430 km by 4 430 km, 15 400 000 km². The "
@@ -302,6 +326,158 @@ void AreaMapTest::longEdges()
     const QString map = mapOf(coordinates);
     QVERIFY2(map.size() < 1'000'000, qPrintable(QString::number(map.size())));
     QVERIFY(map.contains("crosses itself"));
+}
+
+namespace {
+
+const Coordinates Band{{10, -180}, {10, -60}, {10, 60},   {10, 180},
+                       {-10, 180}, {-10, 60}, {-10, -60}, {-10, -180}};
+const Coordinates AllButThePacific{{85, -100}, {85, 0}, {85, 100}, {-85, 100}, {-85, 0}, {-85, -100}};
+const Coordinates World{{-89, -180}, {-89, 0}, {-89, 180}, {89, 180}, {89, 0}, {89, -180}};
+const Coordinates NorthOf10S{{-10, 0}, {-10, 120}, {40, 180}, {-10, -120}};
+const Coordinates Fiji{{-15, 176}, {-15, -178}, {-20, -178}, {-20, 176}};
+
+} // namespace
+
+void AreaMapTest::insides_data()
+{
+    QTest::addColumn<Coordinates>("coordinates");
+    QTest::addColumn<Coordinates>("inside");
+    QTest::addColumn<Coordinates>("outside");
+    QTest::addColumn<bool>("isWorldMap");
+
+    QTest::newRow("band") << Band << Coordinates{{0, 0}, {9, 179}, {-9, -179}}
+                          << Coordinates{{11, 0}, {-90, 0}, {90, 0}} << true;
+    QTest::newRow("all but the Pacific") << AllButThePacific << Coordinates{{0, 0}, {84, 99}}
+                                         << Coordinates{{0, 180}, {0, 101}, {86, 0}} << true;
+    QTest::newRow("world") << World << Coordinates{{0, 0}, {0, 180}, {-88, 70}}
+                           << Coordinates{{90, 0}, {-89.5, 9}} << true;
+    QTest::newRow("round a pole") << NorthOf10S << Coordinates{{90, 0}, {90, 99}, {0, 0}, {50, 180}}
+                                  << Coordinates{{-90, 0}, {-11, 60}, {30, 180}} << true;
+    QTest::newRow("Fiji") << Fiji << Coordinates{{-16, 180}, {-16, -180}, {-19, 177}}
+                          << Coordinates{{-16, 0}, {-14, 180}} << false;
+    QTest::newRow("point") << Coordinates{{1, 2}} << Coordinates{} << Coordinates{{1, 2}} << false;
+}
+
+void AreaMapTest::insides()
+{
+    QFETCH(const Coordinates, coordinates);
+    QFETCH(const Coordinates, inside);
+    QFETCH(const Coordinates, outside);
+    const AreaOutline outline(coordinates);
+    const AreaInside area(outline);
+    for (const TESSEL::Coordinate &place : inside)
+        QVERIFY2(area.holds({place.GetLatitude(), place.GetLongitude()}),
+                 qPrintable(QString::number(place.GetLatitude())));
+    for (const TESSEL::Coordinate &place : outside)
+        QVERIFY2(!area.holds({place.GetLatitude(), place.GetLongitude()}),
+                 qPrintable(QString::number(place.GetLatitude())));
+    QTEST(projectionFor(outline).kind() == MapProjection::Kind::Cylindrical, "isWorldMap");
+}
+
+void AreaMapTest::shapes_data()
+{
+    QTest::addColumn<Coordinates>("coordinates");
+
+    QTest::newRow("band") << Band;
+    QTest::newRow("all but the Pacific") << AllButThePacific;
+    QTest::newRow("world") << World;
+    QTest::newRow("round a pole") << NorthOf10S;
+    QTest::newRow("round the other pole, small") << Coordinates{{-70, 170}, {-80, -60}, {-75, 60}};
+    QTest::newRow("Fiji") << Fiji;
+    QTest::newRow("bow") << Coordinates{{0, 170}, {10, -170}, {0, -170}, {10, 170}};
+    QTest::newRow("bow as large as the earth")
+        << Coordinates{{-70, -170}, {70, -10}, {70, 150}, {-70, 150}, {-70, 0}, {70, -170}};
+    QTest::newRow("more than once round") << Coordinates{{0, 0},  {0, 100}, {0, -160}, {0, -60}, {0, 20},
+                                                         {9, 20}, {9, -60}, {9, -160}, {9, 100}, {9, 0}};
+}
+
+/// Wherever the middle of the map is, what is filled of it is what the area encloses.
+void AreaMapTest::shapes()
+{
+    QFETCH(const Coordinates, coordinates);
+    const AreaOutline outline(coordinates);
+    const AreaInside area(outline);
+    const MapFrame frame({0, 0}, 150);
+    constexpr quint32 Seed = 20261124;
+    QRandomGenerator random(Seed);
+    constexpr int Maps = 16;
+    constexpr int Places = 150;
+    constexpr double Near = 1; // units: so near to the outline a place may be on either side
+    for (int i = 0; i < Maps; ++i) {
+        const Place centre{i == 0 ? 90 : random.bounded(180.0) - 90, random.bounded(360.0) - 180};
+        const auto kind = i % 4 == 0 ? MapProjection::Kind::Cylindrical : MapProjection::Kind::Azimuthal;
+        const MapProjection projection = i == 1 ? projectionFor(outline) : MapProjection(centre, kind);
+        const AreaShape shape = shapeOn(projection, frame, outline);
+        int wrong = 0;
+        for (int k = 0; k < Places; ++k) {
+            const FramePoint point{random.bounded(frame.width()), random.bounded(frame.height())};
+            const MapPoint onMap = frame.pointAt(point);
+            const auto place = projection.placeAt(onMap);
+            if (!place || std::hypot(onMap.x, onMap.y) > 1.97)
+                continue;
+            bool isFilled = false;
+            bool isNear = false;
+            for (const FrameLine &polygon : shape.inside) {
+                for (std::size_t n = 0; n < polygon.size(); ++n) {
+                    const FramePoint &a = polygon[n];
+                    const FramePoint &b = polygon[(n + 1) % polygon.size()];
+                    const double length = std::hypot(b.x - a.x, b.y - a.y);
+                    const double along = length == 0
+                        ? 0
+                        : std::clamp(((point.x - a.x) * (b.x - a.x) + (point.y - a.y) * (b.y - a.y)) / length
+                                         / length,
+                                     0.0, 1.0);
+                    isNear = isNear
+                        || std::hypot(a.x + along * (b.x - a.x) - point.x,
+                                      a.y + along * (b.y - a.y) - point.y)
+                            < Near;
+                    if ((a.y > point.y) != (b.y > point.y)
+                        && point.x < a.x + (point.y - a.y) / (b.y - a.y) * (b.x - a.x))
+                        isFilled = !isFilled;
+                }
+            }
+            wrong += !isNear && isFilled != area.holds(*place);
+        }
+        QVERIFY2(wrong == 0,
+                 qPrintable(QString("%1 of map %2 round %3 %4")
+                                .arg(wrong)
+                                .arg(i)
+                                .arg(centre.latitude)
+                                .arg(centre.longitude)));
+    }
+}
+
+void AreaMapTest::scales_data()
+{
+    QTest::addColumn<Coordinates>("coordinates");
+    QTest::addColumn<QString>("scale");
+    QTest::addColumn<QString>("label");
+
+    QTest::newRow("site") << Coordinates{{48.1, 11.5}, {48.102, 11.5}, {48.102, 11.502}, {48.1, 11.502}}
+                          << "100 m"
+                          << "48.102° N";
+    QTest::newRow("antenna") << Coordinates{{48.1, 11.5}, {48.1000001, 11.5}, {48.1, 11.5000001}} << "2 m"
+                             << "48.10002° N";
+    QTest::newRow("country") << Coordinates{{48, 11}, {52, 11}, {48, 15}} << "200 km"
+                             << "50° N";
+    QTest::newRow("world") << World << "10000 km on the equator"
+                           << "60° E";
+}
+
+/// An area of some metres fills as much of its map as one of a country.
+void AreaMapTest::scales()
+{
+    QFETCH(const Coordinates, coordinates);
+    QFETCH(const QString, scale);
+    QFETCH(const QString, label);
+    QString map = mapOf(coordinates);
+    map.replace(QChar(0xA0), ' ');
+    QVERIFY2(map.contains(">" + scale + "</text>"), qPrintable(map.mid(map.indexOf("scale-back"))));
+    QVERIFY(map.contains(">" + label + "</text>"));
+    const AreaOutline outline(coordinates);
+    const MapFrame frame = frameFor(outline, projectionFor(outline), {MapFrame::Width, MapFrame::Height});
+    QVERIFY(frame.kilometresPerUnit() * MapFrame::Width > 0.0099);
 }
 
 QTEST_GUILESS_MAIN(AreaMapTest)

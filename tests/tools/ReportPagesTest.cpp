@@ -141,6 +141,26 @@ void ReportPagesTest::pages()
     report(folder, "across-180", workflowWith({{-15, 176}, {-15, -178}, {-20, -178}, {-20, 176}}),
            {{".chart.map text", "180°"}, {".chart.map .here", 1}});
     report(folder, "point", workflowWith({{48.2, 16.4}}), {{"figcaption", "48.2°\u00A0N, 16.4°\u00A0E"}});
+    report(folder, "band",
+           workflowWith(
+               {{10, -180}, {10, -60}, {10, 60}, {10, 180}, {-10, 180}, {-10, 60}, {-10, -60}, {-10, -180}}),
+           {{".chart.map text", "on the equator"},
+            {".chart.map text", "120°\u00A0W"},
+            {".chart.map .corner-number", 8},
+            {".chart.map .here", 0},
+            {"figcaption", "all longitudes"}});
+    report(folder, "all-but-the-pacific",
+           workflowWith({{85, -100}, {85, 0}, {85, 100}, {-85, 100}, {-85, 0}, {-85, -100}}),
+           {{".chart.map text", "on the equator"}, {".chart.map .corner", 6}});
+    report(folder, "pole-to-pole", workflowWith({{90, -180}, {90, 180}, {-90, 180}, {-90, -180}}),
+           {{".chart.map .corner-number", 2}});
+    report(folder, "half-of-the-earth", workflowWith({{0, -90}, {60, 0}, {0, 90}, {-60, 0}}),
+           {{".chart.map .corner-number", 4}, {".chart.map text", "North Pole"}});
+    report(folder, "labels-in-a-corner", workflowWith({{60, -180}, {50, 160}}),
+           {{".chart.map text", "60°\u00A0N"}});
+    report(
+        folder, "site", workflowWith({{48.1, 11.5}, {48.102, 11.5}, {48.102, 11.502}, {48.1, 11.502}}),
+        {{".chart.map text", "100 m"}, {".chart.map .area", 1}, {"figcaption", "149\u00A0m by 222\u00A0m"}});
     report(folder, "nowhere", workflowWith({{95, 16.4}}), {{".missing", "There is no map of the area"}});
     report(folder, "generation", example("settings/activity-generation.xml"),
            {{"figcaption", "logarithmic"}, {".track .range", 12}, {"td", "On Energy Detection"}});
@@ -188,7 +208,7 @@ void ReportPagesTest::pages()
     folder.write("other-list.html", folder.read("other-list/index.html").toUtf8());
     folder.write("other-list.json", R"([["td", "AAAAAAAA"], ["th", "Document"]])");
     const QString faults = faultsOf(folder);
-    QVERIFY2(faults == "20 pages\n", qPrintable(faults));
+    QVERIFY2(faults == "26 pages\n", qPrintable(faults));
 }
 
 void ReportPagesTest::faultsAreNoticed_data()

@@ -162,6 +162,8 @@ private Q_SLOTS:
     void captionsHaveRoom();
     void allOfTheAreaIsSeen_data();
     void allOfTheAreaIsSeen();
+    void insideIsFilled_data();
+    void insideIsFilled();
     void draggingMovesOnePoint();
     void aClickMovesNothing();
     void escapeGivesUpDragging();
@@ -274,6 +276,55 @@ void AreaViewTest::allOfTheAreaIsSeen()
     const auto middle = window.view->GetPlace(QPointF(window.point(0)));
     QVERIFY(middle);
     QVERIFY(qAbs(middle->GetLatitude() - places[0].first.toDouble()) < 0.5);
+}
+
+void AreaViewTest::insideIsFilled_data()
+{
+    QTest::addColumn<Places>("places");
+    QTest::addColumn<QVector<double>>("inside"); // latitudes of the Atlantic, 30 degrees west
+    QTest::addColumn<QVector<double>>("outside");
+
+    QTest::newRow("band round the earth")
+        << Places{{"10", "-180"}, {"10", "-60"}, {"10", "60"},   {"10", "180"},
+                  {"-10", "180"}, {"-10", "60"}, {"-10", "-60"}, {"-10", "-180"}}
+        << QVector<double>{5, -5} << QVector<double>{15, 40, -20, -50};
+    QTest::newRow("all but the Pacific")
+        << Places{{"85", "-100"}, {"85", "0"}, {"85", "100"}, {"-85", "100"}, {"-85", "0"}, {"-85", "-100"}}
+        << QVector<double>{5, -5, 40, -50} << QVector<double>{};
+    QTest::newRow("the north") << Places{{"-20", "0"}, {"-20", "120"}, {"60", "-120"}}
+                               << QVector<double>{10, 40} << QVector<double>{-10, -40};
+}
+
+/// However large the area is, and wherever the map has been moved.
+void AreaViewTest::insideIsFilled()
+{
+    QFETCH(const Places, places);
+    QFETCH(const QVector<double>, inside);
+    QFETCH(const QVector<double>, outside);
+    Window window(places);
+    const auto isReddish = [&window](double latitude, bool &isSeen) {
+        const auto at = window.view->GetPosition({latitude, -30});
+        const QImage image = window.view->grab().toImage();
+        const QPoint pixel = at ? at->toPoint() * image.devicePixelRatio() : QPoint(-1, -1);
+        isSeen = image.rect().contains(pixel);
+        const QColor color = isSeen ? image.pixelColor(pixel) : QColor();
+        return color.red() > color.green() + 10;
+    };
+    int seen = 0;
+    for (const QPoint &by : {QPoint(0, 0), QPoint(150, 0), QPoint(-300, 60), QPoint(0, -150)}) {
+        const QPoint corner(5, 5);
+        window.drag(corner, corner + by);
+        for (const QVector<double> &latitudes : {inside, outside}) {
+            for (const double latitude : latitudes) {
+                bool isSeen = false;
+                const bool isFilled = isReddish(latitude, isSeen);
+                seen += isSeen;
+                if (isSeen)
+                    QVERIFY2(isFilled == inside.contains(latitude), qPrintable(QString::number(latitude)));
+            }
+        }
+    }
+    QVERIFY(seen >= 4);
 }
 
 void AreaViewTest::draggingMovesOnePoint()
