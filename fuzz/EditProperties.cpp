@@ -101,7 +101,9 @@ void checkFix(const QByteArray &text, const Document &document)
     const DocumentEdit fix = DocumentEdit::Fix(text);
     demand(fix.IsDone() != fix.GetCorrected().isEmpty(), "what is corrected is told");
     demand(fix.IsDone() || fix.GetText() == text, "where nothing is corrected, nothing is changed");
-    demand(!document.GetObject() || Document(fix.GetText()).GetObject(), "what could be read can be read");
+    const Document fixed(fix.GetText());
+    demand(!document.GetObject() || fixed.GetObject(), "what could be read can be read");
+    demand(!document.IsAccepted() || fixed.IsAccepted(), "what was accepted is accepted");
     demand(!DocumentEdit::Fix(fix.GetText()).IsDone(), "all that is certain is corrected at once");
 }
 

@@ -101,6 +101,7 @@ struct ObjectState {
     NamedRows &named;
     void *object;
     Index index = XmlTree::Root; ///< the last element of the object
+    bool mayGoOn = false; ///< in another element of its name
 
     /// Stays in its place while the object is read on.
     RowState &state(const Row *row)
@@ -294,6 +295,7 @@ private:
         void *const object = row.part->enter(parent.object);
         if (!state.object)
             state.object = std::make_unique<ObjectState>(namedRows(row.part->table()), object);
+        state.object->mayGoOn = true;
         state.object->object = object;
         return *state.object;
     }
@@ -633,27 +635,58 @@ private:
         }
     }
 
-    /// Whether the unknown element can be called \a name without being given twice.
+    /// Whether the unknown element can be called \a name without being given twice. Where unknown ones are
+    /// passed over, a prefix may say that it is meant for others.
     bool canBeRenamed(const ObjectState &parent, const QString &name) const
     {
         const Index index = cursor.element();
+        const bool hasPrefix = tree.name(index).size() != name.size();
         if (name.isEmpty() || tree.parent(index) != parent.index
-            || tree.name(index).size() != name.size()) // it has a prefix
+            || (hasPrefix && !parent.table.refusesOthers))
             return false;
-        if (isList(*parent.table.element(name)))
-            return true;
-        Index i = tree.firstChild(parent.index);
-        while (i != XmlTree::None && (i == index || tree.name(i).compare(name, Qt::CaseInsensitive) != 0))
-            i = tree.nextSibling(i);
-        return i == XmlTree::None;
+        return isList(*parent.table.element(name)) || isCalledOnce(parent.index, parent.mayGoOn, name);
     }
 
-    /// The attribute that \a finding is about is not read, but an element of its name may be.
+    /// Whether only one element or attribute of an object is called \a name, in whatever case. \a mayGoOn:
+    /// the object of \a element, in others of its name.
+    bool isCalledOnce(Index element, bool mayGoOn, const QString &name) const
+    {
+        const Index parent = tree.parent(element);
+        if (!mayGoOn || parent == XmlTree::None)
+            return countCalled(element, name) == 1;
+        int count = 0;
+        for (Index i = tree.firstChild(parent); i != XmlTree::None && count <= 1; i = tree.nextSibling(i)) {
+            if (isCalled(i, localName(tree.name(element))))
+                count += countCalled(i, name);
+        }
+        return count == 1;
+    }
+
+    bool isCalled(Index element, QStringView name) const
+    {
+        return localName(tree.name(element)).compare(name, Qt::CaseInsensitive) == 0;
+    }
+
+    /// Of the attributes and children of \a element; more than 1 for several.
+    int countCalled(Index element, const QString &name) const
+    {
+        int count = 0;
+        if (tree.hasAttributes(element)) {
+            for (const XmlTree::Attribute &attribute : tree.attributes(element))
+                count += attribute.name.compare(name, Qt::CaseInsensitive) == 0 ? 1 : 0;
+        }
+        for (Index i = tree.firstChild(element); i != XmlTree::None && count <= 1; i = tree.nextSibling(i))
+            count += isCalled(i, name) ? 1 : 0;
+        return count;
+    }
+
+    /// The attribute that \a finding is about is not read, but an element of its name may be. No object of a
+    /// list has one.
     void suggestElement(Index index, const ObjectTable &table, FindingData &finding) const
     {
         const QString name = finding.path.section(QLatin1Char('@'), -1);
         const Row *const row = childRow(table, name);
-        if (!row || !isValid(row->type, *finding.found) || tree.findChild(index, name) != XmlTree::None)
+        if (!row || !isValid(row->type, *finding.found) || !isCalledOnce(index, true, name))
             return;
         finding.suggestion = *finding.found;
         finding.correction = Finding::Correction::Element;
@@ -669,7 +702,8 @@ private:
         const Index here = cursor.element();
         if (parent.table.refusesOthers && tree.parent(here) != tree.parent(previous))
             return;
-        add(here, FindingId::Repeated, QStringLiteral("given before; the last one counts"));
+        add(here, FindingId::Repeated, QStringLiteral("given before; the last one counts")).isContradiction =
+            true;
     }
 
     void reportStrayText()

@@ -112,7 +112,7 @@ public:
     enum class Correction : qint32 {
         None, ///< there is no suggestion
         Text, ///< it takes the place of the text that was found, in the element or attribute
-        Name, ///< the element or attribute is to be called so
+        Name, ///< the element, but for its prefix, or attribute is to be called so
         Element, ///< it is the text of an element called as the attribute, which goes in the attribute's
                  ///< place
     };
@@ -155,9 +155,9 @@ public:
     /// The names that could be there; empty when they cannot be listed.
     [[nodiscard]] QStringList GetAllowed() const;
     /// What puts it right for certain: a name that differs in case, or by one letter that is neither a
-    /// capital nor a digit, if there is only one such name; a number with a point for its comma; a time that
-    /// says its zone, in the form of documents. Empty when nothing is certain, as where a comma may stand
-    /// between thousands.
+    /// capital nor a digit, if there is only one such name and nothing else that says the same; a number with
+    /// a point for its comma; a time that says its zone, in the form of documents. Empty when nothing is
+    /// certain, as where a comma may stand between thousands.
     [[nodiscard]] QString GetSuggestion() const;
     /// What is to be done with the suggestion.
     [[nodiscard]] Correction GetCorrection() const noexcept;

@@ -34,6 +34,7 @@ struct FindingData {
     /// What of the message says which fault it is, where it also quotes what may change without it: the names
     /// of entries that have one key. Empty: all of it.
     QString gist = {};
+    bool isContradiction = false; ///< to something else in the document, of which only one counts
     bool isInherent = false; ///< every document that says the same has it: it is told, but nobody's fault
 };
 

@@ -74,7 +74,7 @@ bool isReadWithin(const QByteArray &text, const TESSEL::ReadingLimits &limits)
                             + question(guessOf(name, kinds).names),
                         TextPositions(text).at(offset), FindingId::UnknownKind, kinds};
     error.offset = offset;
-    error.otherName = name == tree.name(XmlTree::Root) ? nameInOtherCase(name, kinds) : QString();
+    error.otherName = nameInOtherCase(name, kinds);
     throw DocumentError(std::move(error));
 }
 

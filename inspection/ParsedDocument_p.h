@@ -37,7 +37,8 @@ struct DocumentError {
     QStringList allowed = {}; ///< the names that could be there
     ReadingLimit limit = ReadingLimit::None;
     qsizetype offset = 0; ///< of the position
-    QString otherName = {}; ///< what the root element is to be called; null: nothing is certain
+    QString otherName =
+        {}; ///< what the root element is to be called, but for its prefix; null: nothing is certain
 };
 
 /// Of the mark that \a bytes begin with; 0 without one.

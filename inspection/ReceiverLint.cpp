@@ -66,8 +66,10 @@ Findings uniqueNameGivenBefore(const Element &element)
 {
     if (!element.hasReplaced)
         return {};
-    return {element.finding(element.index,
-                            QStringLiteral("the unique name was given before; only this element counts"))};
+    FindingData finding = element.finding(
+        element.index, QStringLiteral("the unique name was given before; only this element counts"));
+    finding.isContradiction = true;
+    return {finding};
 }
 
 Findings enumerationWithoutEntries(const Element &element)
@@ -149,6 +151,7 @@ Findings clashes(const Element &element, ClashesWith clashesWith, const QString 
             QStringLiteral("the entries '%1' and '%2' %3")
                 .arg(oneLine(shortened(entries[*other].Name)), oneLine(shortened(entries[i].Name)), clash)));
         findings.back().gist = gistOf(entries[i]);
+        findings.back().isContradiction = true;
     }
     return findings;
 }

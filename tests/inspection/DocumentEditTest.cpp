@@ -207,11 +207,13 @@ void DocumentEditTest::changes_data()
              "<Polarization>Slant</Polarization>\n"));
     add("element before all others", with(Job1, "    <Name>East</Name>\n", ""),
         {set("AntennaData.Name", "B")}, with(Job1, ">East<", ">B<"));
-    add("element before one that is removed", Job1,
-        {set("AntennaData.Azimuth", "45"), unset("AntennaData.MaximumFrequency"),
-         set("JobHeader.Description", "d"), unset("JobHeader.ShowJDH")},
-        with(with(Job1, "    <ShowJDH>true</ShowJDH>\n", "    <Description>d</Description>\n"),
-             "    <MaximumFrequency>30000000</MaximumFrequency>\n", "    <Azimuth>45</Azimuth>\n"));
+    add("element before one that is removed",
+        with(Job1, "</MaximumFrequency>\n", "</MaximumFrequency>\n    <Polarization>Slant</Polarization>\n"),
+        {set("AntennaData.Azimuth", "45"), unset("AntennaData.Polarization")},
+        with(Job1, "</MaximumFrequency>\n", "</MaximumFrequency>\n    <Azimuth>45</Azimuth>\n"));
+    add("element behind one that is removed", Job1,
+        {set("AntennaData.Azimuth", "45"), unset("AntennaData.MaximumFrequency")},
+        with(Job1, "<MaximumFrequency>30000000</MaximumFrequency>", "<Azimuth>45</Azimuth>"));
     add("attribute behind one that is removed, and before one", Receiver,
         {unset("Parameter[Mode].Enum.EnumValue[0].Value"), unset("Parameter[Mode].Enum.EnumValue[1].Value"),
          set("Parameter[Mode].Enum.EnumValue[1].Identifier", "b")},

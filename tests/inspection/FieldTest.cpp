@@ -133,7 +133,7 @@ void FieldTest::values_data()
         Field::Type::Integer, Q_INT64_C(9007199254740993), "9007199254740993");
     row("float", ParameterType::Float, "Float.Default", "0.1", Field::Type::Float, 0.1F, "0.1");
     row("precise float", ParameterType::Float, "Float.Default", "16777.217", Field::Type::Float, 16777.217F,
-        "16777.2");
+        "16777.217");
     row("double", ParameterType::Double, "Double.Default", "0.1", Field::Type::Double, 0.1, "0.1");
     row("precise double", ParameterType::Double, "Double.Default", "0.30000000000000004", Field::Type::Double,
         0.1 + 0.2, "0.30000000000000004");

@@ -179,10 +179,20 @@ void FindingTest::corrections_data()
 
     add("root element", "<job/>", "", "Job", Correction::Name);
     add("root element with a letter too many", "<Jobs/>", "");
-    add("root element with a prefix", "<a:job xmlns:a='b'/>", "");
+    add("root element with a prefix", "<a:job xmlns:a='b'/>", "", "Job", Correction::Name);
     add("element", "<Job><resourceType/></Job>", "Job/resourceType", "ResourceType", Correction::Name);
     add("element with a letter too many", "<Job><ResourceTypes/></Job>", "Job/ResourceTypes");
-    add("element with a prefix", "<Job><a:resourceType xmlns:a='b'/></Job>", "Job/a:resourceType");
+    add("element with a prefix", "<Job><a:resourceType xmlns:a='b'/></Job>", "Job/a:resourceType",
+        "ResourceType", Correction::Name);
+    add("element with a prefix that may be meant for others",
+        "<Parameter><Long><a:minimum xmlns:a='b'/></Long></Parameter>", "Parameter/Long/a:minimum");
+    add("element beside the right one with a prefix",
+        "<Job><resourceType/><a:ResourceType xmlns:a='b'/></Job>", "Job/resourceType");
+    add("element beside an attribute that is meant for it",
+        "<AutomaticWorkflow Mode='ManualMode'><mode>ManualMode</mode></AutomaticWorkflow>",
+        "AutomaticWorkflow/mode");
+    add("element beside the right one in another block",
+        "<Parameter><Long><minimum/></Long><Long><Minimum/></Long></Parameter>", "Parameter/Long/minimum");
     add("element beside the right one", "<Job><resourceType/><ResourceType/></Job>", "Job/resourceType");
     add("element beside another like it", "<Job><resourceType/><RESOURCETYPE/></Job>", "Job/RESOURCETYPE");
     add("element of which there may be several",
@@ -202,6 +212,18 @@ void FindingTest::corrections_data()
         "ManualMode", Correction::Element);
     add("attribute beside the element", "<AutomaticWorkflow Mode='ManualMode'><Mode/></AutomaticWorkflow>",
         "AutomaticWorkflow/@Mode");
+    add("attribute beside an element that is meant for it",
+        "<AutomaticWorkflow Mode='ManualMode'><mode>ManualMode</mode></AutomaticWorkflow>",
+        "AutomaticWorkflow/@Mode");
+    add("attribute beside another one like it", "<AutomaticWorkflow Mode='ManualMode' mode='AutomaticMode'/>",
+        "AutomaticWorkflow/@Mode");
+    add("attribute of a block", "<Parameter><String Default='x'/></Parameter>", "Parameter/String/@Default",
+        "x", Correction::Element);
+    add("attribute beside the element in another block",
+        "<Parameter><String Default='x'/><String><Default>q</Default></String></Parameter>",
+        "Parameter/String/@Default");
+    add("attribute of two blocks", "<Parameter><String Default='x'/><String Default='y'/></Parameter>",
+        "Parameter/String/@Default");
     add("attribute that says nothing", "<AutomaticWorkflow Mode='x'/>", "AutomaticWorkflow/@Mode");
     add("block of doubles", "<Parameter><DoubleList/></Parameter>", "Parameter/DoubleList", "Double",
         Correction::Name);

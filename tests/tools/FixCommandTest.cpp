@@ -10,6 +10,7 @@ private Q_SLOTS:
     void corrected();
     void uncertain_data();
     void uncertain();
+    void certainBesideUncertain();
     void everythingCertain();
     void targets();
 };
@@ -25,6 +26,26 @@ void FixCommandTest::corrected_data()
     add("name in another case", jobWith(">Antenna</JobType", ">ANTENNA</JobType"), completeJob());
     add("name a letter away", jobWith(">Antenna</Res", ">Antena</Res"), completeJob());
     add("tag in another case", jobWith("<Author>Mara Lind</Author>", "<author>Mara Lind</author>"),
+        completeJob());
+    add("root tag in another case", completeJob().replace("<Job ", "<job ").replace("</Job>", "</job>"),
+        completeJob());
+    add("root tag in another case, and what is found then",
+        jobWith("<Author>Mara Lind</Author>", "<author>Mara Lind</author>")
+            .replace("<Job ", "<k:JOB xmlns:k='u' ")
+            .replace("</Job>", "</k:JOB>"),
+        completeJob().replace("<Job ", "<k:Job xmlns:k='u' ").replace("</Job>", "</k:Job>"));
+    add("tag with a prefix in another case",
+        jobWith("<Author>Mara Lind</Author>", "<k:author xmlns:k=\"u\">Mara Lind</k:author >"),
+        jobWith("<Author>Mara Lind</Author>", "<k:Author xmlns:k=\"u\">Mara Lind</k:Author >"));
+    add("tag in another case, with what is found in it then",
+        jobWith("<Author>Mara Lind</Author>", "<author>Mara Lind</author>")
+            .replace("<JobHeader ", "<jobHeader ")
+            .replace("</JobHeader>", "</jobHeader>"),
+        completeJob());
+    add("name that asks for more",
+        jobWith(">Antenna</Res", ">antenna</Res")
+            .replace("<Name>East", "<name>East")
+            .replace("East</Name>", "East</name>"),
         completeJob());
     add("attribute in another case", completeParameter().replace("UniqueName", "uniquename"),
         completeParameter());
@@ -84,6 +105,37 @@ void FixCommandTest::uncertain_data()
     QTest::newRow("block whose correction would show an unknown element")
         << completeParameter().replace("</Parameter>", "<DoubleList/><Colour/></Parameter>")
         << "12:1: warning: Parameter[Gain]/DoubleList: a block" << 0;
+    const QByteArray twice =
+        "<AutomaticWorkflow Version=\"1.0\" Mode=\"ManualMode\"><mode>AutomaticMode</mode>"
+        "</AutomaticWorkflow>\n";
+    QTest::newRow("two that say the same field")
+        << twice << "1:1: warning: AutomaticWorkflow/@Mode: is not read: the mode is read from an element"
+        << 1;
+    const QByteArray text = QByteArray(completeParameter()).replace("Integer", "String");
+    const auto textWith = [&text](const QByteArray &blocks) {
+        return text.left(text.indexOf("<String>")) + blocks + text.mid(text.indexOf("</String>") + 9);
+    };
+    QTest::newRow("two blocks that say the same field")
+        << textWith("<String Default=\"x\"/><String><Default>q</Default></String>")
+        << "7:5: warning: Parameter[Gain]/String/@Default: is not read" << 0;
+    QTest::newRow("two blocks that do not say the same field")
+        << textWith("<String Default=\"x\"/><String Default=\"y\"/>")
+        << "7:5: warning: Parameter[Gain]/String/@Default: is not read" << 0;
+    QTest::newRow("number that is refused")
+        << jobWith(">1500000<", ">-0,5<") << "12:9: warning: Job/AntennaData/MinimumFrequency: \"-0,5\"" << 0;
+    QTest::newRow("number that makes another one refused")
+        << jobWith(">1500000<", ">40000000,5<")
+        << "12:9: warning: Job/AntennaData/MinimumFrequency: \"40000000,5\"" << 0;
+    const QByteArray parameter = "<Parameter UniqueName=\"a\"><RepresentationName>r</RepresentationName>"
+                                 "<ValueType>ValueString</ValueType><ParameterType>String</ParameterType>"
+                                 "<String><Default>x</Default></String></Parameter>\n";
+    QTest::newRow("tag by which a parameter takes the place of another one")
+        << "<GenericReceiver Version=\"1.0\">\n" + parameter
+            + QByteArray(parameter)
+                  .replace("<Parameter ", "<parameter ")
+                  .replace("</Parameter>", "</parameter>")
+            + "</GenericReceiver>\n"
+        << "3:1: error: GenericReceiver/parameter[a]: unknown element" << 1;
     QTest::newRow("not well-formed") << QByteArray("<Job>") << "1:6: error: " << 1;
 }
 
@@ -100,6 +152,25 @@ void FixCommandTest::uncertain()
     QCOMPARE(run.out, QString());
     QCOMPARE(run.status, status);
     QCOMPARE(folder.read("in.xml"), QString::fromUtf8(document));
+}
+
+/// What does not go together with something else is left, and nothing else.
+void FixCommandTest::certainBesideUncertain()
+{
+    Folder folder;
+    const QByteArray left = jobWith(">1500000<", ">40000000,5<");
+    folder.write("in.xml",
+                 QByteArray(left)
+                     .replace(">Antenna</JobType", ">antenna</JobType")
+                     .replace("</MaximumFrequency>", "</MaximumFrequency><Azimuth>4,5</Azimuth>"));
+    const Run run = folder.run({"fix", "--in-place", "in.xml"});
+    QCOMPARE(folder.read("in.xml"),
+             QString::fromUtf8(QByteArray(left).replace("</MaximumFrequency>",
+                                                        "</MaximumFrequency><Azimuth>4.5</Azimuth>")));
+    QCOMPARE(run.err.count(": corrected: "), 2);
+    QVERIFY2(run.err.contains("in.xml:12:9: warning: Job/AntennaData/MinimumFrequency: \"40000000,5\""),
+             qPrintable(run.err));
+    QCOMPARE(run.status, 0);
 }
 
 /// What is certain is put right even where something else is not.
