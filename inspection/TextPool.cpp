@@ -83,18 +83,10 @@ TextPool::Id TextPool::put(QStringView text)
 
 QString TextPool::text(Id id) const
 {
-    if (id == Empty)
-        return {};
     if ((id & LongText) != 0)
         return longTexts[id & ~LongText];
-    const char *const bytes = chunks[(id - 1) / ChunkSize].get() + (id - 1) % ChunkSize;
-    const auto head = static_cast<unsigned char>(bytes[0]);
-    const int length = head >> 1U;
-    if ((head & Wide) == 0)
-        return QString::fromLatin1(bytes + 1, length);
-    QString text(length, Qt::Uninitialized);
-    std::memcpy(text.data(), bytes + 1, static_cast<std::size_t>(length) * sizeof(QChar));
-    return text;
+    Room room;
+    return text(id, room).toString();
 }
 
 QStringView TextPool::text(Id id, Room &room) const

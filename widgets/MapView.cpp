@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 namespace KORMAK::Widgets {
 
@@ -31,16 +30,6 @@ FrameSize frameSizeOf(const QSizeF &size)
     return {std::max(1.0, size.width()), std::max(1.0, size.height())};
 }
 
-std::vector<MapPoint> projected(const MapProjection &projection, const OutlineRing &points)
-{
-    std::vector<MapPoint> all;
-    for (const OutlinePoint &point : points) {
-        if (const auto one = projection.project(point.latitude, point.longitude))
-            all.push_back(*one);
-    }
-    return all;
-}
-
 /// The view of an area that has a point.
 MapView viewOf(const QSizeF &size, const AreaOutline &outline)
 {
@@ -52,14 +41,11 @@ MapView viewOf(const QSizeF &size, const AreaOutline &outline)
                                                         : -Pole;
         return {size, {latitude, best.centralLongitude()}, scaleOfEarth(size)};
     }
-    const OutlineRing points = densified(outline);
-    const Place middle = centreOf(points);
-    const MapProjection projection(middle);
     const FrameSize frameSize = frameSizeOf(size);
-    const MapFrame frame = frameFor(boundsOf(projected(projection, points)), outline.shape(), frameSize);
-    const auto centre = projection.placeAt(frame.pointAt({frameSize.width / 2, frameSize.height / 2}));
+    const MapFrame frame = frameFor(outline, best, frameSize);
+    const auto centre = best.placeAt(frame.pointAt({frameSize.width / 2, frameSize.height / 2}));
     const double scale = EarthRadius / frame.kilometresPerUnit();
-    return {size, centre.value_or(middle), std::max(scale, scaleOfEarth(size))};
+    return {size, centre.value_or(centreOf(densified(outline))), std::max(scale, scaleOfEarth(size))};
 }
 
 } // namespace

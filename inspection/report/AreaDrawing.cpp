@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace KORMAK::Inspection {
 
@@ -78,14 +79,24 @@ int decimalsFor(const Extent &extent)
     return size == 0 ? Least : std::clamp(2 - static_cast<int>(std::floor(std::log10(size))), Least, Most);
 }
 
-std::vector<MapPoint> projected(const MapProjection &projection, const OutlineRing &points)
+struct Bounds {
+    MapPoint least;
+    MapPoint most;
+};
+
+/// Of an outline that is on the map as a whole.
+Bounds boundsOf(const MapProjection &projection, const AreaOutline &outline)
 {
-    std::vector<MapPoint> all;
-    for (const OutlinePoint &point : points) {
-        if (const auto one = projection.project(point.latitude, point.longitude))
-            all.push_back(*one);
+    constexpr double None = std::numeric_limits<double>::infinity();
+    Bounds bounds{{None, None}, {-None, -None}};
+    for (const OutlinePoint &point : densified(outline)) {
+        const auto place = projection.project(point.latitude, point.longitude);
+        if (!place)
+            continue;
+        bounds.least = {std::min(bounds.least.x, place->x), std::min(bounds.least.y, place->y)};
+        bounds.most = {std::max(bounds.most.x, place->x), std::max(bounds.most.y, place->y)};
     }
-    return all;
+    return bounds;
 }
 
 /// In km. On a map of all of the earth, the width is that along the parallel where the area is widest.
@@ -98,7 +109,7 @@ AreaSize sizeOf(const AreaOutline &outline)
 {
     const MapProjection projection = projectionFor(outline);
     if (projection.kind() == MapProjection::Kind::Azimuthal) {
-        const Bounds bounds = boundsOf(projected(projection, densified(outline)));
+        const Bounds bounds = boundsOf(projection, outline);
         return {(bounds.most.x - bounds.least.x) * EarthRadius,
                 (bounds.most.y - bounds.least.y) * EarthRadius};
     }
@@ -111,6 +122,24 @@ AreaSize sizeOf(const AreaOutline &outline)
         east += Turn;
     return {east * PerDegree * std::cos(nearest) * EarthRadius,
             (extent.north - extent.south) * PerDegree * EarthRadius};
+}
+
+/// With room around the bounds to see where they are.
+MapFrame frameRound(const Bounds &bounds, AreaOutline::Shape shape, const FrameSize &size)
+{
+    constexpr double ShareOfArea = 0.6;
+    constexpr double LeastWidth = 0.01; // km
+    constexpr double WidthRoundPoint = 600; // km
+    constexpr double WidthOfEarth = 2 * 2.05 * EarthRadius; // of all of it
+    const double width = (bounds.most.x - bounds.least.x) * EarthRadius / ShareOfArea;
+    const double height = (bounds.most.y - bounds.least.y) * EarthRadius / ShareOfArea;
+    const double wanted = std::max(width, height * size.width / size.height);
+    const double most = WidthOfEarth * size.width / size.height;
+    const double kilometres = std::clamp(wanted, shape == Shape::Point ? WidthRoundPoint : LeastWidth, most);
+    const bool isEarth = kilometres == most;
+    return {isEarth ? MapPoint{0, 0}
+                    : MapPoint{(bounds.least.x + bounds.most.x) / 2, (bounds.least.y + bounds.most.y) / 2},
+            size.width / kilometres * EarthRadius, size};
 }
 
 } // namespace
@@ -159,33 +188,6 @@ OutlineRing densified(const AreaOutline &outline)
     return points;
 }
 
-Bounds boundsOf(const std::vector<MapPoint> &points)
-{
-    Bounds bounds{points.front(), points.front()};
-    for (const MapPoint &point : points) {
-        bounds.least = {std::min(bounds.least.x, point.x), std::min(bounds.least.y, point.y)};
-        bounds.most = {std::max(bounds.most.x, point.x), std::max(bounds.most.y, point.y)};
-    }
-    return bounds;
-}
-
-MapFrame frameFor(const Bounds &bounds, AreaOutline::Shape shape, const FrameSize &size)
-{
-    constexpr double ShareOfArea = 0.6;
-    constexpr double LeastWidth = 0.01; // km
-    constexpr double WidthRoundPoint = 600; // km
-    constexpr double WidthOfEarth = 2 * 2.05 * EarthRadius; // of all of it
-    const double width = (bounds.most.x - bounds.least.x) * EarthRadius / ShareOfArea;
-    const double height = (bounds.most.y - bounds.least.y) * EarthRadius / ShareOfArea;
-    const double wanted = std::max(width, height * size.width / size.height);
-    const double most = WidthOfEarth * size.width / size.height;
-    const double kilometres = std::clamp(wanted, shape == Shape::Point ? WidthRoundPoint : LeastWidth, most);
-    const bool isEarth = kilometres == most;
-    return {isEarth ? MapPoint{0, 0}
-                    : MapPoint{(bounds.least.x + bounds.most.x) / 2, (bounds.least.y + bounds.most.y) / 2},
-            size.width / kilometres * EarthRadius, size};
-}
-
 MapProjection projectionFor(const AreaOutline &outline)
 {
     constexpr double Farthest = 95; // degrees
@@ -209,7 +211,7 @@ MapProjection projectionFor(const AreaOutline &outline)
 MapFrame frameFor(const AreaOutline &outline, const MapProjection &projection, const FrameSize &size)
 {
     if (projection.kind() == MapProjection::Kind::Azimuthal)
-        return frameFor(boundsOf(projected(projection, densified(outline))), outline.shape(), size);
+        return frameRound(boundsOf(projection, outline), outline.shape(), size);
     const double width = 2 * Pi * MapProjection::TrueCosine;
     return {{0, 0}, std::min(size.width / width, size.height / Pi), size};
 }

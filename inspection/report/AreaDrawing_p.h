@@ -9,8 +9,6 @@
 
 #include <QString>
 
-#include <vector>
-
 namespace KORMAK::Inspection {
 
 /// In the middle of the points on the sphere; where they cancel out, the first of them.
@@ -19,21 +17,10 @@ namespace KORMAK::Inspection {
 /// The outline with so many points between its own that its edges look as bent as they are.
 [[nodiscard]] INSPECTION_EXPORT OutlineRing densified(const AreaOutline &outline);
 
-struct Bounds {
-    MapPoint least;
-    MapPoint most;
-};
-
-/// There must be a point.
-[[nodiscard]] INSPECTION_EXPORT Bounds boundsOf(const std::vector<MapPoint> &points);
-
-/// With room around the area to see where it is.
-[[nodiscard]] INSPECTION_EXPORT MapFrame frameFor(const Bounds &bounds, AreaOutline::Shape shape,
-                                                  const FrameSize &size);
-
 /// How an area is drawn: round its middle, or, where it is not within a quarter of the earth's circumference
 /// of it, on a map of all of the earth. There must be a point.
 [[nodiscard]] INSPECTION_EXPORT MapProjection projectionFor(const AreaOutline &outline);
+/// With room around the area to see where it is.
 [[nodiscard]] INSPECTION_EXPORT MapFrame frameFor(const AreaOutline &outline, const MapProjection &projection,
                                                   const FrameSize &size);
 
