@@ -9,6 +9,7 @@
 #include <QString>
 #include <QStringView>
 
+#include <limits>
 #include <vector>
 
 namespace KORMAK {
@@ -33,10 +34,11 @@ public:
     {
         return (childTypes & ~bitOf(one) & ~bitOf(other)) != 0;
     }
-    /// 0 for an invalid type.
+    /// 0 for what is no type: a program can set any number.
     [[nodiscard]] static constexpr unsigned bitOf(ParameterType type)
     {
-        return type == ParameterType::Invalid ? 0 : 1U << static_cast<unsigned>(type);
+        const auto number = static_cast<unsigned>(type);
+        return number < std::numeric_limits<unsigned>::digits ? 1U << number : 0;
     }
 
     [[nodiscard]] bool hasBlock() const;
