@@ -3,7 +3,6 @@
 #ifndef KORMAK_INSPECTION_XMLTREE_P_H
 #define KORMAK_INSPECTION_XMLTREE_P_H
 
-#include <inspection/ChunkedList_p.h>
 #include <inspection/TextPool_p.h>
 
 #include <QByteArray>
@@ -11,6 +10,7 @@
 #include <QStringView>
 
 #include <algorithm>
+#include <deque>
 #include <iterator>
 #include <limits>
 #include <optional>
@@ -142,8 +142,8 @@ private:
         return element + 1 < end() ? node(element + 1).firstAttribute : nodeAttributes.size();
     }
 
-    ChunkedList<Node> nodes;
-    ChunkedList<NodeAttribute> nodeAttributes;
+    std::deque<Node> nodes;
+    std::deque<NodeAttribute> nodeAttributes;
     std::vector<QString> names;
     TextPool texts;
     std::vector<Aside> asides;
