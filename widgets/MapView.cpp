@@ -83,13 +83,7 @@ int MapView::decimals() const
 double MapView::step() const
 {
     constexpr double Pixels = 12;
-    constexpr double Base = 10;
-    constexpr double Two = 2;
-    constexpr double Five = 5;
-    const double most = Pixels / pixelsPerDegree();
-    const double power = std::pow(Base, std::floor(std::log10(most)));
-    const double factor = most / power;
-    return power * (factor >= Five ? Five : factor >= Two ? Two : 1);
+    return roundNumber(Pixels / pixelsPerDegree());
 }
 
 std::optional<QPointF> MapView::position(const TESSEL::Coordinate &place) const

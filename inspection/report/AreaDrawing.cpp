@@ -216,16 +216,20 @@ MapFrame frameFor(const AreaOutline &outline, const MapProjection &projection, c
     return {{0, 0}, std::min(size.width / width, size.height / Pi), size};
 }
 
-double roundDistance(double widthInKilometres)
+double roundNumber(double most)
 {
-    constexpr double Share = 0.3;
     constexpr double Base = 10;
-    const double most = widthInKilometres * Share;
     const double power = std::pow(Base, std::floor(std::log10(most)));
     const double factor = most / power;
     constexpr double Two = 2;
     constexpr double Five = 5;
     return power * (factor >= Five ? Five : factor >= Two ? Two : 1);
+}
+
+double roundDistance(double widthInKilometres)
+{
+    constexpr double Share = 0.3;
+    return roundNumber(widthInKilometres * Share);
 }
 
 QString distanceText(double kilometres)

@@ -24,6 +24,9 @@ namespace KORMAK::Inspection {
 [[nodiscard]] INSPECTION_EXPORT MapFrame frameFor(const AreaOutline &outline, const MapProjection &projection,
                                                   const FrameSize &size);
 
+/// The greatest of 1, 2, 5, 10, 20 and so on, or of their decimal parts, that is not above \a most.
+[[nodiscard]] INSPECTION_EXPORT double roundNumber(double most);
+
 /// The longest round distance of at most a third of the width, in km.
 [[nodiscard]] INSPECTION_EXPORT double roundDistance(double widthInKilometres);
 
