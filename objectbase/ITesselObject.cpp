@@ -254,7 +254,9 @@ const QString &ITesselObject::GetObjectName() const
 void ITesselObject::ProcessXml(QXmlStreamReader &reader)
 {
     // A child may be read up to an end element deeper than its own, so ours is told by its name.
-    const QString ownName = reader.qualifiedName().toString();
+    // It is nearly always the name that the object has anyway.
+    const QString ownName =
+        reader.qualifiedName() == objectName ? objectName : reader.qualifiedName().toString();
     while (!reader.atEnd()) {
         const auto token = reader.readNext();
         if (token == QXmlStreamReader::EndElement && reader.qualifiedName() == ownName)
