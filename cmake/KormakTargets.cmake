@@ -55,7 +55,8 @@ function(kormak_precompile target)
     endif()
     set(headers
         <algorithm> <cmath> <iterator> <map> <memory> <optional> <utility> <vector>
-        <QByteArray> <QDateTime> <QHash> <QString> <QStringList> <QStringView> <QVector> <QXmlStreamReader> <QXmlStreamWriter>
+        <QByteArray> <QDateTime> <QHash> <QString> <QStringList> <QStringView> <QVector>
+        <QXmlStreamReader> <QXmlStreamWriter>
     )
     if(ARGN)
         target_precompile_headers(${target} PRIVATE ${headers} ${ARGN})
