@@ -37,6 +37,45 @@ function(kormak_strict_conversions target)
     target_compile_options(${target} PRIVATE -Wconversion -Wsign-conversion)
 endfunction()
 
+# kormak_hide(target): what is not marked as exported stays inside the library.
+function(kormak_hide target)
+    set_target_properties(${target} PROPERTIES
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON
+        POSITION_INDEPENDENT_CODE ON
+    )
+endfunction()
+
+# kormak_precompile(target header...): with KORMAK_PRECOMPILE_HEADERS, what most sources include of the standard library and
+# of Qt is read once, together with the headers; without headers, once for all libraries. That sources include what they
+# use, a build without it tells.
+function(kormak_precompile target)
+    if(NOT KORMAK_PRECOMPILE_HEADERS)
+        return()
+    endif()
+    set(headers
+        <algorithm> <cmath> <iterator> <map> <memory> <optional> <utility> <vector>
+        <QByteArray> <QDateTime> <QHash> <QString> <QStringList> <QStringView> <QVector>
+        <QXmlStreamReader> <QXmlStreamWriter>
+    )
+    if(ARGN)
+        target_precompile_headers(${target} PRIVATE ${headers} ${ARGN})
+        return()
+    endif()
+    if(NOT TARGET kormak-qtcore)
+        set(source "${PROJECT_BINARY_DIR}/qtcore.cpp")
+        file(GENERATE OUTPUT "${source}" CONTENT "")
+        add_library(kormak-qtcore OBJECT "${source}")
+        kormak_target_defaults(kormak-qtcore)
+        kormak_strict_text(kormak-qtcore)
+        kormak_strict_conversions(kormak-qtcore)
+        kormak_hide(kormak-qtcore)
+        target_link_libraries(kormak-qtcore PRIVATE Qt${QT_VERSION_MAJOR}::Core)
+        target_precompile_headers(kormak-qtcore PRIVATE ${headers})
+    endif()
+    target_precompile_headers(${target} REUSE_FROM kormak-qtcore)
+endfunction()
+
 # kormak_add_library(target DESCRIPTION text [OUTPUT_NAME name] source...): a library whose headers are included from the
 # project root. Its file and its packages are called name, else like the target, and bear the major version of Qt. It is
 # added after those that it is linked with; the property KORMAK_LIBRARIES has them all in that order.
@@ -51,10 +90,8 @@ function(kormak_add_library target)
     kormak_target_defaults(${target})
     kormak_strict_text(${target})
     kormak_strict_conversions(${target})
+    kormak_hide(${target})
     set_target_properties(${target} PROPERTIES
-        CXX_VISIBILITY_PRESET hidden
-        VISIBILITY_INLINES_HIDDEN ON
-        POSITION_INDEPENDENT_CODE ON
         VERSION ${PROJECT_VERSION}
         SOVERSION ${PROJECT_VERSION_MAJOR}
         EXPORT_NAME ${target}

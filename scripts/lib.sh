@@ -101,6 +101,7 @@ requirement fuzzer libclang-rt-dev \
     "runs_under fuzzer,address,undefined clang++ 'extern \"C\" int LLVMFuzzerTestOneInput(const char *, unsigned long) { return 0; }'" \
     "libFuzzer and the sanitizers for clang++"
 requirement_program clang++ clang "Clang"
+requirement_program ld.lld lld "the linker of LLVM"
 requirement_program clang-tidy clang-tidy "clang-tidy"
 requirement cmake cmake has_cmake "CMake $(minimum cmake) or newer (cmake)"
 requirement_program ninja ninja-build "Ninja"
