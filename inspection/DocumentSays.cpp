@@ -27,11 +27,10 @@ public:
             if (!field.existsIn(object))
                 continue;
             const std::size_t before = says.sayings.size();
-            const QString path = prefix + field.key.toString();
             if (field.parts)
-                visitParts(table, field, object, node.find(borrowed(field.key)), path);
+                visitParts(table, field, object, node.find(borrowed(field.key)), prefix);
             else if (const auto text = differentText(table, field, object, node))
-                says.sayings.push_back({path, text->text, text->breaksOff});
+                says.sayings.push_back({prefix + field.key.toString(), text->text, text->breaksOff});
             if (says.sayings.size() > before)
                 says.places.emplace(DocumentSays::Place(&field, object), before);
         }
@@ -40,11 +39,12 @@ public:
 private:
     /// \a node: null when there are none in the document.
     void visitParts(const ObjectTable &table, const FieldRow &field, const void *object,
-                    const PlaceNode *node, const QString &path)
+                    const PlaceNode *node, const QString &prefix)
     {
         const Row *const element = table.element(field.key);
         if (!element || !node)
             return;
+        const QString path = prefix + field.key.toString();
         const auto parts = field.parts->all(object);
         if (element->part) {
             for (const FieldPart &part : parts) {

@@ -151,10 +151,12 @@ void FieldPlaces::addObject(PlaceNode &node, Row::Content content, const QString
 
 void FieldPlaces::addAttributes(PlaceNode &node)
 {
-    for (const Row &row : node.own.back().table->attributes) {
-        if (row.read && tree.attribute(cursor.element(), row.name))
-            node.fields.push_back({row.name, {cursor.element(), &row, nullptr, true}});
-    }
+    const ObjectTable &table = *node.own.back().table;
+    tree.eachAttribute(cursor.element(), [&](XmlTree::NameNumber name, QStringView /*value*/) {
+        const Row *const row = table.attribute(tree.allNames()[name]);
+        if (row && row->read)
+            node.fields.push_back({row->name, {cursor.element(), row, nullptr, true}});
+    });
 }
 
 void FieldPlaces::addElement(PlaceNode &around, const Row &row, const QString &aroundPath)
@@ -212,7 +214,7 @@ void FieldPlaces::addUnread(const PlaceNode &node, const QString &path)
                                     QStringLiteral("/@") + row.name.toString(), tree.offset(element)});
     }
     const Row *const boolean = table->element(BooleanName);
-    if (boolean && table->element(TypeName) && !node.last(TypeName)) {
+    if (boolean && !node.last(TypeName) && table->element(TypeName)) {
         if (const Index child = tree.findChild(element, BooleanName); child != XmlTree::None) {
             unreadValues.push_back(
                 {joined(path, TypeName.toString()), BooleanName.toString(), {}, tree.offset(child)});

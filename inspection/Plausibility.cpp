@@ -204,6 +204,20 @@ constexpr struct Rule {
     {{}, u"Version", FindingId::SuspiciousVersion, versionUnknown},
 };
 
+/// The way to an object from the document.
+struct Way {
+    const Way *around; ///< null: it is the document
+    const FieldRow *field = nullptr;
+    const QString *key = nullptr;
+
+    /// Made only where there is something to tell.
+    [[nodiscard]] QString path() const
+    {
+        return around ? joined(around->path(), field->key.toString() + bracketed(*field->parts, *key))
+                      : QString();
+    }
+};
+
 /// What a rule says of an object.
 struct Objection {
     const Rule *rule;
@@ -213,24 +227,22 @@ struct Objection {
 };
 
 /// Collects what there is to say of \a subject and of the objects in it.
-void judge(std::vector<Objection> &objections, QStringView element, const Subject &subject,
-           const QString &path)
+void judge(std::vector<Objection> &objections, QStringView element, const Subject &subject, const Way &way)
 {
     for (const Rule &rule : Rules) {
         if (!rule.element.isNull() && rule.element != element)
             continue;
         if (const QString message = rule.objection(subject); !message.isEmpty())
-            objections.push_back({&rule, &subject.table, path, message});
+            objections.push_back({&rule, &subject.table, way.path(), message});
     }
-    const QString prefix = path.isEmpty() ? QString() : path + QLatin1Char('.');
     for (const Row &row : subject.table.elements) {
         if (!row.part || row.content != Row::Content::Object)
             continue;
-        const FieldParts &parts = *fieldsOf(subject.table).find(row.name)->parts;
+        const FieldRow *const field = fieldsOf(subject.table).find(row.name);
         for (const FieldPart &part : row.part->all(subject.object)) {
             judge(objections, row.name,
                   {row.part->table(), part.object, TESSEL::defaultVersion(), subject.now},
-                  prefix + row.name.toString() + bracketed(parts, part.key));
+                  {&way, field, &part.key});
         }
     }
 }
@@ -252,7 +264,7 @@ FindingData findingOf(const Objection &objection, const XmlTree &tree, const Fie
         found = tree.attribute(at, rule.field);
     } else if (!rule.field.isEmpty()) {
         for (const QString &step : rule.field.toString().split(QLatin1Char('.'))) {
-            path += (path.isEmpty() ? QString() : QStringLiteral(".")) + step;
+            path = joined(path, step);
             const XmlTree::Index next = below.isEmpty() ? lastOf(path) : XmlTree::None;
             if (next == XmlTree::None)
                 below += QLatin1Char('/') + step;
@@ -275,7 +287,7 @@ Findings implausible(const DocumentKind &kind, const TESSEL::ITesselObject &obje
 {
     std::vector<Objection> objections;
     judge(objections, kind.rootElement,
-          {kind.table(), kind.address(object), kind.create()->GetVersion(), now}, {});
+          {kind.table(), kind.address(object), kind.create()->GetVersion(), now}, {nullptr});
     if (objections.empty())
         return {}; // as nearly always: nothing need be looked for
     QStringList paths;
