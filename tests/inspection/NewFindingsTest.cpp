@@ -13,6 +13,9 @@ private Q_SLOTS:
     void findings();
 };
 
+Q_DECLARE_METATYPE(KORMAK::Inspection::DocumentCheck::PlacedFinding)
+Q_DECLARE_METATYPE(KORMAK::Inspection::TextPatch)
+
 namespace {
 
 using Placed = DocumentCheck::PlacedFinding;
