@@ -3,6 +3,7 @@
 #include <inspection/DocumentTexts_p.h>
 #include <inspection/FieldPlaces_p.h>
 #include <inspection/FieldText_p.h>
+#include <objectbase/Text_p.h>
 
 #include <QStringList>
 
@@ -10,53 +11,56 @@
 
 namespace KORMAK::Inspection {
 
+using TESSEL::borrowed;
 using TESSEL::ObjectTable;
 using TESSEL::Row;
 using Index = XmlTree::Index;
 
-/// Goes through the fields of an object and what they were read from.
+/// Goes through the fields of an object and the places that they were read from.
 class SayingWalk {
 public:
     SayingWalk(DocumentSays &made, const XmlTree &readFrom) : says(made), tree(readFrom) { }
 
-    void visit(const ObjectTable &table, const void *object, const FieldSource &source, const QString &prefix)
+    void visit(const ObjectTable &table, const void *object, const PlaceNode &node, const QString &prefix)
     {
         for (const FieldRow &field : fieldsOf(table)) {
             if (!field.existsIn(object))
                 continue;
             const std::size_t before = says.sayings.size();
-            const QString path = prefix + field.key.toString();
             if (field.parts)
-                visitParts(table, field, object, source, path);
-            else if (const auto text = differentText(table, field, object, source))
-                says.sayings.push_back({path, text->text, text->breaksOff});
+                visitParts(table, field, object, node.find(borrowed(field.key)), prefix);
+            else if (const auto text = differentText(table, field, object, node))
+                says.sayings.push_back({prefix + field.key.toString(), text->text, text->breaksOff});
             if (says.sayings.size() > before)
                 says.places.emplace(DocumentSays::Place(&field, object), before);
         }
     }
 
 private:
+    /// \a node: null when there are none in the document.
     void visitParts(const ObjectTable &table, const FieldRow &field, const void *object,
-                    const FieldSource &source, const QString &path)
+                    const PlaceNode *node, const QString &prefix)
     {
-        const auto parts = field.parts->all(object);
         const Row *const element = table.element(field.key);
-        if (!element)
+        if (!element || !node)
             return;
-        if (!element->part) { // the text of the element is the first field of the part
-            const FieldRow &first = field.parts->table.rows.front();
-            const auto text = textOf(*element, source);
-            if (text && isOther(*element, *text, element->get(object))) {
-                says.places.emplace(DocumentSays::Place(&first, parts.front().object), says.sayings.size());
-                says.sayings.push_back(
-                    {path + QLatin1Char('.') + first.key.toString(), text->text, text->breaksOff});
+        const QString path = prefix + field.key.toString();
+        const auto parts = field.parts->all(object);
+        if (element->part) {
+            for (const FieldPart &part : parts) {
+                const QString key = bracketed(*field.parts, part.key);
+                if (const PlaceNode *const inner = key.isEmpty() ? node : node->find(key))
+                    visit(element->part->table(), part.object, *inner, path + key + QLatin1Char('.'));
             }
             return;
         }
-        const auto sources = sourcesOf(tree, table, *element, parts, source);
-        for (std::size_t i = 0; i < parts.size(); ++i) {
-            visit(element->part->table(), parts[i].object, sources[i],
-                  path + bracketed(*field.parts, parts[i].key) + QLatin1Char('.'));
+        // The text of the element is the first field of the part.
+        const FieldRow &first = field.parts->table.rows.front();
+        const FieldPlace *const value = node->last(first.key);
+        if (const auto text = value ? readText(*value, element->get(object)) : std::nullopt) {
+            says.places.emplace(DocumentSays::Place(&first, parts.front().object), says.sayings.size());
+            says.sayings.push_back(
+                {path + QLatin1Char('.') + first.key.toString(), text->text, text->breaksOff});
         }
     }
 
@@ -78,19 +82,6 @@ private:
         return {texts.join(QLatin1Char(' ')), !tree.hasChild(element), element == tree.brokenIn()};
     }
 
-    /// The last element of \a row counts.
-    [[nodiscard]] std::optional<Text> textOf(const Row &row, const FieldSource &source) const
-    {
-        const Elements elements = elementsIn(tree, source, row.name);
-        return elements.empty() ? std::nullopt : std::optional<Text>(textAt(elements.back()));
-    }
-
-    [[nodiscard]] std::optional<Text> attributeOf(QStringView name, const FieldSource &source) const
-    {
-        const auto value = tree.attribute(source.elements.back(), name);
-        return value ? std::optional<Text>({*value}) : std::nullopt;
-    }
-
     static bool isOther(const Row &row, const Text &text, const FieldValue &value)
     {
         if (!text.isText || text.breaksOff || !isValid(row.type, text.text))
@@ -98,29 +89,42 @@ private:
         return row.type.kind == TextType::Kind::Text && settableText(row.type, value) != text.text;
     }
 
+    /// What stands at the \a place where the \a value of a field is read.
+    [[nodiscard]] std::optional<Text> readText(const FieldPlace &place, const FieldValue &value) const
+    {
+        const Text text = place.isAttribute
+            ? Text{tree.attribute(place.element, place.row->name).value_or(QString())}
+            : textAt(place.element);
+        return isOther(*place.row, text, value) ? std::optional<Text>(text) : std::nullopt;
+    }
+
+    /// What stands where the field is not read: an element or an attribute of its name in the object at \a
+    /// node.
+    [[nodiscard]] std::optional<Text> unreadText(const ObjectTable &table, const FieldRow &field,
+                                                 const PlaceNode &node) const
+    {
+        Index last = XmlTree::None;
+        for (const FieldPlace &place : node.own) {
+            for (Index i = tree.firstChild(place.element); i != XmlTree::None; i = tree.nextSibling(i))
+                last = localName(tree.name(i)) == field.key ? i : last;
+        }
+        if (last != XmlTree::None && table.element(field.key))
+            return textAt(last);
+        const auto value =
+            table.attribute(field.key) ? tree.attribute(node.own.back().element, field.key) : std::nullopt;
+        return value ? std::optional<Text>({*value}) : std::nullopt;
+    }
+
     /// What stands where the field is read, or else where it is not.
     [[nodiscard]] std::optional<Text> differentText(const ObjectTable &table, const FieldRow &field,
-                                                    const void *object, const FieldSource &source) const
+                                                    const void *object, const PlaceNode &node) const
     {
-        const Row *const whole = table.wholeText ? table.wholeText(object) : nullptr;
-        const bool isWhole = whole && whole->get == field.get;
-        const Row *const element = isWhole ? whole : table.element(field.key);
-        const Row *const attribute = table.attribute(field.key);
-        if (source.elements.empty() || (!element && !attribute))
+        if (!table.element(field.key) && !table.attribute(field.key))
             return std::nullopt;
         const FieldValue value = field.get(object);
-        std::optional<Text> unread;
-        for (const Row *const row : {element, attribute}) {
-            if (!row)
-                continue;
-            const auto text = row == attribute ? attributeOf(row->name, source)
-                : isWhole                      ? std::optional<Text>(textAt(source.elements.back()))
-                                               : textOf(*row, source);
-            if (text && row->read)
-                return isOther(*row, *text, value) ? text : std::nullopt;
-            if (text && !unread)
-                unread = text;
-        }
+        if (const FieldPlace *const read = node.last(field.key))
+            return readText(*read, value);
+        const auto unread = unreadText(table, field, node);
         return unread && unread->text != settableText(field.type, value) ? unread : std::nullopt;
     }
 
@@ -130,7 +134,8 @@ private:
 
 DocumentSays::DocumentSays(const DocumentKind &kind, const TESSEL::ITesselObject &object, const XmlTree &tree)
 {
-    SayingWalk(*this, tree).visit(kind.table(), kind.address(object), {{XmlTree::Root}}, QString());
+    const FieldPlaces found(tree, kind, object);
+    SayingWalk(*this, tree).visit(kind.table(), kind.address(object), found.root(), {});
 }
 
 const DocumentSays::Saying *DocumentSays::of(const FieldRow &row, const void *object) const

@@ -2,7 +2,7 @@
 
 #include <inspection/Advice_p.h>
 #include <inspection/DocumentTexts_p.h>
-#include <inspection/PlacesByPath_p.h>
+#include <inspection/FieldPlaces_p.h>
 #include <inspection/QuotedText_p.h>
 #include <inspection/Remedy_p.h>
 #include <inspection/XmlCursor_p.h>

@@ -2,7 +2,7 @@
 #ifndef KORMAK_INSPECTION_EDITLAYOUT_P_H
 #define KORMAK_INSPECTION_EDITLAYOUT_P_H
 
-#include <inspection/PlacesByPath_p.h>
+#include <inspection/FieldPlaces_p.h>
 #include <inspection/XmlSource_p.h>
 #include <inspection/XmlTree_p.h>
 
@@ -21,7 +21,7 @@ struct EditLayout {
 
     const XmlTree &tree;
     XmlSource source;
-    PlacesByPath places;
+    FieldPlaces places;
 };
 
 /// Where the element of the row stands among those of the table.

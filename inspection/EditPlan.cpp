@@ -265,11 +265,11 @@ private:
             return;
         }
         const QString said = textFor(path, held->second, asked);
-        const std::vector<FieldPlace> *const places = layout.places.find(path);
-        if (places)
-            replace(places->back(), path, held->second, said);
-        else
+        const std::vector<FieldPlace> places = layout.places.find(path);
+        if (places.empty())
             add(path, said);
+        else
+            replace(places.back(), path, held->second, said);
     }
 
     /// The \a asked text where it says the same, since people have chosen its digits.
@@ -281,8 +281,8 @@ private:
             !asked.isEmpty() && type.kind != Kind::Boolean && type.kind != Kind::Name && isValid(type, asked);
         if (isChosen)
             return asked;
-        if (const auto *const places = form().places.find(path))
-            return valueIn(form(), places->back());
+        if (const auto places = form().places.find(path); !places.empty())
+            return valueIn(form(), places.back());
         return settableText(type, held.value);
     }
 
@@ -307,7 +307,7 @@ private:
             editor.setAttribute(place.element, place.row->name.toString(), said);
         else
             editor.addAttribute(place.element, place.row->name.toString(), said,
-                                previousAttribute(layout.places.find(parentOf(path))->back(), *place.row));
+                                previousAttribute(layout.places.find(parentOf(path)).back(), *place.row));
     }
 
     /// Of an attribute, which may be there only because the document type declares what it holds.
@@ -333,11 +333,11 @@ private:
         const QString owner = ownerOf(path);
         QString object = owner;
         QString missing;
-        while (!layout.places.find(object)) {
+        while (layout.places.find(object).empty()) {
             missing = object;
             object = parentOf(object);
         }
-        const FieldPlace &parent = layout.places.find(object)->back();
+        const FieldPlace parent = layout.places.find(object).back();
         if (missing.isEmpty())
             addValue(path, owner, said, parent);
         else
@@ -348,19 +348,19 @@ private:
     [[nodiscard]] QString ownerOf(const QString &path)
     {
         const QString parent = parentOf(path);
-        const bool isText = !form().places.find(parent) && form().places.find(path);
+        const bool isText = form().places.find(parent).empty() && !form().places.find(path).empty();
         return isText ? parentOf(parent) : parent;
     }
 
     void addObject(const QString &path, const FieldPlace &parent)
     {
         added.insert(path);
-        const auto *const places = form().places.find(path);
-        if (!places) {
+        const auto places = form().places.find(path);
+        if (places.empty()) {
             fail(QStringLiteral("no document says it"), path);
             return;
         }
-        const FieldPlace &place = places->back();
+        const FieldPlace &place = places.back();
         const XmlEditor::NewElement element{&form().source, &form().tree, place.element};
         if (mayAddElement(path))
             editor.addElement(parent.element, previousSibling(parent, place),
@@ -425,8 +425,8 @@ private:
 
     void unset(const QString &path)
     {
-        const std::vector<FieldPlace> *const places = path.isEmpty() ? nullptr : layout.places.find(path);
-        if (!places) {
+        const auto places = path.isEmpty() ? std::vector<FieldPlace>() : layout.places.find(path);
+        if (places.empty()) {
             const bool isKnown = before.count(path) != 0
                 || std::any_of(before.begin(), before.end(),
                                [&path](const auto &field) { return isBelow(field.first, path); });
@@ -434,7 +434,7 @@ private:
                 fail(QStringLiteral("there is no such field in the document"), path);
             return;
         }
-        for (const FieldPlace &place : *places) {
+        for (const FieldPlace &place : places) {
             if (place.isAttribute && !isInTag(place.element, *place.row))
                 fail(QStringLiteral("what the document type declares cannot be removed"), path);
             else if (place.isAttribute)
@@ -469,9 +469,9 @@ private:
     /// Of a parameter, the name may be a number, too.
     [[nodiscard]] bool isInList(const QString &path) const
     {
-        const auto *const places = layout.places.find(path);
-        return places && places->back().row && places->back().row->part
-            && places->back().row->part->kind == Part::Kind::List;
+        const auto places = layout.places.find(path);
+        return !places.empty() && places.back().row && places.back().row->part
+            && places.back().row->part->kind == Part::Kind::List;
     }
 
     const DocumentKind &kind;

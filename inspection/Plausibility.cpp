@@ -204,120 +204,100 @@ constexpr struct Rule {
     {{}, u"Version", FindingId::SuspiciousVersion, versionUnknown},
 };
 
-class PartSources;
+/// The way to an object from the document.
+struct Way {
+    const Way *around; ///< null: it is the document
+    const FieldRow *field = nullptr;
+    const QString *key = nullptr;
 
-/// Where an object was read from.
-struct Origin {
-    PartSources *all = nullptr; ///< of the parts that it is one of; null: it is the document
-    std::size_t index = 0;
-
-    /// They have filled the object one after the other; none are known when there are none.
-    [[nodiscard]] const Elements &elements() const;
+    /// Made only where there is something to tell.
+    [[nodiscard]] QString path() const
+    {
+        return around ? joined(around->path(), field->key.toString() + bracketed(*field->parts, *key))
+                      : QString();
+    }
 };
 
-/// From which elements the parts of an object were read: looked for when the first is asked for, as they are
-/// where there is something to tell.
-class PartSources {
-public:
-    PartSources(const XmlTree &readFrom, const ObjectTable &objectTable, const Row &objectRow,
-                const std::vector<FieldPart> &objectParts, const Origin &objectOrigin)
-        : tree(readFrom), table(objectTable), row(objectRow), parts(objectParts), origin(objectOrigin)
-    {
-    }
-
-    [[nodiscard]] const Elements &elements(std::size_t index)
-    {
-        if (sources.size() < parts.size())
-            sources = sourcesOf(tree, table, row, parts, {origin.elements()});
-        return sources[index].elements;
-    }
-
-private:
-    const XmlTree &tree;
-    const ObjectTable &table;
-    const Row &row;
-    const std::vector<FieldPart> &parts;
-    const Origin &origin;
-    std::vector<FieldSource> sources;
+/// What a rule says of an object.
+struct Objection {
+    const Rule *rule;
+    const ObjectTable *table; ///< of the object
+    QString path; ///< of the object
+    QString message;
 };
 
-const Elements &Origin::elements() const
+/// Collects what there is to say of \a subject and of the objects in it.
+void judge(std::vector<Objection> &objections, QStringView element, const Subject &subject, const Way &way)
 {
-    static const Elements root{XmlTree::Root};
-    return all ? all->elements(index) : root;
+    for (const Rule &rule : Rules) {
+        if (!rule.element.isNull() && rule.element != element)
+            continue;
+        if (const QString message = rule.objection(subject); !message.isEmpty())
+            objections.push_back({&rule, &subject.table, way.path(), message});
+    }
+    for (const Row &row : subject.table.elements) {
+        if (!row.part || row.content != Row::Content::Object)
+            continue;
+        const FieldRow *const field = fieldsOf(subject.table).find(row.name);
+        for (const FieldPart &part : row.part->all(subject.object)) {
+            judge(objections, row.name,
+                  {row.part->table(), part.object, TESSEL::defaultVersion(), subject.now},
+                  {&way, field, &part.key});
+        }
+    }
 }
 
-/// Goes through an object and the elements that it was read from.
-class Judge {
-public:
-    Judge(const XmlTree &readFrom, QDateTime time) : tree(readFrom), now(std::move(time)) { }
-
-    Findings judge(const DocumentKind &kind, const TESSEL::ITesselObject &object)
-    {
-        const auto fresh = kind.create();
-        visit(kind.rootElement, {kind.table(), kind.address(object), fresh->GetVersion(), now}, {});
-        return std::move(findings);
-    }
-
-private:
-    void visit(QStringView element, const Subject &subject, const Origin &origin)
-    {
-        for (const Rule &rule : Rules) {
-            if (!rule.element.isNull() && rule.element != element)
-                continue;
-            if (const QString objection = rule.objection(subject); !objection.isEmpty())
-                findings.push_back(finding(rule, subject.table, origin.elements(), objection));
+/// Where the field has no element of its own, at the innermost one around it.
+FindingData findingOf(const Objection &objection, const XmlTree &tree, const FieldPlaces &places)
+{
+    const auto lastOf = [&places](const QString &path) {
+        const std::vector<FieldPlace> all = places.find(path);
+        return all.empty() ? XmlTree::None : all.back().element;
+    };
+    const Rule &rule = *objection.rule;
+    XmlTree::Index at = std::max(lastOf(objection.path), XmlTree::Root);
+    QString path = objection.path;
+    QString below;
+    std::optional<QString> found;
+    if (objection.table->attribute(rule.field)) {
+        below = QStringLiteral("/@") + rule.field.toString();
+        found = tree.attribute(at, rule.field);
+    } else if (!rule.field.isEmpty()) {
+        for (const QString &step : rule.field.toString().split(QLatin1Char('.'))) {
+            path = joined(path, step);
+            const XmlTree::Index next = below.isEmpty() ? lastOf(path) : XmlTree::None;
+            if (next == XmlTree::None)
+                below += QLatin1Char('/') + step;
+            else
+                at = next;
         }
-        for (const Row &row : subject.table.elements) {
-            if (!row.part || row.content != Row::Content::Object)
-                continue;
-            const std::vector<FieldPart> parts = row.part->all(subject.object);
-            PartSources sources(tree, subject.table, row, parts, origin);
-            for (std::size_t i = 0; i < parts.size(); ++i) {
-                visit(row.name, {row.part->table(), parts[i].object, TESSEL::defaultVersion(), now},
-                      {&sources, i});
-            }
-        }
+        if (below.isEmpty())
+            found = tree.text(at);
     }
-
-    /// Where the field has no element of its own, at the innermost one around it.
-    [[nodiscard]] FindingData finding(const Rule &rule, const ObjectTable &table, const Elements &elements,
-                                      const QString &message) const
-    {
-        Elements at = elements.empty() ? Elements{XmlTree::Root} : elements;
-        std::optional<QString> found;
-        QString below;
-        if (table.attribute(rule.field)) {
-            below = QStringLiteral("/@") + rule.field.toString();
-            found = tree.attribute(at.back(), rule.field);
-        } else if (!rule.field.isEmpty()) {
-            for (const QString &step : rule.field.toString().split(QLatin1Char('.'))) {
-                const Elements next = below.isEmpty() ? elementsIn(tree, {at}, step) : Elements();
-                if (next.empty())
-                    below += QLatin1Char('/') + step;
-                else
-                    at = next;
-            }
-            if (below.isEmpty())
-                found = tree.text(at.back());
-        }
-        FindingData result{tree.offset(at.back()), message, tree.path(at.back()) + below, rule.id,
-                           Severity::Warning,      found};
-        result.gist = rule.gist.toString();
-        return result;
-    }
-
-    const XmlTree &tree;
-    const QDateTime now;
-    Findings findings;
-};
+    FindingData result{tree.offset(at), objection.message, tree.path(at) + below,
+                       rule.id,         Severity::Warning, found};
+    result.gist = rule.gist.toString();
+    return result;
+}
 
 } // namespace
 
 Findings implausible(const DocumentKind &kind, const TESSEL::ITesselObject &object, const XmlTree &tree,
                      const QDateTime &now)
 {
-    return Judge(tree, now).judge(kind, object);
+    std::vector<Objection> objections;
+    judge(objections, kind.rootElement,
+          {kind.table(), kind.address(object), kind.create()->GetVersion(), now}, {nullptr});
+    if (objections.empty())
+        return {}; // as nearly always: nothing need be looked for
+    QStringList paths;
+    for (const Objection &objection : objections)
+        paths += objection.path;
+    const FieldPlaces places(tree, kind, object, EditScope(paths));
+    Findings findings;
+    for (const Objection &objection : objections)
+        findings.push_back(findingOf(objection, tree, places));
+    return findings;
 }
 
 } // namespace KORMAK::Inspection

@@ -4,7 +4,7 @@
 #include <inspection/DocumentTexts_p.h>
 #include <inspection/FieldAssignment_p.h>
 #include <inspection/FieldDiff_p.h>
-#include <inspection/PlacesByPath_p.h>
+#include <inspection/FieldPlaces_p.h>
 #include <inspection/QuotedText_p.h>
 #include <inspection/ReadableForm_p.h>
 #include <inspection/XmlLosses_p.h>
@@ -24,13 +24,13 @@ Rejection atRoot(const ParsedDocument &document, const QString &message)
 }
 
 /// Makes fields of what stands where it is not read. \return what has become a field, or is one already
-std::vector<PlacesByPath::Unread> takeUpUnread(const ParsedDocument &document, const PlacesByPath &places)
+std::vector<FieldPlaces::Unread> takeUpUnread(const ParsedDocument &document, const FieldPlaces &places)
 {
     const DocumentKind &kind = *document.kind;
-    std::vector<PlacesByPath::Unread> taken;
-    for (const PlacesByPath::Unread &unread : places.unread()) {
-        if (const auto *const read = places.find(unread.path)) {
-            if (document.tree.text(read->back().element) == unread.text)
+    std::vector<FieldPlaces::Unread> taken;
+    for (const FieldPlaces::Unread &unread : places.unread()) {
+        if (const auto read = places.find(unread.path); !read.empty()) {
+            if (document.tree.text(read.back().element) == unread.text)
                 taken.push_back(unread);
             continue;
         }
@@ -42,23 +42,21 @@ std::vector<PlacesByPath::Unread> takeUpUnread(const ParsedDocument &document, c
 }
 
 /// Where digits stand that single precision has no place for: what is written is read as the same number.
-std::set<qsizetype> placesOfFloats(const ParsedDocument &document, const PlacesByPath &places)
+std::set<qsizetype> placesOfFloats(const ParsedDocument &document, const FieldPlaces &places)
 {
     std::set<qsizetype> offsets;
-    for (const auto &[path, all] : places.all()) {
-        for (const FieldPlace &place : all) {
-            const bool isFloat = place.row && place.row->type.kind == TESSEL::TextType::Kind::Float;
-            if (isFloat && isValid(place.row->type, document.tree.text(place.element)))
-                offsets.insert(document.tree.offset(place.element));
-        }
-    }
+    places.root().each([&](const FieldPlace &place) {
+        const bool isFloat = place.row && place.row->type.kind == TESSEL::TextType::Kind::Float;
+        if (isFloat && isValid(place.row->type, document.tree.text(place.element)))
+            offsets.insert(document.tree.offset(place.element));
+    });
     return offsets;
 }
 
 Rewriting rewriteReadable(ParsedDocument &document)
 {
     Rewriting result;
-    const PlacesByPath places(document.tree, *document.kind, *document.object);
+    const FieldPlaces places(document.tree, *document.kind, *document.object);
     const auto taken = takeUpUnread(document, places);
     auto text = readableForm(*document.kind, *document.object);
     if (!text) {

@@ -1,8 +1,8 @@
 #include "inspection/SaidFields_p.h"
 
+#include <inspection/FieldPlaces_p.h>
 #include <inspection/FieldText_p.h>
 #include <inspection/ParsedDocument_p.h>
-#include <inspection/PlacesByPath_p.h>
 
 namespace KORMAK::Inspection {
 
@@ -21,18 +21,25 @@ struct SaidFields::Private {
         if (!document.object || document.tree.isBroken())
             return;
         tree = std::move(document.tree);
-        const PlacesByPath places(tree, *document.kind, *document.object);
-        for (const auto &[path, all] : places.all()) {
-            const FieldPlace &place = all.back();
-            if (!place.isAttribute)
-                paths.insert(place.element, path);
-            if (place.table)
-                continue;
-            texts.insert(path,
-                         place.isAttribute
-                             ? tree.attribute(place.element, place.row->name).value_or(QString())
-                             : tree.text(place.element));
+        const FieldPlaces places(tree, *document.kind, *document.object);
+        add(places.root(), {});
+    }
+
+    void add(const PlaceNode &node, const QString &path)
+    {
+        if (!node.own.empty())
+            paths.insert(node.own.back().element, path);
+        for (const auto &[name, place] : node.fields) {
+            const QString fieldPath = joined(path, name.toString());
+            if (!place.isAttribute) {
+                paths.insert(place.element, fieldPath);
+                texts.insert(fieldPath, tree.text(place.element));
+            } else if (place.element == node.own.back().element) {
+                texts.insert(fieldPath, tree.attribute(place.element, place.row->name).value_or(QString()));
+            }
         }
+        for (const auto &[step, inner] : node.inner)
+            add(inner, joined(path, step));
     }
 
     /// The last element that begins before \a offset, or there.

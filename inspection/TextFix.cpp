@@ -198,23 +198,18 @@ private:
 
     bool moveToElement(Index element, const QString &attribute, const QString &value)
     {
-        for (const auto &[path, places] : layout.places.all()) {
-            const auto place =
-                std::find_if(places.begin(), places.end(), [element](const FieldPlace &candidate) {
-                    return candidate.element == element && candidate.table;
-                });
-            if (place == places.end())
-                continue;
-            const TESSEL::Row *const row = childRow(*place->table, attribute);
-            if (!row)
-                return false;
-            const Index previous = siblingBefore(layout.tree, *place->table, element, *row);
-            editor->addElement(element, previous, orderOf(*place->table, *row),
-                               {nullptr, nullptr, XmlTree::None, attribute, value});
-            editor->removeAttribute(element, attribute);
-            return true;
-        }
-        return false;
+        const TESSEL::ObjectTable *table = nullptr;
+        layout.places.root().each([&](const FieldPlace &place) {
+            table = place.element == element && place.table ? place.table : table;
+        });
+        const TESSEL::Row *const row = table ? childRow(*table, attribute) : nullptr;
+        if (!row)
+            return false;
+        const Index previous = siblingBefore(layout.tree, *table, element, *row);
+        editor->addElement(element, previous, orderOf(*table, *row),
+                           {nullptr, nullptr, XmlTree::None, attribute, value});
+        editor->removeAttribute(element, attribute);
+        return true;
     }
 
     const QByteArray &text;
