@@ -67,7 +67,10 @@ def changes_of_line(line):
     for match in NEGATION.finditer(line):
         yield line[:match.start()] + line[match.end():]
     for match in NUMBER.finditer(line):
-        yield line[:match.start()] + str(int(match.group()) + 1) + line[match.end():]
+        number = str(int(match.group()) + 1)
+        is_place = line[match.start() - 1] == "%"  # in a text; arguments go to those that are there, in their order
+        if not is_place or f"%{number}" in line:
+            yield line[:match.start()] + number + line[match.end():]
     for match in NAME.finditer(line):
         name = match.group(1)
         yield line[:match.start(1)] + name[1] + name[0] + name[2:] + line[match.end(1):]

@@ -90,6 +90,8 @@ void FieldChangesTest::changes_data()
     add("elements", Workflow,
         R"({"Area": {"Coordinate": [{"Latitude": 1, "Longitude": 3}, {"Latitude": 4, "Longitude": 5}]}})",
         "Area.Coordinate[0].Longitude=3\nArea.Coordinate[1].Latitude=4\nArea.Coordinate[1].Longitude=5");
+    add("numbers of a list", "<Parameter><ParameterType>DoubleList</ParameterType></Parameter>",
+        R"({"Double": {"DoubleList": [3, 0.5]}})", "Double.DoubleList[0]=3\nDouble.DoubleList[1]=0.5");
     add("no elements", Workflow, R"({"Area": {"Coordinate": []}})", "");
     add("parameter with a bracket in its name", Receiver, R"({"Parameter": {"c]": {"ToolTip": "t"}}})",
         "Parameter[c\\]].ToolTip=t");
