@@ -79,28 +79,24 @@ DocumentCheck checkOf(const QByteArray &text, const TESSEL::ReadingLimits &limit
     }
 }
 
-/// \a isAccepted: by the library. Where the text is not written as it is, \a otherText tells what will be;
-/// null: nothing.
+/// \a bytes: of a document that was read with the limits. \a isAccepted: by the library. Where the text is
+/// not written as it is, \a otherText tells what will be; null: nothing.
 QVector<Finding> lossesOf(const QByteArray &bytes, const TESSEL::ReadingLimits &limits, bool isAccepted,
                           const QString *otherText)
 {
     ParsedDocument document = documentOf(checkedText(bytes), limits);
-    Findings findings;
-    if (document.rejection) { // which a document with an object never has
-        findings.push_back(errorOf(*document.rejection, Words::OfLibrary));
-    } else {
-        auto [blockers, refusal, text, losses] = rewrite(document);
-        for (FindingData &blocker : blockers) {
-            blocker.severity = Severity::Error;
-            blocker.id = FindingId::Refused;
-        }
-        if (otherText && (refusal || !blockers.empty()))
-            findings = lossesIn(document, otherText->toUtf8());
-        else if (refusal)
-            findings.push_back(errorOf(*refusal, isAccepted ? Words::OfInspection : Words::OfLibrary));
-        else
-            findings = blockers.empty() ? std::move(losses) : std::move(blockers);
+    auto [blockers, refusal, text, losses] = rewrite(document);
+    for (FindingData &blocker : blockers) {
+        blocker.severity = Severity::Error;
+        blocker.id = FindingId::Refused;
     }
+    Findings findings;
+    if (otherText && (refusal || !blockers.empty()))
+        findings = lossesIn(document, otherText->toUtf8());
+    else if (refusal)
+        findings.push_back(errorOf(*refusal, isAccepted ? Words::OfInspection : Words::OfLibrary));
+    else
+        findings = blockers.empty() ? std::move(losses) : std::move(blockers);
     TextPositions positions(document.text);
     QVector<Finding> result;
     for (const FindingData &finding : findings) {

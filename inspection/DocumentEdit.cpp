@@ -166,17 +166,16 @@ QVector<DocumentEdit::Change> DocumentEdit::ReadChanges(const QByteArray &json, 
 {
     const QJsonObject whole = jsonObjectOf(json);
     const Document document(text, limits);
-    const DocumentKind *const kind = findDocumentKind(document.GetKind());
-    if (!kind || !document.GetObject())
+    if (!document.GetObject())
         throw TESSEL::TesselException(document.GetState());
+    const FieldTable &table = documentKindOf(*document.GetObject())->fields();
     const bool isWhole = whole.value(QStringLiteral("fields")).isObject();
     const QString expected = whole.value(QStringLiteral("kind")).toString();
     if (isWhole && !expected.isEmpty() && expected != document.GetKind()) {
         throw TESSEL::TesselException(
             QStringLiteral("holds fields of kind %1, not %2").arg(expected, document.GetKind()));
     }
-    return fieldChanges(isWhole ? whole.value(QStringLiteral("fields")).toObject() : whole, kind->fields(),
-                        document);
+    return fieldChanges(isWhole ? whole.value(QStringLiteral("fields")).toObject() : whole, table, document);
 }
 
 DocumentEdit::AreaChanges DocumentEdit::ReadArea(const QByteArray &geoJson, const QByteArray &text,

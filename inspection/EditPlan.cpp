@@ -12,7 +12,6 @@
 #include <QSet>
 
 #include <algorithm>
-#include <string_view>
 
 namespace KORMAK::Inspection {
 
@@ -120,24 +119,27 @@ private:
         for (auto begin = path.indexOf(start); begin >= 0; begin = path.indexOf(start, begin + 1)) {
             const auto keyBegin = begin + start.size();
             const auto end = path.indexOf(QLatin1Char(']'), keyBegin);
-            const QString key = path.mid(keyBegin, end < 0 ? -1 : end - keyBegin);
-            QString found;
-            for (int i = 0;; ++i) {
-                const QString element = path.left(begin) + QStringLiteral("[%1]").arg(i);
-                const auto held = fields.find(element + QStringLiteral(".Key"));
-                if (held == fields.end() && i > 0 && found.isEmpty())
-                    fail(QStringLiteral("there is no element with this key"), path);
+            if (end < 0)
+                break;
+            const QString key = path.mid(keyBegin, end - keyBegin);
+            const auto element = [&path, begin](int i) {
+                return path.left(begin) + QStringLiteral("[%1]").arg(i);
+            };
+            QStringList found;
+            int count = 0;
+            for (;; ++count) {
+                const auto held = fields.find(element(count) + QStringLiteral(".Key"));
                 if (held == fields.end())
                     break;
-                if (settableText(held->second.row->type, held->second.value) != key)
-                    continue;
-                if (!found.isEmpty())
-                    fail(QStringLiteral("there are several elements with this key: call it by its index"),
-                         path);
-                found = element + path.mid(end + 1);
+                if (settableText(held->second.row->type, held->second.value) == key)
+                    found += element(count) + path.mid(end + 1);
             }
+            if (found.size() == 1)
+                return found.constFirst();
             if (!found.isEmpty())
-                return found;
+                fail(QStringLiteral("there are several elements with this key: call it by its index"), path);
+            else if (count > 0)
+                fail(QStringLiteral("there is no element with this key"), path);
         }
         return path;
     }
@@ -191,11 +193,7 @@ private:
         const bool isPlain = std::all_of(changes.begin(), changes.end(), [](const auto &change) {
             return isRepresentable(change.path) && isRepresentable(change.text);
         });
-        const QByteArray &text = layout.source.text();
-        const std::string_view bytes(text.constData(), static_cast<std::size_t>(text.size()));
-        const bool mayHoldNonCharacters = bytes.find("\xEF\xBF\xBE") != std::string_view::npos
-            || bytes.find("\xEF\xBF\xBF") != std::string_view::npos;
-        return (isPlain && !mayHoldNonCharacters) || readableForm(kind, *changed);
+        return isPlain || readableForm(kind, *changed);
     }
 
     /// The changed object, as it would be written.
@@ -384,9 +382,9 @@ private:
         if (element && element->read) {
             if (!mayAddElement(path))
                 return;
-            editor.addElement(parent.element, previousSibling(parent, {XmlTree::None, element, nullptr}),
-                              orderOf(*parent.table, *element),
-                              {nullptr, nullptr, XmlTree::None, name, said});
+            editor.addElement(
+                parent.element, siblingBefore(layout.tree, *parent.table, parent.element, *element),
+                orderOf(*parent.table, *element), {nullptr, nullptr, XmlTree::None, name, said});
         } else if (attribute && attribute->read) {
             editor.addAttribute(parent.element, name, said, previousAttribute(parent, *attribute));
         } else {
@@ -415,9 +413,8 @@ private:
     /// Whether a new element called by a name stands before \a child.
     [[nodiscard]] bool isAhead(const FieldPlace &place, Index child)
     {
-        if (place.row->part == nullptr || place.row->part->kind != Part::Kind::Map)
-            return false;
-        return form().tree.attribute(place.element, UniqueNameAttribute)
+        return place.row->part->kind == Part::Kind::Map
+            && form().tree.attribute(place.element, UniqueNameAttribute)
             < layout.tree.attribute(child, UniqueNameAttribute);
     }
 

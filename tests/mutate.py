@@ -8,10 +8,13 @@ places, --seed decides; a run with the same seed and sources makes the same chan
     tests/mutate.py --changes 300
     tests/mutate.py --only kormak/JobHeader.cpp --changes 1000
     tests/mutate.py --matching 'isNull'
-    tests/mutate.py --only inspection --tests '^(Document|Field|XmlTree).*'
+    tests/mutate.py --only inspection --tests '^(Document|Field|XmlTree).*' --minutes 60
 """
 
 import argparse
+import collections
+import filecmp
+import math
 import os
 import pathlib
 import random
@@ -21,11 +24,12 @@ import shutil
 import subprocess
 import sys
 import threading
+import time
 
 PROJECT = pathlib.Path(__file__).resolve().parent.parent
 FOLDERS = sorted(path.parent.name for path in PROJECT.glob("*/CMakeLists.txt") if "kormak_add_library(" in path.read_text())
 # A change may make a loop endless, and such a loop take memory.
-SECONDS_FOR_QUICK_TEST = 30
+SECONDS_OF_PROCESSOR = 600
 SECONDS_FOR_TESTS = 600
 BYTES_OF_MEMORY = 8 << 30
 
@@ -63,7 +67,10 @@ def changes_of_line(line):
     for match in NEGATION.finditer(line):
         yield line[:match.start()] + line[match.end():]
     for match in NUMBER.finditer(line):
-        yield line[:match.start()] + str(int(match.group()) + 1) + line[match.end():]
+        number = str(int(match.group()) + 1)
+        is_place = line[match.start() - 1] == "%"  # in a text; arguments go to those that are there, in their order
+        if not is_place or f"%{number}" in line:
+            yield line[:match.start()] + number + line[match.end():]
     for match in NAME.finditer(line):
         name = match.group(1)
         yield line[:match.start(1)] + name[1] + name[0] + name[2:] + line[match.end(1):]
@@ -98,15 +105,16 @@ def all_changes(only):
     return found
 
 
-def limit_memory():
-    resource.setrlimit(resource.RLIMIT_AS, (BYTES_OF_MEMORY, BYTES_OF_MEMORY))
+def run(command, log, seconds=None, environment=None, processor=None):
+    """Whether the command succeeds; one that hangs, or one of whose processes takes more seconds, does not."""
+    def limit():
+        resource.setrlimit(resource.RLIMIT_AS, (BYTES_OF_MEMORY, BYTES_OF_MEMORY))
+        if processor:
+            resource.setrlimit(resource.RLIMIT_CPU, (processor, processor))
 
-
-def run(command, log, seconds=None, environment=None):
-    """Whether the command succeeds; one that hangs does not."""
     with open(log, "w", encoding="utf-8") as output:
         process = subprocess.Popen(command, stdout=output, stderr=subprocess.STDOUT, start_new_session=True,
-                                   env={**os.environ, **(environment or {})}, preexec_fn=limit_memory)
+                                   env={**os.environ, **(environment or {})}, preexec_fn=limit)
         try:
             return process.wait(seconds) == 0
         except subprocess.TimeoutExpired:
@@ -115,16 +123,22 @@ def run(command, log, seconds=None, environment=None):
             return False
 
 
+def processor_time():
+    """Of all processes that have ended."""
+    usage = resource.getrusage(resource.RUSAGE_CHILDREN)
+    return usage.ru_utime + usage.ru_stime
+
+
 class Copy:
     """A copy of the project in which changes are made."""
 
     def __init__(self, folder, tests):
         self.source, self.build = folder / "source", folder / "build"
         self.tests, self.targets = tests, []
+        self.processor = SECONDS_OF_PROCESSOR
         self.log = folder / "log"
         folder.mkdir(parents=True, exist_ok=True)
-        shutil.rmtree(self.source, ignore_errors=True)
-        shutil.copytree(PROJECT, self.source, ignore=shutil.ignore_patterns("build", ".git"))
+        self.copy_project()
         configure = ["cmake", "-G", "Ninja", "-S", self.source, "-B", self.build, "-DCMAKE_BUILD_TYPE=Debug",
                      "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON", "-DKORMAK_INSTALL=OFF"]
         configured = run(configure, self.log)
@@ -136,8 +150,25 @@ class Copy:
                 sys.exit(f"No test is called as {tests} says")
         if not (configured and self.builds()):
             sys.exit(f"The project does not build; see {self.log}")
+        before = processor_time()
         if not self.survives():
             sys.exit(f"The tests fail without a change; see {self.log}")
+        self.processor = min(5 + int(3 * (processor_time() - before)), SECONDS_OF_PROCESSOR)
+
+    def copy_project(self):
+        """What is the same stays as it is; what an earlier run changed becomes newer than what was built of it."""
+        listed = subprocess.run(["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
+                                cwd=PROJECT, stdout=subprocess.PIPE, check=True).stdout
+        names = {os.fsdecode(name) for name in listed.split(b"\0") if name and (PROJECT / os.fsdecode(name)).is_file()}
+        for path in self.source.rglob("*"):
+            if path.is_file() and str(path.relative_to(self.source)) not in names:
+                path.unlink()
+        for name in names:
+            path = self.source / name
+            if not (path.is_file() and filecmp.cmp(PROJECT / name, path, shallow=False)):
+                path.parent.mkdir(parents=True, exist_ok=True)
+                shutil.copyfile(PROJECT / name, path)
+                path.chmod((PROJECT / name).stat().st_mode)
 
     def builds(self):
         targets = ["--target", *self.targets] if self.targets else []
@@ -146,19 +177,20 @@ class Copy:
     def survives(self):
         if self.targets:
             names = "|".join(target[:-len("Test")] for target in self.targets)
-            return self.runs(["-R", f"^({names})$"], quick=True)
+            return self.runs(["-R", f"^({names})$"])
         return self.passes(True) and self.passes(False)
 
     def passes(self, quick):
         """Whether the tests pass: those of the classes, which are quick, or the others."""
         library = "|".join(path.name[:-len("Test.cpp")] for folder in FOLDERS
                            for path in (PROJECT / "tests" / folder).glob("*Test.cpp"))
-        return self.runs(["-R" if quick else "-E", f"^({library})$"], quick)
+        return self.runs(["-R" if quick else "-E", f"^({library})$"])
 
-    def runs(self, selection, quick):
-        watchdog = {"QTEST_FUNCTION_TIMEOUT": str(1000 * SECONDS_FOR_QUICK_TEST)} if quick else {}
+    def runs(self, selection):
+        # One failure is enough, and nobody reads the stack of a crash.
+        environment = {"QTEST_FATAL_FAIL": "1", "QTEST_DISABLE_CORE_DUMP": "1", "QTEST_DISABLE_STACK_DUMP": "1"}
         return run(["ctest", "--test-dir", self.build, *selection, "-LE", "Locales", "--stop-on-failure"],
-                   self.log, SECONDS_FOR_TESTS, watchdog)
+                   self.log, SECONDS_FOR_TESTS, environment, self.processor)
 
     def judge(self, change):
         path = self.source / change.path
@@ -174,35 +206,46 @@ class Copy:
             path.write_text(original, encoding="utf-8")
 
 
-class Trial:
-    """Makes changes in several copies at once until enough of them have built."""
+class Counts(collections.Counter):
+    """How many changes each verdict was passed on."""
 
-    def __init__(self, changes, enough):
+    def __str__(self):
+        return ", ".join(f"{self[verdict]} {verdict}" for verdict in ("noticed", "survived", "does not build"))
+
+
+class Trial:
+    """Makes changes in several copies at once until enough of them have built or the time is over."""
+
+    def __init__(self, changes, enough, minutes):
         self.changes, self.enough = iter(changes), enough
-        self.counts = {"noticed": 0, "survived": 0, "does not build": 0}
+        self.end = time.monotonic() + 60 * minutes
+        self.counts, self.counts_of_files = Counts(), collections.defaultdict(Counts)
         self.lock = threading.Lock()
 
     def take(self):
         with self.lock:
             is_enough = self.counts["noticed"] + self.counts["survived"] >= self.enough
-            return None if is_enough else next(self.changes, None)
+            return None if is_enough or time.monotonic() > self.end else next(self.changes, None)
 
     def work(self, copy):
         while change := self.take():
             verdict = copy.judge(change)
             with self.lock:
                 self.counts[verdict] += 1
+                self.counts_of_files[change.path][verdict] += 1
                 if verdict == "survived":
                     print(change, flush=True)
-                print(self, file=sys.stderr, flush=True)
+                print(self.counts, file=sys.stderr, flush=True)
 
     def __str__(self):
-        return ", ".join(f"{count} {verdict}" for verdict, count in self.counts.items())
+        files = [f"{path}: {counts}" for path, counts in sorted(self.counts_of_files.items())]
+        return "\n".join([*files, f"all: {self.counts}"])
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--changes", type=int, default=300, help="how many to make that build (default: 300)")
+    parser.add_argument("--minutes", type=float, default=math.inf, help="begin no change after that time")
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--only", action="append", metavar="FILE|FOLDER",
                         help="change only this source, or those of this library; may be repeated")
@@ -221,7 +264,7 @@ def main():
         print("\n".join(map(str, changes)))
         return 0
     copies = [Copy(arguments.folder / str(number), arguments.tests) for number in range(arguments.jobs)]
-    trial = Trial(changes, arguments.changes)
+    trial = Trial(changes, arguments.changes, arguments.minutes)
     threads = [threading.Thread(target=trial.work, args=(copy,)) for copy in copies]
     for thread in threads:
         thread.start()

@@ -310,6 +310,14 @@ void DocumentEditTest::changes_data()
             + "<Coordinate>\n    <Latitude>3</Latitude>\n    "
               "<Longitude>4</Longitude>\n</Coordinate>\n</Area></"
               "AutomaticWorkflow>");
+    const QByteArray named =
+        with(Workflow, "<Coordinate><Latitude>7", "<Coordinate UniqueName=\"a\"><Latitude>7");
+    add("element of a list, behind one with an attribute that orders parameters", named,
+        {set("Area.Coordinate", "9,10")},
+        with(named, "<Longitude>8</Longitude></Coordinate>\n",
+             "<Longitude>8</Longitude></Coordinate>\n"
+             "\t\t<Coordinate>\n\t\t\t<Latitude>9</Latitude>\n\t\t\t<Longitude>10</Longitude>\n\t\t</"
+             "Coordinate>\n"));
     add("element of a list, and another one changed", Workflow,
         {set("Area.Coordinate", "9,10"), set("Area.Coordinate[1].Latitude", "3.5")},
         with(with(Workflow, "<Latitude>3<", "<Latitude>3.5<"),
@@ -353,6 +361,10 @@ void DocumentEditTest::changes_data()
         "<GenericReceiver><Parameter UniqueName='Key=2'/></GenericReceiver>",
         {set("Parameter[Key=2].ToolTip", "t")},
         "<GenericReceiver><Parameter UniqueName='Key=2'><ToolTip>t</ToolTip></Parameter></GenericReceiver>");
+
+    add("entry by its key, in a parameter that is called as a key", with(Receiver, "\"Mode\"", "\"Key=1\""),
+        {set("Parameter[Key=1].Enum.EnumValue[Key=2].Name", "C")},
+        with(with(Receiver, "\"Mode\"", "\"Key=1\""), "Name=\"B\"", "Name=\"C\""));
 
     // Removing
 
@@ -456,6 +468,13 @@ void DocumentEditTest::refused_data()
         "not-edited Parameter[Mode].Enum.EnumValue[Key=1].Name: there are several elements with this key: "
         "call it by "
         "its index");
+    add("more than two with the key",
+        with(with(Receiver, "Key=\"2\"", "Key=\"1\""), "</Enum>", "<EnumValue Key=\"1\" Name=\"C\"/></Enum>"),
+        {set("Parameter[Mode].Enum.EnumValue[Key=1].Name", "C")},
+        "not-edited Parameter[Mode].Enum.EnumValue[Key=1].Name: there are several elements with this key: "
+        "call it by its index");
+    add("key without an end", Receiver, {unset("Parameter[Mode].Enum.EnumValue[Key=2")},
+        "not-edited Parameter[Mode].Enum.EnumValue[Key=2: there is no such field in the document");
     add("nothing to unset", Job1, {unset("AntennaData.Colour")},
         "not-edited AntennaData.Colour: there is no such field in the document");
     add("the document", Job1, {unset("")}, "not-edited : there is no such field in the document");
@@ -480,6 +499,8 @@ void DocumentEditTest::refused_data()
         {set("Mode", "AGSC"), set("SessionCloseTime", "5")},
         "not-edited SessionCloseTime: documents of this version hold a text and no elements");
     add("character", Job1, {set("AntennaData.Name", QString(QChar(1)))},
+        "not-edited : holds a character that XML cannot carry");
+    add("character in a path", Receiver, {set(QString("Parameter[%1].ToolTip").arg(QChar(1)), "t")},
         "not-edited : holds a character that XML cannot carry");
     add("element in an entity",
         "<!DOCTYPE Parameter [<!ENTITY e \"<ToolTip>t</ToolTip>\">]>\n<Parameter>&e;</Parameter>",

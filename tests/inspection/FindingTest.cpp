@@ -319,6 +319,9 @@ void FindingTest::ofPrograms()
     QCOMPARE(finding.GetFieldPath(), finding.GetPath());
     QCOMPARE(finding.GetMessage(), QString("is no angle"));
     QVERIFY(!finding.HasPlace());
+    QCOMPARE(finding.GetOffset(), -1);
+    QCOMPARE(finding.GetLine(), 0);
+    QCOMPARE(finding.GetColumn(), 0);
 }
 
 QTEST_GUILESS_MAIN(FindingTest)
