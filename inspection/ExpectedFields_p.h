@@ -16,7 +16,6 @@ namespace KORMAK::Inspection {
 
 class ExpectedFields {
 public:
-    ExpectedFields() = default;
     /// With everything set, and nothing unset yet.
     explicit ExpectedFields(HeldFields all) : fields(std::move(all)) { }
 

@@ -31,6 +31,14 @@ void addHeld(HeldFields &all, const FieldTable &table, const void *object, const
 
 bool areSameObjects(const FieldTable &table, const void *a, const void *b);
 
+bool areSameParts(const FieldTable &table, const std::vector<FieldPart> &a, const std::vector<FieldPart> &b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [&table](const FieldPart &one, const FieldPart &other) {
+                          return one.key == other.key && areSameObjects(table, one.object, other.object);
+                      });
+}
+
 bool areSameFields(const FieldRow &row, const void *a, const void *b)
 {
     if (row.existsIn(a) != row.existsIn(b))
@@ -39,12 +47,7 @@ bool areSameFields(const FieldRow &row, const void *a, const void *b)
         return true;
     if (!row.parts)
         return areSame(row.get(a), row.get(b));
-    const std::vector<FieldPart> ofA = row.parts->all(a);
-    const std::vector<FieldPart> ofB = row.parts->all(b);
-    return std::equal(
-        ofA.begin(), ofA.end(), ofB.begin(), ofB.end(), [&row](const FieldPart &one, const FieldPart &other) {
-            return one.key == other.key && areSameObjects(row.parts->table, one.object, other.object);
-        });
+    return areSameParts(row.parts->table, row.parts->all(a), row.parts->all(b));
 }
 
 bool areSameObjects(const FieldTable &table, const void *a, const void *b)
@@ -84,13 +87,8 @@ bool areSameBeside(const EditScope &scope, const DocumentKind &kind, const TESSE
             return true; // the whole row is in the scope
         if (!row.existsIn(addressOfA) || !row.existsIn(addressOfB))
             return row.existsIn(addressOfA) == row.existsIn(addressOfB);
-        const std::vector<FieldPart> ofA = partsBeside(scope, row, addressOfA);
-        const std::vector<FieldPart> ofB = partsBeside(scope, row, addressOfB);
-        return std::equal(ofA.begin(), ofA.end(), ofB.begin(), ofB.end(),
-                          [&row](const FieldPart &one, const FieldPart &other) {
-                              return one.key == other.key
-                                  && areSameObjects(row.parts->table, one.object, other.object);
-                          });
+        return areSameParts(row.parts->table, partsBeside(scope, row, addressOfA),
+                            partsBeside(scope, row, addressOfB));
     });
 }
 

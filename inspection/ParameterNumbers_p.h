@@ -28,7 +28,7 @@ template <class Result, class Visitor>
     case ParameterType::Invalid:
         break;
     }
-    return {};
+    return Result();
 }
 
 } // namespace KORMAK::Inspection

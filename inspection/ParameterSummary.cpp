@@ -2,6 +2,7 @@
 
 #include <inspection/FieldText_p.h>
 #include <inspection/NumberLimit_p.h>
+#include <inspection/ParameterNumbers_p.h>
 #include <kormak/Parameter.h>
 #include <objectbase/QtCompat_p.h>
 
@@ -151,18 +152,6 @@ ParameterSummary::ParameterSummary(const Parameter &parameter)
     case ParameterType::Boolean:
         value = parameter.GetBooleanHandler().GetValue() ? QStringLiteral("yes") : QStringLiteral("no");
         break;
-    case ParameterType::Long:
-        addNumber(*this, parameter, parameter.GetLongHandler());
-        break;
-    case ParameterType::Integer:
-        addNumber(*this, parameter, parameter.GetIntegerHandler());
-        break;
-    case ParameterType::TimeStamp:
-        addNumber(*this, parameter, parameter.GetTimeStampHandler());
-        break;
-    case ParameterType::Float:
-        addNumber(*this, parameter, parameter.GetFloatHandler());
-        break;
     case ParameterType::Double:
         addNumber(*this, parameter, parameter.GetDoubleHandler(), parameter.GetDoubleHandler().HasData());
         break;
@@ -175,7 +164,8 @@ ParameterSummary::ParameterSummary(const Parameter &parameter)
     case ParameterType::Enum:
         addEntry(*this, parameter.GetEnumHandler());
         break;
-    case ParameterType::Invalid:
+    default:
+        withNumbers<void>(parameter, [&](const auto &handler) { addNumber(*this, parameter, handler); });
         break;
     }
 }

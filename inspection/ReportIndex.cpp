@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 namespace KORMAK {
 
@@ -55,16 +56,12 @@ QString kindName(const QString &kind)
 
 void writeState(Html &html, const Entry &entry)
 {
-    const bool isGood = entry.isAccepted && entry.isComplete;
-    html.open(u"td").element(u"span",
-                             !entry.isAccepted      ? QStringLiteral("refused")
-                                 : entry.isComplete ? QStringLiteral("complete")
-                                                    : QStringLiteral("not complete"),
-                             {{u"class",
-                               !entry.isAccepted ? QStringLiteral("badge error")
-                                   : isGood      ? QStringLiteral("badge good")
-                                                 : QStringLiteral("badge warning")}});
-    html.close();
+    const auto [state, look] = !entry.isAccepted ? std::pair(u"refused", u"badge error")
+        : entry.isComplete                       ? std::pair(u"complete", u"badge good")
+                                                 : std::pair(u"not complete", u"badge warning");
+    html.open(u"td")
+        .element(u"span", QStringView(state).toString(), {{u"class", QStringView(look).toString()}})
+        .close();
 }
 
 QString findingsText(const Entry &entry)
@@ -170,14 +167,9 @@ QByteArray ReportIndex::GetHtml() const
                  {{u"class", QStringLiteral("lead")}});
     html.close().open(u"main");
     const QString folder = commonFolder(entries);
-    html.open(u"table", {{u"class", QStringLiteral("index")}})
-        .element(u"caption", folder.isEmpty() ? QStringLiteral("All documents") : folder)
-        .open(u"thead")
-        .open(u"tr");
-    for (const QStringView heading :
-         {u"Document", u"Kind", u"State", u"Findings", u"Author", u"Time", u"Resource"})
-        html.element(u"th", QStringView(heading).toString(), {{u"scope", QStringLiteral("col")}});
-    html.close().close().open(u"tbody");
+    openTable(html, folder.isEmpty() ? QStringLiteral("All documents") : folder,
+              {u"Document", u"Kind", u"State", u"Findings", u"Author", u"Time", u"Resource"},
+              {{u"class", QStringLiteral("index")}});
     for (const Entry &entry : entries)
         writeEntry(html, entry, entry.name.mid(folder.size()));
     html.close().close().close();

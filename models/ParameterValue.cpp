@@ -2,6 +2,7 @@
 
 #include <inspection/Field.h>
 #include <inspection/NumberLimit_p.h>
+#include <inspection/ParameterNumbers_p.h>
 
 #include <type_traits>
 
@@ -29,12 +30,13 @@ QVariant limitOf(Number number)
 }
 
 template <class Handler>
-void addNumber(ParameterValue &value, const Handler &handler, const QString &block)
+void addNumber(ParameterValue &value, const Handler &handler)
 {
     value.value = variantOf(handler.GetDefault());
     value.minimum = limitOf(handler.GetMinimum());
     value.maximum = limitOf(handler.GetMaximum());
-    value.path = block + QStringLiteral(".Default");
+    if constexpr (std::is_floating_point_v<std::decay_t<decltype(handler.GetDefault())>>)
+        value.precision = handler.GetPrecision();
 }
 
 /// The entry that is the default. Among equal ones, that is the one that is marked last or, when none is, the
@@ -94,28 +96,9 @@ ParameterValue::ParameterValue(const Parameter &parameter)
         value = parameter.GetBooleanHandler().GetValue();
         path = QStringLiteral("Boolean.Value");
         break;
-    case ParameterType::Long:
-        addNumber(*this, parameter.GetLongHandler(), QStringLiteral("Long"));
-        break;
-    case ParameterType::Integer:
-        addNumber(*this, parameter.GetIntegerHandler(), QStringLiteral("Integer"));
-        break;
-    case ParameterType::TimeStamp:
-        addNumber(*this, parameter.GetTimeStampHandler(), QStringLiteral("TimeStamp"));
-        break;
-    case ParameterType::Float:
-        addNumber(*this, parameter.GetFloatHandler(), QStringLiteral("Float"));
-        precision = parameter.GetFloatHandler().GetPrecision();
-        break;
-    case ParameterType::Double:
-        addNumber(*this, parameter.GetDoubleHandler(), QStringLiteral("Double"));
-        precision = parameter.GetDoubleHandler().GetPrecision();
-        break;
     case ParameterType::DoubleList:
-        addNumber(*this, parameter.GetDoubleHandler(), {});
-        precision = parameter.GetDoubleHandler().GetPrecision();
+        addNumber(*this, parameter.GetDoubleHandler());
         value = numbersOf(parameter.GetDoubleHandler());
-        path.clear();
         break;
     case ParameterType::String:
         value = parameter.GetStringHandler().GetDefault();
@@ -124,7 +107,11 @@ ParameterValue::ParameterValue(const Parameter &parameter)
     case ParameterType::Enum:
         value = entryOf(parameter.GetEnumHandler());
         break;
-    case ParameterType::Invalid:
+    default:
+        Inspection::withNumbers<void>(parameter, [&](const auto &handler) {
+            addNumber(*this, handler);
+            path = ParameterTypeToName(parameter.GetParameterType()) + QStringLiteral(".Default");
+        });
         break;
     }
 }

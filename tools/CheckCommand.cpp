@@ -3,7 +3,7 @@
 #include <tools/Command.h>
 #include <tools/Console.h>
 #include <tools/LimitOptions.h>
-#include <tools/ListOf.h>
+#include <tools/Options.h>
 #include <tools/Output.h>
 #include <tools/OutputFormat.h>
 #include <tools/PathWork.h>
@@ -36,16 +36,12 @@ QList<QCommandLineOption> options()
     return withPathOptions(
         u"Check",
         withLimitOptions(listOf<QList<QCommandLineOption>>(
-            QCommandLineOption(StrictOption.toString(),
-                               QStringLiteral("Warnings and what is never written count as faults.")),
-            QCommandLineOption(listOf<QStringList>(QStringLiteral("q"), QuietOption.toString()),
-                               QStringLiteral("Tell only what is wrong.")),
+            optionCalled(StrictOption, QStringLiteral("Warnings and what is never written count as faults.")),
+            optionCalled(u'q', QuietOption, QStringLiteral("Tell only what is wrong.")),
             SeveritySettings::option(),
-            QCommandLineOption(BaselineOption.toString(), QStringLiteral("Leave out what FILE has."),
-                               FileName.toString()),
-            QCommandLineOption(WriteBaselineOption.toString(),
-                               QStringLiteral("Write to FILE what is to be left out later."),
-                               FileName.toString()),
+            optionCalled(BaselineOption, QStringLiteral("Leave out what FILE has."), FileName),
+            optionCalled(WriteBaselineOption, QStringLiteral("Write to FILE what is to be left out later."),
+                         FileName),
             formatOption(Formats))));
 }
 

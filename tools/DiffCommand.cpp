@@ -5,13 +5,11 @@
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
 #include <tools/LimitOptions.h>
-#include <tools/ListOf.h>
+#include <tools/Options.h>
 #include <tools/Output.h>
 #include <tools/OutputFormat.h>
 
 #include <QCommandLineParser>
-
-#include <new>
 
 using namespace KORMAK::Inspection;
 
@@ -38,15 +36,12 @@ ExitStatus compareFiles(const QStringList &paths, OutputFormat format, const TES
     FileDocument documents[2];
     ExitStatus status = Good;
     for (int i = 0; i < 2; ++i) {
-        try {
+        const auto read = [&] {
             documents[i] = readDocument(paths.at(i), limits);
-        } catch (const DocumentError &error) {
-            complainAbout(paths.at(i), error);
+            return Good;
+        };
+        if (onFile(paths.at(i), read) != Good)
             status = Failed;
-        } catch (const std::bad_alloc &) {
-            complainAbout(paths.at(i), {NotEnoughMemory.toString()});
-            status = Failed;
-        }
     }
     if (status != Good)
         return status;

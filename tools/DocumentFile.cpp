@@ -55,15 +55,6 @@ ExitStatus onFile(const QString &path, const std::function<ExitStatus()> &work)
     }
 }
 
-ExitStatus onDocument(const QString &path, const TESSEL::ReadingLimits &limits,
-                      const std::function<ExitStatus(FileDocument &)> &work, Unread unread)
-{
-    return onFile(path, [&] {
-        FileDocument document = readDocument(path, limits, unread);
-        return work(document);
-    });
-}
-
 void complainAbout(const QString &path, const FileDocument &document, QStringView severity,
                    const Findings &findings)
 {
@@ -80,7 +71,8 @@ QString AllowedNotes::of(const FindingData &finding)
     constexpr std::size_t Most = 256; // of a document that has more of them, few are alike
     if (finding.vocabulary.isEmpty())
         return FindingText::noteOnAllowed(finding);
-    const Name name{finding.vocabulary.toString(), FindingText::textInPlaceOfName(finding), !finding.suggestion.isEmpty()};
+    const Name name{finding.vocabulary.toString(), FindingText::textInPlaceOfName(finding),
+                    !finding.suggestion.isEmpty()};
     const auto known = ofNames.find(name);
     if (known != ofNames.end())
         return known->second;

@@ -46,12 +46,6 @@ enum class Unread {
 /// about.
 [[nodiscard]] ExitStatus onFile(const QString &path, const std::function<ExitStatus()> &work);
 
-/// Does \a work on the document in the file \a path. When reading or \a work throws a DocumentError or runs
-/// out of memory, that is complained about.
-[[nodiscard]] ExitStatus onDocument(const QString &path, const TESSEL::ReadingLimits &limits,
-                                    const std::function<ExitStatus(FileDocument &)> &work,
-                                    Unread unread = Unread::Complained);
-
 /// One line "FILE:LINE:COLUMN: SEVERITY: PATH: MESSAGE" for each finding.
 void complainAbout(const QString &path, const FileDocument &document, QStringView severity,
                    const KORMAK::Inspection::Findings &findings);

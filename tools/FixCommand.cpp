@@ -44,13 +44,7 @@ ExitStatus run(const QCommandLineParser &parser)
     const QStringList sources = parser.positionalArguments();
     RewriteTarget target(parser, sources, RewriteTarget::Mode::DryRun);
     const TESSEL::ReadingLimits limits = limitsOf(parser);
-    ExitStatus worst = Good;
-    for (const QString &source : sources) {
-        const auto fixIt = [&] { return fix(source, limits, target); };
-        worst = std::max(worst, onFile(source, fixIt));
-    }
-    target.printChanged();
-    return worst;
+    return target.onEach(sources, [&](const QString &source) { return fix(source, limits, target); });
 }
 
 } // namespace

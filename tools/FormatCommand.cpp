@@ -3,7 +3,7 @@
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
 #include <tools/LimitOptions.h>
-#include <tools/ListOf.h>
+#include <tools/Options.h>
 #include <tools/RewriteTarget.h>
 
 #include <QCommandLineParser>
@@ -21,10 +21,9 @@ constexpr QStringView DropCommentsOption = u"drop-comments";
 QList<QCommandLineOption> options()
 {
     QList<QCommandLineOption> all = RewriteTarget::options(RewriteTarget::Mode::Check);
-    all += QCommandLineOption(listOf<QStringList>(ReadableOption.toString()),
-                              QStringLiteral("Write what is read back, not what the library writes."));
-    all += QCommandLineOption(listOf<QStringList>(DropCommentsOption.toString()),
-                              QStringLiteral("Write even if comments are lost."));
+    all +=
+        optionCalled(ReadableOption, QStringLiteral("Write what is read back, not what the library writes."));
+    all += optionCalled(DropCommentsOption, QStringLiteral("Write even if comments are lost."));
     return withLimitOptions(all);
 }
 
@@ -78,15 +77,10 @@ ExitStatus run(const QCommandLineParser &parser)
                                                                   : WrittenForm::OfLibrary,
                           parser.isSet(DropCommentsOption.toString())};
     const TESSEL::ReadingLimits limits = limitsOf(parser);
-    ExitStatus worst = Good;
-    for (const QString &source : sources) {
-        const auto formatIt = [&](FileDocument &document) {
-            return format(document, source, request, target);
-        };
-        worst = std::max(worst, onDocument(source, limits, formatIt));
-    }
-    target.printChanged();
-    return worst;
+    return target.onEach(sources, [&](const QString &source) {
+        FileDocument document = readDocument(source, limits);
+        return format(document, source, request, target);
+    });
 }
 
 } // namespace

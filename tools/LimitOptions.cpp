@@ -1,7 +1,7 @@
 #include "tools/LimitOptions.h"
 
 #include <tools/Command.h>
-#include <tools/ListOf.h>
+#include <tools/Options.h>
 
 #include <QCommandLineParser>
 
@@ -17,8 +17,7 @@ constexpr QStringView EntitiesLimit = u"limit-entities";
 
 QCommandLineOption limitOption(QStringView name, const QString &what, qint64 standard)
 {
-    return {listOf<QStringList>(name.toString()),
-            QStringLiteral("Most %1 (default: %2).").arg(what).arg(standard), QStringLiteral("N")};
+    return optionCalled(name, QStringLiteral("Most %1 (default: %2).").arg(what).arg(standard), u"N");
 }
 
 /// The last of the values given; \a standard when the option is not.

@@ -3,7 +3,7 @@
 #include <inspection/Vocabulary.h>
 #include <tools/Command.h>
 #include <tools/Console.h>
-#include <tools/ListOf.h>
+#include <tools/Options.h>
 #include <tools/OutputFormat.h>
 #include <tools/TextLayout.h>
 #include <tools/Usage.h>

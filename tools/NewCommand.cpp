@@ -13,7 +13,7 @@
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
 #include <tools/LimitOptions.h>
-#include <tools/ListOf.h>
+#include <tools/Options.h>
 #include <tools/Output.h>
 #include <tools/OutputFormat.h>
 #include <tools/PathEncoding.h>
@@ -42,14 +42,10 @@ constexpr QStringView TemplateOption = u"template";
 QList<QCommandLineOption> options()
 {
     return withLimitOptions(listOf<QList<QCommandLineOption>>(
-        QCommandLineOption(listOf<QStringList>(SetOption.toString()),
-                           QStringLiteral("Set a field; can be given many times."),
-                           QStringLiteral("FIELD=VALUE")),
-        QCommandLineOption(listOf<QStringList>(TemplateOption.toString()),
-                           QStringLiteral("Start from the document in FILE."), FileName.toString()),
+        optionCalled(SetOption, QStringLiteral("Set a field; can be given many times."), u"FIELD=VALUE"),
+        optionCalled(TemplateOption, QStringLiteral("Start from the document in FILE."), FileName),
         outputOption(),
-        QCommandLineOption(listOf<QStringList>(ListOption.toString()),
-                           QStringLiteral("List the fields of KIND and what they can be set to.")),
+        optionCalled(ListOption, QStringLiteral("List the fields of KIND and what they can be set to.")),
         formatOption()));
 }
 
@@ -208,21 +204,12 @@ ExitStatus make(const DocumentKind &kind, const Request &request, const TESSEL::
     return isGood(kind, *object, *text, wanted) ? writeOutput(*text, request.target) : Faulty;
 }
 
-/// \throws UsageError
-QString onlyOf(const QCommandLineParser &parser, QStringView option)
-{
-    const QStringList values = parser.values(option.toString());
-    if (values.size() > 1)
-        throw UsageError{(option.size() == 1 ? QStringLiteral("-") : QStringLiteral("--")) + option.toString()
-                         + QStringLiteral(" can be given only once")};
-    return values.isEmpty() ? QString() : values.constFirst();
-}
-
 ExitStatus run(const QCommandLineParser &parser)
 {
     const DocumentKind &kind = kindNamed(parser.positionalArguments().constFirst());
-    const QString output = onlyOf(parser, OutputOption);
-    const Request request{parser.values(SetOption.toString()), onlyOf(parser, TemplateOption),
+    const QString output = onlyValue(parser, OutputOption).value_or(QString());
+    const Request request{parser.values(SetOption.toString()),
+                          onlyValue(parser, TemplateOption).value_or(QString()),
                           output.isEmpty() ? StandardStream.toString() : output};
     const OutputFormat format = outputFormat(parser);
     const TESSEL::ReadingLimits limits = limitsOf(parser);

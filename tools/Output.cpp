@@ -1,7 +1,7 @@
 #include "tools/Output.h"
 
 #include <tools/Console.h>
-#include <tools/ListOf.h>
+#include <tools/Options.h>
 #include <tools/PathEncoding.h>
 
 #include <QFile>
@@ -75,8 +75,8 @@ bool hasChanged(const QString &path, const SourceText &source)
 
 QCommandLineOption outputOption()
 {
-    return {listOf<QStringList>(OutputOption.toString()),
-            QStringLiteral("Write to the file OUT, not to standard output."), QStringLiteral("OUT")};
+    return optionCalled(OutputOption, QStringLiteral("Write to the file OUT, not to standard output."),
+                        u"OUT");
 }
 
 ExitStatus writeOutput(const QByteArray &text, const QString &path, const SourceText *source)

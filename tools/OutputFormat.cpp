@@ -1,6 +1,6 @@
 #include "tools/OutputFormat.h"
 
-#include <tools/ListOf.h>
+#include <tools/Options.h>
 #include <tools/Usage.h>
 
 #include <QCommandLineParser>
@@ -51,7 +51,7 @@ QString description(OutputFormats formats)
 
 QCommandLineOption formatOption(OutputFormats formats)
 {
-    return {listOf<QStringList>(OptionName.toString()), description(formats), QStringLiteral("FORMAT")};
+    return optionCalled(OptionName, description(formats), u"FORMAT");
 }
 
 QStringList outputFormatNames(OutputFormats formats)
@@ -64,15 +64,13 @@ QStringList outputFormatNames(OutputFormats formats)
 
 OutputFormat outputFormat(const QCommandLineParser &parser, OutputFormats formats)
 {
-    const QStringList given = parser.values(OptionName.toString());
-    if (given.size() > 1)
-        throw UsageError{QStringLiteral("--format can be given only once")};
-    if (given.isEmpty())
+    const auto given = onlyValue(parser, OptionName);
+    if (!given)
         return OutputFormat::Text;
     const auto *const found = std::find_if(formats.begin(), formats.end(), [&given](OutputFormat format) {
-        return textOf(format).name == given.constFirst();
+        return textOf(format).name == *given;
     });
     if (found == formats.end())
-        throw Usage::unknown(QStringLiteral("format"), given.constFirst(), outputFormatNames(formats));
+        throw Usage::unknown(QStringLiteral("format"), *given, outputFormatNames(formats));
     return *found;
 }

@@ -1,7 +1,10 @@
 #include "tools/PathList.h"
 
 #include <tools/InputFile.h>
+#include <tools/Options.h>
 #include <tools/PathEncoding.h>
+
+#include <QCommandLineParser>
 
 #include <algorithm>
 #include <filesystem>
@@ -11,6 +14,8 @@
 #include <utility>
 
 namespace {
+
+constexpr QStringView RecursiveOption = u"recursive";
 
 namespace fs = std::filesystem;
 
@@ -152,4 +157,16 @@ std::vector<ListedPath> listedPaths(const QStringList &paths, bool isRecursive)
             list.push_back({path});
     }
     return list;
+}
+
+QCommandLineOption recursiveOption()
+{
+    return optionCalled(u'r', RecursiveOption, QStringLiteral("Go through the folders below a folder, too."));
+}
+
+std::vector<ListedPath> listedPaths(const QCommandLineParser &parser)
+{
+    const QStringList paths = parser.positionalArguments();
+    checkStandardInput(paths);
+    return listedPaths(paths, parser.isSet(RecursiveOption.toString()));
 }

@@ -2,7 +2,7 @@
 
 #include <tools/Command.h>
 #include <tools/DocumentFile.h>
-#include <tools/ListOf.h>
+#include <tools/Options.h>
 
 #include <QCommandLineParser>
 #include <QThread>
@@ -13,7 +13,6 @@
 
 namespace {
 
-constexpr QStringView RecursiveOption = u"recursive";
 constexpr QStringView JobsOption = u"jobs";
 
 /// More would only wait for one another.
@@ -41,12 +40,11 @@ int jobsOf(const QCommandLineParser &parser)
 QList<QCommandLineOption> withPathOptions(QStringView verb, const QList<QCommandLineOption> &own)
 {
     return listOf<QList<QCommandLineOption>>(
-               QCommandLineOption(listOf<QStringList>(QStringLiteral("r"), RecursiveOption.toString()),
-                                  QStringLiteral("Go through the folders below a folder, too.")),
-               QCommandLineOption(listOf<QStringList>(QStringLiteral("j"), JobsOption.toString()),
-                                  verb.toString()
-                                      + QStringLiteral(" N files at once (default: 1 per core, most: 4)."),
-                                  QStringLiteral("N")))
+               recursiveOption(),
+               optionCalled(u'j', JobsOption,
+                            verb.toString()
+                                + QStringLiteral(" N files at once (default: 1 per core, most: 4)."),
+                            u"N"))
         << own;
 }
 
@@ -54,9 +52,7 @@ PathCall pathCallOf(const QCommandLineParser &parser)
 {
     const QStringList arguments = parser.positionalArguments();
     const int jobs = jobsOf(parser);
-    if (arguments.count(StandardStream.toString()) > 1)
-        throw UsageError{QStringLiteral("standard input can be read only once")};
-    auto paths = listedPaths(arguments, parser.isSet(RecursiveOption.toString()));
+    auto paths = listedPaths(parser);
     const bool isOneFile =
         paths.size() == 1 && arguments.size() == 1 && arguments.constFirst() == paths.front().path;
     return {std::move(paths), isOneFile, jobs};

@@ -5,7 +5,7 @@
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
 #include <tools/LimitOptions.h>
-#include <tools/ListOf.h>
+#include <tools/Options.h>
 #include <tools/Output.h>
 #include <tools/PathEncoding.h>
 #include <tools/PathList.h>
@@ -21,23 +21,20 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
 
 using namespace KORMAK;
 
 namespace {
 
-constexpr QStringView RecursiveOption = u"recursive";
 constexpr QStringView IndexName = u"index.html";
 constexpr QStringView PageEnding = u".html";
 
 QList<QCommandLineOption> options()
 {
     return withLimitOptions(listOf<QList<QCommandLineOption>>(
-        QCommandLineOption(listOf<QStringList>(OutputOption.toString()),
-                           QStringLiteral("Write to the file or folder OUT."), QStringLiteral("OUT")),
-        QCommandLineOption(listOf<QStringList>(QStringLiteral("r"), RecursiveOption.toString()),
-                           QStringLiteral("Go through the folders below a folder, too.")),
-        ReportOrder::option()));
+        optionCalled(OutputOption, QStringLiteral("Write to the file or folder OUT."), u"OUT"),
+        recursiveOption(), ReportOrder::option()));
 }
 
 /// Whether both are names of one file that there is.
@@ -60,12 +57,8 @@ struct Request {
 Request requestOf(const QCommandLineParser &parser)
 {
     const QStringList arguments = parser.positionalArguments();
-    const QStringList outputs = parser.values(OutputOption.toString());
-    if (outputs.size() > 1)
-        throw UsageError{QStringLiteral("-o can be given only once")};
-    if (arguments.count(StandardStream.toString()) > 1)
-        throw UsageError{QStringLiteral("standard input can be read only once")};
-    const QString output = outputs.isEmpty() ? StandardStream.toString() : outputs.constFirst();
+    const QString output = onlyValue(parser, OutputOption).value_or(StandardStream.toString());
+    std::vector<ListedPath> paths = listedPaths(parser);
     const bool isOneFile = arguments.size() == 1 && !QFileInfo(arguments.constFirst()).isDir();
     const bool isFolder = !isOneFile || output.endsWith(QLatin1Char('/')) || QFileInfo(output).isDir();
     if (isFolder && output == StandardStream)
@@ -74,8 +67,7 @@ Request requestOf(const QCommandLineParser &parser)
         throw UsageError{QStringLiteral("--sort is for the index of a folder")};
     if (!isFolder && isSameFile(arguments.constFirst(), output))
         throw UsageError{QStringLiteral("the page would take the place of the document")};
-    return {listedPaths(arguments, parser.isSet(RecursiveOption.toString())), output, isFolder,
-            ReportOrder::of(parser), limitsOf(parser)};
+    return {std::move(paths), output, isFolder, ReportOrder::of(parser), limitsOf(parser)};
 }
 
 /// Names for pages in one folder, each given once, whatever case matters there, and none that a document has.

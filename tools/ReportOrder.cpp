@@ -1,12 +1,10 @@
 #include "tools/ReportOrder.h"
 
-#include <tools/ListOf.h>
+#include <objectbase/Vocabulary_p.h>
+#include <tools/Options.h>
 #include <tools/Usage.h>
 
 #include <QCommandLineParser>
-
-#include <algorithm>
-#include <iterator>
 
 namespace {
 
@@ -14,29 +12,23 @@ using Order = KORMAK::ReportIndex::Order;
 
 constexpr QStringView OptionName = u"sort";
 
-constexpr struct {
-    QStringView name;
-    Order order;
-} Orders[] = {
-    {u"name", Order::Name},         {u"kind", Order::Kind},     {u"state", Order::State},
-    {u"findings", Order::Findings}, {u"author", Order::Author}, {u"time", Order::Time},
-    {u"resource", Order::Resource},
+constexpr TESSEL::VocabularyRow<Order> OrderRows[] = {
+    {Order::Name, u"name"},         {Order::Kind, u"kind"},     {Order::State, u"state"},
+    {Order::Findings, u"findings"}, {Order::Author, u"author"}, {Order::Time, u"time"},
+    {Order::Resource, u"resource"},
 };
+constexpr TESSEL::Vocabulary Orders{OrderRows};
 
 } // namespace
 
 QCommandLineOption ReportOrder::option()
 {
-    return {listOf<QStringList>(OptionName.toString()),
-            QStringLiteral("What the index goes by (default: name)."), ValueName.toString()};
+    return optionCalled(OptionName, QStringLiteral("What the index goes by (default: name)."), ValueName);
 }
 
 QStringList ReportOrder::names()
 {
-    QStringList all;
-    for (const auto &row : Orders)
-        all += row.name.toString();
-    return all;
+    return Orders.names();
 }
 
 bool ReportOrder::isSet(const QCommandLineParser &parser)
@@ -46,15 +38,11 @@ bool ReportOrder::isSet(const QCommandLineParser &parser)
 
 Order ReportOrder::of(const QCommandLineParser &parser)
 {
-    const QStringList values = parser.values(OptionName.toString());
-    if (values.size() > 1)
-        throw UsageError{QStringLiteral("--sort can be given only once")};
-    if (values.isEmpty())
+    const auto name = onlyValue(parser, OptionName);
+    if (!name)
         return Order::Name;
-    const auto *const found = std::find_if(std::begin(Orders), std::end(Orders), [&values](const auto &row) {
-        return row.name == values.constFirst();
-    });
-    if (found == std::end(Orders))
-        throw Usage::unknown(QStringLiteral("order"), values.constFirst(), names());
-    return found->order;
+    const Order order = Orders.valueOf(*name);
+    if (!Orders.isValid(order))
+        throw Usage::unknown(QStringLiteral("order"), *name, names());
+    return order;
 }

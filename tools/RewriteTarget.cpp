@@ -1,12 +1,14 @@
 #include "tools/RewriteTarget.h"
 
 #include <tools/Console.h>
-#include <tools/ListOf.h>
+#include <tools/Options.h>
 #include <tools/Output.h>
 #include <tools/PathEncoding.h>
 #include <tools/UnifiedDiff.h>
 
 #include <QCommandLineParser>
+
+#include <algorithm>
 
 namespace {
 
@@ -30,8 +32,7 @@ QList<QCommandLineOption> RewriteTarget::options(Mode preview)
         : QStringLiteral("Write nothing, but show what would change (diff).");
     return listOf<QList<QCommandLineOption>>(
         outputOption(),
-        QCommandLineOption(listOf<QStringList>(InPlaceOption.toString()),
-                           QStringLiteral("Write each document to the FILE that it comes from.")),
+        optionCalled(InPlaceOption, QStringLiteral("Write each document to the FILE that it comes from.")),
         QCommandLineOption(listOf<QStringList>(previewOption(preview)), help));
 }
 
@@ -51,8 +52,7 @@ RewriteTarget::RewriteTarget(const QCommandLineParser &parser, const QStringList
     }
     if (isInPlace && sources.contains(StandardStream.toString()))
         throw UsageError{QStringLiteral("standard input cannot be written in place")};
-    if (sources.count(StandardStream.toString()) > 1)
-        throw UsageError{QStringLiteral("standard input can be read only once")};
+    checkStandardInput(sources);
     wanted = isInPlace ? Mode::InPlace : isPreview ? preview : Mode::Output;
     output = outputs.isEmpty() ? StandardStream.toString() : outputs.constFirst();
 }
@@ -79,8 +79,13 @@ ExitStatus RewriteTarget::write(const QByteArray &bytes, const QString &source, 
     return status;
 }
 
-void RewriteTarget::printChanged() const
+ExitStatus RewriteTarget::onEach(const QStringList &sources,
+                                 const std::function<ExitStatus(const QString &source)> &work) const
 {
+    ExitStatus worst = Good;
+    for (const QString &source : sources)
+        worst = std::max(worst, onFile(source, [&] { return work(source); }));
     for (const QString &path : changed)
         Console::print(PathEncoding::shown(path));
+    return worst;
 }

@@ -12,6 +12,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 QT_BEGIN_NAMESPACE
 class QCommandLineParser;
 QT_END_NAMESPACE
@@ -38,9 +40,10 @@ public:
     [[nodiscard]] ExitStatus write(const QByteArray &bytes, const QString &source,
                                    const SourceText &original);
 
-    /// Names the files that have changed, or would. In the end, so that no file is left out when whoever
-    /// reads this has seen enough.
-    void printChanged() const;
+    /// Does \a work on each of the \a sources, as onFile() does. Names the files that have changed, or would,
+    /// in the end, so that no file is left out when whoever reads this has seen enough.
+    [[nodiscard]] ExitStatus onEach(const QStringList &sources,
+                                    const std::function<ExitStatus(const QString &source)> &work) const;
 
 private:
     Mode wanted;

@@ -4,7 +4,7 @@
 #include <tools/Command.h>
 #include <tools/Console.h>
 #include <tools/LimitOptions.h>
-#include <tools/ListOf.h>
+#include <tools/Options.h>
 #include <tools/RewriteTarget.h>
 #include <tools/Terminal.h>
 
@@ -28,18 +28,12 @@ constexpr QStringView NotChanged = u"not changed";
 QList<QCommandLineOption> options()
 {
     QList<QCommandLineOption> all = listOf<QList<QCommandLineOption>>(
-        QCommandLineOption(listOf<QStringList>(UnsetOption.toString()),
-                           QStringLiteral("Remove a field; can be given many times."),
-                           QStringLiteral("FIELD")),
-        QCommandLineOption(listOf<QStringList>(FromOption.toString()),
-                           QStringLiteral("Set what the JSON in FILE names; null unsets."),
-                           FileName.toString()));
-    all += QCommandLineOption(listOf<QStringList>(AreaOption.toString()),
-                              QStringLiteral("Give the area the outline in FILE, GeoJSON (RFC 7946)."),
-                              FileName.toString());
+        optionCalled(UnsetOption, QStringLiteral("Remove a field; can be given many times."), u"FIELD"),
+        optionCalled(FromOption, QStringLiteral("Set what the JSON in FILE names; null unsets."), FileName));
+    all += optionCalled(AreaOption, QStringLiteral("Give the area the outline in FILE, GeoJSON (RFC 7946)."),
+                        FileName);
     all += RewriteTarget::options(RewriteTarget::Mode::DryRun);
-    all += QCommandLineOption(listOf<QStringList>(FindingsOption.toString()),
-                              QStringLiteral("Change it even if 'check' finds new fault with it."));
+    all += optionCalled(FindingsOption, QStringLiteral("Change it even if 'check' finds new fault with it."));
     return withLimitOptions(all);
 }
 
@@ -164,10 +158,8 @@ ExitStatus change(const QString &source, const Request &request, RewriteTarget &
 /// The file that \a option names. \throws UsageError
 ChangesFile fileOf(const QCommandLineParser &parser, QStringView option)
 {
-    const QStringList paths = parser.values(option.toString());
-    if (paths.size() > 1)
-        throw UsageError{QStringLiteral("--%1 can be given only once").arg(option.toString())};
-    return paths.isEmpty() ? ChangesFile() : ChangesFile{paths.constFirst()};
+    const auto path = onlyValue(parser, option);
+    return path ? ChangesFile{*path} : ChangesFile();
 }
 
 /// False when it cannot be read, which is complained about.
@@ -206,21 +198,13 @@ ExitStatus run(const QCommandLineParser &parser)
         throw UsageError{QStringLiteral("no FILE given")};
     if (request.changes.isEmpty() && request.json.path.isEmpty() && request.area.path.isEmpty())
         throw UsageError{QStringLiteral("no FIELD=VALUE, --unset, --from or --area given")};
-    const QStringList read = sources + QStringList{request.json.path, request.area.path};
-    if (read.count(StandardStream.toString()) > 1)
-        throw UsageError{QStringLiteral("standard input can be read only once")};
+    checkStandardInput(sources + QStringList{request.json.path, request.area.path});
     if (parser.isSet(FindingsOption.toString()))
         request.newFindings = DocumentEdit::NewFindings::Accepted;
     RewriteTarget target(parser, sources, RewriteTarget::Mode::DryRun);
     if (!readInto(request.json) || !readInto(request.area))
         return Failed;
-    ExitStatus worst = Good;
-    for (const QString &source : sources) {
-        const auto changeIt = [&] { return change(source, request, target); };
-        worst = std::max(worst, onFile(source, changeIt));
-    }
-    target.printChanged();
-    return worst;
+    return target.onEach(sources, [&](const QString &source) { return change(source, request, target); });
 }
 
 } // namespace

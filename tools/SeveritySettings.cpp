@@ -1,9 +1,10 @@
 #include "tools/SeveritySettings.h"
 
+#include <objectbase/Vocabulary_p.h>
 #include <tools/Command.h>
 #include <tools/DocumentFile.h>
 #include <tools/FindingRules.h>
-#include <tools/ListOf.h>
+#include <tools/Options.h>
 #include <tools/PathEncoding.h>
 #include <tools/Usage.h>
 
@@ -13,7 +14,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <iterator>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -29,29 +29,22 @@ using Setting = SeveritySettings::Setting;
 constexpr QStringView OptionName = u"severity";
 constexpr QStringView Section = u"severity/";
 
-constexpr struct SettingName {
-    QStringView name;
-    Setting setting;
-} Names[] = {{u"error", Setting::Error}, {u"warning", Setting::Warning}, {u"off", Setting::Off}};
-
-QStringList settingNames()
-{
-    QStringList names;
-    for (const SettingName &row : Names)
-        names += row.name.toString();
-    return names;
-}
+constexpr TESSEL::VocabularyRow<Setting> SettingRows[] = {
+    {Setting::Error, u"error"},
+    {Setting::Warning, u"warning"},
+    {Setting::Off, u"off"},
+};
+constexpr TESSEL::Vocabulary AllSettings{SettingRows};
 
 /// \throws UsageError
 void add(SeveritySettings::Settings &settings, const QString &id, const QString &name)
 {
     if (FindingRules::indexOf(id) < 0)
         throw Usage::unknown(QStringLiteral("id"), id, FindingRules::ids());
-    const auto *const row = std::find_if(std::begin(Names), std::end(Names),
-                                         [&name](const SettingName &known) { return known.name == name; });
-    if (row == std::end(Names))
-        throw Usage::unknown(QStringLiteral("severity"), name, settingNames());
-    settings[id] = row->setting;
+    const Setting setting = AllSettings.valueOf(name);
+    if (!AllSettings.isValid(setting))
+        throw Usage::unknown(QStringLiteral("severity"), name, AllSettings.names());
+    settings[id] = setting;
 }
 
 SeveritySettings::SettingsFile settingsIn(const QString &path)
@@ -188,16 +181,15 @@ void SeveritySettings::apply(DocumentCheck &check, const SettingsFile *file) con
 
 QCommandLineOption SeveritySettings::option()
 {
-    return {listOf<QStringList>(OptionName.toString()),
-            QStringLiteral("How much findings with an id matter; can be repeated."),
-            SettingOfSeverity.toString()};
+    return optionCalled(OptionName, QStringLiteral("How much findings with an id matter; can be repeated."),
+                        SettingOfSeverity);
 }
 
 QStringList SeveritySettings::optionValues()
 {
     QStringList values;
     const QStringList ids = FindingRules::ids();
-    const QStringList names = settingNames();
+    const QStringList names = AllSettings.names();
     for (const QString &id : ids) {
         for (const QString &name : names)
             values += id + QLatin1Char('=') + name;

@@ -9,7 +9,7 @@
 #include <tools/DocumentFile.h>
 #include <tools/FieldLines.h>
 #include <tools/LimitOptions.h>
-#include <tools/ListOf.h>
+#include <tools/Options.h>
 #include <tools/OutputFormat.h>
 #include <tools/Terminal.h>
 
@@ -29,11 +29,10 @@ constexpr OutputFormat Formats[] = {OutputFormat::Text, OutputFormat::Json, Outp
 QList<QCommandLineOption> options()
 {
     return withLimitOptions(listOf<QList<QCommandLineOption>>(
-        QCommandLineOption(ParameterOption.toString(),
-                           QStringLiteral("Show this parameter of a receiver in full (repeatable)."),
-                           ParameterName.toString()),
-        QCommandLineOption(WideOption.toString(),
-                           QStringLiteral("Show tables as wide as they are, also on a terminal.")),
+        optionCalled(ParameterOption,
+                     QStringLiteral("Show this parameter of a receiver in full (repeatable)."),
+                     ParameterName),
+        optionCalled(WideOption, QStringLiteral("Show tables as wide as they are, also on a terminal.")),
         formatOption(Formats)));
 }
 
@@ -136,7 +135,8 @@ ExitStatus run(const QCommandLineParser &parser)
             throwRejection(*rejection, document.text);
         return Good;
     };
-    return onDocument(path, limitsOf(parser), show, Unread::Used);
+    const TESSEL::ReadingLimits limits = limitsOf(parser);
+    return onFile(path, [&] { return show(readDocument(path, limits, Unread::Used)); });
 }
 
 } // namespace

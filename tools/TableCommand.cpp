@@ -4,7 +4,7 @@
 #include <tools/Console.h>
 #include <tools/DocumentFile.h>
 #include <tools/LimitOptions.h>
-#include <tools/ListOf.h>
+#include <tools/Options.h>
 #include <tools/OutputFormat.h>
 #include <tools/PathWork.h>
 #include <tools/TableFields.h>
@@ -43,28 +43,16 @@ QList<QCommandLineOption> options()
     return withPathOptions(
         u"Read",
         withLimitOptions(listOf<QList<QCommandLineOption>>(
-            QCommandLineOption(listOf<QStringList>(ColumnsOption.toString()),
-                               QStringLiteral("The columns, separated by commas."), ManyFields.toString()),
-            QCommandLineOption(listOf<QStringList>(WhereOption.toString()),
-                               QStringLiteral("Only rows for which this holds; can be repeated."),
-                               ConditionName.toString()),
-            QCommandLineOption(listOf<QStringList>(SortOption.toString()),
-                               QStringLiteral("Sort by this, not by the order of the files."),
-                               OneField.toString()),
-            QCommandLineOption(listOf<QStringList>(EachOption.toString()),
-                               QStringLiteral("A row for each %1, not for each document.")
-                                   .arg(Table::partNames().join(QStringLiteral(" or "))),
-                               PartName.toString()),
+            optionCalled(ColumnsOption, QStringLiteral("The columns, separated by commas."), ManyFields),
+            optionCalled(WhereOption, QStringLiteral("Only rows for which this holds; can be repeated."),
+                         ConditionName),
+            optionCalled(SortOption, QStringLiteral("Sort by this, not by the order of the files."),
+                         OneField),
+            optionCalled(EachOption,
+                         QStringLiteral("A row for each %1, not for each document.")
+                             .arg(Table::partNames().join(QStringLiteral(" or "))),
+                         PartName),
             formatOption(Formats))));
-}
-
-/// The only value of an option; empty when it is not given. \throws UsageError
-QString onlyValue(const QCommandLineParser &parser, QStringView option)
-{
-    const QStringList values = parser.values(option.toString());
-    if (values.size() > 1)
-        throw UsageError{QStringLiteral("--%1 can be given only once").arg(option.toString())};
-    return values.isEmpty() ? QString() : values.constFirst();
 }
 
 /// What a call asks for.
@@ -77,10 +65,10 @@ public:
         const QStringList wanted = parser.values(WhereOption.toString());
         for (const QString &condition : wanted)
             conditions.emplace_back(condition, part);
-        if (parser.isSet(SortOption.toString()))
-            sortField.emplace(onlyValue(parser, SortOption), part);
-        if (parser.isSet(ColumnsOption.toString()))
-            columns = Table::fieldsCalled(onlyValue(parser, ColumnsOption), part);
+        if (const auto sorting = onlyValue(parser, SortOption))
+            sortField.emplace(*sorting, part);
+        if (const auto names = onlyValue(parser, ColumnsOption))
+            columns = Table::fieldsCalled(*names, part);
         const QStringList kinds = documentKindNames();
         for (const QString &name : kinds) {
             const DocumentKind *const kind = findDocumentKind(name);
@@ -126,10 +114,10 @@ public:
 private:
     static QString partOf(const QCommandLineParser &parser)
     {
-        QString name = onlyValue(parser, EachOption);
-        if (parser.isSet(EachOption.toString()) && !Table::partNames().contains(name))
-            throw Usage::unknown(QStringLiteral("part"), name, Table::partNames());
-        return name;
+        const auto name = onlyValue(parser, EachOption);
+        if (name && !Table::partNames().contains(*name))
+            throw Usage::unknown(QStringLiteral("part"), *name, Table::partNames());
+        return name.value_or(QString());
     }
 
     std::map<const DocumentKind *, std::vector<FieldName>> usual;

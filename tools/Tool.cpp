@@ -1,6 +1,6 @@
 #include "tools/Tool.h"
 
-#include <tools/ListOf.h>
+#include <tools/Options.h>
 
 #include <algorithm>
 

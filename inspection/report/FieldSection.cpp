@@ -144,10 +144,19 @@ void writeTables(const Page &page, const FieldTable &table, const void *object, 
 
 } // namespace
 
-void writeFields(const Page &page, const FieldTable &table, const void *object, const QString &path)
+void writeFields(const Page &page)
 {
-    writeTables(page, table, object, path, headlineOf(page.kind, page.object).kind);
+    const QString path = page.rootPath();
+    writeTables(page, page.kind.fields(), page.kind.address(page.object), path,
+                headlineOf(page.kind, page.object).kind);
     page.findings.writeNotes(page.html, path);
+}
+
+void writeAllFields(const Page &page)
+{
+    openSection(page.html, QStringLiteral("All fields"));
+    writeFields(page);
+    page.html.close();
 }
 
 } // namespace KORMAK::Inspection

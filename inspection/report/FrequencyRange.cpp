@@ -1,6 +1,7 @@
 #include "inspection/report/FrequencyRange_p.h"
 
 #include <inspection/NumberLimit_p.h>
+#include <inspection/ParameterNumbers_p.h>
 #include <inspection/ParameterSummary.h>
 
 #include <algorithm>
@@ -37,23 +38,14 @@ std::optional<FrequencyRange> frequencyRangeOf(const Parameter &parameter)
     });
     if (unit == std::end(Units) || parameter.GetValueType() != Parameter::ValueFrequency)
         return std::nullopt;
+    if (parameter.IsTimeStamp() || parameter.IsDoubleList())
+        return std::nullopt;
     const double hertz = unit->hertz / DivisorOf(parameter);
-    const auto named = [&parameter](FrequencyRange range) {
+    return withNumbers<std::optional<FrequencyRange>>(parameter, [&](const auto &handler) {
+        FrequencyRange range = rangeOf(handler, hertz);
         range.name = ParameterSummary(parameter).name;
         return range;
-    };
-    switch (parameter.GetParameterType()) {
-    case ParameterType::Long:
-        return named(rangeOf(parameter.GetLongHandler(), hertz));
-    case ParameterType::Integer:
-        return named(rangeOf(parameter.GetIntegerHandler(), hertz));
-    case ParameterType::Float:
-        return named(rangeOf(parameter.GetFloatHandler(), hertz));
-    case ParameterType::Double:
-        return named(rangeOf(parameter.GetDoubleHandler(), hertz));
-    default:
-        return std::nullopt;
-    }
+    });
 }
 
 } // namespace KORMAK::Inspection

@@ -69,15 +69,7 @@ void writeDatabase(Html &html, const Data &data)
         {QStringLiteral("Results of the demodulator"), writeModeText(data, data.GetDbWriteDDem())},
         {QStringLiteral("Results of the classifier"), writeModeText(data, data.GetDbWriteClass())},
     };
-    html.open(u"table")
-        .element(u"caption", QStringLiteral("Written to the database"))
-        .open(u"thead")
-        .open(u"tr")
-        .element(u"th", QStringLiteral("What"), {{u"scope", QStringLiteral("col")}})
-        .element(u"th", QStringLiteral("When"), {{u"scope", QStringLiteral("col")}})
-        .close()
-        .close()
-        .open(u"tbody");
+    openTable(html, QStringLiteral("Written to the database"), {u"What", u"When"});
     for (const auto &row : Rows) {
         html.open(u"tr")
             .element(u"th", row.what, {{u"scope", QStringLiteral("row")}})
@@ -127,9 +119,7 @@ void writeGeneration(const Page &page, const ActivityGenerationData &data)
               },
               QStringLiteral("Quality, on the scale of the processing chain."), Scale::Linear);
     html.close();
-    openSection(html, QStringLiteral("All fields"));
-    writeFields(page, page.kind.fields(), &data, page.rootPath());
-    html.close();
+    writeAllFields(page);
 }
 
 } // namespace KORMAK::Inspection

@@ -91,9 +91,7 @@ void writeJob(const Page &page, const Job &job)
     Html &html = page.html;
     writeOrder(html, job);
     writeAntenna(html, job);
-    openSection(html, QStringLiteral("All fields"));
-    writeFields(page, page.kind.fields(), &job, page.rootPath());
-    html.close();
+    writeAllFields(page);
 }
 
 } // namespace KORMAK::Inspection

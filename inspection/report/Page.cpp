@@ -87,7 +87,7 @@ void writeContent(const Page &page)
     if (const KindPage *const own = pageOf(page.kind))
         own->write(page);
     else
-        writeFields(page, page.kind.fields(), page.kind.address(page.object), page.rootPath());
+        writeFields(page);
 }
 
 Html &openSection(Html &html, const QString &heading, const QString &id)
@@ -97,6 +97,15 @@ Html &openSection(Html &html, const QString &heading, const QString &id)
     else
         html.open(u"section", {{u"id", id}});
     return html.element(u"h2", heading);
+}
+
+void openTable(Html &html, const QString &caption, std::initializer_list<QStringView> headings,
+               Html::Attributes attributes)
+{
+    html.open(u"table", attributes).element(u"caption", caption).open(u"thead").open(u"tr");
+    for (const QStringView heading : headings)
+        html.element(u"th", heading.toString(), {{u"scope", QStringLiteral("col")}});
+    html.close().close().open(u"tbody");
 }
 
 } // namespace KORMAK::Inspection

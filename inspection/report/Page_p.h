@@ -7,6 +7,9 @@
 #include <inspection/report/Html_p.h>
 
 #include <QString>
+#include <QStringView>
+
+#include <initializer_list>
 
 namespace KORMAK {
 class ActivityGenerationData;
@@ -51,8 +54,14 @@ void writeParameter(const Page &page, const Parameter &parameter);
 /// A heading with what belongs to it, ended by close().
 Html &openSection(Html &html, const QString &heading, const QString &id = {});
 
-/// The fields of the document, or of the object in it that \a path leads to, in tables.
-void writeFields(const Page &page, const FieldTable &table, const void *object, const QString &path);
+/// A table with columns under \a headings, ended by two calls of close(): of its body and of itself.
+void openTable(Html &html, const QString &caption, std::initializer_list<QStringView> headings,
+               Html::Attributes attributes = {});
+
+/// The fields of the document, in tables.
+void writeFields(const Page &page);
+/// The same under a heading.
+void writeAllFields(const Page &page);
 
 /// A text that may have several lines.
 void writeProse(Html &html, const QString &text);

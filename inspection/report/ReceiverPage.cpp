@@ -113,13 +113,8 @@ void writeRow(const Page &page, const Parameter &parameter, const QString &path)
 void writeTable(const Page &page, const QString &caption, const Parameters &parameters)
 {
     Html &html = page.html;
-    html.open(u"table", {{u"class", QStringLiteral("parameters")}})
-        .element(u"caption", caption)
-        .open(u"thead")
-        .open(u"tr");
-    for (const QStringView heading : {u"Parameter", u"Value", u"Limits or entries"})
-        html.element(u"th", QStringView(heading).toString(), {{u"scope", QStringLiteral("col")}});
-    html.close().close().open(u"tbody");
+    openTable(html, caption, {u"Parameter", u"Value", u"Limits or entries"},
+              {{u"class", QStringLiteral("parameters")}});
     for (const Parameter *parameter : parameters) {
         const QString &name = parameter->GetUniqueParameterName();
         const QString path = page.rootPath() + QStringLiteral("/Parameter")
@@ -211,9 +206,7 @@ void writeParameter(const Page &page, const Parameter &parameter)
     const Page quiet{page.html, none, page.kind, page.object};
     writeTable(quiet, QStringLiteral("The parameter"), {&parameter});
     html.close();
-    openSection(html, QStringLiteral("All fields"));
-    writeFields(page, page.kind.fields(), &parameter, page.rootPath());
-    html.close();
+    writeAllFields(page);
 }
 
 } // namespace KORMAK::Inspection

@@ -62,16 +62,7 @@ QStringList sentences(const AutomaticWorkflow &workflow)
 void writeCoordinates(const Page &page, const TESSEL::Area &area)
 {
     Html &html = page.html;
-    html.open(u"table")
-        .element(u"caption", QStringLiteral("Coordinates"))
-        .open(u"thead")
-        .open(u"tr")
-        .element(u"th", QStringLiteral("Number"), {{u"scope", QStringLiteral("col")}})
-        .element(u"th", QStringLiteral("Latitude"), {{u"scope", QStringLiteral("col")}})
-        .element(u"th", QStringLiteral("Longitude"), {{u"scope", QStringLiteral("col")}})
-        .close()
-        .close()
-        .open(u"tbody");
+    openTable(html, QStringLiteral("Coordinates"), {u"Number", u"Latitude", u"Longitude"});
     int number = 0;
     for (const TESSEL::Coordinate &coordinate : area.GetCoordinate()) {
         ++number;
@@ -109,9 +100,7 @@ void writeWorkflow(const Page &page, const AutomaticWorkflow &workflow)
     html.close();
     if (workflow.GetArea().AnyData())
         writeArea(page, workflow.GetArea());
-    openSection(html, QStringLiteral("All fields"));
-    writeFields(page, page.kind.fields(), &workflow, page.rootPath());
-    html.close();
+    writeAllFields(page);
 }
 
 } // namespace KORMAK::Inspection
