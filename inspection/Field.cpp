@@ -21,7 +21,7 @@ struct Field::Private {
     TextType type;
     FieldValue value;
     bool isSettable = false;
-    FieldRequirement requirement = FieldRequirement::None;
+    Requirement requirement = Requirement::None;
     bool isInDocuments = true;
 };
 
@@ -118,15 +118,7 @@ bool Field::IsInDocuments() const noexcept
 
 Field::Requirement Field::GetRequirement() const noexcept
 {
-    switch (data().requirement) {
-    case FieldRequirement::None:
-        break;
-    case FieldRequirement::Sometimes:
-        return Requirement::Sometimes;
-    case FieldRequirement::Always:
-        return Requirement::Always;
-    }
-    return Requirement::None;
+    return data().requirement;
 }
 
 bool Field::IsSet() const noexcept

@@ -16,7 +16,7 @@ namespace KORMAK::Inspection {
 /// What is known of the object that a field is in.
 struct FieldSurroundings {
     bool isReached = true; ///< a change of the object can be brought about
-    FieldRequirement requirement = FieldRequirement::Always; ///< of the object
+    Field::Requirement requirement = Field::Requirement::Always; ///< of the object
 
     /// Of the objects in the field that \a row describes. What stands in a list or is called by a name is
     /// required of each.
@@ -24,7 +24,7 @@ struct FieldSurroundings {
     {
         return {isReached && row.parts->change,
                 row.parts->kind == FieldParts::Kind::One ? std::min(requirement, row.requirement)
-                                                         : FieldRequirement::Always};
+                                                         : Field::Requirement::Always};
     }
 };
 

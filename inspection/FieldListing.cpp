@@ -75,7 +75,7 @@ private:
         }
         field.path += key + QLatin1Char('.');
         // What stands in a list or is called by a name is required of each.
-        field.requirement = parts.kind == Kind::One ? field.requirement : FieldRequirement::Always;
+        field.requirement = parts.kind == Kind::One ? field.requirement : Field::Requirement::Always;
         if (parts.kind == Kind::One) {
             add(parts.table, const_cast<void *>(parts.all(object).front().object), field);
             return;
@@ -85,14 +85,14 @@ private:
     }
 };
 
-QString requirementName(FieldRequirement requirement)
+QString requirementName(Field::Requirement requirement)
 {
     switch (requirement) {
-    case FieldRequirement::None:
+    case Field::Requirement::None:
         break;
-    case FieldRequirement::Sometimes:
+    case Field::Requirement::Sometimes:
         return QStringLiteral("sometimes");
-    case FieldRequirement::Always:
+    case Field::Requirement::Always:
         return QStringLiteral("always");
     }
     return QStringLiteral("never");
@@ -127,7 +127,7 @@ std::vector<SettableField> settableFields(const DocumentKind &kind)
 {
     const auto object = kind.create();
     Listing listing;
-    listing.add(kind.fields(), kind.variableAddress(*object), {{}, {}, nullptr, FieldRequirement::Always});
+    listing.add(kind.fields(), kind.variableAddress(*object), {{}, {}, nullptr, Field::Requirement::Always});
     return listing.fields;
 }
 

@@ -17,7 +17,7 @@ struct SettableField {
     QString path; ///< N stands for an index, NAME for a name
     QString allowed; ///< in words
     const FieldRow *row; ///< of its values; null: several of different types, separated by commas
-    FieldRequirement requirement = FieldRequirement::None;
+    Field::Requirement requirement = Field::Requirement::None;
     FieldValue standard = {}; ///< what it holds as long as nothing is said
     QString condition = {}; ///< when it exists, as a call of 'new' would say it; empty: always
 };

@@ -333,13 +333,13 @@ private:
     }
 
     /// A field may be read from one row and asked for in another.
-    static FieldRequirement requirementOf(const ObjectTable &table, const Row &row)
+    static Field::Requirement requirementOf(const ObjectTable &table, const Row &row)
     {
-        FieldRequirement result = FieldRequirement::None;
+        Field::Requirement result = Field::Requirement::None;
         for (const Row *const one : {&row, table.attribute(row.name), table.element(row.name)}) {
             if (one && one->isRequired())
-                result = std::max(result,
-                                  one->isApplicable ? FieldRequirement::Sometimes : FieldRequirement::Always);
+                result = std::max(
+                    result, one->isApplicable ? Field::Requirement::Sometimes : Field::Requirement::Always);
         }
         return result;
     }

@@ -8,6 +8,7 @@
 #ifndef KORMAK_INSPECTION_FIELDTABLE_P_H
 #define KORMAK_INSPECTION_FIELDTABLE_P_H
 
+#include <inspection/Field.h>
 #include <objectbase/DocumentTable_p.h>
 
 #include <QString>
@@ -60,13 +61,6 @@ struct FieldLabel {
     bool isSetFirst = false; ///< other setters go by this field
 };
 
-/// Whether a document is complete without a field.
-enum class FieldRequirement {
-    None, ///< it is
-    Sometimes, ///< as other fields say
-    Always, ///< it is not
-};
-
 struct FieldRow : FieldLabel {
     bool isLabelled = true; ///< false: nobody has a label for it, and its key stands for one
     TextType type = {};
@@ -75,7 +69,7 @@ struct FieldRow : FieldLabel {
     const FieldParts *parts = nullptr; ///< null for a plain value
     Predicate exists = nullptr; ///< null: always
     Predicate isWritten = nullptr; ///< null: always
-    FieldRequirement requirement = FieldRequirement::None;
+    Field::Requirement requirement = Field::Requirement::None;
     bool isInDocuments = true; ///< a document can say what it holds
     int rank = 0; ///< fields of less rank are set before those of more; equal ones in the order of the rows
 

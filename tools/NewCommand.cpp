@@ -66,9 +66,9 @@ bool isNoLimit(const SettableField &field)
 QString inWords(const SettableField &field)
 {
     QStringList words(field.allowed);
-    if (field.requirement == FieldRequirement::Always)
+    if (field.requirement == Field::Requirement::Always)
         words += QStringLiteral("required");
-    else if (field.requirement == FieldRequirement::Sometimes)
+    else if (field.requirement == Field::Requirement::Sometimes)
         words += QStringLiteral("required in some documents");
     if (field.row && isSet(field.standard) && !isNoLimit(field))
         words += QStringLiteral("default: ") + settableText(field.row->type, field.standard);

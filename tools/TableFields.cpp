@@ -77,7 +77,7 @@ QStringList keysOf(const FieldTable &table)
 void addRequired(QStringList &paths, const FieldTable &table, const QString &prefix)
 {
     for (const FieldRow &row : table) {
-        if (row.requirement == FieldRequirement::None)
+        if (row.requirement == KORMAK::Field::Requirement::None)
             continue;
         const QString path = prefix + row.key.toString();
         if (!row.parts && row.isInDocuments)
